@@ -1,0 +1,22 @@
+# Warnings are errors in our own code; Qt's keywords and implicit loops are off.
+add_library(kovrel_settings INTERFACE)
+target_compile_options(kovrel_settings INTERFACE
+  -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Werror)
+target_compile_definitions(kovrel_settings INTERFACE QT_NO_KEYWORDS QT_NO_FOREACH QT_USE_QSTRINGBUILDER)
+target_include_directories(kovrel_settings INTERFACE ${PROJECT_SOURCE_DIR}/src)
+
+if(KOVREL_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+find_program(MOLD mold)
+if(MOLD)
+  add_link_options(-fuse-ld=mold)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})
+  add_compile_options(-Xclang -fno-pch-timestamp)
+endif()

@@ -1,0 +1,1 @@
+// A precompiled-header donor needs one source file.

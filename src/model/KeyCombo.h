@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace Kovrel {
+
+// A key with modifiers. Key codes are virtual key codes, which name a place on the keyboard, not a letter;
+// what they are on this desktop's keyboard is the platform's business.
+struct KeyCombo {
+    enum Modifier : quint32 {
+        command = 0x100, // the Super key here
+        shift = 0x200,
+        option = 0x800, // the Alt key here
+        control = 0x1000,
+    };
+
+    quint32 keyCode = 0;
+    quint32 modifiers = 0;
+
+    // The stored form: modifiers shifted left by 16 bits, plus the key code.
+    // Nothing below 1 and nothing with one of bits 48 to 63 set is a combination.
+    qint64 stored() const { return (qint64(modifiers) << 16) + keyCode; }
+
+    static std::optional<KeyCombo> fromStored(qint64 value);
+
+    // As people write it: "Super+Shift+4".
+    QString text() const;
+    static std::optional<KeyCombo> fromText(const QString& text);
+
+    bool operator==(const KeyCombo&) const = default;
+};
+
+} // namespace Kovrel

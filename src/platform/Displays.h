@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/Display.h"
+
+#include <functional>
+
+namespace Kovrel {
+
+// The displays as they are now. Main thread; answers from a snapshot that follows changes of the desktop.
+class Displays {
+public:
+    virtual ~Displays() = default;
+
+    virtual DisplayList all() const = 0;
+    // Called after a display came, went, moved or changed its scale.
+    virtual void onChange(std::function<void()> callback) = 0;
+};
+
+} // namespace Kovrel

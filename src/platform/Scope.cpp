@@ -1,0 +1,46 @@
+#include "platform/Scope.h"
+
+#include <QLoggingCategory>
+
+namespace Kovrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.tasks")
+
+QCoro::Task<> guarded(QCoro::Task<> task, const char* what)
+{
+    try {
+        co_await task;
+    } catch (const Cancelled&) {
+    } catch (const std::exception& error) {
+        qCWarning(log, "%s failed: %s", what, error.what());
+    } catch (...) {
+        qCWarning(log, "%s failed", what);
+    }
+}
+
+} // namespace
+
+Scope::~Scope()
+{
+    auto waits = std::exchange(m_waits, {});
+    for (const auto& weak : waits) {
+        if (const auto wait = weak.lock()) {
+            wait->isCancelled = true;
+            wait->resume();
+        }
+    }
+}
+
+void Scope::start(QCoro::Task<> task, const char* what)
+{
+    guarded(std::move(task), what);
+}
+
+Wait<Nothing> Scope::sleep(MainLoop::Milliseconds duration)
+{
+    return reply<Nothing>([&](Reply<Nothing> done) { m_loop.after(duration, [done] { done({}); }); });
+}
+
+} // namespace Kovrel

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/Reply.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace Kovrel {
+
+// A store of secrets. Every answer comes within the store's own deadline, also from a locked or dead service.
+class TokenStore {
+public:
+    virtual ~TokenStore() = default;
+
+    // No value: nothing stored under the key, or the store did not answer (logged).
+    virtual void read(const QString& key, Reply<std::optional<QString>> reply) = 0;
+    virtual void write(const QString& key, const QString& token, Reply<bool> reply) = 0;
+    virtual void remove(const QString& key, Reply<bool> reply) = 0;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,28 @@
+#include "model/KeyCombo.h"
+
+#include <gtest/gtest.h>
+
+namespace Kovrel {
+
+TEST(KeyCombo, StoredFormIsMaskAndCode)
+{
+    const KeyCombo area{21, KeyCombo::command | KeyCombo::shift};
+    EXPECT_EQ(area.stored(), 0x3000000 + 21);
+    EXPECT_EQ(KeyCombo::fromStored(0x3000000 + 21), area);
+    for (const qint64 none : {qint64(0), qint64(-5), qint64(1) << 48, qint64(1) << 62})
+        EXPECT_FALSE(KeyCombo::fromStored(none)) << none;
+}
+
+TEST(KeyCombo, TextFormRoundTrips)
+{
+    for (const char* text : {"Super+Shift+4", "Ctrl+Alt+C", "Print", "Super+Ctrl+Alt+Shift+F12", "Alt+#200"}) {
+        const auto combo = KeyCombo::fromText(text);
+        ASSERT_TRUE(combo) << text;
+        EXPECT_EQ(combo->text(), QString(text));
+    }
+    EXPECT_EQ(KeyCombo::fromText("shift + super + 4")->text(), "Super+Shift+4");
+    for (const char* bad : {"", "Super+", "Hyper+4", "Super+Nope", "#x", "#70000"})
+        EXPECT_FALSE(KeyCombo::fromText(bad)) << bad;
+}
+
+} // namespace Kovrel

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Workers.h"
+
+#include <deque>
+#include <map>
+
+namespace Kovrel::Testing {
+
+// Lanes whose jobs run when the test says so, on the test's thread.
+class FakeWorkers : public Workers {
+public:
+    void submit(Lane lane, std::function<void()> job) override { m_jobs[lane].push_back(std::move(job)); }
+
+    size_t pending(Lane lane) { return m_jobs[lane].size(); }
+
+    // Runs the jobs that wait now; answers how many there were.
+    size_t run(Lane lane)
+    {
+        auto jobs = std::exchange(m_jobs[lane], {});
+        for (const auto& job : jobs)
+            job();
+        return jobs.size();
+    }
+
+    size_t runAll() { return run(Lane::capture) + run(Lane::save) + run(Lane::editorSave) + run(Lane::utility); }
+
+private:
+    std::map<Lane, std::deque<std::function<void()>>> m_jobs;
+};
+
+} // namespace Kovrel::Testing
