@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Workers.h"
+
+#include <condition_variable>
+#include <deque>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+namespace Kovrel {
+
+// One thread for each lane, started with the lane's first job. Going away runs what was submitted and then joins.
+class ThreadWorkers : public Workers {
+public:
+    ~ThreadWorkers() override;
+    void submit(Lane lane, std::function<void()> job) override;
+
+private:
+    struct Queue {
+        std::mutex lock;
+        std::condition_variable wake;
+        std::deque<std::function<void()>> jobs;
+        bool isClosing = false;
+        std::thread thread;
+    };
+
+    static void work(Queue& queue, Lane lane);
+
+    std::map<Lane, std::unique_ptr<Queue>> m_queues;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QHash>
+#include <QStringList>
+#include <QVariant>
+
+#include <span>
+
+namespace Kovrel {
+
+enum class SettingType { boolean, integer, real, text, data, textList, keyCombo };
+
+// One setting: its key, what it holds, and the value it reads as while the user has set none.
+struct Setting {
+    const char* key;
+    SettingType type;
+    QVariant registered; // invalid: nothing registered, reads as the type's zero
+    const char* meaning;
+    QStringList choices = {}; // the texts that an enumerated setting knows; empty: any
+};
+
+// All settings of the program: the one table of them.
+namespace PreferenceTable {
+
+std::span<const Setting> settings();
+
+// The setting of a key; for "annotationColorHex.arrow" and the like that of the tool's own value, which is typed and
+// chosen as the global one and has nothing registered. No setting for an unknown key.
+std::optional<Setting> find(const QString& key);
+
+QHash<QString, QVariant> registeredDefaults();
+
+} // namespace PreferenceTable
+
+} // namespace Kovrel
