@@ -6,6 +6,8 @@
 
 #include <poll.h>
 
+#include <xcb/shape.h>
+
 namespace Kovrel::Testing {
 
 namespace {
@@ -97,6 +99,15 @@ xcb_window_t PaintedScreen::show(const Look& look)
 void PaintedScreen::hide(xcb_window_t window)
 {
     xcb_unmap_window(m_connection, window);
+    roundTrip();
+}
+
+void PaintedScreen::setShape(xcb_window_t window, QRect shape)
+{
+    const xcb_rectangle_t rectangle{int16_t(shape.x()), int16_t(shape.y()), uint16_t(shape.width()),
+                                    uint16_t(shape.height())};
+    xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_UNSORTED, window, 0,
+                         0, 1, &rectangle);
     roundTrip();
 }
 

@@ -102,20 +102,19 @@ std::optional<QImage> readAfterRedirecting(X11ImageReader& reader, const X11Fram
 GrabbedImage X11WindowImage::grab(X11ImageReader& reader, xcb_window_t window)
 {
     X11Connection& x = reader.connection();
-    if (!x.isAlive())
-        return std::unexpected(GrabFailure::noDisplay);
-    if (!x.has(xcb_composite_id) || !x.hasPlainPixels())
+    if (x.isAlive() && (!x.has(xcb_composite_id) || !x.hasPlainPixels()))
         return std::unexpected(GrabFailure::notSupported);
     const auto frame = X11Frame::of(x, window);
-    if (!frame || !frame->isViewable || frame->visible.isEmpty())
-        return std::unexpected(GrabFailure::windowGone);
-    // A compositor has redirected every window already, and the server those with alpha.
-    auto image = readPixmap(reader, *frame);
-    if (!image)
-        image = readAfterRedirecting(reader, *frame);
-    if (!image)
-        return std::unexpected(x.isAlive() ? GrabFailure::windowGone : GrabFailure::noDisplay);
-    return *std::move(image);
+    std::optional<QImage> image;
+    if (frame && frame->isViewable && !frame->visible.isEmpty()) {
+        // A compositor has redirected every window already, and the server those with alpha.
+        image = readPixmap(reader, *frame);
+        if (!image)
+            image = readAfterRedirecting(reader, *frame);
+    }
+    if (image)
+        return *std::move(image);
+    return std::unexpected(x.isAlive() ? GrabFailure::windowGone : GrabFailure::noDisplay);
 }
 
 } // namespace Kovrel

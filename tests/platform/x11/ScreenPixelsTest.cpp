@@ -1,6 +1,7 @@
 #include "platform/x11/X11ScreenPixels.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
+#include "tests/support/GrabFailures.h"
 #include "tests/support/PaintedScreen.h"
 #include "tests/support/Patterns.h"
 #include "tests/support/VirtualDisplay.h"
@@ -11,6 +12,7 @@
 
 namespace Kovrel {
 
+using Testing::failureOf;
 using Testing::pattern;
 using Testing::patternAt;
 using PointerOption = ScreenPixels::PointerOption;
@@ -42,11 +44,6 @@ struct ScreenPixelsTest : testing::Test {
 };
 
 const QRgb black = qRgb(0, 0, 0);
-
-std::optional<GrabFailure> failureOf(const GrabbedImage& image)
-{
-    return image ? std::nullopt : std::optional(image.error());
-}
 
 // What the screen holds of a pixel: the pattern where `shown` says so, else black.
 void expectPattern(const QImage& image, QPoint topLeft, const QRegion& shown)
