@@ -7,6 +7,7 @@
 #include <poll.h>
 
 #include <xcb/shape.h>
+#include <xcb/xtest.h>
 
 namespace Kovrel::Testing {
 
@@ -207,6 +208,33 @@ void PaintedScreen::setCursor(int size, QColor colour)
                       channel(colour.blue()), 0, 0, 0, uint16_t(size / 2), uint16_t(size / 2));
     xcb_change_window_attributes(m_connection, m_screen->root, XCB_CW_CURSOR, &cursor);
     roundTrip();
+}
+
+void PaintedScreen::click(QPoint rootPixel, int button)
+{
+    movePointer(rootPixel);
+    for (const uint8_t type : {XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE})
+        xcb_test_fake_input(m_connection, type, uint8_t(button), XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    roundTrip();
+}
+
+void PaintedScreen::typeEscape()
+{
+    constexpr uint8_t escape = 9; // on every layout
+    for (const uint8_t type : {XCB_KEY_PRESS, XCB_KEY_RELEASE})
+        xcb_test_fake_input(m_connection, type, escape, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    roundTrip();
+}
+
+QRgb PaintedScreen::pixelAt(QPoint rootPixel) const
+{
+    auto* reply = xcb_get_image_reply(m_connection,
+                                      xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, m_screen->root,
+                                                    int16_t(rootPixel.x()), int16_t(rootPixel.y()), 1, 1, ~0u),
+                                      nullptr);
+    const QRgb pixel = reply ? *reinterpret_cast<const QRgb*>(xcb_get_image_data(reply)) & 0xffffff : 0;
+    free(reply);
+    return pixel;
 }
 
 } // namespace Kovrel::Testing

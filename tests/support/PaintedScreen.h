@@ -46,6 +46,12 @@ public:
     // A square cursor of one colour, its hot spot in the middle, over every window of the root.
     void setCursor(int size, QColor colour);
 
+    // The user's hands.
+    void click(QPoint rootPixel, int button = 1);
+    void typeEscape();
+    // What the screen shows, without the unused byte.
+    QRgb pixelAt(QPoint rootPixel) const;
+
     xcb_connection_t* connection() const { return m_connection; }
 
     xcb_window_t root() const { return m_screen->root; }
