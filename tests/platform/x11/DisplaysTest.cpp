@@ -1,28 +1,18 @@
 #include "platform/x11/X11Displays.h"
 #include "platform/x11/X11Pointer.h"
+#include "tests/support/EventLoop.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/PaintedScreen.h"
 #include "tests/support/VirtualDisplay.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-
 #include <gtest/gtest.h>
 
 namespace Kovrel {
 
-namespace {
+using Testing::waitFor;
 
-// Lets the event loop run until something holds; false when it never does.
-template <class Condition>
-bool waitFor(Condition condition)
-{
-    const QDeadlineTimer deadline(20000);
-    while (!condition() && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
-    return condition();
-}
+namespace {
 
 struct DisplaysTest : testing::Test {
     Testing::VirtualDisplay server{{1200, 900}};
