@@ -81,23 +81,23 @@ KOVREL_SIMD void addCosts(const PngRow& row, size_t from, size_t to, Costs& cost
     costs.paeth += predicted;
 }
 
-PngFilter cheapest(const Costs& costs)
-{
-    const std::array all{std::pair{costs.none, PngFilter::none}, std::pair{costs.sub, PngFilter::sub},
-                         std::pair{costs.up, PngFilter::up}, std::pair{costs.paeth, PngFilter::paeth}};
-    return std::ranges::min(all).second;
-}
-
 } // namespace
 
-PngFilter chooseFilter(const PngRow& row)
+PngFilterChoice chooseFilter(const PngRow& row)
 {
     if (std::memcmp(row.bytes, row.above, row.size) == 0)
-        return PngFilter::up;
+        return {PngFilter::up, 0};
     Costs costs{};
-    for (size_t from = 0; from < row.size; from += sampleStride)
-        addCosts(row, from, std::min(from + sampleSize, row.size), costs);
-    return cheapest(costs);
+    size_t sampled = 0;
+    for (size_t from = 0; from < row.size; from += sampleStride) {
+        const size_t to = std::min(from + sampleSize, row.size);
+        addCosts(row, from, to, costs);
+        sampled += to - from;
+    }
+    const std::array all{std::pair{costs.none, PngFilter::none}, std::pair{costs.sub, PngFilter::sub},
+                         std::pair{costs.up, PngFilter::up}, std::pair{costs.paeth, PngFilter::paeth}};
+    const auto [cost, filter] = std::ranges::min(all);
+    return {filter, double(cost) / double(sampled)};
 }
 
 void applyFilter(PngFilter filter, const PngRow& row, uint8_t* out)

@@ -17,8 +17,13 @@ struct PngRow {
     size_t pixel; // bytes of one pixel
 };
 
+struct PngFilterChoice {
+    PngFilter filter = PngFilter::up;
+    double cost = 0; // what a byte will cost with it, on a scale from 0 to 20
+};
+
 // The filter that promises the smallest output, judged by samples of the row.
-PngFilter chooseFilter(const PngRow& row);
+PngFilterChoice chooseFilter(const PngRow& row);
 
 void applyFilter(PngFilter filter, const PngRow& row, uint8_t* out);
 

@@ -65,12 +65,13 @@ std::optional<PngPixels::Colours> PngPixels::Colours::of(const QImage& image)
 {
     // Far rows first: where colours are many, a glance shows it.
     constexpr int stride = 64;
+    const int width = image.width();
     Colours colours;
     for (int first = 0; first < stride; ++first) {
         for (int y = first; y < image.height(); y += stride) {
             const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
             QRgb last = 0;
-            for (int x = 0; x < image.width(); ++x) {
+            for (int x = 0; x < width; ++x) {
                 const QRgb colour = line[x] | opaque;
                 if (colour != last && !colours.add(colour))
                     return std::nullopt;
@@ -111,9 +112,10 @@ QByteArray PngPixels::palette() const
 
 void PngPixels::readIndices(const QRgb* line, uint8_t* out) const
 {
+    const int width = m_image.width();
     QRgb last = 0;
     uint8_t index = 0;
-    for (int x = 0; x < m_image.width(); ++x) {
+    for (int x = 0; x < width; ++x) {
         const QRgb colour = line[x] | opaque;
         if (colour != last)
             index = m_colours->indexOf(colour);
