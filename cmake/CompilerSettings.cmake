@@ -1,7 +1,8 @@
 # Warnings are errors in our own code; Qt's keywords and implicit loops are off.
 add_library(kovrel_settings INTERFACE)
 target_compile_options(kovrel_settings INTERFACE
-  -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Werror)
+  -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
+  -Wno-missing-designated-field-initializers -Werror)
 target_compile_definitions(kovrel_settings INTERFACE QT_NO_KEYWORDS QT_NO_FOREACH QT_USE_QSTRINGBUILDER)
 target_include_directories(kovrel_settings INTERFACE ${PROJECT_SOURCE_DIR}/src)
 

@@ -14,6 +14,21 @@ const Display* firstWhere(const DisplayList& displays, Predicate predicate)
     return found == displays.end() ? nullptr : &*found;
 }
 
+template <class Area>
+const Display* holdingMost(const DisplayList& displays, Area areaOn)
+{
+    const Display* best = primaryDisplay(displays);
+    double most = best ? areaOn(*best) : 0;
+    for (const Display& display : displays) {
+        const double area = areaOn(display);
+        if (area > most) {
+            best = &display;
+            most = area;
+        }
+    }
+    return best;
+}
+
 } // namespace
 
 QRect Display::toPixels(const Rect& points) const
@@ -54,6 +69,32 @@ const Display* displayContaining(const DisplayList& displays, Point point)
 const Display* displayAtPixel(const DisplayList& displays, QPoint rootPixel)
 {
     return firstWhere(displays, [rootPixel](const Display& display) { return display.pixelRect.contains(rootPixel); });
+}
+
+const Display* displayNearest(const DisplayList& displays, const QRect& rootPixels)
+{
+    return holdingMost(displays, [&](const Display& display) {
+        const QRect common = display.pixelRect & rootPixels;
+        return double(common.width()) * common.height();
+    });
+}
+
+Rect flipped(const DisplayList& displays, const Rect& rect)
+{
+    const Display* primary = primaryDisplay(displays);
+    const double height = primary ? primary->frame.height : rect.height;
+    return {rect.x, height - rect.maxY(), rect.width, rect.height};
+}
+
+QRect rootPixels(const DisplayList& displays, const Rect& rect)
+{
+    const Display* display = holdingMost(displays, [&](const Display& candidate) {
+        const Rect& frame = candidate.frame;
+        const double width = std::min(frame.maxX(), rect.maxX()) - std::max(frame.minX(), rect.minX());
+        const double height = std::min(frame.maxY(), rect.maxY()) - std::max(frame.minY(), rect.minY());
+        return std::max(width, 0.0) * std::max(height, 0.0);
+    });
+    return display ? display->toPixels(rect) : QRect();
 }
 
 } // namespace Kovrel

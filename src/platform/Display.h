@@ -38,5 +38,13 @@ const Display* displayWithID(const DisplayList& displays, quint32 id);
 const Display* displayContaining(const DisplayList& displays, Point point);
 // The display whose pixels hold this root pixel.
 const Display* displayAtPixel(const DisplayList& displays, QPoint rootPixel);
+// The display that holds most of a rectangle of root pixels; the primary one where none holds any.
+const Display* displayNearest(const DisplayList& displays, const QRect& rootPixels);
+
+// A rectangle of global points counted from the top-left corner of the primary display, y down, as screenshot tools
+// take it; and back, which is the same. Without displays the rectangle's own height stands in for the primary's.
+Rect flipped(const DisplayList& displays, const Rect& rect);
+// The root pixels under a rectangle of global points, by the display that holds most of it. Empty without displays.
+QRect rootPixels(const DisplayList& displays, const Rect& rect);
 
 } // namespace Kovrel

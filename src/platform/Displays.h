@@ -12,6 +12,8 @@ public:
     virtual ~Displays() = default;
 
     virtual DisplayList all() const = 0;
+    // Whether windows can be translucent: shadows and rounded corners show what is behind them.
+    virtual bool isComposited() const = 0;
     // Called after a display came, went, moved or changed its scale.
     virtual void onChange(std::function<void()> callback) = 0;
 };

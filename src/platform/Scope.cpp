@@ -38,6 +38,12 @@ void Scope::start(QCoro::Task<> task, const char* what)
     guarded(std::move(task), what);
 }
 
+QCoro::Task<Nothing> Scope::withNothing(QCoro::Task<> task)
+{
+    co_await task;
+    co_return Nothing{};
+}
+
 Wait<Nothing> Scope::sleep(MainLoop::Milliseconds duration)
 {
     return reply<Nothing>([&](Reply<Nothing> done) { m_loop.after(duration, [done] { done({}); }); });

@@ -72,7 +72,7 @@ private:
 };
 
 // Stands for "no value" where a wait has nothing to hand over.
-using Nothing = std::monostate;
+struct Nothing {};
 
 // All waits of one object's coroutines. It is the object's last member, so that it goes first: every pending wait
 // then throws `Cancelled` into its coroutine while the object is still whole. Main thread only.
@@ -126,6 +126,8 @@ public:
     }
 
     // Waits for another object's coroutine, without being resumed by it once this scope has gone.
+    Wait<Nothing> join(QCoro::Task<> task) { return join(withNothing(std::move(task))); }
+
     template <class T>
     Wait<T> join(QCoro::Task<T> task)
     {
@@ -149,6 +151,8 @@ private:
     {
         outcome.complete(std::variant<std::monostate, T, std::exception_ptr>(std::in_place_index<1>, std::move(value)));
     }
+
+    static QCoro::Task<Nothing> withNothing(QCoro::Task<> task);
 
     template <class T>
     static QCoro::Task<> bridge(QCoro::Task<T> task, std::shared_ptr<Detail::Outcome<T>> outcome)

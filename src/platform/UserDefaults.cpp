@@ -90,8 +90,8 @@ bool isReadableLine(const QByteArray& line)
     return line.isEmpty() || line.startsWith('[') || line.startsWith(';') || line.contains('=');
 }
 
-// QSettings loses the rest of a file when it writes one with a bad line, as a cut-off one has at its end. So the file is
-// copied aside and replaced by its readable lines.
+// QSettings loses the rest of a file when it writes one with a bad line, as a cut-off one has at its end. So the file
+// is copied aside and replaced by its readable lines.
 void repair(const QString& path)
 {
     const QString copy = path + ".unreadable-" + QString::number(QDateTime::currentSecsSinceEpoch());

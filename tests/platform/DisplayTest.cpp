@@ -72,4 +72,23 @@ TEST(Display, FindsDisplaysByPointAndPixel)
     EXPECT_EQ(displayAtPixel(twoDisplays, {2560, 399}), nullptr);
 }
 
+TEST(Display, ARectangleBelongsToTheDisplayThatHoldsMostOfIt)
+{
+    EXPECT_EQ(displayNearest(twoDisplays, {2500, 500, 100, 10})->id, 2u);
+    EXPECT_EQ(displayNearest(twoDisplays, {2520, 500, 100, 10})->id, 1u);
+    EXPECT_EQ(displayNearest(twoDisplays, {9000, 0, 10, 10})->id, 1u) << "the primary one";
+    EXPECT_EQ(displayNearest({}, {0, 0, 10, 10}), nullptr);
+    EXPECT_EQ(rootPixels(twoDisplays, {-2560, 760, 1280, 720}), QRect(0, 0, 2560, 1440));
+    EXPECT_EQ(rootPixels(twoDisplays, {-20, 800, 100, 10}), QRect(2540, 670, 100, 10));
+    EXPECT_TRUE(rootPixels({}, {0, 0, 10, 10}).isEmpty());
+}
+
+TEST(Display, FlippingTwiceIsTheSame)
+{
+    const Rect rect{-2000, 900, 10, 20};
+    EXPECT_EQ(flipped(twoDisplays, rect), (Rect{-2000, 160, 10, 20}));
+    EXPECT_EQ(flipped(twoDisplays, flipped(twoDisplays, rect)), rect);
+    EXPECT_EQ(flipped({}, rect), (Rect{-2000, -900, 10, 20}));
+}
+
 } // namespace Kovrel

@@ -1,0 +1,36 @@
+# The Debian packages that Kovrel needs, and how they are installed. Sourced by ./run, ./test and .ci/run.
+
+build_packages="
+  cmake ninja-build ccache mold pkg-config clang-19 lld-19
+  qt6-base-dev qt6-base-private-dev qt6-svg-dev qcoro-qt6-dev qtkeychain-qt6-dev nlohmann-json3-dev libsystemd-dev
+  libxcb1-dev libxcb-shm0-dev libxcb-image0-dev libxcb-composite0-dev libxcb-xfixes0-dev libxcb-randr0-dev
+  libxcb-damage0-dev libxcb-shape0-dev libxcb-keysyms1-dev libxcb-xtest0-dev x11proto-dev
+  libspng-dev libdeflate-dev zlib1g-dev libturbojpeg0-dev libjpeg62-turbo-dev libtiff-dev libheif-dev
+  libgtest-dev libgmock-dev qt6-qpa-plugins qt6-image-formats-plugins"
+display_packages="xvfb openbox hsetroot xterm dbus-daemon x11-utils x11-xserver-utils fonts-dejavu-core"
+test_packages="
+  xserver-xorg-core xserver-xorg-video-dummy x11-utils xdotool xclip picom imagemagick
+  libclang-rt-19-dev python3-dbus python3-gi gnome-keyring libsecret-tools"
+
+missing_packages() {
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || printf '%s ' "$package"
+  done
+}
+
+# install_missing PACKAGE... : says what it installs, as root or through sudo.
+install_missing() {
+  missing=$(missing_packages "$@")
+  [ -n "$missing" ] || return 0
+  echo "== Installing from Debian: $missing"
+  as_root=
+  if [ "$(id -u)" -ne 0 ]; then
+    as_root=sudo
+    command -v sudo >/dev/null || { echo "Please install these packages as root, then run this again." >&2; return 1; }
+  fi
+  # shellcheck disable=SC2086
+  $as_root apt-get update -q >/dev/null &&
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing >/tmp/kovrel-apt.$$ 2>&1 ||
+    { cat /tmp/kovrel-apt.$$ >&2; rm -f /tmp/kovrel-apt.$$; return 1; }
+  rm -f /tmp/kovrel-apt.$$
+}

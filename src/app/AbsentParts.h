@@ -1,0 +1,109 @@
+#pragma once
+
+#include "capture/CaptureEffects.h"
+#include "capture/CaptureHistory.h"
+#include "capture/CardPile.h"
+#include "capture/ReopenLedger.h"
+#include "capture/SelectionGrabber.h"
+#include "capture/TextReader.h"
+#include "capture/WindowBackdrop.h"
+#include "platform/MainLoop.h"
+
+namespace Kovrel {
+
+// Stands where a part of the program is absent, and answers as a part that has nothing to give: nothing is selected,
+// no card can be shown, nothing is recorded.
+class AbsentParts : public SelectionOverlay,
+                    public SelectionGrabber,
+                    public CardPile,
+                    public CaptureHistory,
+                    public ReopenLedger,
+                    public TextReader,
+                    public CaptureEffects,
+                    public WindowBackdrop {
+public:
+    explicit AbsentParts(MainLoop& loop) : m_loop(loop) {}
+
+    void begin(Mode, std::function<void(SelectionResult)> completion) override
+    {
+        m_loop.post([completion] { completion(SelectionCancelled{}); });
+    }
+
+    void onModeChange(std::function<void(Mode)>) override {}
+
+    void applyFrozenImages() override {}
+
+    FrozenScreens takeFrozenImages() override { return {}; }
+
+    void reassertPresence() override {}
+
+    void cancel() override {}
+
+    bool isCommitting() const override { return false; }
+
+    void prewarm() override {}
+
+    void grab(QRect, FrozenScreens, Reply<std::optional<QImage>> reply) override { giveNothing(std::move(reply)); }
+
+    void grabWindows(std::vector<quint32>, Reply<std::optional<QImage>> reply) override
+    {
+        giveNothing(std::move(reply));
+    }
+
+    bool setHiddenForCapture(bool) override { return false; }
+
+    bool canPresent() const override { return false; }
+
+    void prepareForIncomingCapture(std::optional<quint32>) override {}
+
+    void settleAfterAbandonedCapture() override {}
+
+    void present(Card) override {}
+
+    void attachCaptureSave(std::shared_ptr<CaptureSave>, QUuid) override {}
+
+    void suspendIndexing() override {}
+
+    void scheduleIdleIndex() override {}
+
+    bool isRecording() const override { return false; }
+
+    void record(CaptureResult, std::shared_ptr<CaptureSave>, std::shared_ptr<EncodedPng>,
+                Reply<std::optional<QString>> reply) override
+    {
+        giveNothing(std::move(reply));
+    }
+
+    void setText(QUuid, const QString&) override {}
+
+    void load(QUuid, Reply<std::optional<Reopened>> reply) override { giveNothing(std::move(reply)); }
+
+    void rememberSavedFile(QUuid, const QString&) override {}
+
+    std::optional<QUuid> takeLastClosed() override { return std::nullopt; }
+
+    void read(QImage, double, Reply<Reading> reply) override
+    {
+        m_loop.post([reply] { reply({}); });
+    }
+
+    void playShutterIfEnabled() override {}
+
+    void wallpaper(quint32, int, Reply<std::optional<QImage>> reply) override { giveNothing(std::move(reply)); }
+
+    void compose(QImage window, WindowBackdropStyle, std::optional<QImage>, Reply<ComposedCapture> reply) override
+    {
+        m_loop.post([reply, window] { reply({window, std::nullopt}); });
+    }
+
+private:
+    template <class T>
+    void giveNothing(Reply<std::optional<T>> reply)
+    {
+        m_loop.post([reply] { reply(std::nullopt); });
+    }
+
+    MainLoop& m_loop;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/MainLoop.h"
+#include "platform/TokenStore.h"
+
+#include <QUrl>
+
+#include <vector>
+
+namespace Kovrel {
+
+// Who is signed in: the account that is kept on this computer, or one that a web page answered for. Tokens are read
+// once and the answer is cached; it follows every change made here. Main thread.
+class Account {
+public:
+    // `local` keeps this computer's account, `secrets` the token of the other kind.
+    Account(TokenStore& local, TokenStore& secrets);
+
+    // Reads the stored token; `whenKnown` waits for it.
+    void restore();
+    // Runs at once when the answer is known already.
+    void whenKnown(std::function<void()> work);
+
+    bool isSignedIn() const { return m_isSignedIn; }
+
+    void signInLocally(Reply<bool> reply);
+    void signOut(Reply<bool> reply);
+
+    // Starts a sign-in on a web page: the answer must carry this state, and is taken only once.
+    QString beginWebSignIn();
+    // kovrel://auth-callback?state=…&token=…; a wrong, used or missing state is logged and refused.
+    void handleCallback(const QUrl& url, Reply<bool> reply);
+
+    void onChange(std::function<void()> observer);
+
+private:
+    void settle(bool isSignedIn);
+
+    TokenStore& m_local;
+    TokenStore& m_secrets;
+    bool m_isKnown = false;
+    bool m_isSignedIn = false;
+    QString m_expectedState;
+    std::vector<std::function<void()>> m_waiting;
+    std::vector<std::function<void()>> m_observers;
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); // answers after the end find it gone
+};
+
+} // namespace Kovrel

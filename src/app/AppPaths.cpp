@@ -1,0 +1,47 @@
+#include "app/AppPaths.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace Kovrel {
+
+namespace {
+
+QString below(QStandardPaths::StandardLocation location, const char* name)
+{
+    return QStandardPaths::writableLocation(location) + '/' + name;
+}
+
+} // namespace
+
+QString AppPaths::preferencesFile()
+{
+    return below(QStandardPaths::GenericConfigLocation, "kovrel/kovrel.conf");
+}
+
+QString AppPaths::dataFolder()
+{
+    return below(QStandardPaths::GenericDataLocation, "Kovrel");
+}
+
+QString AppPaths::reservationFolder()
+{
+    return dataFolder() + "/Reservations";
+}
+
+QString AppPaths::temporaryFolder()
+{
+    return below(QStandardPaths::GenericCacheLocation, "kovrel/tmp");
+}
+
+QString AppPaths::screenshotTool()
+{
+    const QString here = QCoreApplication::applicationDirPath();
+    for (const char* place : {"/kovrel-screencapture", "/../lib/kovrel/kovrel-screencapture"})
+        if (QFileInfo(here + place).isExecutable())
+            return here + place;
+    return here + "/kovrel-screencapture";
+}
+
+} // namespace Kovrel

@@ -1,0 +1,326 @@
+#include "app/Application.h"
+
+#include "app/AppPaths.h"
+#include "app/DesktopSession.h"
+#include "saving/DragFiles.h"
+#include "saving/PrivateFolder.h"
+
+#include <QApplication>
+#include <QLoggingCategory>
+#include <QScreen>
+
+namespace Kovrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.app")
+
+constexpr auto keychainDeadline = std::chrono::seconds(5);
+
+double scaleOfScreen(const QString& name)
+{
+    for (const QScreen* screen : QGuiApplication::screens())
+        if (screen->name() == name)
+            return screen->devicePixelRatio();
+    return qApp->devicePixelRatio();
+}
+
+bool isTitledWindow(const QWidget& widget)
+{
+    const Qt::WindowType type = widget.windowType();
+    return type == Qt::Window && !widget.windowTitle().isEmpty() && widget.isVisible();
+}
+
+QWidgetList titledWindows()
+{
+    QWidgetList windows = QApplication::topLevelWidgets();
+    windows.removeIf([](const QWidget* widget) { return !isTitledWindow(*widget); });
+    return windows;
+}
+
+} // namespace
+
+Application::Application(AppDelegate::Launch launch)
+    : m_launch(std::move(launch)),
+      m_defaults(AppPaths::preferencesFile(), &m_workers),
+      m_preferences(m_defaults),
+      m_trace(m_loop, [this] { return m_defaults.boolean("traceCapture"); }),
+      m_desktop(m_loop, m_workers, scaleOfScreen),
+      m_localTokens(m_loop, m_workers, AppPaths::dataFolder()),
+      m_secretTokens(m_loop, keychainDeadline),
+      m_account(m_localTokens, m_secretTokens),
+      m_clipboardService(m_loop, m_workers, m_clipboard),
+      m_editorSaves(m_loop, m_workers),
+      m_output(m_loop, m_workers, m_preferences, m_desktop.displays, m_clipboardService,
+               std::make_shared<ReservationJournal>(AppPaths::reservationFolder()),
+               AppPaths::dataFolder() + "/Unsaved"),
+      m_absent(m_loop),
+      m_toasts(m_loop, m_desktop.displays),
+      m_nativeCapture(
+          {m_loop, m_workers, m_trace, m_desktop.pixels, m_desktop.windows, m_desktop.displays, m_toolProcess},
+          {AppPaths::screenshotTool(), AppPaths::temporaryFolder()}),
+      m_coordinator(captureServices()),
+      m_delegate(*this, m_preferences, m_loop),
+      m_commands(m_coordinator, m_delegate, m_account, m_preferences, m_trace)
+{
+    for (const QScreen* screen : QGuiApplication::screens())
+        QObject::connect(screen, &QScreen::physicalDotsPerInchChanged, screen,
+                         [this] { m_desktop.displays.refresh(); });
+    m_coordinator.onCaptureFinished([this](const CaptureResult& result) {
+        m_bus.announceCaptureFinished(result.id.toString(QUuid::WithoutBraces).toUpper(), rawString(result.mode),
+                                      result.image.width(), result.image.height());
+    });
+}
+
+Application::~Application() = default;
+
+CaptureServices Application::captureServices()
+{
+    return {
+        .loop = m_loop,
+        .workers = m_workers,
+        .preferences = m_preferences,
+        .trace = m_trace,
+        .displays = m_desktop.displays,
+        .pointer = m_desktop.pointer,
+        .pixels = m_desktop.pixels,
+        .windows = m_desktop.windows,
+        .keys = m_desktop.keys,
+        .engine = m_nativeCapture,
+        .access = *this,
+        .overlay = m_absent,
+        .grabber = m_absent,
+        .backdrop = m_absent,
+        .effects = m_absent,
+        .textReader = m_absent,
+        .cards = m_absent,
+        .historyWindow = m_absent,
+        .toasts = m_toasts,
+        .history = m_absent,
+        .ledger = m_absent,
+        .delivery = m_output,
+    };
+}
+
+// --- Start
+
+InstanceBus::Claim Application::claimInstance()
+{
+    return m_bus.claim(busHandlers());
+}
+
+void Application::start()
+{
+    m_tray = std::make_unique<TrayMenu>(m_preferences, trayHandlers());
+    m_tray->show();
+    m_delegate.applicationDidFinishLaunching(m_launch);
+    // Without a tray the window is the way in.
+    if (!TrayMenu::desktopHasTray() && !m_launch.isLoginItem) {
+        qCInfo(log, "This desktop has no tray; Kovrel is reached by its window and by its command line");
+        whenAccountIsKnown([this] { showHome(); });
+    }
+}
+
+void Application::run(const QStringList& arguments, Reply<CommandAnswer> reply)
+{
+    m_commands.run(arguments, 0, std::move(reply));
+}
+
+InstanceBus::Handlers Application::busHandlers()
+{
+    return {
+        .run = [this](QStringList arguments, quint64 requestID,
+                      Reply<CommandAnswer> reply) { m_commands.run(arguments, requestID, std::move(reply)); },
+        .callerVanished = [this](quint64 requestID) { m_commands.cancel(requestID); },
+        .activate = [this] { m_delegate.applicationShouldHandleReopen(); },
+        .open =
+            [this](QStringList uris) {
+                for (const QString& uri : uris)
+                    m_delegate.handleURL(uri);
+            },
+        .activateAction =
+            [this](QString action) {
+                for (const CaptureCommands::Entry& entry : CaptureCommands::entries())
+                    if (entry.mode && rawString(*entry.mode) == action)
+                        perform(entry, false);
+            },
+        .quit = [this](QString reason) { m_delegate.quit(reason); },
+    };
+}
+
+TrayMenu::Handlers Application::trayHandlers()
+{
+    return {
+        .isEnabled = [this](const auto& entry) { return isEnabled(entry); },
+        .perform = [this](const auto& entry) { perform(entry, true); },
+        .isCountingDown = [this] { return m_coordinator.isCountingDown(); },
+        .cancelCountdown = [this] { m_coordinator.cancelCountdown(); },
+        .openHome = [this] { m_delegate.applicationShouldHandleReopen(); },
+        .quit = [this] { m_delegate.quit("menu"); },
+    };
+}
+
+// --- Commands
+
+bool Application::isEnabled(const CaptureCommands::Entry& entry) const
+{
+    const bool canCapture = m_account.isSignedIn() && mayRecordScreen();
+    return entry.action == CaptureCommands::Action::capture && canCapture &&
+           (entry.mode == CaptureMode::fullScreen || entry.mode == CaptureMode::timed ||
+            (entry.mode == CaptureMode::lastArea && m_coordinator.hasLastArea()));
+}
+
+void Application::perform(const CaptureCommands::Entry& entry, bool fromMenu)
+{
+    if (!isEnabled(entry))
+        return;
+    m_trace.begin();
+    m_coordinator.capture({.mode = *entry.mode, .options = {.waitsForRepaint = fromMenu}});
+}
+
+// --- AppEnvironment
+
+void Application::ensureDefaultSaveFolder()
+{
+    m_workers.submit(Lane::utility, [] { Preferences::ensureDefaultSaveDirectoryExists(); });
+}
+
+void Application::restoreAccount()
+{
+    m_account.restore();
+}
+
+void Application::sweepTemporaryFiles()
+{
+    const QString temporaryFolder = AppPaths::temporaryFolder();
+    PrivateFolder::make(temporaryFolder);
+    m_workers.submit(Lane::utility, [temporaryFolder] {
+        DragFiles(temporaryFolder).sweepDragTemp();
+        ReservationJournal::sweep(AppPaths::reservationFolder());
+    });
+}
+
+void Application::terminateOnSignal()
+{
+    m_sigterm = std::make_unique<SigtermSource>([this] { m_delegate.quit("SIGTERM"); });
+}
+
+void Application::registerHotkeys() {}
+
+void Application::unregisterHotkeys() {}
+
+void Application::startMaintainingShortcuts() {}
+
+void Application::prewarm() {}
+
+void Application::prewarmDelayed() {}
+
+bool Application::isSignedIn() const
+{
+    return m_account.isSignedIn();
+}
+
+bool Application::mayRecordScreen() const
+{
+    return DesktopSession::obstacle().isEmpty();
+}
+
+void Application::whenAccountIsKnown(std::function<void()> work)
+{
+    m_account.whenKnown(std::move(work));
+}
+
+void Application::onAccountChange(std::function<void()> observer)
+{
+    m_account.onChange([this, observer = std::move(observer)] {
+        observer();
+        if (m_homeWindow)
+            m_homeWindow->refresh();
+    });
+}
+
+HomeWindow& Application::homeWindow()
+{
+    if (!m_homeWindow)
+        m_homeWindow = std::make_unique<HomeWindow>(
+            m_preferences, HomeWindow::Handlers{
+                               .isSignedIn = [this] { return m_account.isSignedIn(); },
+                               .signIn =
+                                   [this] {
+                                       CommandRunner::runAccountCommand(Command{.name = "sign-in"}, m_account,
+                                                                        m_defaults, [](const CommandAnswer&) {});
+                                   },
+                               .obstacle = [] { return DesktopSession::obstacle(); },
+                               .isEnabled = [this](const auto& entry) { return isEnabled(entry); },
+                               .perform = [this](const auto& entry) { perform(entry, false); },
+                           });
+    return *m_homeWindow;
+}
+
+void Application::showHome()
+{
+    m_coordinator.whenForegroundIsFree([this] { homeWindow().present(); });
+}
+
+void Application::showOnboarding(bool)
+{
+    showHome();
+}
+
+void Application::showPermissionWindow()
+{
+    showHome();
+}
+
+void Application::presentUpdatedNotice(const QString& version)
+{
+    showHome();
+    homeWindow().showNotice("Kovrel was updated to version " + version + ".");
+}
+
+void Application::openFiles(const QStringList& paths)
+{
+    qCWarning(log, "Files can't be opened: %s", qUtf8Printable(paths.join(", ")));
+}
+
+void Application::handleSignInAnswer(const QString& url)
+{
+    m_account.handleCallback(QUrl(url), [](bool) {});
+}
+
+bool Application::bringTitledWindowsForward()
+{
+    const QWidgetList windows = titledWindows();
+    for (QWidget* window : windows) {
+        window->showNormal();
+        window->raise();
+        window->activateWindow();
+    }
+    return !windows.isEmpty();
+}
+
+void Application::closeTitledWindows()
+{
+    for (QWidget* window : titledWindows())
+        window->close();
+}
+
+void Application::afterPendingEditorSaves(std::chrono::milliseconds deadline, std::function<void()> work)
+{
+    m_editorSaves.afterPendingEditorSaves(double(deadline.count()) / 1000, std::move(work));
+}
+
+void Application::giveShortcutsBack() {}
+
+void Application::exit()
+{
+    QCoreApplication::quit();
+}
+
+// --- CaptureAccess
+
+void Application::refreshCredentials(std::chrono::seconds) {}
+
+void Application::abandonColorPicking() {}
+
+} // namespace Kovrel

@@ -1,0 +1,106 @@
+#include "app/CommandRunner.h"
+
+#include "app/CaptureReport.h"
+#include "app/PreferencesCommand.h"
+
+namespace Kovrel {
+
+namespace {
+
+QStringList operandsOf(const Command& command)
+{
+    QStringList operands;
+    for (const std::string& operand : command.operands)
+        operands << QString::fromStdString(operand);
+    return operands;
+}
+
+Rect rectOf(const std::string& text)
+{
+    const QStringList numbers = QString::fromStdString(text).split(',');
+    return {numbers[0].toDouble(), numbers[1].toDouble(), numbers[2].toDouble(), numbers[3].toDouble()};
+}
+
+CaptureOptions optionsOf(const Command& command)
+{
+    CaptureOptions options;
+    if (command.has("rect"))
+        options.rect = rectOf(command.options.at("rect"));
+    if (command.has("output"))
+        options.outputPath = QString::fromStdString(command.options.at("output"));
+    options.save = command.has("save");
+    options.copy = command.has("copy");
+    options.waitsForFiles = command.has("wait") || command.has("output");
+    return options;
+}
+
+} // namespace
+
+CommandRunner::CommandRunner(CaptureCoordinator& coordinator, AppDelegate& delegate, Account& account,
+                             Preferences& preferences, CaptureTrace& trace)
+    : m_coordinator(coordinator), m_delegate(delegate), m_account(account), m_preferences(preferences), m_trace(trace)
+{
+}
+
+void CommandRunner::run(const QStringList& arguments, quint64 requestID, Reply<CommandAnswer> reply)
+{
+    std::vector<std::string> texts;
+    for (const QString& argument : arguments)
+        texts.push_back(argument.toStdString());
+    const auto command = CommandLine::parse(texts, "/");
+    if (!command) {
+        reply({.exitCode = CommandLine::usageError, .error = QString::fromStdString(command.error())});
+    } else if (command->name == "capture") {
+        m_trace.begin();
+        m_account.whenKnown([this, command = *command, requestID, reply] { capture(command, requestID, reply); });
+    } else if (command->name == "preferences") {
+        reply(PreferencesCommand::run(m_preferences.defaults(), operandsOf(*command)));
+    } else if (command->name == "sign-in" || command->name == "sign-out") {
+        runAccountCommand(*command, m_account, m_preferences.defaults(), reply);
+    } else {
+        reply({});
+        if (command->name == "quit")
+            m_delegate.quit("command");
+        else if (command->name == "url")
+            m_delegate.handleURL(QString::fromStdString(command->operands.front()));
+        else if (!command->has("background"))
+            m_delegate.applicationShouldHandleReopen();
+    }
+}
+
+void CommandRunner::cancel(quint64 requestID)
+{
+    m_coordinator.cancel(requestID);
+}
+
+void CommandRunner::capture(const Command& command, quint64 requestID, Reply<CommandAnswer> reply)
+{
+    const CaptureOptions options = optionsOf(command);
+    const bool asJson = command.has("json");
+    m_coordinator.capture({
+        .mode = *fromRawString<CaptureMode>(QString::fromStdString(command.operands.front())),
+        .options = options,
+        .reply = CaptureReply([reply, waited = options.waitsForFiles, asJson](const CaptureOutcome& outcome) {
+            reply(CaptureReport::answer(outcome, waited, asJson));
+        }),
+        .id = requestID,
+    });
+}
+
+void CommandRunner::runAccountCommand(const Command& command, Account& account, UserDefaults& defaults,
+                                      Reply<CommandAnswer> reply)
+{
+    const bool signsIn = command.name == "sign-in";
+    const auto answer = [reply, signsIn, &defaults](bool isDone) {
+        if (isDone && signsIn)
+            defaults.set("hasCompletedOnboarding", true);
+        reply(isDone ? CommandAnswer{}
+                     : CommandAnswer{.exitCode = CommandLine::failed, .error = "the account could not be stored"});
+    };
+    if (signsIn)
+        account.signInLocally(answer);
+    else
+        account.signOut(answer);
+}
+
+} // namespace Kovrel

@@ -1,0 +1,130 @@
+#include "app/AppPaths.h"
+#include "app/Application.h"
+#include "app/DesktopSession.h"
+#include "app/PreferencesCommand.h"
+
+#include <QApplication>
+
+#include <csignal>
+#include <cstdio>
+#include <malloc.h>
+#include <unistd.h>
+
+namespace Kovrel {
+
+namespace {
+
+// 4K images lie just under glibc's growing threshold and would stay resident when freed.
+constexpr int largestHeapBlock = 1 << 20;
+
+int report(const CommandAnswer& answer)
+{
+    std::fputs(qUtf8Printable(answer.output), stdout);
+    if (!answer.error.isEmpty())
+        std::fprintf(stderr, "kovrel: %s\n", qUtf8Printable(answer.error));
+    return answer.exitCode;
+}
+
+QStringList toTexts(const std::vector<std::string>& texts)
+{
+    QStringList result;
+    for (const std::string& text : texts)
+        result << QString::fromStdString(text);
+    return result;
+}
+
+// Commands that need neither a display nor the rest of the program.
+int runWithoutInstance(const Command& command, int& argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    UserDefaults defaults(AppPaths::preferencesFile());
+    Preferences::registerDefaults(defaults);
+    if (command.name == "preferences")
+        return report(PreferencesCommand::run(defaults, toTexts(command.operands)));
+    QtMainLoop loop;
+    ThreadWorkers workers;
+    FileTokenStore tokens(loop, workers, AppPaths::dataFolder());
+    KeychainTokenStore secrets(loop, std::chrono::seconds(5));
+    Account account(tokens, secrets);
+    CommandAnswer result;
+    CommandRunner::runAccountCommand(command, account, defaults, [&](const CommandAnswer& answer) {
+        result = answer;
+        QCoreApplication::quit();
+    });
+    QCoreApplication::exec();
+    return report(result);
+}
+
+// What was said while starting went to whoever started us; from now on it belongs into the journal.
+void moveLogToJournal()
+{
+    bool isNumber = false;
+    const int journal = qEnvironmentVariable("KOVREL_LOG_FD").toInt(&isNumber);
+    if (!isNumber)
+        return;
+    dup2(journal, STDERR_FILENO);
+    close(journal);
+    qunsetenv("KOVREL_LOG_FD");
+}
+
+int complain(const QString& line)
+{
+    std::fprintf(stderr, "kovrel: %s\n", qUtf8Printable(line));
+    return CommandLine::failed;
+}
+
+int runInstance(const Command& command, int& argc, char** argv)
+{
+    if (DesktopSession::kind() == DesktopSession::Kind::none)
+        return complain("there is no display to capture: DISPLAY is not set");
+    if (DesktopSession::kind() == DesktopSession::Kind::x11 && !X11Connection().isAlive())
+        return complain("the display " + qEnvironmentVariable("DISPLAY") + " can't be reached");
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setApplicationName("Kovrel");
+    QApplication::setDesktopFileName("com.kovrel.Kovrel");
+    if (!DesktopSession::obstacle().isEmpty())
+        complain(DesktopSession::obstacle());
+
+    Application kovrel(
+        {.files = {}, .isLoginItem = command.has("background"), .build = KOVREL_BUILD, .version = KOVREL_VERSION});
+    const InstanceBus::Claim claim = kovrel.claimInstance();
+    if (claim == InstanceBus::Claim::taken) {
+        if (!command.has("background"))
+            InstanceBus::activateOwner();
+        return CommandLine::done;
+    }
+    if (claim == InstanceBus::Claim::noBus)
+        complain("there is no session bus; commands from other processes can't reach this one");
+    kovrel.start();
+    moveLogToJournal();
+    int exitCode = CommandLine::done;
+    if (command.name != "start")
+        kovrel.run(toTexts(command.arguments()), [&exitCode](const CommandAnswer& answer) {
+            exitCode = report(answer);
+            QCoreApplication::quit();
+        });
+    QApplication::exec();
+    return exitCode;
+}
+
+} // namespace
+
+} // namespace Kovrel
+
+// What the thin front calls: the command's arguments, without the program's name.
+extern "C" __attribute__((visibility("default"))) int kovrelMain(const char* const* arguments, int count)
+{
+    using namespace Kovrel;
+    mallopt(M_MMAP_THRESHOLD, largestHeapBlock);
+    std::signal(SIGPIPE, SIG_IGN);
+    const auto command = CommandLine::parse({arguments, arguments + count}, "/");
+    if (!command)
+        return complain(QString::fromStdString(command.error()));
+    int argc = 1;
+    char name[] = "kovrel";
+    char* argv[] = {name, nullptr};
+    return CommandLine::runsWithoutInstance(*command) ? runWithoutInstance(*command, argc, argv)
+                                                      : runInstance(*command, argc, argv);
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+namespace Kovrel {
+
+// Windows of ours that float above everything and must not be in a capture. Main thread.
+class CaptureChrome {
+public:
+    virtual ~CaptureChrome() = default;
+
+    // Hides them, or shows again what this hid. Answers whether the screen changes by it.
+    virtual bool setHiddenForCapture(bool isHidden) = 0;
+};
+
+} // namespace Kovrel

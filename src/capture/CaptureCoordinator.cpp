@@ -1,0 +1,621 @@
+#include "capture/CaptureCoordinator.h"
+
+#include "capture/CaptureAccess.h"
+#include "capture/CaptureEffects.h"
+#include "capture/CaptureHistory.h"
+#include "capture/CaptureTrace.h"
+#include "capture/CardPile.h"
+#include "capture/SelectionGrabber.h"
+#include "capture/SourceAppResolver.h"
+#include "capture/Toasts.h"
+#include "platform/Displays.h"
+#include "platform/Pointer.h"
+#include "platform/Windows.h"
+#include "preferences/Preferences.h"
+
+#include <QCoreApplication>
+
+namespace Kovrel {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto livePickerMinAge = 700ms;
+constexpr auto credentialsMaxAge = 86400s;
+
+void give(CaptureReply reply, CaptureOutcome::Kind kind)
+{
+    reply.give({.kind = kind});
+}
+
+} // namespace
+
+CaptureCoordinator::CaptureCoordinator(CaptureServices services)
+    : m_services(services),
+      m_finisher(m_services),
+      m_textCapture(m_services, m_finisher),
+      m_selfTimer(m_services),
+      m_reopener(m_services),
+      m_scope(m_services.loop, m_services.workers)
+{
+}
+
+CaptureCoordinator::~CaptureCoordinator()
+{
+    // The runs that unwind now must not start what waits behind them.
+    m_queuedCapture.reset();
+}
+
+// --- Requests
+
+void CaptureCoordinator::capture(CaptureRequest request)
+{
+    m_services.trace.mark("t1 coordinator entry (" + rawString(request.mode) + ")");
+    m_services.history.suspendIndexing();
+    if (!m_isCapturing)
+        startRun(std::move(request));
+    else if (m_overlayIsUp)
+        arbitrateWithOverlay(std::move(request));
+    else
+        arbitrateWithoutOverlay(std::move(request));
+}
+
+void CaptureCoordinator::startRun(CaptureRequest request)
+{
+    if (!ensureScreenAccess()) {
+        if (m_activeRuns == 0)
+            m_services.history.scheduleIdleIndex();
+        give(std::move(request.reply), CaptureOutcome::Kind::refused);
+        return;
+    }
+    m_services.effects.prewarm();
+    m_isCapturing = true;
+    m_selectionUIDone = false;
+    m_currentRun = std::make_shared<CaptureRun>(CaptureRun{
+        .generation = ++m_runGeneration,
+        .mode = request.mode,
+        .options = request.options,
+        .reply = std::move(request.reply),
+        .requestID = request.id,
+    });
+    Scope::start(run(m_currentRun), "Capture");
+}
+
+void CaptureCoordinator::queueRequest(CaptureRequest request)
+{
+    if (m_queuedCapture)
+        give(std::move(m_queuedCapture->reply), CaptureOutcome::Kind::overwritten);
+    m_queuedCapture = std::move(request);
+}
+
+void CaptureCoordinator::arbitrateWithoutOverlay(CaptureRequest request)
+{
+    if (m_selectionUIDone) {
+        queueRequest(std::move(request));
+        m_services.trace.mark("  shot landed \u2014 QUEUED");
+    } else if (m_services.engine.cancelInteractivePick(livePickerMinAge)) {
+        queueRequest(std::move(request));
+        m_services.trace.mark("  picker live \u2014 RESTARTING");
+    } else {
+        m_services.trace.mark("  aim not up yet \u2014 press ignored");
+        give(std::move(request.reply), CaptureOutcome::Kind::ignored);
+    }
+}
+
+bool CaptureCoordinator::isSameAsOverlay(CaptureMode mode) const
+{
+    if (mode == CaptureMode::ocrRegion)
+        return m_overlaySessionIsOCR;
+    if (m_overlaySessionIsOCR)
+        return false;
+    return (mode == CaptureMode::area && m_overlayMode == SelectionOverlay::Mode::areaDrag) ||
+           (mode == CaptureMode::window && m_overlayMode == SelectionOverlay::Mode::windowPick);
+}
+
+void CaptureCoordinator::arbitrateWithOverlay(CaptureRequest request)
+{
+    const QString mode = rawString(request.mode);
+    // A selection made beforehand has nothing to do with the overlay that is up.
+    if (!isSameAsOverlay(request.mode) || request.options.rect) {
+        queueRequest(std::move(request));
+        m_services.trace.mark("  overlay live \u2014 SWITCHING to " + mode);
+        m_services.overlay.cancel();
+    } else if (m_services.overlay.isCommitting()) {
+        queueRequest(std::move(request));
+        m_services.trace.mark("  drag committing \u2014 press QUEUED as next capture");
+    } else {
+        m_services.overlay.reassertPresence();
+        m_services.trace.mark("  overlay already in " + mode + " mode \u2014 re-asserted");
+        give(std::move(request.reply), CaptureOutcome::Kind::ignored);
+    }
+}
+
+void CaptureCoordinator::cancelAim()
+{
+    if (m_overlayIsUp)
+        m_services.overlay.cancel();
+}
+
+void CaptureCoordinator::cancelCountdown()
+{
+    m_selfTimer.cancel();
+}
+
+void CaptureCoordinator::cancel(quint64 requestID)
+{
+    if (m_queuedCapture && m_queuedCapture->id == requestID)
+        m_queuedCapture.reset();
+    if (m_currentRun && m_currentRun->requestID == requestID && !m_selectionUIDone) {
+        cancelAim();
+        cancelCountdown();
+    }
+}
+
+// --- Access
+
+bool CaptureCoordinator::ensureScreenAccess()
+{
+    m_services.access.abandonColorPicking();
+    if (m_services.access.isSignedIn()) {
+        m_services.access.refreshCredentials(credentialsMaxAge);
+        return ensurePermission();
+    }
+    if (m_services.preferences.defaults().boolean("hasCompletedOnboarding"))
+        m_services.access.showHome();
+    else
+        m_services.access.showOnboarding(true);
+    return false;
+}
+
+bool CaptureCoordinator::ensurePermission()
+{
+    if (m_services.access.mayRecordScreen())
+        return true;
+    if (m_services.preferences.defaults().boolean("hasCompletedOnboarding"))
+        m_services.access.showPermissionWindow();
+    else
+        m_services.access.showOnboarding(false);
+    return false;
+}
+
+// --- Runs
+
+QCoro::Task<> CaptureCoordinator::run(Run run)
+{
+    ++m_activeRuns;
+    const auto leave = qScopeGuard([this, run] { leaveRun(run); });
+    co_await dispatch(run);
+}
+
+QCoro::Task<> CaptureCoordinator::dispatch(Run run)
+{
+    switch (run->mode) {
+    case CaptureMode::area:
+        return runAreaSelection(run, false);
+    case CaptureMode::window:
+        return runWindowSelection(run);
+    case CaptureMode::fullScreen:
+        return runFullScreen(run, {}, {});
+    case CaptureMode::lastArea:
+        return runLastArea(run);
+    case CaptureMode::ocrRegion:
+        return runAreaSelection(run, true);
+    case CaptureMode::timed:
+        return runTimed(run);
+    }
+    Q_UNREACHABLE();
+}
+
+void CaptureCoordinator::leaveRun(Run run)
+{
+    --m_activeRuns;
+    selectionEnded(run);
+    run->reply.give({});
+    if (m_activeRuns == 0)
+        m_services.history.scheduleIdleIndex();
+}
+
+void CaptureCoordinator::leaveInteractivePhase(Run run)
+{
+    if (run->generation == m_runGeneration)
+        m_selectionUIDone = true;
+}
+
+void CaptureCoordinator::selectionEnded(Run run, std::optional<DisplayArea> area)
+{
+    if (std::exchange(run->hasEndedSelection, true))
+        return;
+    if (m_chromeHiddenBy == run->generation) {
+        m_chromeHiddenBy.reset();
+        m_services.cards.setHiddenForCapture(false);
+        m_services.historyWindow.setHiddenForCapture(false);
+        m_services.toasts.setHiddenForCapture(false);
+    }
+    if (area)
+        m_lastArea = area;
+    if (run->generation != m_runGeneration)
+        return;
+    m_selectionUIDone = true;
+    if (std::exchange(m_isCapturing, false) && m_queuedCapture)
+        capture(*std::exchange(m_queuedCapture, std::nullopt));
+    flushDeferredForeground();
+}
+
+void CaptureCoordinator::abandon(Run run, const QString& message)
+{
+    selectionEnded(run);
+    if (run->mode != CaptureMode::ocrRegion)
+        m_services.cards.settleAfterAbandonedCapture();
+    if (!message.isEmpty())
+        run->fail(message);
+}
+
+void CaptureCoordinator::whenForegroundIsFree(std::function<void()> work)
+{
+    m_deferredForeground.push_back(std::move(work));
+    flushDeferredForeground();
+}
+
+void CaptureCoordinator::flushDeferredForeground()
+{
+    if (m_isCapturing)
+        return;
+    for (const auto& work : std::exchange(m_deferredForeground, {}))
+        work();
+}
+
+void CaptureCoordinator::onCaptureFinished(std::function<void(const CaptureResult&)> observer)
+{
+    m_finisher.onCaptureFinished(std::move(observer));
+}
+
+// --- What all flows use
+
+bool CaptureCoordinator::hideChrome(Run run, bool withToasts)
+{
+    if (!m_services.preferences.defaults().boolean("hideChromeFromRecordings"))
+        return false;
+    m_chromeHiddenBy = run->generation;
+    bool changesScreen = m_services.cards.setHiddenForCapture(true);
+    changesScreen |= m_services.historyWindow.setHiddenForCapture(true);
+    if (withToasts)
+        changesScreen |= m_services.toasts.setHiddenForCapture(true);
+    return changesScreen;
+}
+
+QCoro::Task<> CaptureCoordinator::hideChromeAndRepaint(Run run)
+{
+    const bool changesScreen = hideChrome(run, true);
+    if (changesScreen || run->options.waitsForRepaint)
+        co_await m_scope.reply<bool>([this](auto done) { m_services.pixels.whenRepainted(done); });
+}
+
+QCoro::Task<std::optional<Display>> CaptureCoordinator::screenUnderMouse()
+{
+    const std::optional<PointerPosition> pointer = co_await m_scope.reply<std::optional<PointerPosition>>(
+        [this](auto done) { m_services.pointer.position(done); });
+    const DisplayList displays = m_services.displays.all();
+    const Display* display = pointer ? displayWithID(displays, pointer->displayID) : nullptr;
+    if (!display)
+        display = primaryDisplay(displays);
+    co_return display ? std::optional(*display) : std::nullopt;
+}
+
+QCoro::Task<std::optional<SourceApp>> CaptureCoordinator::sourceAppUnder(QRect rootPixels)
+{
+    using List = std::optional<std::vector<WindowInfo>>;
+    const List windows = co_await m_scope.reply<List>([this](auto done) { m_services.windows.list(done); });
+    if (!windows)
+        co_return std::nullopt;
+    co_return SourceAppResolver::resolve(*windows, rootPixels, QCoreApplication::applicationPid());
+}
+
+// --- Area and window
+
+void CaptureCoordinator::armOverlayModeTracking(SelectionOverlay::Mode initial, bool isOCR)
+{
+    m_overlayMode = initial;
+    m_overlaySessionIsOCR = isOCR;
+    m_services.overlay.onModeChange([this](SelectionOverlay::Mode mode) { m_overlayMode = mode; });
+}
+
+QCoro::Task<SelectionResult> CaptureCoordinator::select(Run run, SelectionOverlay::Mode mode, bool ocrOnly)
+{
+    const bool isWindowPick = mode == SelectionOverlay::Mode::windowPick;
+    armOverlayModeTracking(mode, ocrOnly);
+    if (!isWindowPick)
+        m_services.trace.mark("t1b runAreaSelection \u2192 overlay");
+    m_overlayIsUp = true;
+    auto result = m_scope.reply<SelectionResult>([&](auto done) { m_services.overlay.begin(mode, done); });
+    m_services.trace.mark(isWindowPick ? "t1c window picker up" : "t1c overlay up");
+    hideChrome(run, true);
+    m_services.grabber.prewarm();
+    m_services.overlay.applyFrozenImages();
+    SelectionResult selection = co_await result;
+    m_overlayIsUp = false;
+    leaveInteractivePhase(run);
+    co_return selection;
+}
+
+QCoro::Task<> CaptureCoordinator::runAreaSelection(Run run, bool ocrOnly)
+{
+    if (run->options.rect) {
+        co_await runGivenArea(run, ocrOnly);
+        co_return;
+    }
+    SelectionResult selection = co_await select(run, SelectionOverlay::Mode::areaDrag, ocrOnly);
+    co_await takeSelection(run, std::move(selection), ocrOnly);
+}
+
+QCoro::Task<> CaptureCoordinator::runWindowSelection(Run run)
+{
+    const std::optional<Display> display = co_await screenUnderMouse();
+    prewarmWindowBackdrop(display);
+    SelectionResult selection = co_await select(run, SelectionOverlay::Mode::windowPick, false);
+    co_await takeSelection(run, std::move(selection), false);
+}
+
+QCoro::Task<> CaptureCoordinator::takeSelection(Run run, SelectionResult selection, bool ocrOnly)
+{
+    // The overlay lets the user change between an area and a window.
+    if (const auto* area = std::get_if<SelectedArea>(&selection)) {
+        run->mode = ocrOnly ? CaptureMode::ocrRegion : CaptureMode::area;
+        co_await takeArea(run, area->rootPixels, ocrOnly);
+    } else if (auto* windows = std::get_if<SelectedWindows>(&selection)) {
+        run->mode = ocrOnly ? CaptureMode::ocrRegion : CaptureMode::window;
+        co_await takeWindows(run, std::move(windows->ids), ocrOnly);
+    } else {
+        abandon(run, {});
+    }
+}
+
+QCoro::Task<> CaptureCoordinator::takeArea(Run run, QRect rootPixels, bool ocrOnly)
+{
+    FrozenScreens frozen = m_services.overlay.takeFrozenImages();
+    const auto frozenCount = frozen.size();
+    const std::optional<Display> display = co_await screenUnderMouse();
+    std::optional<QImage> image = co_await m_scope.reply<std::optional<QImage>>(
+        [&](auto done) { m_services.grabber.grab(rootPixels, std::move(frozen), done); });
+    m_services.trace.mark(QString("selection committed \u2192 pixels in hand (frozen %1)").arg(frozenCount));
+    if (!image)
+        image = co_await fallbackAreaGrab(rootPixels);
+    if (!image || !display) {
+        abandon(run, "The selected area could not be captured");
+        co_return;
+    }
+    co_await finishArea(run, *image, rootPixels, *display, ocrOnly);
+}
+
+QCoro::Task<std::optional<QImage>> CaptureCoordinator::fallbackAreaGrab(QRect rootPixels)
+{
+    // The overlay was there a moment ago.
+    co_await m_scope.reply<bool>([this](auto done) { m_services.pixels.whenRepainted(done); });
+    std::optional<PixelSource::Grab> live = co_await m_scope.join(m_services.engine.pixels(rootPixels, false));
+    co_return live ? std::optional(live->image) : std::nullopt;
+}
+
+QCoro::Task<> CaptureCoordinator::runGivenArea(Run run, bool ocrOnly)
+{
+    leaveInteractivePhase(run);
+    co_await hideChromeAndRepaint(run);
+    const DisplayList displays = m_services.displays.all();
+    const Display* primary = primaryDisplay(displays);
+    if (!primary) {
+        abandon(run, "There is no display to capture");
+        co_return;
+    }
+    const Rect& given = *run->options.rect;
+    const Rect rect{given.x, primary->frame.height - given.maxY(), given.width, given.height};
+    const Display* under = displayContaining(displays, rect.centre());
+    const Display display = under ? *under : *primary;
+    const QRect rootPixels = display.toPixels(rect);
+    std::optional<PixelSource::Grab> grab = co_await m_scope.join(m_services.engine.pixels(rootPixels, false));
+    if (!grab) {
+        abandon(run, "The area lies on no display, or could not be captured");
+        co_return;
+    }
+    co_await finishArea(run, grab->image, rootPixels, display, ocrOnly);
+}
+
+QCoro::Task<> CaptureCoordinator::finishArea(Run run, QImage image, QRect rootPixels, Display display, bool ocrOnly)
+{
+    if (!ocrOnly) {
+        m_services.effects.playShutterIfEnabled();
+        m_services.cards.prepareForIncomingCapture(display.id);
+    }
+    selectionEnded(run, DisplayArea{display.id, rootPixels.translated(-display.pixelRect.topLeft())});
+    CaptureFinisher::Pixels pixels{
+        .image = std::move(image),
+        .mode = run->mode,
+        .displayID = display.id,
+        .pixelScale = display.scale,
+        .sourceApp = {},
+    };
+    pixels.sourceApp = co_await sourceAppUnder(rootPixels);
+    if (ocrOnly)
+        co_await m_scope.join(m_textCapture.runOCR(std::move(pixels), run));
+    else
+        co_await m_scope.join(m_finisher.finish(std::move(pixels), run));
+}
+
+QCoro::Task<> CaptureCoordinator::takeWindows(Run run, std::vector<quint32> ids, bool ocrOnly)
+{
+    const std::optional<Display> display = co_await screenUnderMouse();
+    std::optional<QImage> image =
+        co_await m_scope.reply<std::optional<QImage>>([&](auto done) { m_services.grabber.grabWindows(ids, done); });
+    m_services.trace.mark(QString("window pick \u2192 pixels in hand (in-process %1)").arg(image ? "true" : "false"));
+    if (!image && !ids.empty()) {
+        std::optional<PixelSource::Grab> grab = co_await m_scope.join(m_services.engine.window(ids.front()));
+        if (grab)
+            image = grab->image;
+    }
+    if (!image) {
+        abandon(run, "The window could not be captured");
+        co_return;
+    }
+    if (!ocrOnly) {
+        m_services.effects.playShutterIfEnabled();
+        m_services.cards.prepareForIncomingCapture(display ? std::optional(display->id) : std::nullopt);
+    }
+    selectionEnded(run);
+    CaptureFinisher::Pixels picked{
+        .image = *image,
+        .mode = run->mode,
+        .displayID = display ? std::optional(display->id) : std::nullopt,
+        .pixelScale = display ? display->scale : 2.0,
+        .sourceApp = {},
+    };
+    using List = std::optional<std::vector<WindowInfo>>;
+    const List windows = co_await m_scope.reply<List>([this](auto done) { m_services.windows.list(done); });
+    for (const WindowInfo& window : windows.value_or(std::vector<WindowInfo>{}))
+        if (!ids.empty() && window.id == ids.front())
+            picked.sourceApp = window.app;
+    if (ocrOnly)
+        co_await m_scope.join(m_textCapture.runOCR(std::move(picked), run));
+    else
+        co_await finishWindowPick(run, std::move(picked));
+}
+
+void CaptureCoordinator::prewarmWindowBackdrop(std::optional<Display> display)
+{
+    if (!display || m_windowModeWallpaperPrewarm ||
+        m_services.preferences.windowBackdropStyle() != WindowBackdropStyle::wallpaper)
+        return;
+    const int size = std::max(display->pixelRect.width(), display->pixelRect.height());
+    m_windowModePrewarmedDisplayID = display->id;
+    m_windowModeWallpaperPrewarm = m_scope.reply<std::optional<QImage>>(
+        [&](auto done) { m_services.backdrop.wallpaper(display->id, size, done); });
+}
+
+QCoro::Task<> CaptureCoordinator::finishWindowPick(Run run, CaptureFinisher::Pixels picked)
+{
+    const WindowBackdropStyle style = m_services.preferences.windowBackdropStyle();
+    auto prewarm = std::exchange(m_windowModeWallpaperPrewarm, std::nullopt);
+    const bool isHit = prewarm && m_windowModePrewarmedDisplayID == picked.displayID;
+    std::optional<QImage> wallpaper;
+    if (style == WindowBackdropStyle::wallpaper) {
+        if (!isHit && picked.displayID) {
+            const int size = std::max(picked.image.width(), picked.image.height());
+            prewarm = m_scope.reply<std::optional<QImage>>(
+                [&](auto done) { m_services.backdrop.wallpaper(*picked.displayID, size, done); });
+        }
+        if (prewarm)
+            wallpaper = co_await *prewarm;
+        m_services.trace.mark(QString("t4b wallpaper ready (prewarm %1)").arg(isHit ? "HIT" : "MISS"));
+    }
+    const QImage window = picked.image;
+    auto composed =
+        m_scope.reply<ComposedCapture>([&](auto done) { m_services.backdrop.compose(window, style, wallpaper, done); });
+    co_await m_scope.join(m_finisher.finish(std::move(picked), run, std::move(composed)));
+}
+
+// --- Full screen, last area, timed
+
+QCoro::Task<> CaptureCoordinator::runFullScreen(Run run, std::optional<Display> on, std::optional<Display> previewOn)
+{
+    if (run->mode == CaptureMode::fullScreen) {
+        leaveInteractivePhase(run);
+        co_await hideChromeAndRepaint(run);
+    }
+    std::optional<Display> target = on;
+    if (!target)
+        target = co_await screenUnderMouse();
+    if (!target) {
+        abandon(run, "There is no display to capture");
+        co_return;
+    }
+    m_services.cards.prepareForIncomingCapture(previewOn.value_or(*target).id);
+    const bool showCursor = m_services.preferences.defaults().boolean("showCursorInCapture");
+    std::optional<PixelSource::Grab> grab =
+        co_await m_scope.join(m_services.engine.pixels(target->pixelRect, showCursor));
+    m_services.trace.mark(
+        QString("t2 display grabbed in-process (%1)").arg(grab && grab->isInProcess ? "true" : "false"));
+    if (!grab) {
+        abandon(run, "The display could not be captured");
+        co_return;
+    }
+    m_services.effects.playShutterIfEnabled();
+    selectionEnded(run);
+    CaptureFinisher::Pixels pixels{
+        .image = grab->image,
+        .mode = run->mode,
+        .displayID = target->id,
+        .pixelScale = target->scale,
+        .sourceApp = {},
+    };
+    pixels.sourceApp = co_await sourceAppUnder(target->pixelRect);
+    co_await m_scope.join(m_finisher.finish(std::move(pixels), run));
+}
+
+QCoro::Task<> CaptureCoordinator::runLastArea(Run run)
+{
+    if (!m_lastArea) {
+        run->mode = CaptureMode::area;
+        co_await runAreaSelection(run, false);
+        co_return;
+    }
+    leaveInteractivePhase(run);
+    co_await hideChromeAndRepaint(run);
+    const DisplayList displays = m_services.displays.all();
+    const Display* remembered = displayWithID(displays, m_lastArea->displayID);
+    std::optional<Display> display;
+    if (remembered)
+        display = *remembered;
+    else
+        display = co_await screenUnderMouse();
+    if (!display) {
+        abandon(run, "There is no display to capture");
+        co_return;
+    }
+    const QRect rootPixels = m_lastArea->pixels.translated(display->pixelRect.topLeft());
+    std::optional<PixelSource::Grab> grab = co_await m_scope.join(m_services.engine.pixels(rootPixels, false));
+    if (!grab) {
+        abandon(run, "The last area could not be captured");
+        co_return;
+    }
+    co_await finishArea(run, grab->image, rootPixels, *display, false);
+}
+
+QCoro::Task<> CaptureCoordinator::runTimed(Run run)
+{
+    const std::optional<Display> screen = co_await screenUnderMouse();
+    if (!screen) {
+        abandon(run, "There is no display to capture");
+        co_return;
+    }
+    hideChrome(run, false);
+    const bool isDone = co_await m_scope.join(m_selfTimer.countDown(screen->id));
+    if (!isDone) {
+        abandon(run, {});
+        co_return;
+    }
+    // The toast is fading out; it must not be in the picture.
+    m_chromeHiddenBy = run->generation;
+    m_services.toasts.setHiddenForCapture(true);
+    leaveInteractivePhase(run);
+    co_await m_scope.reply<bool>([this](auto done) { m_services.pixels.whenRepainted(done); });
+    std::optional<Display> previewOn = co_await screenUnderMouse();
+    const DisplayList displays = m_services.displays.all();
+    const Display* remembered = displayWithID(displays, screen->id);
+    co_await runFullScreen(run, remembered ? std::optional(*remembered) : previewOn, previewOn);
+}
+
+// --- Reopening
+
+void CaptureCoordinator::reopenClosed()
+{
+    reopenClosed([](bool) {});
+}
+
+void CaptureCoordinator::reopenClosed(std::function<void(bool)> reply)
+{
+    m_reopener.reopenClosed(std::move(reply));
+}
+
+void CaptureCoordinator::presentFromHistory(QUuid id, std::function<void(bool)> reply)
+{
+    m_reopener.presentFromHistory(id, std::move(reply));
+}
+
+} // namespace Kovrel

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "capture/CaptureRun.h"
+#include "capture/CaptureSave.h"
+#include "capture/CaptureServices.h"
+#include "capture/WindowBackdrop.h"
+#include "platform/Scope.h"
+#include "saving/EncodedPng.h"
+
+#include <memory>
+
+namespace Kovrel {
+
+// Turns pixels in hand into a finished capture: the record, the notification, file, clipboard, history, card, editor.
+// Main thread.
+class CaptureFinisher {
+public:
+    struct Pixels {
+        QImage image;
+        CaptureMode mode = CaptureMode::area;
+        std::optional<quint32> displayID;
+        double pixelScale = 2.0;
+        std::optional<SourceApp> sourceApp;
+    };
+
+    // The window path's composition that is still being made.
+    using PendingComposition = std::optional<Wait<ComposedCapture>>;
+
+    explicit CaptureFinisher(CaptureServices& services);
+
+    // Called with each finished capture, pixels included, before anything else is done with it.
+    void onCaptureFinished(std::function<void(const CaptureResult&)> observer);
+
+    QCoro::Task<> finish(Pixels pixels, std::shared_ptr<CaptureRun> run, PendingComposition pendingFully = {});
+
+    // A text capture keeps its picture in the history, and nothing else.
+    CaptureResult keepInHistory(Pixels pixels);
+
+    // The most recent save, for whoever must wait for it.
+    std::shared_ptr<CaptureSave> lastCaptureSave() const { return m_lastCaptureSave; }
+
+private:
+    struct Delivery;
+
+    CaptureResult makeResult(Pixels pixels) const;
+    Delivery planDelivery(const CaptureOptions& options) const;
+    std::shared_ptr<CaptureSave> startSave(const CaptureResult& result, const CaptureOptions& options,
+                                           std::shared_ptr<EncodedPng> png);
+    void presentCard(const CaptureResult& result, bool didCopy, std::shared_ptr<CaptureSave> save);
+    QCoro::Task<> reportWhenOnDisk(CaptureOutcome outcome, std::shared_ptr<CaptureRun> run,
+                                   std::shared_ptr<CaptureSave> save,
+                                   std::optional<Wait<std::optional<QString>>> record);
+
+    CaptureServices& m_services;
+    std::vector<std::function<void(const CaptureResult&)>> m_observers;
+    std::shared_ptr<CaptureSave> m_lastCaptureSave;
+    Scope m_scope;
+};
+
+} // namespace Kovrel

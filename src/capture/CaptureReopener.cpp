@@ -1,0 +1,50 @@
+#include "capture/CaptureReopener.h"
+
+#include "capture/CaptureHistory.h"
+#include "capture/CardPile.h"
+#include "capture/ReopenLedger.h"
+#include "platform/Pointer.h"
+
+namespace Kovrel {
+
+CaptureReopener::CaptureReopener(CaptureServices& services)
+    : m_services(services), m_scope(services.loop, services.workers)
+{
+}
+
+void CaptureReopener::reopenClosed(std::function<void(bool)> reply)
+{
+    if (const auto id = m_services.ledger.takeLastClosed())
+        presentFromHistory(*id, std::move(reply));
+    else
+        reply(false);
+}
+
+void CaptureReopener::presentFromHistory(QUuid id, std::function<void(bool)> reply)
+{
+    Scope::start(reopen(id, std::move(reply)), "Reopening a capture");
+}
+
+QCoro::Task<> CaptureReopener::reopen(QUuid id, std::function<void(bool)> reply)
+{
+    if (!m_reopensInFlight.insert(id).second) {
+        reply(false);
+        co_return;
+    }
+    const auto leave = qScopeGuard([this, id] { m_reopensInFlight.erase(id); });
+    using Loaded = std::optional<CaptureHistory::Reopened>;
+    Loaded loaded = co_await m_scope.reply<Loaded>([&](auto done) { m_services.history.load(id, done); });
+    using Position = std::optional<PointerPosition>;
+    const Position pointer = co_await m_scope.reply<Position>([this](auto done) { m_services.pointer.position(done); });
+    if (loaded)
+        m_services.cards.present({
+            .result = loaded->result,
+            .savedPath = loaded->savedPath,
+            .didCopyToClipboard = false,
+            .displayID = pointer ? std::optional(pointer->displayID) : std::nullopt,
+            .baseResult = loaded->base,
+        });
+    reply(loaded.has_value());
+}
+
+} // namespace Kovrel

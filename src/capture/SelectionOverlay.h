@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QImage>
+#include <QRect>
+
+#include <functional>
+#include <variant>
+#include <vector>
+
+namespace Kovrel {
+
+struct SelectedArea {
+    QRect rootPixels; // may span displays
+    bool operator==(const SelectedArea&) const = default;
+};
+
+struct SelectedWindows {
+    std::vector<quint32> ids; // two or more: the members of a tiled group
+    bool operator==(const SelectedWindows&) const = default;
+};
+
+struct SelectionCancelled {
+    bool operator==(const SelectionCancelled&) const = default;
+};
+
+using SelectionResult = std::variant<SelectedArea, SelectedWindows, SelectionCancelled>;
+
+// What one display showed when the selection began.
+struct FrozenScreen {
+    quint32 displayID = 0;
+    QRect pixelRect; // on the root window
+    QImage image;
+};
+
+using FrozenScreens = std::vector<FrozenScreen>;
+
+// The layer over all displays on which an area is dragged out or a window is picked. Main thread.
+class SelectionOverlay {
+public:
+    enum class Mode { areaDrag, windowPick };
+
+    virtual ~SelectionOverlay() = default;
+
+    // Opens the overlay. The completion is called exactly once, never inside this call, when it has closed.
+    virtual void begin(Mode mode, std::function<void(SelectionResult)> completion) = 0;
+    // The overlay's mode as the user switches it, until the session ends.
+    virtual void onModeChange(std::function<void(Mode)> callback) = 0;
+    // Freezes the displays as they look now and shows that, when the user wants frozen screens.
+    virtual void applyFrozenImages() = 0;
+    // The frozen images of the session that ended, which the overlay then no longer owns. Empty when it was live.
+    virtual FrozenScreens takeFrozenImages() = 0;
+    // Back to the front, crosshair included.
+    virtual void reassertPresence() = 0;
+    // Ends the session as cancelled.
+    virtual void cancel() = 0;
+    virtual bool isCommitting() const = 0;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,65 @@
+#include "capture/SelfTimer.h"
+
+#include "capture/Toasts.h"
+#include "platform/KeyGrabs.h"
+#include "preferences/Preferences.h"
+
+namespace Kovrel {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr KeyCombo escape{53, 0};
+constexpr double untilUpdated = 3600; // the count keeps the toast up, not its linger
+
+ToastContent countToast(int seconds)
+{
+    return {.message = QString("Capturing in %1\u2026").arg(seconds), .icon = "timer", .dwell = untilUpdated};
+}
+
+} // namespace
+
+SelfTimer::SelfTimer(CaptureServices& services) : m_services(services), m_scope(services.loop, services.workers) {}
+
+SelfTimer::~SelfTimer()
+{
+    m_services.loop.cancel(m_secondTimer);
+}
+
+void SelfTimer::cancel()
+{
+    m_services.loop.cancel(m_secondTimer);
+    if (const auto end = std::exchange(m_endOfSecond, nullptr))
+        end(false);
+}
+
+QCoro::Task<bool> SelfTimer::countDown(std::optional<quint32> displayID)
+{
+    const auto grab = m_services.keys.grab(escape, [this] { cancel(); });
+    const auto atEnd = qScopeGuard([this, grab] {
+        if (grab)
+            m_services.keys.release(*grab);
+        m_services.toasts.dismiss(true);
+    });
+    int remaining = m_services.preferences.selfTimerSeconds();
+    m_services.toasts.present(countToast(remaining), displayID, false);
+    while (remaining > 0) {
+        const bool goesOn = co_await oneSecond();
+        if (!goesOn)
+            co_return false;
+        if (--remaining > 0)
+            m_services.toasts.update(countToast(remaining), false);
+    }
+    co_return true;
+}
+
+Wait<bool> SelfTimer::oneSecond()
+{
+    return m_scope.reply<bool>([this](Reply<bool> done) {
+        m_endOfSecond = done;
+        m_secondTimer = m_services.loop.after(1s, [this] { std::exchange(m_endOfSecond, nullptr)(true); });
+    });
+}
+
+} // namespace Kovrel

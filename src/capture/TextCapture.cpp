@@ -1,0 +1,77 @@
+#include "capture/TextCapture.h"
+
+#include "capture/CaptureDelivery.h"
+#include "capture/CaptureHistory.h"
+#include "capture/TextReader.h"
+#include "capture/Toasts.h"
+
+namespace Kovrel {
+
+namespace {
+
+constexpr int previewLength = 80;
+
+// Codes stand behind the text, each on a line of its own.
+QString composedText(const TextReader::Reading& reading)
+{
+    QStringList parts = reading.codePayloads;
+    if (!reading.text.isEmpty())
+        parts.prepend(reading.text);
+    return parts.join('\n');
+}
+
+QString preview(const QString& text)
+{
+    const QString line = text.simplified();
+    return line.size() <= previewLength ? line : line.left(previewLength - 1) + QChar(0x2026);
+}
+
+ToastContent confirmation(const TextReader::Reading& reading)
+{
+    const bool hasText = !reading.text.isEmpty();
+    const qsizetype codes = reading.codePayloads.size();
+    if (!hasText && codes == 0)
+        return {.message = "No text found in the capture", .icon = "text.viewfinder"};
+    if (hasText && codes > 0)
+        return {.message = "Text and QR code copied", .icon = "doc.on.clipboard.fill", .copied = true};
+    if (hasText)
+        return {.message = preview(reading.text), .icon = "doc.on.clipboard.fill", .copied = true};
+    return {.message = codes == 1 ? QString("QR code copied") : QString("%1 QR codes copied").arg(codes),
+            .subtitle = preview(reading.codePayloads.first()),
+            .icon = "qrcode",
+            .copied = true};
+}
+
+} // namespace
+
+TextCapture::TextCapture(CaptureServices& services, CaptureFinisher& finisher)
+    : m_services(services), m_finisher(finisher), m_scope(services.loop, services.workers)
+{
+}
+
+QCoro::Task<> TextCapture::runOCR(CaptureFinisher::Pixels pixels, std::shared_ptr<CaptureRun> run)
+{
+    const int generation = ++m_generation;
+    const QImage image = pixels.image;
+    const double scale = pixels.pixelScale;
+    m_services.toasts.present({.message = "Extracting text\u2026", .icon = "text.viewfinder", .showsSpinner = true},
+                              pixels.displayID, false);
+    CaptureResult result = m_finisher.keepInHistory(std::move(pixels));
+
+    TextReader::Reading reading =
+        co_await m_scope.reply<TextReader::Reading>([&](auto done) { m_services.textReader.read(image, scale, done); });
+    const QString text = composedText(reading);
+    if (!text.isEmpty())
+        m_services.history.setText(result.id, text);
+    if (generation == m_generation) {
+        if (!text.isEmpty())
+            m_services.delivery.copyText(text);
+        m_services.toasts.update(confirmation(reading), true);
+    }
+    CaptureOutcome outcome{
+        .kind = CaptureOutcome::Kind::finished, .result = result, .pixelSize = image.size(), .text = text};
+    outcome.result->image = {};
+    run->reply.give(std::move(outcome));
+}
+
+} // namespace Kovrel

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "capture/CaptureFinisher.h"
+
+namespace Kovrel {
+
+// The capture whose text is wanted: reads the picture, copies what it says and confirms it with a toast. Main thread.
+class TextCapture {
+public:
+    TextCapture(CaptureServices& services, CaptureFinisher& finisher);
+
+    // A newer text capture makes an older one silent.
+    QCoro::Task<> runOCR(CaptureFinisher::Pixels pixels, std::shared_ptr<CaptureRun> run);
+
+private:
+    CaptureServices& m_services;
+    CaptureFinisher& m_finisher;
+    int m_generation = 0;
+    Scope m_scope;
+};
+
+} // namespace Kovrel

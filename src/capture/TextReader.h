@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/Reply.h"
+
+#include <QImage>
+#include <QStringList>
+
+namespace Kovrel {
+
+// Reads the text and the codes in a picture. Main thread; the work is done elsewhere.
+class TextReader {
+public:
+    struct Reading {
+        QString text; // in reading order
+        QStringList codePayloads;
+    };
+
+    virtual ~TextReader() = default;
+    virtual void read(QImage image, double pixelScale, Reply<Reading> reply) = 0;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,91 @@
+#include "client/Instance.h"
+#include "commandline/CommandLine.h"
+
+#include <climits>
+#include <cstdio>
+#include <dlfcn.h>
+#include <unistd.h>
+
+using namespace Kovrel;
+
+namespace {
+
+std::string workingDirectory()
+{
+    char path[PATH_MAX];
+    return getcwd(path, sizeof path) ? path : "/";
+}
+
+int complain(const std::string& line, int exitCode)
+{
+    std::fprintf(stderr, "kovrel: %s\n", line.c_str());
+    return exitCode;
+}
+
+// The application library lies beside the program in a build folder, in lib/kovrel when installed.
+void* loadApplication()
+{
+    char path[PATH_MAX];
+    const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
+    const std::string program(path, size_t(length > 0 ? length : 0));
+    const std::string folder = program.substr(0, program.rfind('/'));
+    for (const char* place : {"/libkovrel-app.so", "/../lib/kovrel/libkovrel-app.so"})
+        if (void* library = dlopen((folder + place).c_str(), RTLD_NOW | RTLD_GLOBAL))
+            return library;
+    return nullptr;
+}
+
+// Becomes the application, or runs the command in this process.
+int runHere(const Command& command)
+{
+    void* library = loadApplication();
+    if (!library)
+        return complain(std::string("the application can't be loaded: ") + dlerror(), CommandLine::failed);
+    using Main = int (*)(const char* const*, int);
+    const auto applicationMain = reinterpret_cast<Main>(dlsym(library, "kovrelMain"));
+    std::vector<std::string> arguments = command.arguments();
+    std::vector<const char*> pointers;
+    for (const std::string& argument : arguments)
+        pointers.push_back(argument.c_str());
+    return applicationMain(pointers.data(), int(pointers.size()));
+}
+
+int report(const Instance::Answer& answer)
+{
+    std::fputs(answer.output.c_str(), stdout);
+    if (!answer.error.empty())
+        complain(answer.error, 0);
+    return answer.exitCode;
+}
+
+int runInInstance(const Command& command)
+{
+    Instance instance;
+    if (auto answer = instance.run(command.arguments()))
+        return report(*answer);
+    if (command.name == "quit")
+        return complain("Kovrel is not running", CommandLine::nothingThere);
+    if (command.name == "start" || CommandLine::runsWithoutInstance(command) || !instance.hasBus())
+        return runHere(command);
+    if (const auto error = instance.start())
+        return complain(*error, CommandLine::failed);
+    const auto answer = instance.run(command.arguments());
+    return answer ? report(*answer) : complain("Kovrel ended while it was starting", CommandLine::failed);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const auto command = CommandLine::parse({argv + 1, argv + argc}, workingDirectory());
+    if (!command) {
+        complain(command.error(), 0);
+        std::fputs(CommandLine::usage().c_str(), stderr);
+        return CommandLine::usageError;
+    }
+    if (command->name == "help")
+        return std::fputs(CommandLine::usage().c_str(), stdout), CommandLine::done;
+    if (command->name == "version")
+        return std::puts("kovrel " KOVREL_VERSION), CommandLine::done;
+    return runInInstance(*command);
+}

@@ -1,0 +1,243 @@
+#include "commandline/CommandLine.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
+#include <cmath>
+#include <span>
+
+namespace Kovrel {
+
+namespace {
+
+struct OptionRule {
+    const char* name;
+    bool takesValue;
+    bool isPath = false;
+};
+
+struct CommandRule {
+    const char* name;
+    std::vector<OptionRule> options;
+    size_t minOperands;
+    size_t maxOperands;
+    const char* synopsis;
+    const char* meaning;
+};
+
+const std::vector<CommandRule>& rules()
+{
+    static const std::vector<CommandRule> all{
+        {"capture",
+         {{"rect", true}, {"save", false}, {"output", true, true}, {"copy", false}, {"wait", false}, {"json", false}},
+         1,
+         1,
+         "capture MODE [--rect X,Y,W,H] [--save | --output FILE] [--copy] [--wait] [--json]",
+         "MODE: area (with --rect) | fullScreen | lastArea | timed"},
+        {"preferences", {}, 1, 3, "preferences list | get KEY | set KEY VALUE | reset KEY", "the settings"},
+        {"sign-in", {{"local", false}}, 0, 0, "sign-in --local", "use the account kept on this computer"},
+        {"sign-out", {}, 0, 0, "sign-out", "forget the account"},
+        {"quit", {}, 0, 0, "quit", "end the running program"},
+    };
+    return all;
+}
+
+constexpr std::array captureModes{"area", "fullScreen", "lastArea", "timed"};
+constexpr std::array outputExtensions{"png", "jpeg", "jpg", "heic", "heif", "tiff", "tif"};
+
+std::string lower(std::string text)
+{
+    std::ranges::transform(text, text.begin(), [](unsigned char c) { return char(std::tolower(c)); });
+    return text;
+}
+
+template <class List>
+bool contains(const List& list, const std::string& text)
+{
+    return std::ranges::any_of(list, [&](const char* candidate) { return text == candidate; });
+}
+
+std::string absolute(const std::string& path, const std::string& directory)
+{
+    return path.starts_with('/') ? path : directory + '/' + path;
+}
+
+std::string fileExtension(const std::string& path)
+{
+    const std::string name = path.substr(path.rfind('/') + 1);
+    const size_t dot = name.rfind('.');
+    return dot == std::string::npos ? std::string() : lower(name.substr(dot + 1));
+}
+
+// "X,Y,W,H" with a width and height above 0.
+bool isRectangle(const std::string& text)
+{
+    std::array<double, 4> numbers{};
+    const char* at = text.data();
+    const char* end = at + text.size();
+    for (size_t i = 0; i < numbers.size(); ++i) {
+        if (i > 0 && (at == end || *at++ != ','))
+            return false;
+        const auto [next, error] = std::from_chars(at, end, numbers[i]);
+        if (error != std::errc() || !(std::abs(numbers[i]) < 1e6))
+            return false;
+        at = next;
+    }
+    return at == end && numbers[2] > 0 && numbers[3] > 0;
+}
+
+std::optional<std::string> captureError(const Command& command)
+{
+    const std::string& mode = command.operands.front();
+    if (!contains(captureModes, mode))
+        return "unknown capture mode \"" + mode + "\"";
+    if (command.has("rect") && mode != "area")
+        return "--rect goes with the mode area";
+    if (mode == "area" && !command.has("rect"))
+        return "the mode area needs --rect X,Y,W,H";
+    if (command.has("rect") && !isRectangle(command.options.at("rect")))
+        return "--rect takes X,Y,W,H in points, with a width and height above 0";
+    if (command.has("save") && command.has("output"))
+        return "--save and --output exclude each other";
+    if (command.has("output") && !contains(outputExtensions, fileExtension(command.options.at("output"))))
+        return "--output takes a file ending in .png, .jpeg, .heic or .tiff";
+    return std::nullopt;
+}
+
+std::optional<std::string> preferencesError(const Command& command)
+{
+    static const std::map<std::string, size_t> operandCounts{{"list", 1}, {"get", 2}, {"set", 3}, {"reset", 2}};
+    const auto verb = operandCounts.find(command.operands.front());
+    if (verb == operandCounts.end() || verb->second != command.operands.size())
+        return "preferences takes list, get KEY, set KEY VALUE or reset KEY";
+    return std::nullopt;
+}
+
+std::optional<std::string> semanticError(const Command& command)
+{
+    if (command.name == "capture")
+        return captureError(command);
+    if (command.name == "preferences")
+        return preferencesError(command);
+    if (command.name == "sign-in" && !command.has("local"))
+        return "sign-in takes --local";
+    return std::nullopt;
+}
+
+class Parser {
+public:
+    Parser(const CommandRule& rule, std::span<const std::string> arguments, const std::string& directory)
+        : m_rule(rule), m_arguments(arguments), m_directory(directory)
+    {
+        m_command.name = rule.name;
+    }
+
+    std::expected<Command, std::string> parse()
+    {
+        while (m_next < m_arguments.size())
+            if (const auto error = takeArgument())
+                return std::unexpected(*error);
+        const size_t count = m_command.operands.size();
+        if (count < m_rule.minOperands || count > m_rule.maxOperands)
+            return std::unexpected(std::string("wrong number of arguments for ") + m_rule.name);
+        if (const auto error = semanticError(m_command))
+            return std::unexpected(*error);
+        return m_command;
+    }
+
+private:
+    std::optional<std::string> takeArgument()
+    {
+        const std::string& argument = m_arguments[m_next++];
+        if (m_onlyOperands || !argument.starts_with("--")) {
+            m_command.operands.push_back(argument);
+        } else if (argument == "--") {
+            m_onlyOperands = true;
+        } else {
+            return takeOption(argument.substr(2));
+        }
+        return std::nullopt;
+    }
+
+    // "--name value" or "--name=value".
+    std::optional<std::string> takeOption(const std::string& text)
+    {
+        const size_t equals = text.find('=');
+        const std::string name = text.substr(0, equals);
+        const auto option =
+            std::ranges::find(m_rule.options, name, [](const OptionRule& o) { return std::string(o.name); });
+        if (option == m_rule.options.end())
+            return "unknown option --" + name;
+        std::string value;
+        if (equals != std::string::npos)
+            value = text.substr(equals + 1);
+        else if (option->takesValue && m_next < m_arguments.size())
+            value = m_arguments[m_next++];
+        if (option->takesValue == value.empty())
+            return "--" + name + (option->takesValue ? " needs a value" : " takes no value");
+        m_command.options[name] = option->isPath ? absolute(value, m_directory) : value;
+        return std::nullopt;
+    }
+
+    const CommandRule& m_rule;
+    std::span<const std::string> m_arguments;
+    const std::string& m_directory;
+    Command m_command;
+    size_t m_next = 0;
+    bool m_onlyOperands = false;
+};
+
+} // namespace
+
+std::vector<std::string> Command::arguments() const
+{
+    if (name == "start")
+        return has("background") ? std::vector<std::string>{"--background"} : std::vector<std::string>{};
+    if (name == "url")
+        return operands;
+    std::vector<std::string> all{name};
+    for (const auto& [option, value] : options)
+        all.push_back("--" + option + (value.empty() ? "" : "=" + value));
+    if (!operands.empty())
+        all.push_back("--");
+    all.insert(all.end(), operands.begin(), operands.end());
+    return all;
+}
+
+std::string CommandLine::usage()
+{
+    std::string text = "usage: kovrel [--background]\n";
+    for (const CommandRule& rule : rules())
+        text += std::string("       kovrel ") + rule.synopsis + "\n              " + rule.meaning + "\n";
+    return text + "       kovrel kovrel://…\n       kovrel --help | --version\n";
+}
+
+std::expected<Command, std::string> CommandLine::parse(const std::vector<std::string>& arguments,
+                                                       const std::string& directory)
+{
+    if (arguments.empty())
+        return Command{.name = "start"};
+    const std::string& first = arguments.front();
+    if (first.starts_with("kovrel:") && arguments.size() == 1)
+        return Command{.name = "url", .operands = {first}};
+    if (arguments.size() == 1) {
+        if (first == "--background")
+            return Command{.name = "start", .options = {{"background", ""}}};
+        if (first == "--help" || first == "-h" || first == "help")
+            return Command{.name = "help"};
+        if (first == "--version")
+            return Command{.name = "version"};
+    }
+    const auto rule = std::ranges::find(rules(), first, [](const CommandRule& r) { return std::string(r.name); });
+    if (rule == rules().end())
+        return std::unexpected("unknown command \"" + first + "\"");
+    return Parser(*rule, std::span(arguments).subspan(1), directory).parse();
+}
+
+bool CommandLine::runsWithoutInstance(const Command& command)
+{
+    return contains(std::array{"preferences", "sign-in", "sign-out"}, command.name);
+}
+
+} // namespace Kovrel

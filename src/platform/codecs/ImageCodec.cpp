@@ -1,0 +1,147 @@
+#include "platform/ImageCodec.h"
+
+#include "platform/Plugins.h"
+#include "platform/codecs/CodecLimits.h"
+#include "platform/codecs/HeifCodec.h"
+#include "platform/codecs/JpegEncoder.h"
+#include "platform/codecs/PngDecoder.h"
+#include "platform/codecs/PngEncoder.h"
+#include "platform/codecs/TiffEncoder.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QImageReader>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <tiffio.h>
+#include <unistd.h>
+
+#include <mutex>
+
+namespace Kovrel {
+
+namespace {
+
+using ImageCodec::Failure;
+
+std::expected<const HeifCodec*, Failure> heifCodec()
+{
+    static const auto function = Plugins::find("heif", "kovrelHeifCodec");
+    if (!function)
+        return std::unexpected(Failure{function.error()});
+    return reinterpret_cast<HeifCodecFunction>(*function)();
+}
+
+std::expected<QByteArray, Failure> encodeHeif(const QImage& image, double quality)
+{
+    const auto codec = heifCodec();
+    if (!codec)
+        return std::unexpected(codec.error());
+    return (*codec)->encode(image, quality);
+}
+
+std::expected<QImage, Failure> decodeHeif(const QByteArray& data)
+{
+    const auto codec = heifCodec();
+    if (!codec)
+        return std::unexpected(codec.error());
+    return (*codec)->decode(data);
+}
+
+bool isHeif(const QByteArray& data)
+{
+    return data.mid(4, 4) == "ftyp";
+}
+
+QImage withPlainPixels(QImage image)
+{
+    image.convertTo(ImageCodec::hasVisibleTransparency(image) ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+    image.setDevicePixelRatio(1);
+    return image;
+}
+
+void prepareToolkit()
+{
+    QImageReader::setAllocationLimit(CodecLimits::mostMegabytes);
+    // Damaged files would fill the log; that they are damaged is answered.
+    TIFFSetWarningHandler(nullptr);
+    TIFFSetErrorHandler(nullptr);
+}
+
+// The other formats, by the toolkit's readers. Drawings, which have no pixels of their own, are not pictures here.
+std::expected<QImage, Failure> decodeWithToolkit(const QByteArray& data)
+{
+    static std::once_flag once;
+    std::call_once(once, prepareToolkit);
+    static const QByteArrayList pictures{"jpeg", "tiff", "gif", "bmp", "webp"};
+    QBuffer buffer;
+    buffer.setData(data);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    if (!pictures.contains(reader.format()))
+        return std::unexpected(Failure{"This is no picture that Kovrel can read."});
+    if (!CodecLimits::fits(reader.size().width(), reader.size().height()))
+        return std::unexpected(Failure{"The picture is damaged or too large."});
+    QImage image;
+    if (!reader.read(&image))
+        return std::unexpected(Failure{"The picture cannot be read: " + reader.errorString()});
+    return withPlainPixels(std::move(image));
+}
+
+// Opened without waiting for a pipe's other end.
+std::expected<void, Failure> openRegular(QFile& file, const QString& path)
+{
+    const int descriptor = ::open(QFile::encodeName(path), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (descriptor < 0)
+        return std::unexpected(Failure{path + ": " + qt_error_string(errno)});
+    file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+    struct stat status{};
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+        return std::unexpected(Failure{path + " is not a regular file."});
+    if (status.st_size > CodecLimits::mostFileBytes)
+        return std::unexpected(Failure{path + " is too large."});
+    return {};
+}
+
+} // namespace
+
+std::expected<QByteArray, Failure> ImageCodec::encode(const QImage& image, ImageFormat format, double quality)
+{
+    if (image.isNull())
+        return std::unexpected(Failure{"There is no picture to encode."});
+    switch (format) {
+    case ImageFormat::png:
+        return PngEncoder::encode(image);
+    case ImageFormat::jpeg:
+        return JpegEncoder::encode(image, quality);
+    case ImageFormat::heic:
+        return encodeHeif(image, quality);
+    case ImageFormat::tiff:
+        return TiffEncoder::encode(image);
+    }
+    Q_UNREACHABLE();
+}
+
+std::expected<QImage, Failure> ImageCodec::decode(const QByteArray& data)
+{
+    if (PngDecoder::isPng(data))
+        return PngDecoder::decode(data);
+    if (isHeif(data))
+        return decodeHeif(data);
+    return decodeWithToolkit(data);
+}
+
+std::expected<QImage, Failure> ImageCodec::decodeFile(const QString& path)
+{
+    QFile file;
+    if (const auto opened = openRegular(file, path); !opened)
+        return std::unexpected(opened.error());
+    const QByteArray data = file.read(CodecLimits::mostFileBytes);
+    if (file.error() != QFileDevice::NoError)
+        return std::unexpected(Failure{path + ": " + file.errorString()});
+    return decode(data);
+}
+
+} // namespace Kovrel

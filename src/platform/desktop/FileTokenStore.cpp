@@ -1,0 +1,72 @@
+#include "platform/desktop/FileTokenStore.h"
+
+#include <QDir>
+#include <QLoggingCategory>
+#include <QSaveFile>
+
+namespace Kovrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.account")
+
+constexpr qint64 maxTokenSize = 64 * 1024;
+
+std::optional<QString> readToken(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QString token = QString::fromUtf8(file.read(maxTokenSize)).trimmed();
+    return token.isEmpty() ? std::nullopt : std::optional(token);
+}
+
+bool writeToken(const QString& folder, const QString& path, const QString& token)
+{
+    QDir().mkpath(folder);
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QSaveFile file(path);
+    const bool isWritten = file.open(QIODevice::WriteOnly) &&
+                           file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
+                           file.write(token.toUtf8()) >= 0 && file.commit();
+    if (!isWritten)
+        qCWarning(log, "The account can't be stored in %s: %s", qUtf8Printable(path),
+                  qUtf8Printable(file.errorString()));
+    return isWritten;
+}
+
+} // namespace
+
+FileTokenStore::FileTokenStore(MainLoop& loop, Workers& workers, QString folder)
+    : m_loop(loop), m_workers(workers), m_folder(std::move(folder))
+{
+}
+
+template <class T>
+void FileTokenStore::inBackground(std::function<T()> job, Reply<T> reply)
+{
+    m_workers.submit(Lane::utility, [&loop = m_loop, job = std::move(job), reply = std::move(reply)] {
+        loop.post([reply, result = job()] { reply(result); });
+    });
+}
+
+void FileTokenStore::read(const QString& key, Reply<std::optional<QString>> reply)
+{
+    inBackground<std::optional<QString>>([path = QDir(m_folder).filePath(key)] { return readToken(path); },
+                                         std::move(reply));
+}
+
+void FileTokenStore::write(const QString& key, const QString& token, Reply<bool> reply)
+{
+    inBackground<bool>(
+        [folder = m_folder, path = QDir(m_folder).filePath(key), token] { return writeToken(folder, path, token); },
+        std::move(reply));
+}
+
+void FileTokenStore::remove(const QString& key, Reply<bool> reply)
+{
+    inBackground<bool>([path = QDir(m_folder).filePath(key)] { return !QFile::exists(path) || QFile::remove(path); },
+                       std::move(reply));
+}
+
+} // namespace Kovrel

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/Reply.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+namespace Kovrel {
+
+// What a command came to, for the process that sent it.
+struct CommandAnswer {
+    int exitCode = 0;
+    QString output = {}; // standard output, as it stands
+    QString error = {};  // one line, without its end
+};
+
+// The program's place on the session bus: one instance for each user session, commands from outside, and the news of
+// finished captures. Main thread.
+class InstanceBus {
+public:
+    struct Handlers {
+        // `requestID` is named again by `callerVanished` when the process that waits for the answer has gone.
+        std::function<void(QStringList arguments, quint64 requestID, Reply<CommandAnswer>)> run;
+        std::function<void(quint64 requestID)> callerVanished;
+        std::function<void()> activate;
+        std::function<void(QStringList uris)> open;
+        std::function<void(QString action)> activateAction;
+        std::function<void(QString reason)> quit;
+    };
+    enum class Claim { owned, taken, noBus };
+
+    InstanceBus();
+    ~InstanceBus();
+
+    // Registers the objects and then asks for the name, so that whoever sees the name finds the objects.
+    Claim claim(Handlers handlers);
+
+    // Brings the instance that owns the name forward.
+    static void activateOwner();
+
+    void announceCaptureFinished(const QString& id, const QString& mode, int width, int height);
+
+private:
+    class Service;
+    std::unique_ptr<Service> m_service;
+};
+
+} // namespace Kovrel

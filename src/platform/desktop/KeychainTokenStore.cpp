@@ -1,0 +1,69 @@
+#include "platform/desktop/KeychainTokenStore.h"
+
+#include <QLoggingCategory>
+#include <qt6keychain/keychain.h>
+
+namespace Kovrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.account")
+
+constexpr const char* serviceName = "com.kovrel.Kovrel";
+
+} // namespace
+
+KeychainTokenStore::KeychainTokenStore(MainLoop& loop, MainLoop::Milliseconds deadline)
+    : m_loop(loop), m_deadline(deadline)
+{
+}
+
+template <class Job, class T>
+void KeychainTokenStore::run(Job* job, T nothing, std::function<T(Job&)> result, Reply<T> reply)
+{
+    const auto answer = std::make_shared<Reply<T>>(std::move(reply));
+    const auto giveOnce = [answer](T value) {
+        if (const auto take = std::exchange(*answer, nullptr))
+            take(std::move(value));
+    };
+    const auto timer = m_loop.after(m_deadline, [giveOnce, nothing] {
+        qCWarning(log, "The keychain did not answer; it may be locked");
+        giveOnce(nothing);
+    });
+    QObject::connect(job, &QKeychain::Job::finished, job, [this, job, timer, giveOnce, nothing, result] {
+        m_loop.cancel(timer);
+        const auto error = job->error();
+        if (error != QKeychain::NoError && error != QKeychain::EntryNotFound)
+            qCWarning(log, "Keychain: %s", qUtf8Printable(job->errorString()));
+        giveOnce(error == QKeychain::NoError ? result(*job) : nothing);
+    });
+    job->start();
+}
+
+void KeychainTokenStore::read(const QString& key, Reply<std::optional<QString>> reply)
+{
+    auto* job = new QKeychain::ReadPasswordJob(serviceName);
+    job->setKey(key);
+    run<QKeychain::ReadPasswordJob, std::optional<QString>>(
+        job, std::nullopt, [](QKeychain::ReadPasswordJob& done) { return std::optional(done.textData()); },
+        std::move(reply));
+}
+
+void KeychainTokenStore::write(const QString& key, const QString& token, Reply<bool> reply)
+{
+    auto* job = new QKeychain::WritePasswordJob(serviceName);
+    job->setKey(key);
+    job->setTextData(token);
+    run<QKeychain::WritePasswordJob, bool>(
+        job, false, [](QKeychain::WritePasswordJob&) { return true; }, std::move(reply));
+}
+
+void KeychainTokenStore::remove(const QString& key, Reply<bool> reply)
+{
+    auto* job = new QKeychain::DeletePasswordJob(serviceName);
+    job->setKey(key);
+    run<QKeychain::DeletePasswordJob, bool>(
+        job, false, [](QKeychain::DeletePasswordJob&) { return true; }, std::move(reply));
+}
+
+} // namespace Kovrel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/x11/X11SegmentPool.h"
+
+#include <QImage>
+#include <QRect>
+
+#include <memory>
+#include <optional>
+
+namespace Kovrel {
+
+// Reads pixels of windows and pixmaps, by shared memory where the server can. Used on the thread that uses the
+// connection; its images may go on any thread.
+class X11ImageReader {
+public:
+    enum class Alpha {
+        opaque, // the unused byte of the pixels, which servers leave undefined, becomes 255: Format_RGB32
+        kept,   // Format_ARGB32_Premultiplied
+    };
+
+    explicit X11ImageReader(std::shared_ptr<X11Connection> connection);
+
+    X11Connection& connection() const { return *m_connection; }
+
+    // A rectangle of one moment, which must lie within the drawable. No value when the drawable is gone, smaller, or
+    // not made of 32-bit pixels.
+    std::optional<QImage> read(xcb_drawable_t drawable, QRect pixels, Alpha alpha);
+
+    // Gives memory that is kept for the next image back to the system.
+    void releaseIdleMemory() { m_pool->releaseIdle(); }
+
+private:
+    bool readInto(const X11SegmentPool::Segment& segment, xcb_drawable_t drawable, QRect pixels, Alpha alpha);
+    std::optional<QImage> readCopied(xcb_drawable_t drawable, QRect pixels, Alpha alpha);
+
+    std::shared_ptr<X11Connection> m_connection;
+    std::shared_ptr<X11SegmentPool> m_pool;
+};
+
+} // namespace Kovrel

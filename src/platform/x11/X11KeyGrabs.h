@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/KeyGrabs.h"
+#include "platform/x11/X11Connection.h"
+
+#include <QSocketNotifier>
+
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace Kovrel {
+
+// Passive key grabs on the root window, with every state of the lock keys. Main thread; asking for one costs a round
+// trip to a local server.
+class X11KeyGrabs : public KeyGrabs {
+public:
+    // The connection belongs to this object alone: it takes its events.
+    explicit X11KeyGrabs(std::unique_ptr<X11Connection> connection);
+
+    std::optional<GrabID> grab(KeyCombo combo, std::function<void()> onPress) override;
+    void release(GrabID grab) override;
+
+private:
+    struct Grab {
+        std::vector<xcb_keycode_t> keys;
+        uint16_t modifiers = 0;
+        std::function<void()> onPress;
+    };
+
+    bool grabKey(xcb_keycode_t key, uint16_t modifiers);
+    void ungrabKey(xcb_keycode_t key, uint16_t modifiers);
+    void handleEvents();
+    void pressed(const xcb_key_press_event_t& event);
+
+    std::unique_ptr<X11Connection> m_connection;
+    std::map<GrabID, Grab> m_grabs;
+    GrabID m_lastGrab = 0;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,139 @@
+#include "saving/ClipboardService.h"
+
+#include "platform/ImageCodec.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QUrl>
+
+#include <memory>
+#include <mutex>
+
+namespace Kovrel {
+
+namespace {
+
+const QString pngType = "image/png";
+const QString jpegType = "image/jpeg";
+const QString tiffType = "image/tiff";
+
+constexpr double lossless = 1;
+
+// Made by whoever asks first; others wait for him.
+ClipboardOffer madeOnce(const QString& type, std::function<QByteArray()> make)
+{
+    struct Made {
+        std::once_flag once;
+        QByteArray bytes;
+    };
+
+    return {type, [made = std::make_shared<Made>(), make = std::move(make)] {
+                std::call_once(made->once, [&] { made->bytes = make(); });
+                return made->bytes;
+            }};
+}
+
+ClipboardOffer known(const QString& type, const QByteArray& bytes)
+{
+    return {type, [bytes] { return bytes; }};
+}
+
+std::optional<QByteArray> contentOf(const QString& path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray bytes = file.readAll();
+    return file.error() == QFileDevice::NoError ? std::optional(bytes) : std::nullopt;
+}
+
+struct TypedBytes {
+    QString type;
+    QByteArray bytes;
+};
+
+std::optional<TypedBytes> pngOrTiff(const QImage& image, const ClipboardService::MakeBytes& png)
+{
+    if (const auto bytes = png ? png() : std::nullopt)
+        return TypedBytes{pngType, *bytes};
+    if (const auto bytes = ClipboardService::tiffData(image))
+        return TypedBytes{tiffType, *bytes};
+    return std::nullopt;
+}
+
+} // namespace
+
+void ClipboardService::copy(const QImage& image, std::shared_ptr<EncodedPng> png)
+{
+    ++m_copyGeneration;
+    putImage(image, png ? std::move(png) : std::make_shared<EncodedPng>(image));
+}
+
+void ClipboardService::putImage(const QImage& image, std::shared_ptr<EncodedPng> png)
+{
+    m_clipboard.put({{pngType, [png] { return png->bytes().value_or(QByteArray()); }},
+                     madeOnce(tiffType, [image] { return tiffData(image).value_or(QByteArray()); })});
+}
+
+void ClipboardService::copyFile(const QString& path, int generation, bool force, Reply<bool> copied)
+{
+    Scope::start(readAndPut(path, pasteboardType(path).value_or(QString()), generation, force, std::move(copied)),
+                 "copying a file");
+}
+
+QCoro::Task<> ClipboardService::readAndPut(QString path, QString type, int generation, bool force, Reply<bool> copied)
+{
+    const auto read = [path, type] { return type.isEmpty() ? std::nullopt : contentOf(path); };
+    const auto bytes = co_await m_scope.onWorker(Lane::save, read);
+    if (!bytes) {
+        copied(false);
+        co_return;
+    }
+    if (force || generation == m_copyGeneration) {
+        m_copyGeneration += force ? 1 : 0;
+        const QByteArray uri = QUrl::fromLocalFile(path).toEncoded() + "\r\n";
+        m_clipboard.put({known(type, *bytes), known("text/uri-list", uri)});
+    }
+    copied(true);
+}
+
+void ClipboardService::copyInBackground(const QImage& image, MakeBytes png, int generation)
+{
+    Scope::start(makeAndPut(image, std::move(png), generation), "copying a picture");
+}
+
+QCoro::Task<> ClipboardService::makeAndPut(QImage image, MakeBytes png, int generation)
+{
+    const auto make = [image, png] { return pngOrTiff(image, png); };
+    const auto made = co_await m_scope.onWorker(Lane::save, make);
+    if (generation != m_copyGeneration)
+        co_return;
+    if (made)
+        m_clipboard.put({known(made->type, made->bytes)});
+    else
+        putImage(image, std::make_shared<EncodedPng>(image));
+}
+
+void ClipboardService::copyText(const QString& text)
+{
+    ++m_copyGeneration;
+    m_clipboard.putText(text);
+}
+
+std::optional<QString> ClipboardService::pasteboardType(const QString& path)
+{
+    const QString extension = QFileInfo(path).suffix().toLower();
+    if (extension == "png")
+        return pngType;
+    if (extension == "jpg" || extension == "jpeg")
+        return jpegType;
+    return std::nullopt;
+}
+
+std::optional<QByteArray> ClipboardService::tiffData(const QImage& image)
+{
+    const auto bytes = ImageCodec::encode(image, ImageFormat::tiff, lossless);
+    return bytes ? std::optional(*bytes) : std::nullopt;
+}
+
+} // namespace Kovrel

@@ -1,0 +1,153 @@
+#include "saving/SaveService.h"
+
+#include "saving/AreaAverage.h"
+#include "saving/FileNameFormatter.h"
+#include "saving/SaveLog.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace Kovrel {
+
+namespace {
+
+using AtomicFile::Access;
+using SaveService::Result;
+using SaveService::Saved;
+
+constexpr qint64 largePixels = 1'000'000;
+
+struct Picture {
+    QImage image;
+    bool isReduced = false;
+};
+
+Picture reducedAsWanted(const SaveSettings& settings, const QImage& image, std::optional<double> pixelScale)
+{
+    const double scale = pixelScale.value_or(settings.mainScreenScale);
+    if (settings.downscale)
+        if (auto reduced = AreaAverage::reduced(image, scale))
+            return {std::move(*reduced), true};
+    return {image, false};
+}
+
+std::optional<QByteArray> ifFullResPNG(const Picture& picture, ImageFormat format, const QByteArray& bytes)
+{
+    return format == ImageFormat::png && !picture.isReduced ? std::optional(bytes) : std::nullopt;
+}
+
+std::expected<QByteArray, SaveFailure> bytesOf(const Picture& picture, ImageFormat format, double quality,
+                                               std::optional<QByteArray> png)
+{
+    if (format == ImageFormat::png && !picture.isReduced && png)
+        return *std::move(png);
+    return ImageCodec::encode(picture.image, format, quality);
+}
+
+std::expected<QString, SaveFailure> writeToNewFile(const QString& folder, const QString& name, const QByteArray& bytes,
+                                                   ReservationJournal& journal)
+{
+    if (!QDir().mkpath(folder))
+        return std::unexpected(SaveFailure{"The folder " + folder + " cannot be made."});
+    const auto place = SaveService::uniqueURL(folder, name, journal);
+    if (!place.isReserved && place.error != 0)
+        return std::unexpected(AtomicFile::systemFailure(folder, place.error));
+    if (!place.isReserved && QFileInfo::exists(place.path))
+        return std::unexpected(SaveFailure{"The folder " + folder + " has no name left for " + name + "."});
+    const auto written = AtomicFile::write(place.path, bytes, Access::everyoneReads);
+    if (!written && place.isReserved)
+        QFile::remove(place.path);
+    journal.clear(place.path);
+    if (!written)
+        return std::unexpected(written.error());
+    return place.path;
+}
+
+Result logged(const char* what, Result result)
+{
+    if (!result)
+        logSaveFailure(what, result.error());
+    return result;
+}
+
+Result saveNew(const SaveSettings& settings, const QImage& image, const QDateTime& date,
+               std::optional<double> pixelScale, std::optional<QByteArray> png, ReservationJournal& journal)
+{
+    const Picture picture = reducedAsWanted(settings, image, pixelScale);
+    const auto format = SaveService::resolvedFormat(settings, picture.image);
+    const auto bytes = bytesOf(picture, format, settings.quality, std::move(png));
+    if (!bytes)
+        return std::unexpected(bytes.error());
+    const QString name = FileNameFormatter::format(settings.fileNameTemplate, date) + "." + rawString(format);
+    const auto path = writeToNewFile(settings.folder, name, *bytes, journal);
+    if (!path)
+        return std::unexpected(path.error());
+    return Saved{*path, ifFullResPNG(picture, format, *bytes)};
+}
+
+Result saveOver(const SaveSettings& settings, const Picture& picture, const QString& path)
+{
+    if (!QFileInfo::exists(path))
+        return std::unexpected(SaveFailure{path + " is not there any more."});
+    const auto named = imageFormatForExtension(QFileInfo(path).suffix());
+    const auto format = named ? *named : SaveService::resolvedFormat(settings, picture.image);
+    const auto bytes = ImageCodec::encode(picture.image, format, settings.quality);
+    if (!bytes)
+        return std::unexpected(bytes.error());
+    if (const auto written = AtomicFile::write(path, *bytes, Access::everyoneReads); !written)
+        return std::unexpected(written.error());
+    return Saved{path, ifFullResPNG(picture, format, *bytes)};
+}
+
+} // namespace
+
+ImageFormat SaveService::resolvedFormat(const SaveSettings& settings, QSize pixels, bool hasVisibleTransparency)
+{
+    if (!settings.formatAuto)
+        return settings.format;
+    const bool isLarge = qint64(pixels.width()) * pixels.height() >= largePixels;
+    return isLarge && !hasVisibleTransparency ? ImageFormat::jpeg : ImageFormat::png;
+}
+
+ImageFormat SaveService::resolvedFormat(const SaveSettings& settings, const QImage& image)
+{
+    return resolvedFormat(settings, image.size(), settings.formatAuto && ImageCodec::hasVisibleTransparency(image));
+}
+
+Result SaveService::saveToDefaultLocationReturningPNG(const SaveSettings& settings, const QImage& image,
+                                                      const QDateTime& date, std::optional<double> pixelScale,
+                                                      std::optional<QByteArray> png, ReservationJournal& journal)
+{
+    return logged("Kovrel save failed: ", saveNew(settings, image, date, pixelScale, std::move(png), journal));
+}
+
+Result SaveService::overwrite(const SaveSettings& settings, const QImage& image, const QString& path,
+                              std::optional<double> pixelScale)
+{
+    return logged("Kovrel re-save failed: ", saveOver(settings, reducedAsWanted(settings, image, pixelScale), path));
+}
+
+Result SaveService::overwriteFile(const SaveSettings& settings, const QImage& image, const QString& path)
+{
+    return logged("Kovrel re-save failed: ", saveOver(settings, {image, false}, path));
+}
+
+Result SaveService::saveAs(const QImage& image, const QString& path, ImageFormat format, double quality)
+{
+    const auto bytes = ImageCodec::encode(image, format, quality);
+    if (!bytes)
+        return std::unexpected(bytes.error());
+    if (const auto written = AtomicFile::write(path, *bytes, Access::everyoneReads); !written)
+        return std::unexpected(written.error());
+    return Saved{path, ifFullResPNG({image, false}, format, *bytes)};
+}
+
+Result SaveService::saveTo(const QImage& image, const QString& path, double quality)
+{
+    const auto format = imageFormatForExtension(QFileInfo(path).suffix());
+    if (!format)
+        return std::unexpected(SaveFailure{path + " should end in .png, .jpeg, .heic or .tiff."});
+    return logged("Kovrel save failed: ", saveAs(image, path, *format, quality));
+}
+
+} // namespace Kovrel

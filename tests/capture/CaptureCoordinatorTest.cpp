@@ -1,0 +1,571 @@
+#include "capture/CaptureCoordinator.h"
+#include "capture/SourceAppResolver.h"
+#include "tests/support/FakeCaptureServices.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace Kovrel {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using Log = Testing::FakeCaptureServices::Log;
+using Kind = CaptureOutcome::Kind;
+
+namespace {
+
+const char* name(Kind kind)
+{
+    switch (kind) {
+    case Kind::finished:
+        return "finished";
+    case Kind::cancelled:
+        return "cancelled";
+    case Kind::ignored:
+        return "ignored";
+    case Kind::overwritten:
+        return "overwritten";
+    case Kind::refused:
+        return "refused";
+    case Kind::failed:
+        return "failed";
+    }
+    return "";
+}
+
+struct CoordinatorTest : testing::Test {
+    Testing::FakeCaptureServices fake;
+    std::vector<std::string> outcomes;
+    CaptureOutcome lastOutcome;
+    std::optional<CaptureCoordinator> coordinator{std::in_place, fake.services()};
+
+    void capture(CaptureMode mode, CaptureOptions options = {}, quint64 id = 0)
+    {
+        const std::string label = rawString(mode).toStdString();
+        coordinator->capture({.mode = mode,
+                              .options = options,
+                              .reply = CaptureReply([this, label](CaptureOutcome outcome) {
+                                  outcomes.push_back(label + " " + name(outcome.kind));
+                                  lastOutcome = outcome;
+                              }),
+                              .id = id});
+    }
+
+    void captureAndSettle(CaptureMode mode, CaptureOptions options = {})
+    {
+        capture(mode, options);
+        fake.loop.runPosted();
+    }
+
+    void selectArea(QRect rootPixels)
+    {
+        fake.endSelection(SelectedArea{rootPixels});
+        fake.loop.runPosted();
+    }
+
+    // The countdown's seconds, one by one.
+    void seconds(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            fake.loop.advance(1s);
+    }
+};
+
+const Log request{"history: suspend", "effects: prewarm"};
+const Log hide{"cards: hide", "history window: hide", "toasts: hide"};
+const Log show{"cards: show", "history window: show", "toasts: show"};
+
+Log operator+(Log left, const Log& right)
+{
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
+} // namespace
+
+TEST_F(CoordinatorTest, EachFlowDoesItsStepsInOrder)
+{
+    fake.windowList = {{.id = 7, .app = {"Editor", "org.editor"}, .pixelRect = {0, 0, 3000, 3000}, .isOnScreen = true}};
+    captureAndSettle(CaptureMode::fullScreen);
+    EXPECT_THAT(fake.takeLog(),
+                ElementsAreArray(
+                    request + hide +
+                    Log{"wait for repaint", "cards: prepare on 1", "grab 800,200 1000x500 with pointer", "shutter"} +
+                    show + Log{"record fullScreen", "card fullScreen", "history: idle index"}));
+
+    captureAndSettle(CaptureMode::area);
+    EXPECT_THAT(fake.takeLog(), ElementsAreArray(request + Log{"overlay: area"} + hide + Log{"overlay: freeze"}));
+    selectArea({810, 210, 50, 40});
+    EXPECT_THAT(fake.takeLog(), ElementsAreArray(Log{"cut 810,210 50x40", "shutter", "cards: prepare on 1"} + show +
+                                                 Log{"record area", "card area", "history: idle index"}));
+    EXPECT_EQ(fake.recorded.back().sourceApp, (SourceApp{"Editor", "org.editor"}));
+
+    captureAndSettle(CaptureMode::lastArea);
+    EXPECT_THAT(fake.takeLog(),
+                ElementsAreArray(request + hide +
+                                 Log{"wait for repaint", "grab 810,210 50x40", "shutter", "cards: prepare on 1"} +
+                                 show + Log{"record lastArea", "card lastArea", "history: idle index"}));
+
+    captureAndSettle(CaptureMode::window);
+    EXPECT_THAT(fake.takeLog(), ElementsAreArray(request + Log{"wallpaper of 1 at 1000", "overlay: window"} + hide +
+                                                 Log{"overlay: freeze"}));
+    fake.endSelection(SelectedWindows{{7}});
+    fake.loop.runPosted();
+    EXPECT_THAT(fake.takeLog(), ElementsAreArray(Log{"grab window 7", "shutter", "cards: prepare on 1"} + show +
+                                                 Log{"compose wallpaper with picture", "record window", "card window",
+                                                     "history: idle index"}));
+    EXPECT_EQ(fake.recorded.back().subject, (CaptureSubject{{48, 48, 30, 20}, 8}));
+    EXPECT_EQ(fake.recorded.back().image.size(), QSize(126, 116));
+    EXPECT_THAT(outcomes, ElementsAre("fullScreen finished", "area finished", "lastArea finished", "window finished"));
+}
+
+TEST_F(CoordinatorTest, TimedCountsDownThenTakesTheScreenItBeganOn)
+{
+    fake.defaults.set("selfTimerSeconds", 2);
+    captureAndSettle(CaptureMode::timed);
+    EXPECT_THAT(fake.takeLog(), ElementsAreArray(request + Log{"cards: hide", "history window: hide", "grab Escape",
+                                                               "toast on 1: Capturing in 2\u2026"}));
+    fake.pointerDisplay = 2;
+    seconds(1);
+    EXPECT_THAT(fake.takeLog(), ElementsAre("toast: Capturing in 1\u2026"));
+    seconds(1);
+    EXPECT_THAT(fake.takeLog(),
+                ElementsAreArray(Log{"release Escape", "toast: fade", "toasts: hide", "wait for repaint",
+                                     "cards: prepare on 2", "grab 800,200 1000x500 with pointer", "shutter"} +
+                                 show + Log{"record timed", "card timed", "history: idle index"}));
+    EXPECT_THAT(outcomes, ElementsAre("timed finished"));
+}
+
+TEST_F(CoordinatorTest, SelfTimerBelowOneCountsFromFive)
+{
+    fake.defaults.set("selfTimerSeconds", 0);
+    captureAndSettle(CaptureMode::timed);
+    EXPECT_TRUE(fake.logged("toast on 1: Capturing in 5\u2026"));
+    seconds(4);
+    EXPECT_TRUE(outcomes.empty());
+    seconds(1);
+    EXPECT_THAT(outcomes, ElementsAre("timed finished"));
+}
+
+TEST_F(CoordinatorTest, CountdownIsCancelledByEscapeAndByCommand)
+{
+    for (const bool byEscape : {true, false}) {
+        outcomes.clear();
+        captureAndSettle(CaptureMode::timed);
+        seconds(1);
+        EXPECT_TRUE(coordinator->isCountingDown());
+        fake.takeLog();
+        if (byEscape)
+            std::function(fake.escapePressed)();
+        else
+            coordinator->cancelCountdown();
+        fake.loop.runPosted();
+        EXPECT_THAT(fake.takeLog(), ElementsAreArray(Log{"release Escape", "toast: fade"} + show +
+                                                     Log{"cards: settle", "history: idle index"}));
+        EXPECT_THAT(outcomes, ElementsAre("timed cancelled"));
+        EXPECT_FALSE(coordinator->isCountingDown());
+    }
+    // The second that was cut short does not reach into the next countdown.
+    captureAndSettle(CaptureMode::timed);
+    fake.loop.advance(900ms);
+    coordinator->cancelCountdown();
+    fake.loop.runPosted();
+    captureAndSettle(CaptureMode::timed);
+    fake.takeLog();
+    fake.loop.advance(200ms);
+    EXPECT_TRUE(fake.takeLog().empty());
+    EXPECT_TRUE(coordinator->isCountingDown());
+}
+
+TEST_F(CoordinatorTest, TextCaptureHasNeitherCardNorShutter)
+{
+    struct Case {
+        TextReader::Reading reading;
+        Log end;
+    };
+
+    const Case cases[] = {
+        {{"Hello\nworld", {}},
+         {"history: text Hello\nworld", "copy text Hello\nworld", "toast: Hello world", "history: idle index"}},
+        {{"Hello", {"https://a.example"}},
+         {"history: text Hello\nhttps://a.example", "copy text Hello\nhttps://a.example",
+          "toast: Text and QR code copied", "history: idle index"}},
+        {{"", {"a", "b"}}, {"history: text a\nb", "copy text a\nb", "toast: 2 QR codes copied", "history: idle index"}},
+        {{"", {}}, {"toast: No text found in the capture", "history: idle index"}},
+    };
+    for (const Case& c : cases) {
+        fake.reading = c.reading;
+        captureAndSettle(CaptureMode::ocrRegion);
+        fake.takeLog();
+        selectArea({810, 210, 50, 40});
+        EXPECT_THAT(fake.takeLog(),
+                    ElementsAreArray(Log{"cut 810,210 50x40"} + show +
+                                     Log{"toast on 1: Extracting text\u2026", "record ocrRegion", "read text"} +
+                                     c.end));
+    }
+    EXPECT_TRUE(fake.cardsShown.empty());
+    captureAndSettle(CaptureMode::ocrRegion);
+    fake.takeLog();
+    coordinator->cancelAim();
+    EXPECT_THAT(fake.takeLog(), ElementsAreArray(Log{"overlay: cancel"} + show + Log{"history: idle index"}))
+        << "cancelling a text capture settles no card";
+}
+
+TEST_F(CoordinatorTest, RequestsWhileTheOverlayIsUp)
+{
+    struct Case {
+        const char* what;
+        CaptureMode first;
+        std::optional<SelectionOverlay::Mode> switchedTo;
+        CaptureMode second;
+        bool isCommitting;
+        Log log;
+        std::vector<std::string> outcomes;
+    };
+    using enum CaptureMode;
+    using Mode = SelectionOverlay::Mode;
+    const Log reassert{"history: suspend", "overlay: reassert"};
+    const Case cases[] = {
+        {"same mode", area, {}, area, false, reassert, {"area ignored"}},
+        {"text over text", ocrRegion, {}, ocrRegion, false, reassert, {"ocrRegion ignored"}},
+        {"window over a switched overlay", area, Mode::windowPick, window, false, reassert, {"window ignored"}},
+        {"area over a committing drag", area, {}, area, true, {"history: suspend"}, {}},
+        {"window over area", area, {}, window, false, {}, {"area cancelled"}},
+        {"area over a switched overlay", area, Mode::windowPick, area, false, {}, {"area cancelled"}},
+        {"text over area", area, {}, ocrRegion, false, {}, {"area cancelled"}},
+        {"area over text", ocrRegion, {}, area, false, {}, {"ocrRegion cancelled"}},
+        {"full screen over area", area, {}, fullScreen, false, {}, {"area cancelled"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        coordinator.emplace(fake.services());
+        outcomes.clear();
+        captureAndSettle(c.first);
+        if (c.switchedTo)
+            fake.modeChanged(*c.switchedTo);
+        fake.isCommitting = c.isCommitting;
+        fake.takeLog();
+        capture(c.second);
+        if (!c.log.empty()) {
+            EXPECT_THAT(fake.log, ElementsAreArray(c.log));
+        } else {
+            EXPECT_TRUE(fake.logged("overlay: cancel"));
+            EXPECT_TRUE(fake.logged("effects: prewarm")) << "the second capture did not start";
+        }
+        EXPECT_EQ(outcomes, c.outcomes);
+        fake.isCommitting = false;
+    }
+}
+
+TEST_F(CoordinatorTest, RequestsBeforeTheOverlayIsUpOrAfterPixelsAreComing)
+{
+    // Counting down: nothing to switch, so the press is ignored.
+    captureAndSettle(CaptureMode::timed);
+    capture(CaptureMode::area);
+    EXPECT_TRUE(fake.logged("cancel picker older than 700"));
+    EXPECT_THAT(outcomes, ElementsAre("area ignored"));
+    fake.pickerIsOld = true;
+    capture(CaptureMode::window);
+    EXPECT_EQ(outcomes.size(), 1u) << "a live picker that was ended makes room for the request";
+    coordinator->cancelCountdown();
+    fake.loop.runPosted();
+    EXPECT_TRUE(fake.logged("overlay: window"));
+}
+
+TEST_F(CoordinatorTest, ThreePressesWhilePixelsAreTakenLeaveTheLast)
+{
+    fake.holdsPixels = true;
+    captureAndSettle(CaptureMode::fullScreen);
+    for (const CaptureMode mode : {CaptureMode::area, CaptureMode::window, CaptureMode::lastArea})
+        capture(mode);
+    EXPECT_THAT(outcomes, ElementsAre("area overwritten", "window overwritten"));
+    fake.takeLog();
+    fake.releasePixels();
+    EXPECT_TRUE(fake.logged("overlay: area")) << "the last area without one is an area";
+    EXPECT_THAT(outcomes, ElementsAre("area overwritten", "window overwritten", "fullScreen finished"));
+}
+
+TEST_F(CoordinatorTest, ANewRunMayStartWhileTheOneBeforeFinishes)
+{
+    fake.defaults.set("afterCaptureActions", 5);
+    capture(CaptureMode::fullScreen, {.waitsForFiles = true});
+    // The save is still in flight when the next capture begins and ends.
+    coordinator->onCaptureFinished([this](const CaptureResult& result) {
+        if (result.mode == CaptureMode::fullScreen)
+            capture(CaptureMode::area);
+    });
+    fake.loop.runPosted();
+    EXPECT_TRUE(fake.logged("overlay: area"));
+    EXPECT_THAT(outcomes, ElementsAre("fullScreen finished"));
+    EXPECT_FALSE(fake.logged("history: idle index")) << "the second run is still up";
+    coordinator->cancelAim();
+    EXPECT_TRUE(fake.logged("history: idle index"));
+}
+
+TEST_F(CoordinatorTest, FailedGrabsSettleAndFreeTheNextPress)
+{
+    struct Case {
+        const char* what;
+        CaptureMode mode;
+        CaptureOptions options;
+        std::optional<SelectionResult> selection;
+    };
+
+    const Case cases[] = {
+        {"full screen", CaptureMode::fullScreen, {}, {}},
+        {"given area", CaptureMode::area, {.rect = Rect{1, 2, 30, 40}}, {}},
+        {"area", CaptureMode::area, {}, SelectedArea{{810, 210, 50, 40}}},
+        {"window", CaptureMode::window, {}, SelectedWindows{{7}}},
+        {"no display", CaptureMode::fullScreen, {}, {}},
+    };
+    fake.grabSucceeds = fake.frozenGrabSucceeds = fake.windowGrabSucceeds = false;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        if (c.what == std::string("no display"))
+            fake.displayList.clear();
+        outcomes.clear();
+        captureAndSettle(c.mode, c.options);
+        if (c.selection) {
+            fake.endSelection(*c.selection);
+            fake.loop.runPosted();
+        }
+        const Log log = fake.takeLog();
+        EXPECT_EQ(std::count(log.begin(), log.end(), "cards: settle"), 1);
+        EXPECT_EQ(std::count(log.begin(), log.end(), "shutter"), 0);
+        EXPECT_EQ(std::count(log.begin(), log.end(), "cards: show"), 1) << "hidden windows come back once";
+        EXPECT_THAT(outcomes, ElementsAre(rawString(c.mode).toStdString() + " failed"));
+        EXPECT_FALSE(lastOutcome.message.isEmpty());
+    }
+}
+
+TEST_F(CoordinatorTest, LostFrozenPixelsAreGrabbedLive)
+{
+    fake.frozenGrabSucceeds = fake.windowGrabSucceeds = false;
+    captureAndSettle(CaptureMode::area);
+    selectArea({810, 210, 50, 40});
+    EXPECT_TRUE(fake.logged("grab 810,210 50x40"));
+    captureAndSettle(CaptureMode::window);
+    fake.endSelection(SelectedWindows{{7}});
+    fake.loop.runPosted();
+    EXPECT_TRUE(fake.logged("engine window 7"));
+    EXPECT_THAT(outcomes, ElementsAre("area finished", "window finished"));
+}
+
+TEST_F(CoordinatorTest, AccessIsCheckedBeforeAnythingStarts)
+{
+    struct Case {
+        bool signedIn, permitted, onboarded;
+        const char* shown;
+    };
+
+    for (const Case& c : {Case{false, true, false, "show sign-in"}, Case{false, true, true, "show home"},
+                          Case{true, false, false, "show onboarding"}, Case{true, false, true, "show permission"}}) {
+        fake.isSignedIn = c.signedIn;
+        fake.mayRecord = c.permitted;
+        fake.defaults.set("hasCompletedOnboarding", c.onboarded);
+        captureAndSettle(CaptureMode::fullScreen);
+        EXPECT_THAT(fake.takeLog(), ElementsAre("history: suspend", c.shown, "history: idle index"));
+    }
+    EXPECT_THAT(outcomes, testing::Each("fullScreen refused"));
+    fake.isSignedIn = fake.mayRecord = true;
+    captureAndSettle(CaptureMode::fullScreen);
+    EXPECT_EQ(outcomes.back(), "fullScreen finished");
+}
+
+TEST_F(CoordinatorTest, GivenAreaIsMeasuredFromThePrimaryAndBecomesTheLast)
+{
+    struct Case {
+        const char* what;
+        Rect rect;
+        std::string grab;
+    };
+
+    const Case cases[] = {
+        {"on the primary display", {10, 20, 30, 40}, "grab 810,220 30x40"},
+        {"on the 2x display left of and above it", {-790, -190, 100, 50}, "grab 20,20 200x100"},
+    };
+    for (const Case& c : cases) {
+        captureAndSettle(CaptureMode::area, {.rect = c.rect});
+        EXPECT_TRUE(fake.logged(c.grab)) << c.what;
+        EXPECT_FALSE(fake.logged("overlay: area"));
+        fake.takeLog();
+        captureAndSettle(CaptureMode::lastArea);
+        EXPECT_TRUE(fake.logged(c.grab)) << c.what << " again";
+    }
+    EXPECT_EQ(fake.recorded.back().pixelScale, 2.0);
+    // The display moved: its area moves with it. It went: the same place on the display under the pointer.
+    fake.displayList[1].pixelRect.translate(0, 100);
+    captureAndSettle(CaptureMode::lastArea);
+    EXPECT_TRUE(fake.logged("grab 20,120 200x100"));
+    fake.displayList.pop_back();
+    captureAndSettle(CaptureMode::lastArea);
+    EXPECT_TRUE(fake.logged("grab 820,220 200x100"));
+}
+
+TEST_F(CoordinatorTest, WhatHappensAfterwardsFollowsTheSettings)
+{
+    struct Case {
+        const char* what;
+        int actions;
+        CaptureOptions options;
+        bool canPresent, records;
+        Log log;
+    };
+
+    const Case cases[] = {
+        {"card", 1, {}, true, false, {"card fullScreen"}},
+        {"everything",
+         31,
+         {},
+         true,
+         true,
+         {"save", "copy", "record fullScreen", "card fullScreen", "cards: attach save", "editor", "pin"}},
+        {"asked for on the command line",
+         1,
+         {.save = true, .copy = true},
+         true,
+         true,
+         {"save", "copy", "record fullScreen", "card fullScreen", "cards: attach save"}},
+        {"to a file", 0, {.outputPath = "/o.png"}, true, true, {"save to /o.png", "record fullScreen"}},
+        {"nothing would hold it", 0, {}, true, false, {"save"}},
+        {"no cards on this desktop, no history", 1, {}, false, false, {"save"}},
+        {"only copied", 2, {}, false, false, {"save", "copy"}},
+        {"history alone holds it", 1, {}, false, true, {"record fullScreen"}},
+    };
+    fake.chromeIsVisible = false;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        fake.defaults.set("afterCaptureActions", c.actions);
+        fake.cardsCanPresent = c.canPresent;
+        fake.historyRecords = c.records;
+        capture(CaptureMode::fullScreen, c.options);
+        fake.loop.runPosted();
+        Log log = fake.takeLog();
+        EXPECT_EQ(std::count(log.begin(), log.end(), "wait for repaint"), 0) << "nothing of ours was on the screen";
+        log.erase(log.begin(), std::find(log.begin(), log.end(), "toasts: show") + 1);
+        std::erase(log, "history: idle index");
+        std::erase_if(log, [](const std::string& line) { return line.starts_with("ledger"); });
+        EXPECT_EQ(log, c.log);
+    }
+}
+
+TEST_F(CoordinatorTest, WaitingRepliesComeWhenTheFilesAreOnDisk)
+{
+    capture(CaptureMode::fullScreen, {.save = true, .waitsForFiles = true});
+    fake.loop.runPosted();
+    EXPECT_EQ(lastOutcome.path, "/saved.png");
+    EXPECT_EQ(lastOutcome.historyPath, "/history.png");
+    EXPECT_EQ(lastOutcome.pixelSize, QSize(1000, 500));
+    EXPECT_TRUE(fake.logged("ledger: /saved.png"));
+
+    fake.saveError = "disk full";
+    capture(CaptureMode::fullScreen, {.save = true, .waitsForFiles = true});
+    fake.loop.runPosted();
+    EXPECT_EQ(lastOutcome.kind, Kind::failed);
+    EXPECT_EQ(lastOutcome.message, "disk full");
+    EXPECT_TRUE(fake.logged("toast on 1: The capture could not be saved"));
+}
+
+TEST_F(CoordinatorTest, ChromeStaysWhenTheUserWantsItInCaptures)
+{
+    fake.defaults.set("hideChromeFromRecordings", false);
+    captureAndSettle(CaptureMode::fullScreen);
+    EXPECT_FALSE(fake.logged("cards: hide"));
+    EXPECT_FALSE(fake.logged("cards: show"));
+    EXPECT_FALSE(fake.logged("wait for repaint"));
+    captureAndSettle(CaptureMode::fullScreen, {.waitsForRepaint = true});
+    EXPECT_TRUE(fake.logged("wait for repaint")) << "a menu that was open must be gone";
+    fake.defaults.set("selfTimerSeconds", 1);
+    captureAndSettle(CaptureMode::timed);
+    fake.takeLog();
+    seconds(1);
+    EXPECT_TRUE(fake.logged("toasts: hide")) << "the countdown is never in its own picture";
+    EXPECT_TRUE(fake.logged("toasts: show"));
+}
+
+TEST_F(CoordinatorTest, CancellingARequestTakesItOutWhereverItIs)
+{
+    capture(CaptureMode::area, {}, 11);
+    fake.loop.runPosted();
+    fake.isCommitting = true;
+    capture(CaptureMode::area, {}, 12);
+    coordinator->cancel(12);
+    EXPECT_THAT(outcomes, ElementsAre("area cancelled"));
+    EXPECT_FALSE(fake.logged("overlay: cancel"));
+    coordinator->cancel(11);
+    EXPECT_THAT(outcomes, ElementsAre("area cancelled", "area cancelled"));
+    capture(CaptureMode::timed, {}, 13);
+    fake.loop.runPosted();
+    coordinator->cancel(99);
+    EXPECT_TRUE(coordinator->isCountingDown());
+    coordinator->cancel(13);
+    EXPECT_FALSE(coordinator->isCountingDown());
+}
+
+TEST_F(CoordinatorTest, ClosedCapturesComeBackOnce)
+{
+    fake.lastClosed = QUuid::createUuid();
+    const QUuid id = *fake.lastClosed;
+    std::vector<bool> replies;
+    coordinator->reopenClosed([&](bool came) { replies.push_back(came); });
+    coordinator->presentFromHistory(id, [&](bool came) { replies.push_back(came); });
+    fake.loop.runPosted();
+    coordinator->reopenClosed([&](bool came) { replies.push_back(came); });
+    EXPECT_THAT(replies, ElementsAre(false, true, false));
+    ASSERT_EQ(fake.cardsShown.size(), 1u);
+    EXPECT_EQ(fake.cardsShown[0].result.id, id);
+}
+
+TEST_F(CoordinatorTest, WindowsWaitForTheSelectionToEndBeforeComingForward)
+{
+    captureAndSettle(CaptureMode::area);
+    coordinator->whenForegroundIsFree([this] { fake.say("came forward"); });
+    EXPECT_FALSE(fake.logged("came forward"));
+    coordinator->cancelAim();
+    EXPECT_TRUE(fake.logged("came forward"));
+    fake.takeLog();
+    coordinator->whenForegroundIsFree([this] { fake.say("came forward"); });
+    EXPECT_TRUE(fake.logged("came forward"));
+}
+
+TEST_F(CoordinatorTest, GoingAwayAnswersEverybodyAndTouchesNothingDead)
+{
+    for (const CaptureMode mode : {CaptureMode::area, CaptureMode::timed, CaptureMode::fullScreen}) {
+        outcomes.clear();
+        coordinator.emplace(fake.services());
+        fake.holdsPixels = true;
+        captureAndSettle(mode);
+        if (mode == CaptureMode::fullScreen)
+            capture(CaptureMode::area);
+        coordinator.reset();
+        EXPECT_THAT(outcomes, testing::Each(testing::EndsWith("cancelled")));
+        EXPECT_FALSE(outcomes.empty());
+        fake.releasePixels();
+        fake.loop.advance(10s);
+    }
+}
+
+TEST(SourceAppResolver, IsTheFrontmostProgramOverTheMiddle)
+{
+    const auto window = [](quint32 id, const char* app, QRect rect, WindowType type = WindowType::normal) {
+        return WindowInfo{
+            .id = id, .ownerPid = id, .app = {app, app}, .pixelRect = rect, .type = type, .isOnScreen = true};
+    };
+    const std::vector<WindowInfo> windows{
+        window(1, "Kovrel", {0, 0, 100, 100}),   window(2, "panel", {0, 0, 100, 10}, WindowType::dock),
+        window(3, "corner", {0, 0, 20, 20}),     window(4, "front", {40, 40, 20, 20}),
+        window(5, "behind", {0, 0, 100, 100}),   window(6, "desktop", {0, 0, 500, 500}, WindowType::desktop),
+        window(7, "beside", {200, 200, 60, 60}), window(8, "besides", {180, 200, 20, 100}),
+    };
+    const auto name = [&](QRect rect) {
+        const auto app = SourceAppResolver::resolve(windows, rect, 1);
+        return app ? app->name.toStdString() : "";
+    };
+    EXPECT_EQ(name({0, 0, 100, 100}), "front");
+    EXPECT_EQ(name({0, 60, 10, 10}), "behind");
+    EXPECT_EQ(name({180, 180, 100, 200}), "beside") << "nothing in the middle: the largest share";
+    EXPECT_EQ(name({400, 400, 10, 10}), "");
+}
+
+} // namespace Kovrel

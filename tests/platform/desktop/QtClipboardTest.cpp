@@ -1,0 +1,88 @@
+#include "platform/ImageCodec.h"
+#include "tests/platform/desktop/Xvfb.h"
+#include "tests/support/TestPictures.h"
+
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+namespace Kovrel {
+
+namespace {
+
+// What another program gets from the clipboard that a small program of ours filled.
+class QtClipboardTest : public testing::Test {
+public:
+    void copy(const QString& what)
+    {
+        m_owner.setProcessEnvironment(m_display.environment());
+        m_owner.start(QCoreApplication::applicationDirPath() + "/clipboard_owner", {what});
+        ASSERT_TRUE(m_owner.waitForReadyRead());
+        ASSERT_EQ(m_owner.readLine(), "ready\n");
+    }
+
+    ~QtClipboardTest() override { finish(); }
+
+    QByteArray paste(const QString& type)
+    {
+        QProcess xclip;
+        xclip.setProcessEnvironment(m_display.environment());
+        xclip.start("xclip", {"-selection", "clipboard", "-t", type, "-o"});
+        xclip.waitForFinished();
+        return xclip.readAllStandardOutput();
+    }
+
+    // Ends the owner; what it said of the bytes that it made.
+    QByteArray finish()
+    {
+        m_owner.closeWriteChannel();
+        m_owner.waitForFinished();
+        return m_owner.readAllStandardError();
+    }
+
+private:
+    Testing::Xvfb m_display;
+    QProcess m_owner;
+};
+
+} // namespace
+
+TEST_F(QtClipboardTest, TheListOfFormatsMakesNone)
+{
+    copy("picture");
+    const QByteArrayList targets = paste("TARGETS").split('\n');
+    EXPECT_TRUE(targets.contains("image/png"));
+    EXPECT_TRUE(targets.contains("image/tiff"));
+    EXPECT_TRUE(paste("image/jpeg").isEmpty());
+    EXPECT_FALSE(finish().contains("made"));
+}
+
+TEST_F(QtClipboardTest, TheFormatThatIsAskedForIsMade)
+{
+    copy("picture");
+    const QImage picture = Testing::testPicture({900, 700}, Testing::Texture::noise);
+    const QByteArray png = paste("image/png");
+    EXPECT_TRUE(png.startsWith("\x89PNG"));
+    const auto pasted = ImageCodec::decode(png);
+    ASSERT_TRUE(pasted);
+    EXPECT_EQ(Testing::largestDifference(*pasted, picture), 0);
+    EXPECT_FALSE(finish().contains("made image/tiff"));
+}
+
+TEST_F(QtClipboardTest, TiffIsThereForThoseWhoWantIt)
+{
+    copy("picture");
+    const auto pasted = ImageCodec::decode(paste("image/tiff"));
+    ASSERT_TRUE(pasted);
+    EXPECT_EQ(Testing::largestDifference(*pasted, Testing::testPicture({900, 700}, Testing::Texture::noise)), 0);
+    const QByteArray told = finish();
+    EXPECT_TRUE(told.contains("made image/tiff") && !told.contains("made image/png")) << told.constData();
+}
+
+TEST_F(QtClipboardTest, TextComesOutAsItWentIn)
+{
+    copy("text");
+    EXPECT_EQ(paste("UTF8_STRING"), QByteArray("grün 😀"));
+}
+
+} // namespace Kovrel

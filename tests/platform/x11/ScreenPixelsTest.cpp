@@ -1,0 +1,200 @@
+#include "platform/x11/X11ScreenPixels.h"
+#include "tests/support/FakeMainLoop.h"
+#include "tests/support/FakeWorkers.h"
+#include "tests/support/GrabFailures.h"
+#include "tests/support/PaintedScreen.h"
+#include "tests/support/Patterns.h"
+#include "tests/support/VirtualDisplay.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace Kovrel {
+
+using Testing::failureOf;
+using Testing::pattern;
+using Testing::patternAt;
+using PointerOption = ScreenPixels::PointerOption;
+
+namespace {
+
+// A screen of 1000 x 700 whose background tells each pixel's place.
+struct ScreenPixelsTest : testing::Test {
+    ScreenPixelsTest() { screen.setRootPicture(pattern({1000, 700})); }
+
+    GrabbedImage grab(QRect pixels, PointerOption pointer = PointerOption::without)
+    {
+        std::optional<GrabbedImage> answer;
+        service.grab(pixels, pointer, [&](GrabbedImage image) { answer = std::move(image); });
+        EXPECT_FALSE(answer) << "answered inside the call";
+        workers.runAll();
+        EXPECT_FALSE(answer) << "answered outside the main thread";
+        loop.runPosted();
+        return *std::move(answer);
+    }
+
+    Testing::VirtualDisplay server{{1000, 700}};
+    Testing::PaintedScreen screen{server.name()};
+    Testing::FakeMainLoop loop;
+    Testing::FakeWorkers workers;
+    std::shared_ptr<X11ImageReader> reader =
+        std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(server.name()));
+    X11ScreenPixels service{loop, workers, reader};
+};
+
+const QRgb black = qRgb(0, 0, 0);
+
+// What the screen holds of a pixel: the pattern where `shown` says so, else black.
+void expectPattern(const QImage& image, QPoint topLeft, const QRegion& shown)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const QPoint root = topLeft + QPoint(x, y);
+            const QRgb expected = shown.contains(root) ? patternAt(root.x(), root.y()) | 0xff000000 : black;
+            ASSERT_EQ(row[x], expected) << "at " << root.x() << "," << root.y();
+        }
+    }
+}
+
+} // namespace
+
+TEST_F(ScreenPixelsTest, EveryPixelIsTheScreensAndOpaque)
+{
+    for (const QRect pixels : {QRect(0, 0, 1000, 700), QRect(999, 699, 1, 1), QRect(333, 5, 301, 600)}) {
+        const auto image = grab(pixels);
+        ASSERT_TRUE(image);
+        EXPECT_EQ(image->size(), pixels.size());
+        EXPECT_EQ(image->format(), QImage::Format_RGB32);
+        expectPattern(*image, pixels.topLeft(), pixels);
+    }
+}
+
+TEST_F(ScreenPixelsTest, WhatLiesOnNoDisplayIsBlackAndAloneIsRefused)
+{
+    const QRect primary(400, 300, 600, 400); // the other one lies left of and above it
+    const QRect other(0, 0, 400, 500);
+    server.setMonitors({{"MAIN", primary}, {"LEFT", other}});
+    const QRegion shown = QRegion(primary) + other;
+
+    struct Case {
+        QRect pixels;
+        bool isGrabbed;
+    };
+
+    const Case cases[] = {
+        {primary, true},
+        {other, true},
+        {{0, 0, 1000, 700}, true},       // both, with the corners between them
+        {{350, 250, 100, 100}, true},    // across the seam
+        {{-50, -20, 100, 100}, true},    // beyond the root's corner
+        {{950, 650, 5000, 100}, true},   // beyond the other one
+        {{500, 0, 400, 300}, false},     // on the root, but on no display
+        {{-100, -100, 100, 100}, false}, // ends where the root begins
+        {{1000, 0, 10, 10}, false},
+        {{10, 10, 0, 5}, false},
+    };
+    for (const Case& c : cases) {
+        const auto image = grab(c.pixels);
+        ASSERT_EQ(image.has_value(), c.isGrabbed) << c.pixels.x() << "," << c.pixels.y();
+        if (image)
+            expectPattern(*image, c.pixels.topLeft(), shown);
+        else
+            EXPECT_EQ(image.error(), GrabFailure::noDisplay);
+    }
+}
+
+TEST_F(ScreenPixelsTest, DisplayUnpluggedBetweenRequestAndGrab)
+{
+    server.setMonitors({{"MAIN", {0, 0, 500, 700}}, {"SIDE", {500, 0, 500, 700}}});
+    std::optional<GrabbedImage> answer;
+    service.grab({600, 0, 100, 100}, PointerOption::without, [&](GrabbedImage image) { answer = std::move(image); });
+    server.setMonitors({{"MAIN", {0, 0, 500, 700}}});
+    workers.runAll();
+    loop.runPosted();
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(failureOf(*answer), GrabFailure::noDisplay);
+}
+
+TEST_F(ScreenPixelsTest, ThePointerIsDrawnWhereItPointsWhenAskedFor)
+{
+    screen.setCursor(16, Qt::red);
+    for (const QPoint pointer : {QPoint(300, 200), QPoint(0, 0), QPoint(999, 699)}) {
+        screen.movePointer(pointer);
+        const QRect cursor(pointer - QPoint(8, 8), QSize(16, 16));
+        const QRect around = cursor.adjusted(-4, -4, 4, 4) & QRect(0, 0, 1000, 700);
+        const auto without = grab(around);
+        expectPattern(*without, around.topLeft(), around);
+        const auto with = grab(around, PointerOption::drawn);
+        for (int y = 0; y < with->height(); ++y) {
+            for (int x = 0; x < with->width(); ++x) {
+                const QRgb expected =
+                    cursor.contains(around.topLeft() + QPoint(x, y)) ? qRgb(255, 0, 0) : without->pixel(x, y);
+                ASSERT_EQ(with->pixel(x, y), expected) << x << "," << y;
+            }
+        }
+    }
+}
+
+TEST_F(ScreenPixelsTest, SegmentsComeBackFromAnyThreadAndAreNeverOverwrittenBefore)
+{
+    const QRect whole(0, 0, 1000, 700);
+    auto first = *grab(whole);
+    const uchar* memory = first.constBits();
+    const QImage copy = first;
+    first = QImage();
+    EXPECT_NE(grab(whole)->constBits(), memory) << "the pixels of a living copy";
+    std::thread([held = QImage(copy)]() mutable { held = QImage(); }).join();
+    expectPattern(copy, {0, 0}, whole);
+
+    auto second = *grab(whole);
+    const uchar* recycled = second.constBits();
+    second = QImage();
+    EXPECT_EQ(grab(whole)->constBits(), recycled) << "a fresh segment costs ten times the grab";
+    EXPECT_NE(grab({0, 0, 10, 10})->constBits(), recycled) << "a small picture would hold on to a big segment";
+}
+
+TEST_F(ScreenPixelsTest, ImagesOutliveTheServiceAndTheServer)
+{
+    const QRect part(10, 20, 300, 200);
+    const auto image = grab(part);
+    server.end();
+    EXPECT_EQ(failureOf(grab(part)), GrabFailure::noDisplay);
+    reader = nullptr;
+    expectPattern(*image, part.topLeft(), part);
+}
+
+TEST_F(ScreenPixelsTest, RepaintedMeansThatOthersHavePaintedWhatAHiddenWindowCovered)
+{
+    const xcb_window_t below = screen.show({.pixels = {100, 100, 200, 200}, .colour = Qt::blue});
+    const xcb_window_t above = screen.show({.pixels = {100, 100, 200, 200}, .colour = Qt::yellow});
+    EXPECT_NE(below, above);
+    EXPECT_EQ(grab({150, 150, 1, 1})->pixel(0, 0), QColor(Qt::yellow).rgb());
+    std::optional<bool> isRepainted;
+    screen.hide(above);
+    service.whenRepainted([&](bool isDone) { isRepainted = isDone; });
+    workers.runAll();
+    loop.runPosted();
+    EXPECT_EQ(isRepainted, true);
+    const auto image = grab({100, 100, 200, 200});
+    EXPECT_EQ(image->pixel(0, 0), QColor(Qt::blue).rgb());
+    EXPECT_EQ(image->pixel(199, 199), QColor(Qt::blue).rgb());
+}
+
+TEST(ScreenPixelsWithoutServer, RefusesInOrder)
+{
+    Testing::FakeMainLoop loop;
+    Testing::FakeWorkers workers;
+    X11ScreenPixels service(loop, workers, std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(":32767")));
+    std::vector<std::string> log;
+    service.grab({0, 0, 10, 10}, PointerOption::drawn, [&](GrabbedImage image) {
+        log.push_back(failureOf(image) == GrabFailure::noDisplay ? "no display" : "?");
+    });
+    service.whenRepainted([&](bool isDone) { log.push_back(isDone ? "repainted" : "not repainted"); });
+    workers.runAll();
+    loop.runPosted();
+    EXPECT_EQ(log, (std::vector<std::string>{"no display", "not repainted"}));
+}
+
+} // namespace Kovrel

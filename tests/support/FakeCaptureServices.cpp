@@ -1,0 +1,256 @@
+#include "tests/support/FakeCaptureServices.h"
+
+namespace Kovrel::Testing {
+
+namespace {
+
+QString describe(const QRect& rect)
+{
+    return QString("%1,%2 %3x%4").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height());
+}
+
+QImage picture(const QSize& size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    return image;
+}
+
+QString hiding(const char* what, bool isHidden)
+{
+    return QString("%1: %2").arg(what, isHidden ? "hide" : "show");
+}
+
+} // namespace
+
+FakeCaptureServices::FakeCaptureServices()
+{
+    Preferences::registerDefaults(defaults);
+    displayList = {
+        {.id = 1,
+         .name = "main",
+         .frame = {0, 0, 1000, 500},
+         .visibleFrame = {0, 0, 1000, 500},
+         .pixelRect = {800, 200, 1000, 500},
+         .scale = 1,
+         .isPrimary = true},
+        {.id = 2,
+         .name = "left",
+         .frame = {-800, 500, 400, 200},
+         .visibleFrame = {},
+         .pixelRect = {0, 0, 800, 400},
+         .scale = 2,
+         .isPrimary = false},
+    };
+}
+
+CaptureServices FakeCaptureServices::services()
+{
+    return {
+        .loop = loop,
+        .workers = workers,
+        .preferences = preferences,
+        .trace = trace,
+        .displays = desktop,
+        .pointer = desktop,
+        .pixels = desktop,
+        .windows = desktop,
+        .keys = desktop,
+        .engine = engine,
+        .access = access,
+        .overlay = overlay,
+        .grabber = grabber,
+        .backdrop = reader,
+        .effects = reader,
+        .textReader = reader,
+        .cards = cards,
+        .historyWindow = historyWindow,
+        .toasts = toasts,
+        .history = history,
+        .ledger = history,
+        .delivery = delivery,
+    };
+}
+
+void FakeCaptureServices::releasePixels()
+{
+    holdsPixels = false;
+    for (const auto& reply : std::exchange(engine.held, {}))
+        reply({});
+    loop.runPosted();
+}
+
+void FakeCaptureServices::Desktop::position(Reply<std::optional<PointerPosition>> reply)
+{
+    std::optional<PointerPosition> position;
+    if (fake.pointerDisplay)
+        position = PointerPosition{{}, {}, *fake.pointerDisplay};
+    fake.answer(reply, position);
+}
+
+void FakeCaptureServices::Desktop::image(Reply<std::optional<PointerImage>> reply)
+{
+    fake.answer(reply, std::optional<PointerImage>());
+}
+
+void FakeCaptureServices::Desktop::whenRepainted(Reply<bool> reply)
+{
+    fake.say("wait for repaint");
+    fake.answer(reply, true);
+}
+
+void FakeCaptureServices::Desktop::list(Reply<std::optional<std::vector<WindowInfo>>> reply)
+{
+    fake.answer(reply, std::optional(fake.windowList));
+}
+
+std::optional<KeyGrabs::GrabID> FakeCaptureServices::Desktop::grab(KeyCombo combo, std::function<void()> onPress)
+{
+    fake.say("grab " + combo.text());
+    fake.escapePressed = std::move(onPress);
+    return 1;
+}
+
+void FakeCaptureServices::Desktop::release(GrabID)
+{
+    fake.say("release Escape");
+    fake.escapePressed = nullptr;
+}
+
+QCoro::Task<std::optional<PixelSource::Grab>> FakeCaptureServices::Engine::pixels(QRect rootPixels, bool showCursor)
+{
+    fake.say("grab " + describe(rootPixels) + (showCursor ? " with pointer" : ""));
+    co_await scope.reply<Nothing>([this](Reply<Nothing> done) {
+        if (fake.holdsPixels)
+            held.push_back(done);
+        else
+            fake.answer(done, Nothing{});
+    });
+    if (!fake.grabSucceeds)
+        co_return std::nullopt;
+    co_return Grab{picture(rootPixels.size()), true};
+}
+
+QCoro::Task<std::optional<PixelSource::Grab>> FakeCaptureServices::Engine::window(quint32 id)
+{
+    fake.say(QString("engine window %1").arg(id));
+    if (!fake.grabSucceeds)
+        co_return std::nullopt;
+    co_return Grab{picture({30, 20}), false};
+}
+
+bool FakeCaptureServices::Engine::cancelInteractivePick(std::chrono::milliseconds minAge)
+{
+    fake.say(QString("cancel picker older than %1").arg(minAge.count()));
+    return fake.pickerIsOld;
+}
+
+void FakeCaptureServices::Overlay::begin(Mode mode, std::function<void(SelectionResult)> completion)
+{
+    fake.say(mode == Mode::areaDrag ? "overlay: area" : "overlay: window");
+    fake.overlayCompletion = std::move(completion);
+}
+
+void FakeCaptureServices::Overlay::cancel()
+{
+    fake.say("overlay: cancel");
+    fake.endSelection(SelectionCancelled{});
+}
+
+void FakeCaptureServices::Grabber::grab(QRect rootPixels, FrozenScreens, Reply<std::optional<QImage>> reply)
+{
+    fake.say("cut " + describe(rootPixels));
+    fake.answer(reply, fake.frozenGrabSucceeds ? std::optional(picture(rootPixels.size())) : std::nullopt);
+}
+
+void FakeCaptureServices::Grabber::grabWindows(std::vector<quint32> ids, Reply<std::optional<QImage>> reply)
+{
+    fake.say(QString("grab window %1").arg(ids.front()));
+    fake.answer(reply, fake.windowGrabSucceeds ? std::optional(picture({30, 20})) : std::nullopt);
+}
+
+bool FakeCaptureServices::Cards::setHiddenForCapture(bool isHidden)
+{
+    fake.say(hiding("cards", isHidden));
+    return fake.chromeIsVisible;
+}
+
+void FakeCaptureServices::Cards::prepareForIncomingCapture(std::optional<quint32> nearDisplay)
+{
+    fake.say(QString("cards: prepare on %1").arg(nearDisplay.value_or(0)));
+}
+
+void FakeCaptureServices::Cards::present(Card card)
+{
+    fake.say("card " + rawString(card.result.mode));
+    fake.cardsShown.push_back(std::move(card));
+}
+
+bool FakeCaptureServices::HistoryWindow::setHiddenForCapture(bool isHidden)
+{
+    fake.say(hiding("history window", isHidden));
+    return false;
+}
+
+bool FakeCaptureServices::ToastLog::setHiddenForCapture(bool isHidden)
+{
+    fake.say(hiding("toasts", isHidden));
+    return false;
+}
+
+void FakeCaptureServices::ToastLog::present(ToastContent content, std::optional<quint32> displayID, bool)
+{
+    fake.say(QString("toast on %1: ").arg(displayID.value_or(0)) + content.message);
+}
+
+void FakeCaptureServices::ToastLog::update(ToastContent content, bool)
+{
+    fake.say("toast: " + content.message);
+}
+
+void FakeCaptureServices::History::record(CaptureResult result, std::shared_ptr<CaptureSave>,
+                                          std::shared_ptr<EncodedPng>, Reply<std::optional<QString>> reply)
+{
+    fake.say("record " + rawString(result.mode));
+    fake.recorded.push_back(std::move(result));
+    fake.answer(reply, std::optional(QString("/history.png")));
+}
+
+void FakeCaptureServices::History::load(QUuid id, Reply<std::optional<Reopened>> reply)
+{
+    CaptureResult result;
+    result.id = id;
+    fake.answer(reply, std::optional(Reopened{result, result, {}}));
+}
+
+void FakeCaptureServices::Reader::read(QImage, double, Reply<Reading> reply)
+{
+    fake.say("read text");
+    fake.answer(reply, fake.reading);
+}
+
+void FakeCaptureServices::Reader::wallpaper(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply)
+{
+    fake.say(QString("wallpaper of %1 at %2").arg(displayID).arg(maxPixelSize));
+    fake.answer(reply, std::optional(picture({4, 4})));
+}
+
+void FakeCaptureServices::Reader::compose(QImage, WindowBackdropStyle style, std::optional<QImage> wallpaper,
+                                          Reply<ComposedCapture> reply)
+{
+    fake.say("compose " + rawString(style) + (wallpaper ? " with picture" : ""));
+    fake.answer(reply, ComposedCapture{picture({126, 116}), CaptureSubject{{48, 48, 30, 20}, 8}});
+}
+
+std::shared_ptr<CaptureSave> FakeCaptureServices::Delivery::save(CaptureResult, std::optional<QString> outputPath,
+                                                                 std::shared_ptr<EncodedPng>)
+{
+    fake.say("save" + (outputPath ? " to " + *outputPath : QString()));
+    auto save = std::make_shared<CaptureSave>();
+    fake.loop.post([save, error = fake.saveError] {
+        save->finish(error ? SaveOutcome(std::unexpected(*error)) : SaveOutcome("/saved.png"));
+    });
+    return save;
+}
+
+} // namespace Kovrel::Testing

@@ -1,0 +1,267 @@
+#pragma once
+
+#include "capture/CaptureAccess.h"
+#include "capture/CaptureDelivery.h"
+#include "capture/CaptureEffects.h"
+#include "capture/CaptureHistory.h"
+#include "capture/CaptureServices.h"
+#include "capture/CaptureTrace.h"
+#include "capture/CardPile.h"
+#include "capture/PixelSource.h"
+#include "capture/ReopenLedger.h"
+#include "capture/SelectionGrabber.h"
+#include "capture/TextReader.h"
+#include "capture/Toasts.h"
+#include "capture/WindowBackdrop.h"
+#include "platform/Displays.h"
+#include "platform/KeyGrabs.h"
+#include "platform/Pointer.h"
+#include "platform/Scope.h"
+#include "platform/Windows.h"
+#include "preferences/Preferences.h"
+#include "tests/support/FakeMainLoop.h"
+#include "tests/support/FakeWorkers.h"
+#include "tests/support/TempFolder.h"
+
+namespace Kovrel::Testing {
+
+// Everything that the coordinator reaches, as one log of what was asked of it in order. Questions are answered through
+// the main loop, as the real services do; the pixels wait while `holdsPixels` is on.
+struct FakeCaptureServices {
+    using Log = std::vector<std::string>;
+
+    FakeCaptureServices();
+    CaptureServices services();
+
+    void say(const QString& line) { log.push_back(line.toStdString()); }
+
+    Log takeLog() { return std::exchange(log, {}); }
+
+    bool logged(const std::string& line) const { return std::find(log.begin(), log.end(), line) != log.end(); }
+
+    Log log;
+    FakeMainLoop loop;
+    FakeWorkers workers;
+    TempFolder folder;
+    UserDefaults defaults{folder / "kovrel.conf"};
+    Preferences preferences{defaults};
+    CaptureTrace trace{loop, [] { return false; }};
+
+    // What the desktop is like.
+    DisplayList displayList;
+    std::optional<quint32> pointerDisplay = 1;
+    std::vector<WindowInfo> windowList;
+    bool grabSucceeds = true;
+    bool holdsPixels = false;
+    bool frozenGrabSucceeds = true;
+    bool windowGrabSucceeds = true;
+    bool chromeIsVisible = true;
+    bool cardsCanPresent = true;
+    bool historyRecords = true;
+    bool isSignedIn = true;
+    bool mayRecord = true;
+    bool pickerIsOld = false;
+    bool isCommitting = false;
+    std::optional<QString> saveError;
+    TextReader::Reading reading;
+    std::optional<QUuid> lastClosed;
+
+    // What came of it.
+    std::function<void(SelectionResult)> overlayCompletion;
+    std::function<void(SelectionOverlay::Mode)> modeChanged;
+    std::function<void()> escapePressed;
+    std::vector<CaptureResult> recorded;
+    std::vector<CardPile::Card> cardsShown;
+
+    void endSelection(SelectionResult result) { std::exchange(overlayCompletion, nullptr)(std::move(result)); }
+
+    void releasePixels();
+
+    struct Desktop : Displays, Pointer, ScreenPixels, Windows, KeyGrabs {
+        explicit Desktop(FakeCaptureServices& f) : fake(f) {}
+
+        DisplayList all() const override { return fake.displayList; }
+
+        bool isComposited() const override { return true; }
+
+        void onChange(std::function<void()>) override {}
+
+        void position(Reply<std::optional<PointerPosition>> reply) override;
+        void image(Reply<std::optional<PointerImage>> reply) override;
+
+        void grab(QRect, PointerOption, Reply<GrabbedImage>) override {}
+
+        void whenRepainted(Reply<bool> reply) override;
+        void list(Reply<std::optional<std::vector<WindowInfo>>> reply) override;
+
+        void grab(quint32, Reply<GrabbedImage>) override {}
+
+        std::optional<GrabID> grab(KeyCombo combo, std::function<void()> onPress) override;
+        void release(GrabID) override;
+        FakeCaptureServices& fake;
+    } desktop{*this};
+
+    struct Engine : PixelSource {
+        explicit Engine(FakeCaptureServices& f) : fake(f), scope(f.loop, f.workers) {}
+
+        QCoro::Task<std::optional<Grab>> pixels(QRect rootPixels, bool showCursor) override;
+        QCoro::Task<std::optional<Grab>> window(quint32 id) override;
+        bool cancelInteractivePick(std::chrono::milliseconds minAge) override;
+        FakeCaptureServices& fake;
+        std::vector<Reply<Nothing>> held;
+        Scope scope;
+    } engine{*this};
+
+    struct Overlay : SelectionOverlay {
+        explicit Overlay(FakeCaptureServices& f) : fake(f) {}
+
+        void begin(Mode mode, std::function<void(SelectionResult)> completion) override;
+
+        void onModeChange(std::function<void(Mode)> callback) override { fake.modeChanged = std::move(callback); }
+
+        void applyFrozenImages() override { fake.say("overlay: freeze"); }
+
+        FrozenScreens takeFrozenImages() override { return {}; }
+
+        void reassertPresence() override { fake.say("overlay: reassert"); }
+
+        void cancel() override;
+
+        bool isCommitting() const override { return fake.isCommitting; }
+
+        FakeCaptureServices& fake;
+    } overlay{*this};
+
+    struct Grabber : SelectionGrabber {
+        explicit Grabber(FakeCaptureServices& f) : fake(f) {}
+
+        void prewarm() override {}
+
+        void grab(QRect rootPixels, FrozenScreens, Reply<std::optional<QImage>> reply) override;
+        void grabWindows(std::vector<quint32> ids, Reply<std::optional<QImage>> reply) override;
+        FakeCaptureServices& fake;
+    } grabber{*this};
+
+    struct Cards : CardPile {
+        explicit Cards(FakeCaptureServices& f) : fake(f) {}
+
+        bool setHiddenForCapture(bool isHidden) override;
+
+        bool canPresent() const override { return fake.cardsCanPresent; }
+
+        void prepareForIncomingCapture(std::optional<quint32> nearDisplay) override;
+
+        void settleAfterAbandonedCapture() override { fake.say("cards: settle"); }
+
+        void present(Card card) override;
+
+        void attachCaptureSave(std::shared_ptr<CaptureSave>, QUuid) override { fake.say("cards: attach save"); }
+
+        FakeCaptureServices& fake;
+    } cards{*this};
+
+    struct HistoryWindow : CaptureChrome {
+        explicit HistoryWindow(FakeCaptureServices& f) : fake(f) {}
+
+        bool setHiddenForCapture(bool isHidden) override;
+        FakeCaptureServices& fake;
+    } historyWindow{*this};
+
+    struct ToastLog : Toasts {
+        explicit ToastLog(FakeCaptureServices& f) : fake(f) {}
+
+        bool setHiddenForCapture(bool isHidden) override;
+        void present(ToastContent content, std::optional<quint32> displayID, bool sound) override;
+        void update(ToastContent content, bool sound) override;
+
+        void armCountdown(std::optional<double>) override {}
+
+        void dismiss(bool animated) override { fake.say(animated ? "toast: fade" : "toast: gone"); }
+
+        FakeCaptureServices& fake;
+    } toasts{*this};
+
+    struct History : CaptureHistory, ReopenLedger {
+        explicit History(FakeCaptureServices& f) : fake(f) {}
+
+        void suspendIndexing() override { fake.say("history: suspend"); }
+
+        void scheduleIdleIndex() override { fake.say("history: idle index"); }
+
+        bool isRecording() const override { return fake.historyRecords; }
+
+        void record(CaptureResult result, std::shared_ptr<CaptureSave>, std::shared_ptr<EncodedPng>,
+                    Reply<std::optional<QString>> reply) override;
+
+        void setText(QUuid, const QString& text) override { fake.say("history: text " + text); }
+
+        void load(QUuid id, Reply<std::optional<Reopened>> reply) override;
+
+        void rememberSavedFile(QUuid, const QString& path) override { fake.say("ledger: " + path); }
+
+        std::optional<QUuid> takeLastClosed() override { return std::exchange(fake.lastClosed, std::nullopt); }
+
+        FakeCaptureServices& fake;
+    } history{*this};
+
+    struct Reader : TextReader, CaptureEffects, WindowBackdrop {
+        explicit Reader(FakeCaptureServices& f) : fake(f) {}
+
+        void read(QImage image, double pixelScale, Reply<Reading> reply) override;
+
+        void prewarm() override { fake.say("effects: prewarm"); }
+
+        void playShutterIfEnabled() override { fake.say("shutter"); }
+
+        void wallpaper(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply) override;
+        void compose(QImage window, WindowBackdropStyle style, std::optional<QImage> wallpaper,
+                     Reply<ComposedCapture> reply) override;
+        FakeCaptureServices& fake;
+    } reader{*this};
+
+    struct Access : CaptureAccess {
+        explicit Access(FakeCaptureServices& f) : fake(f) {}
+
+        bool isSignedIn() const override { return fake.isSignedIn; }
+
+        void refreshCredentials(std::chrono::seconds) override {}
+
+        bool mayRecordScreen() const override { return fake.mayRecord; }
+
+        void showHome() override { fake.say("show home"); }
+
+        void showOnboarding(bool withSignIn) override { fake.say(withSignIn ? "show sign-in" : "show onboarding"); }
+
+        void showPermissionWindow() override { fake.say("show permission"); }
+
+        void abandonColorPicking() override {}
+
+        FakeCaptureServices& fake;
+    } access{*this};
+
+    struct Delivery : CaptureDelivery {
+        explicit Delivery(FakeCaptureServices& f) : fake(f) {}
+
+        std::shared_ptr<CaptureSave> save(CaptureResult result, std::optional<QString> outputPath,
+                                          std::shared_ptr<EncodedPng>) override;
+
+        void copy(CaptureResult, std::shared_ptr<EncodedPng>) override { fake.say("copy"); }
+
+        void copyText(const QString& text) override { fake.say("copy text " + text); }
+
+        void openEditor(CaptureResult) override { fake.say("editor"); }
+
+        void pin(CaptureResult) override { fake.say("pin"); }
+
+        FakeCaptureServices& fake;
+    } delivery{*this};
+
+private:
+    template <class T>
+    void answer(Reply<T> reply, T value)
+    {
+        loop.post([reply, value] { reply(value); });
+    }
+};
+
+} // namespace Kovrel::Testing

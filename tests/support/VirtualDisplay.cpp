@@ -1,0 +1,147 @@
+#include "tests/support/VirtualDisplay.h"
+
+#include <QDeadlineTimer>
+
+#include <stdexcept>
+
+#include <xcb/randr.h>
+#include <xcb/xcb.h>
+#include <xcb/xcbext.h>
+
+namespace Kovrel::Testing {
+
+namespace {
+
+// A short-lived connection for one question or order.
+class Visitor {
+public:
+    explicit Visitor(const QByteArray& display) : connection(xcb_connect(display.constData(), nullptr))
+    {
+        if (xcb_connection_has_error(connection) == 0)
+            root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    }
+
+    ~Visitor() { xcb_disconnect(connection); }
+
+    Visitor(const Visitor&) = delete;
+    Visitor& operator=(const Visitor&) = delete;
+
+    xcb_atom_t atom(const QByteArray& name) const
+    {
+        auto* reply = xcb_intern_atom_reply(
+            connection, xcb_intern_atom(connection, false, uint16_t(name.size()), name.constData()), nullptr);
+        const xcb_atom_t result = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+        free(reply);
+        return result;
+    }
+
+    bool hasOwner(const QByteArray& selection) const
+    {
+        auto* reply =
+            xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, atom(selection)), nullptr);
+        const bool isOwned = reply && reply->owner != XCB_NONE;
+        free(reply);
+        return isOwned;
+    }
+
+    void roundTrip() const { free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr)); }
+
+    // The one output, which one of the monitors must have.
+    xcb_randr_output_t output() const
+    {
+        auto* reply = xcb_randr_get_screen_resources_current_reply(
+            connection, xcb_randr_get_screen_resources_current(connection, root), nullptr);
+        const xcb_randr_output_t first =
+            reply && reply->num_outputs > 0 ? *xcb_randr_get_screen_resources_current_outputs(reply) : 0;
+        free(reply);
+        return first;
+    }
+
+    // Sent by hand: the library's own function counts its bytes wrong.
+    void setMonitor(const VirtualDisplay::Monitor& monitor, bool isFirst) const
+    {
+        struct {
+            xcb_randr_set_monitor_request_t request;
+            xcb_randr_monitor_info_t info;
+            xcb_randr_output_t output;
+        } message = {};
+
+        message.request.window = root;
+        message.info.name = atom(monitor.name);
+        message.info.primary = isFirst;
+        message.info.nOutput = isFirst;
+        message.info.x = int16_t(monitor.pixels.x());
+        message.info.y = int16_t(monitor.pixels.y());
+        message.info.width = uint16_t(monitor.pixels.width());
+        message.info.height = uint16_t(monitor.pixels.height());
+        message.output = output();
+        const size_t length = sizeof message - (isFirst ? 0 : sizeof message.output);
+        iovec parts[4] = {{}, {}, {&message, length}, {nullptr, 0}}; // the first two are the library's
+        const xcb_protocol_request_t protocol{2, &xcb_randr_id, XCB_RANDR_SET_MONITOR, 1};
+        xcb_send_request(connection, 0, parts + 2, &protocol);
+    }
+
+    xcb_connection_t* connection;
+    xcb_window_t root = XCB_NONE;
+};
+
+} // namespace
+
+VirtualDisplay::VirtualDisplay(QSize size)
+{
+    const auto screen = QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height());
+    m_server.setProcessChannelMode(QProcess::SeparateChannels);
+    m_server.start("Xvfb", {"-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp", "-noreset"});
+    QByteArray number;
+    while (!number.endsWith('\n') && m_server.waitForReadyRead(20000))
+        number += m_server.readAllStandardOutput();
+    if (!number.endsWith('\n'))
+        throw std::runtime_error("Xvfb did not start");
+    m_name = ":" + number.trimmed();
+}
+
+VirtualDisplay::~VirtualDisplay()
+{
+    for (const auto& program : m_programs) {
+        program->kill();
+        program->waitForFinished();
+    }
+    end();
+}
+
+void VirtualDisplay::end()
+{
+    m_server.kill();
+    m_server.waitForFinished();
+}
+
+void VirtualDisplay::setMonitors(const std::vector<Monitor>& monitors)
+{
+    const Visitor visitor(m_name);
+    for (const QByteArray& name : std::exchange(m_monitors, {}))
+        xcb_randr_delete_monitor(visitor.connection, visitor.root, visitor.atom(name));
+    for (const Monitor& monitor : monitors) {
+        visitor.setMonitor(monitor, m_monitors.empty());
+        m_monitors.push_back(monitor.name);
+    }
+    visitor.roundTrip();
+}
+
+void VirtualDisplay::run(const QString& program, const QStringList& arguments, const QByteArray& selection)
+{
+    auto& process = *m_programs.emplace_back(std::make_unique<QProcess>());
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("DISPLAY", m_name);
+    process.setProcessEnvironment(environment);
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(program, arguments);
+    const Visitor visitor(m_name);
+    const QDeadlineTimer deadline(20000);
+    while (!visitor.hasOwner(selection)) {
+        if (deadline.hasExpired() || process.waitForFinished(5))
+            throw std::runtime_error(program.toStdString() + " did not start");
+    }
+}
+
+} // namespace Kovrel::Testing

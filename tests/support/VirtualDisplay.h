@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QRect>
+#include <QSize>
+
+#include <memory>
+#include <vector>
+
+namespace Kovrel::Testing {
+
+// An X server of a test's own, on a free display, without a screen, ended with the object.
+class VirtualDisplay {
+public:
+    explicit VirtualDisplay(QSize size = {1280, 800});
+    ~VirtualDisplay();
+    VirtualDisplay(const VirtualDisplay&) = delete;
+    VirtualDisplay& operator=(const VirtualDisplay&) = delete;
+
+    const QByteArray& name() const { return m_name; } // ":7"
+
+    // Divides the screen into monitors, the first one being the primary; replaces earlier ones.
+    struct Monitor {
+        QByteArray name;
+        QRect pixels;
+    };
+
+    void setMonitors(const std::vector<Monitor>& monitors);
+
+    // Runs a program on this display until the object goes: a window manager, a compositor. Returns when `selection`
+    // has an owner.
+    void run(const QString& program, const QStringList& arguments, const QByteArray& selection);
+
+    // Ends the server.
+    void end();
+
+private:
+    QByteArray m_name;
+    std::vector<QByteArray> m_monitors;
+    std::vector<std::unique_ptr<QProcess>> m_programs;
+    QProcess m_server;
+};
+
+} // namespace Kovrel::Testing
