@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/TempFolder.h"
+
 #include <QByteArray>
 #include <QProcess>
 #include <QRect>
@@ -14,6 +16,12 @@ namespace Kovrel::Testing {
 class VirtualDisplay {
 public:
     explicit VirtualDisplay(QSize size = {1280, 800});
+
+    // A server with two real outputs of 1920 x 1080, DUMMY0 and DUMMY1, of which only the first is on. It reads its
+    // configuration from a file of ours, which X servers allow to root only.
+    struct TwoOutputs {};
+
+    explicit VirtualDisplay(TwoOutputs);
     ~VirtualDisplay();
     VirtualDisplay(const VirtualDisplay&) = delete;
     VirtualDisplay& operator=(const VirtualDisplay&) = delete;
@@ -28,6 +36,9 @@ public:
 
     void setMonitors(const std::vector<Monitor>& monitors);
 
+    // Arranges the outputs, with the options of xrandr.
+    void arrange(const QStringList& options);
+
     // Runs a program on this display until the object goes: a window manager, a compositor. Returns when `selection`
     // has an owner.
     void run(const QString& program, const QStringList& arguments, const QByteArray& selection);
@@ -36,6 +47,10 @@ public:
     void end();
 
 private:
+    void start(const QString& program, const QStringList& arguments);
+    QProcessEnvironment environment() const;
+
+    TempFolder m_folder;
     QByteArray m_name;
     std::vector<QByteArray> m_monitors;
     std::vector<std::unique_ptr<QProcess>> m_programs;
