@@ -90,7 +90,7 @@ public:
     }
 
     // Sent by hand: the library's own function counts its bytes wrong.
-    void setMonitor(const VirtualDisplay::Monitor& monitor, bool isFirst) const
+    void setMonitor(const VirtualDisplay::Monitor& monitor, bool isPrimary) const
     {
         struct {
             xcb_randr_set_monitor_request_t request;
@@ -100,14 +100,14 @@ public:
 
         message.request.window = root;
         message.info.name = atom(monitor.name);
-        message.info.primary = isFirst;
-        message.info.nOutput = isFirst;
+        message.info.primary = isPrimary;
+        message.info.nOutput = isPrimary;
         message.info.x = int16_t(monitor.pixels.x());
         message.info.y = int16_t(monitor.pixels.y());
         message.info.width = uint16_t(monitor.pixels.width());
         message.info.height = uint16_t(monitor.pixels.height());
         message.output = output();
-        const size_t length = sizeof message - (isFirst ? 0 : sizeof message.output);
+        const size_t length = sizeof message - (isPrimary ? 0 : sizeof message.output);
         iovec parts[4] = {{}, {}, {&message, length}, {nullptr, 0}}; // the first two are the library's
         const xcb_protocol_request_t protocol{2, &xcb_randr_id, XCB_RANDR_SET_MONITOR, 1};
         xcb_send_request(connection, 0, parts + 2, &protocol);
@@ -119,10 +119,10 @@ public:
 
 } // namespace
 
-VirtualDisplay::VirtualDisplay(QSize size)
+VirtualDisplay::VirtualDisplay(QSize size, int depth, const QStringList& options)
 {
-    const auto screen = QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height());
-    start("Xvfb", {"-screen", "0", screen});
+    const auto screen = QStringLiteral("%1x%2x%3").arg(size.width()).arg(size.height()).arg(depth);
+    start("Xvfb", QStringList{"-screen", "0", screen} + options);
 }
 
 VirtualDisplay::VirtualDisplay(TwoOutputs)
@@ -185,9 +185,9 @@ void VirtualDisplay::setMonitors(const std::vector<Monitor>& monitors)
     const Visitor visitor(m_name);
     for (const QByteArray& name : std::exchange(m_monitors, {}))
         xcb_randr_delete_monitor(visitor.connection, visitor.root, visitor.atom(name));
-    for (const Monitor& monitor : monitors) {
-        visitor.setMonitor(monitor, m_monitors.empty());
-        m_monitors.push_back(monitor.name);
+    for (size_t index = monitors.size(); index-- > 0;) { // the primary one is not the server's first
+        visitor.setMonitor(monitors[index], index == 0);
+        m_monitors.push_back(monitors[index].name);
     }
     visitor.roundTrip();
 }

@@ -15,7 +15,8 @@ namespace Kovrel::Testing {
 // An X server of a test's own, on a free display, without a screen, ended with the object.
 class VirtualDisplay {
 public:
-    explicit VirtualDisplay(QSize size = {1280, 800});
+    // `options` are the server's, as "-extension", "MIT-SHM" for one without that.
+    explicit VirtualDisplay(QSize size = {1280, 800}, int depth = 24, const QStringList& options = {});
 
     // A server with two real outputs of 1920 x 1080, DUMMY0 and DUMMY1, of which only the first is on. It reads its
     // configuration from a file of ours, which X servers allow to root only.

@@ -42,7 +42,9 @@ X11Connection::X11Connection(const QByteArray& displayName)
     m_connection = xcb_connect(displayName.isEmpty() ? nullptr : displayName.constData(), &m_screenNumber);
     if (!isAlive())
         return;
-    m_root = screenWithNumber(m_connection, m_screenNumber)->root;
+    const xcb_screen_t* screen = screenWithNumber(m_connection, m_screenNumber);
+    m_root = screen->root;
+    m_rootDepth = screen->root_depth;
     agreeOnVersions();
 }
 
@@ -67,14 +69,14 @@ bool X11Connection::isLocal() const
 
 bool X11Connection::hasPlainPixels() const
 {
-    if (!isAlive())
+    if (!isAlive() || (m_rootDepth != 24 && m_rootDepth != 32))
         return false;
     const xcb_setup_t* setup = xcb_get_setup(m_connection);
     const bool isLittle = setup->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
     if (isLittle != (QSysInfo::ByteOrder == QSysInfo::LittleEndian))
         return false;
     for (auto formats = xcb_setup_pixmap_formats_iterator(setup); formats.rem > 0; xcb_format_next(&formats)) {
-        if (formats.data->depth == 24)
+        if (formats.data->depth == m_rootDepth)
             return formats.data->bits_per_pixel == 32;
     }
     return false;
