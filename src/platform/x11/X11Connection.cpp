@@ -18,7 +18,8 @@ namespace Kovrel {
 
 namespace {
 
-// Writing to a server that has just died raises SIGPIPE, which would end the program; the failed write says it too.
+// xcb looks whether the server is there before it writes, but the server may die in between: that raises SIGPIPE, which
+// would end the program. The failed write says it too.
 void ignoreBrokenPipes()
 {
     struct sigaction current = {};

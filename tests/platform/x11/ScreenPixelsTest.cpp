@@ -1,3 +1,4 @@
+#include "platform/x11/X11Displays.h"
 #include "platform/x11/X11ScreenPixels.h"
 #include "platform/x11/X11WindowImage.h"
 #include "tests/support/FakeMainLoop.h"
@@ -9,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <thread>
 
 namespace Kovrel {
@@ -201,6 +203,19 @@ TEST_F(ScreenPixelsTest, RepaintedMeansThatOthersHavePaintedWhatAHiddenWindowCov
         EXPECT_EQ(image->pixel(0, 0), QColor(Qt::blue).rgb()) << "composited: " << isComposited;
         EXPECT_EQ(image->pixel(199, 199), QColor(Qt::blue).rgb());
     }
+}
+
+TEST(ScreenPixelsOfDyingServer, AreRefusedWhileTheProgramGoesOn)
+{
+    Testing::VirtualDisplay server;
+    std::signal(SIGPIPE, SIG_DFL);
+    const auto reader = std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(server.name()));
+    server.end();
+    for (int attempt = 0; attempt < 3; ++attempt)
+        EXPECT_EQ(failureOf(X11Screen(reader).grab({0, 0, 10, 10}, PointerOption::drawn)), GrabFailure::noDisplay);
+    EXPECT_FALSE(X11Screen(reader).waitUntilRepainted());
+    EXPECT_EQ(failureOf(X11WindowImage::grab(*reader, 77)), GrabFailure::noDisplay);
+    EXPECT_TRUE(X11Displays::read(reader->connection(), [](const QString&) { return 1.0; }).empty());
 }
 
 TEST(ScreenPixelsOfPoorServers, AreTakenWithWhatThereIsOrRefused)

@@ -159,6 +159,9 @@ TEST_F(WindowsTest, WindowsOfOtherDesktopsAreNotOnTheScreenAndCompositorsOwnAreN
     EXPECT_FALSE(infoOf(elsewhere).isOnScreen);
     EXPECT_TRUE(infoOf(everywhere).isOnScreen);
     EXPECT_EQ(orderOf({here, elsewhere, everywhere, overlay}), (std::vector<size_t>{2, 1, 0}));
+    screen.hide(here);
+    EXPECT_EQ(infoOf(here).id, here);
+    EXPECT_FALSE(infoOf(here).isOnScreen);
 }
 
 TEST_F(WindowsTest, InvisibleEdgesAreNoPartOfAWindow)
