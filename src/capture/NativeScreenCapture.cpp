@@ -272,7 +272,7 @@ QCoro::Task<> NativeScreenCapture::waitUntilInteractiveIdle(Milliseconds deadlin
     }
 }
 
-std::optional<QImage> NativeScreenCapture::decode(QString path)
+std::optional<QImage> NativeScreenCapture::decode(const QString& path)
 {
     auto image = ImageCodec::decodeFile(path);
     return image ? std::optional(*std::move(image)) : std::nullopt;

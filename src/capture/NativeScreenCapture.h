@@ -60,7 +60,7 @@ public:
     QCoro::Task<> waitUntilInteractiveIdle(Milliseconds deadline);
 
     // Reads an image file. Any thread.
-    static std::optional<QImage> decode(QString path);
+    static std::optional<QImage> decode(const QString& path);
 
 private:
     // The tool process at work, shared with whoever cancels it.

@@ -298,6 +298,8 @@ TEST_F(NativeScreenCaptureTest, ARunWaitsForAPickerThatIsUpUntilItGoesOrTheDeadl
     const auto traces = log.traces();
     EXPECT_THAT(traces, testing::Contains("idle-wait: pid 101 still owns the picker \u2014 holding"));
     EXPECT_EQ(traces.end()[-2], "idle-wait: DEADLINE BLEW (pid 103 never exited)");
+    end();
+    EXPECT_TRUE(capture->cancelInteractivePick(700ms)) << "another run's end is not the picker's";
 }
 
 TEST_F(NativeScreenCaptureTest, GoingAwayKillsTheToolAndRemovesItsFile)

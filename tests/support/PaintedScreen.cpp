@@ -112,6 +112,13 @@ void PaintedScreen::setShape(xcb_window_t window, QRect shape)
     roundTrip();
 }
 
+void PaintedScreen::letClicksThrough(xcb_window_t window)
+{
+    xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, window, 0, 0,
+                         0, nullptr);
+    roundTrip();
+}
+
 void PaintedScreen::waitUntilPainted(xcb_window_t window)
 {
     const QDeadlineTimer deadline(20000);

@@ -38,6 +38,7 @@ public:
     void hide(xcb_window_t window);
     // The one rectangle that is left of a window.
     void setShape(xcb_window_t window, QRect shape);
+    void letClicksThrough(xcb_window_t window);
     void setNumbers(xcb_window_t window, const char* property, const char* type, const std::vector<quint32>& values);
     void setNumbersOnRoot(const char* property, const char* type, const std::vector<quint32>& values);
     // The picture behind all windows, as desktop programs set it, and the root window's background.

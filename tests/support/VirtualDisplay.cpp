@@ -12,6 +12,38 @@ namespace Kovrel::Testing {
 
 namespace {
 
+constexpr const char* twoOutputs = R"(
+Section "ServerFlags"
+  Option "AutoAddDevices" "false"
+  Option "AutoEnableDevices" "false"
+  Option "AllowMouseOpenFail" "true"
+  Option "DontVTSwitch" "true"
+EndSection
+Section "Device"
+  Identifier "dummy"
+  Driver "dummy"
+  VideoRam 256000
+  Option "VirtualHeads" "2"
+EndSection
+Section "Monitor"
+  Identifier "monitor"
+  HorizSync 5.0-1000.0
+  VertRefresh 5.0-200.0
+  Modeline "1920x1080" 173.00 1920 2048 2248 2576 1080 1083 1088 1120
+EndSection
+Section "Screen"
+  Identifier "screen"
+  Device "dummy"
+  Monitor "monitor"
+  DefaultDepth 24
+  SubSection "Display"
+    Depth 24
+    Modes "1920x1080"
+    Virtual 7680 4320
+  EndSubSection
+EndSection
+)";
+
 // A short-lived connection for one question or order.
 class Visitor {
 public:
@@ -58,7 +90,7 @@ public:
     }
 
     // Sent by hand: the library's own function counts its bytes wrong.
-    void setMonitor(const VirtualDisplay::Monitor& monitor, bool isFirst) const
+    void setMonitor(const VirtualDisplay::Monitor& monitor, bool isPrimary) const
     {
         struct {
             xcb_randr_set_monitor_request_t request;
@@ -68,14 +100,14 @@ public:
 
         message.request.window = root;
         message.info.name = atom(monitor.name);
-        message.info.primary = isFirst;
-        message.info.nOutput = isFirst;
+        message.info.primary = isPrimary;
+        message.info.nOutput = isPrimary;
         message.info.x = int16_t(monitor.pixels.x());
         message.info.y = int16_t(monitor.pixels.y());
         message.info.width = uint16_t(monitor.pixels.width());
         message.info.height = uint16_t(monitor.pixels.height());
         message.output = output();
-        const size_t length = sizeof message - (isFirst ? 0 : sizeof message.output);
+        const size_t length = sizeof message - (isPrimary ? 0 : sizeof message.output);
         iovec parts[4] = {{}, {}, {&message, length}, {nullptr, 0}}; // the first two are the library's
         const xcb_protocol_request_t protocol{2, &xcb_randr_id, XCB_RANDR_SET_MONITOR, 1};
         xcb_send_request(connection, 0, parts + 2, &protocol);
@@ -87,17 +119,48 @@ public:
 
 } // namespace
 
-VirtualDisplay::VirtualDisplay(QSize size)
+VirtualDisplay::VirtualDisplay(QSize size, int depth, const QStringList& options)
 {
-    const auto screen = QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height());
-    m_server.setProcessChannelMode(QProcess::SeparateChannels);
-    m_server.start("Xvfb", {"-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp", "-noreset"});
+    const auto screen = QStringLiteral("%1x%2x%3").arg(size.width()).arg(size.height()).arg(depth);
+    start("Xvfb", QStringList{"-screen", "0", screen} + options);
+}
+
+VirtualDisplay::VirtualDisplay(TwoOutputs)
+{
+    QFile configuration(m_folder / "xorg.conf");
+    if (!configuration.open(QIODevice::WriteOnly))
+        throw std::runtime_error("no temporary file");
+    configuration.write(twoOutputs);
+    configuration.close();
+    start("Xorg", {"-config", configuration.fileName(), "-logfile", m_folder / "xorg.log", "-novtswitch", "-sharevts"});
+    arrange({"--addmode", "DUMMY1", "1920x1080", "--output", "DUMMY0", "--mode", "1920x1080", "--primary"});
+}
+
+void VirtualDisplay::start(const QString& program, const QStringList& arguments)
+{
+    m_server.start(program, arguments + QStringList{"-displayfd", "1", "-nolisten", "tcp", "-noreset"});
     QByteArray number;
     while (!number.endsWith('\n') && m_server.waitForReadyRead(20000))
         number += m_server.readAllStandardOutput();
     if (!number.endsWith('\n'))
-        throw std::runtime_error("Xvfb did not start");
+        throw std::runtime_error(program.toStdString() + " did not start");
     m_name = ":" + number.trimmed();
+}
+
+QProcessEnvironment VirtualDisplay::environment() const
+{
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("DISPLAY", m_name);
+    return environment;
+}
+
+void VirtualDisplay::arrange(const QStringList& options)
+{
+    QProcess xrandr;
+    xrandr.setProcessEnvironment(environment());
+    xrandr.start("xrandr", options);
+    if (!xrandr.waitForFinished(20000) || xrandr.exitCode() != 0)
+        throw std::runtime_error("xrandr failed: " + xrandr.readAllStandardError().toStdString());
 }
 
 VirtualDisplay::~VirtualDisplay()
@@ -111,7 +174,9 @@ VirtualDisplay::~VirtualDisplay()
 
 void VirtualDisplay::end()
 {
-    m_server.kill();
+    m_server.terminate(); // it takes its lock file with it
+    if (m_server.state() != QProcess::NotRunning && !m_server.waitForFinished(10000))
+        m_server.kill();
     m_server.waitForFinished();
 }
 
@@ -120,9 +185,9 @@ void VirtualDisplay::setMonitors(const std::vector<Monitor>& monitors)
     const Visitor visitor(m_name);
     for (const QByteArray& name : std::exchange(m_monitors, {}))
         xcb_randr_delete_monitor(visitor.connection, visitor.root, visitor.atom(name));
-    for (const Monitor& monitor : monitors) {
-        visitor.setMonitor(monitor, m_monitors.empty());
-        m_monitors.push_back(monitor.name);
+    for (size_t index = monitors.size(); index-- > 0;) { // the primary one is not the server's first
+        visitor.setMonitor(monitors[index], index == 0);
+        m_monitors.push_back(monitors[index].name);
     }
     visitor.roundTrip();
 }
@@ -130,9 +195,7 @@ void VirtualDisplay::setMonitors(const std::vector<Monitor>& monitors)
 void VirtualDisplay::run(const QString& program, const QStringList& arguments, const QByteArray& selection)
 {
     auto& process = *m_programs.emplace_back(std::make_unique<QProcess>());
-    auto environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("DISPLAY", m_name);
-    process.setProcessEnvironment(environment);
+    process.setProcessEnvironment(environment());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(program, arguments);

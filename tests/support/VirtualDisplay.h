@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/TempFolder.h"
+
 #include <QByteArray>
 #include <QProcess>
 #include <QRect>
@@ -13,7 +15,14 @@ namespace Kovrel::Testing {
 // An X server of a test's own, on a free display, without a screen, ended with the object.
 class VirtualDisplay {
 public:
-    explicit VirtualDisplay(QSize size = {1280, 800});
+    // `options` are the server's, as "-extension", "MIT-SHM" for one without that.
+    explicit VirtualDisplay(QSize size = {1280, 800}, int depth = 24, const QStringList& options = {});
+
+    // A server with two real outputs of 1920 x 1080, DUMMY0 and DUMMY1, of which only the first is on. It reads its
+    // configuration from a file of ours, which X servers allow to root only.
+    struct TwoOutputs {};
+
+    explicit VirtualDisplay(TwoOutputs);
     ~VirtualDisplay();
     VirtualDisplay(const VirtualDisplay&) = delete;
     VirtualDisplay& operator=(const VirtualDisplay&) = delete;
@@ -28,6 +37,9 @@ public:
 
     void setMonitors(const std::vector<Monitor>& monitors);
 
+    // Arranges the outputs, with the options of xrandr.
+    void arrange(const QStringList& options);
+
     // Runs a program on this display until the object goes: a window manager, a compositor. Returns when `selection`
     // has an owner.
     void run(const QString& program, const QStringList& arguments, const QByteArray& selection);
@@ -36,6 +48,10 @@ public:
     void end();
 
 private:
+    void start(const QString& program, const QStringList& arguments);
+    QProcessEnvironment environment() const;
+
+    TempFolder m_folder;
     QByteArray m_name;
     std::vector<QByteArray> m_monitors;
     std::vector<std::unique_ptr<QProcess>> m_programs;

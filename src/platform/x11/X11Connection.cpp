@@ -18,7 +18,8 @@ namespace Kovrel {
 
 namespace {
 
-// Writing to a server that has just died raises SIGPIPE, which would end the program; the failed write says it too.
+// xcb looks whether the server is there before it writes, but the server may die in between: that raises SIGPIPE, which
+// would end the program. The failed write says it too.
 void ignoreBrokenPipes()
 {
     struct sigaction current = {};
@@ -42,7 +43,9 @@ X11Connection::X11Connection(const QByteArray& displayName)
     m_connection = xcb_connect(displayName.isEmpty() ? nullptr : displayName.constData(), &m_screenNumber);
     if (!isAlive())
         return;
-    m_root = screenWithNumber(m_connection, m_screenNumber)->root;
+    const xcb_screen_t* screen = screenWithNumber(m_connection, m_screenNumber);
+    m_root = screen->root;
+    m_rootDepth = screen->root_depth;
     agreeOnVersions();
 }
 
@@ -67,14 +70,14 @@ bool X11Connection::isLocal() const
 
 bool X11Connection::hasPlainPixels() const
 {
-    if (!isAlive())
+    if (!isAlive() || (m_rootDepth != 24 && m_rootDepth != 32))
         return false;
     const xcb_setup_t* setup = xcb_get_setup(m_connection);
     const bool isLittle = setup->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
     if (isLittle != (QSysInfo::ByteOrder == QSysInfo::LittleEndian))
         return false;
     for (auto formats = xcb_setup_pixmap_formats_iterator(setup); formats.rem > 0; xcb_format_next(&formats)) {
-        if (formats.data->depth == 24)
+        if (formats.data->depth == m_rootDepth)
             return formats.data->bits_per_pixel == 32;
     }
     return false;

@@ -39,7 +39,7 @@ public:
 
     int screenNumber() const { return m_screenNumber; }
 
-    // Whether pixels of depth 24 and 32 are 32-bit words in this computer's byte order.
+    // Whether the screen's pixels are 32-bit words of 8-bit channels in this computer's byte order.
     bool hasPlainPixels() const;
     // An extension that was told by the server, with its version agreed upon. Requests of others end the connection.
     bool has(xcb_extension_t& extension) const;
@@ -74,6 +74,7 @@ private:
     xcb_connection_t* m_connection;
     int m_screenNumber = 0;
     xcb_window_t m_root = XCB_NONE;
+    uint8_t m_rootDepth = 0;
     std::map<QByteArray, xcb_atom_t> m_atoms;
 };
 

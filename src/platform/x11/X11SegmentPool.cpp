@@ -21,8 +21,10 @@ struct X11SegmentPool::Loan {
 
 X11SegmentPool::Segment::~Segment()
 {
-    if (id != XCB_NONE)
+    if (id != XCB_NONE) {
         xcb_shm_detach(connection->handle(), id);
+        xcb_flush(connection->handle()); // the memory is gone only when the server has let go too
+    }
     if (bytes)
         munmap(bytes, size);
 }

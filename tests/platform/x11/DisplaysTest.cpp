@@ -1,5 +1,6 @@
 #include "platform/x11/X11Displays.h"
 #include "platform/x11/X11Pointer.h"
+#include "platform/x11/X11Screen.h"
 #include "tests/support/EventLoop.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
@@ -7,6 +8,8 @@
 #include "tests/support/VirtualDisplay.h"
 
 #include <gtest/gtest.h>
+
+#include <unistd.h>
 
 namespace Kovrel {
 
@@ -152,6 +155,35 @@ TEST_F(DisplaysTest, ThePointerIsToldInPixelsAndInPointsOfItsDisplay)
             EXPECT_EQ(position->point, *c.point);
         }
     }
+}
+
+TEST(DisplaysOfTwoOutputs, FollowWhatIsPluggedIn)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root may give an X server its configuration";
+    Testing::VirtualDisplay server(Testing::VirtualDisplay::TwoOutputs{});
+    X11Displays displays(std::make_unique<X11Connection>(server.name()),
+                         [](const QString& name) { return name == "DUMMY1" ? 2.0 : 1.0; });
+    X11Screen screen(std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(server.name())));
+    const auto canGrab = [&](const QRect& pixels) {
+        return screen.grab(pixels, ScreenPixels::PointerOption::without).has_value();
+    };
+    ASSERT_EQ(displays.all().size(), 1u);
+
+    server.arrange({"--output", "DUMMY1", "--mode", "1920x1080", "--left-of", "DUMMY0"});
+    ASSERT_TRUE(waitFor([&] { return displays.all().size() == 2 && displays.all()[0].pixelRect.x() == 1920; }));
+    EXPECT_EQ(displays.all()[0].name, "DUMMY0");
+    EXPECT_EQ(displays.all()[0].frame, (Rect{0, 0, 1920, 1080}));
+    EXPECT_EQ(displays.all()[1].frame, (Rect{-1920, 540, 960, 540}));
+    EXPECT_TRUE(canGrab({1920, 0, 1920, 1080}));
+
+    server.arrange({"--output", "DUMMY1", "--primary"});
+    EXPECT_TRUE(waitFor([&] { return displays.all()[0].name == "DUMMY1"; }));
+
+    server.arrange({"--output", "DUMMY1", "--off", "--output", "DUMMY0", "--pos", "0x0"});
+    EXPECT_TRUE(waitFor([&] { return displays.all().size() == 1 && displays.all()[0].pixelRect.x() == 0; }));
+    EXPECT_TRUE(displays.all()[0].isPrimary) << "the first one where none is";
+    EXPECT_FALSE(canGrab({1920, 0, 1920, 1080}));
 }
 
 TEST(DisplaysWithoutServer, AreNone)

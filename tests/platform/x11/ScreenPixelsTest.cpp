@@ -1,4 +1,6 @@
+#include "platform/x11/X11Displays.h"
 #include "platform/x11/X11ScreenPixels.h"
+#include "platform/x11/X11WindowImage.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/GrabFailures.h"
@@ -8,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <thread>
 
 namespace Kovrel {
@@ -34,6 +37,15 @@ struct ScreenPixelsTest : testing::Test {
         return *std::move(answer);
     }
 
+    bool isRepainted()
+    {
+        bool isDone = false;
+        service.whenRepainted([&](bool answer) { isDone = answer; });
+        workers.runAll();
+        loop.runPosted();
+        return isDone;
+    }
+
     Testing::VirtualDisplay server{{1000, 700}};
     Testing::PaintedScreen screen{server.name()};
     Testing::FakeMainLoop loop;
@@ -44,6 +56,19 @@ struct ScreenPixelsTest : testing::Test {
 };
 
 const QRgb black = qRgb(0, 0, 0);
+
+// Which shared memory an image lies in: the number of its file. Addresses are used again for other memory.
+std::string memoryOf(const QImage& image)
+{
+    QFile maps("/proc/self/maps");
+    EXPECT_TRUE(maps.open(QIODevice::ReadOnly));
+    const QByteArray address = QByteArray::number(quint64(image.constBits()), 16) + '-';
+    for (const QByteArray& line : maps.readAll().split('\n')) {
+        if (line.startsWith(address))
+            return line.simplified().split(' ').value(4).toStdString();
+    }
+    return "not shared";
+}
 
 // What the screen holds of a pixel: the pattern where `shown` says so, else black.
 void expectPattern(const QImage& image, QPoint topLeft, const QRegion& shown)
@@ -141,18 +166,16 @@ TEST_F(ScreenPixelsTest, SegmentsComeBackFromAnyThreadAndAreNeverOverwrittenBefo
 {
     const QRect whole(0, 0, 1000, 700);
     auto first = *grab(whole);
-    const uchar* memory = first.constBits();
-    const QImage copy = first;
+    const auto memory = memoryOf(first);
+    QImage copy = first;
     first = QImage();
-    EXPECT_NE(grab(whole)->constBits(), memory) << "the pixels of a living copy";
-    std::thread([held = QImage(copy)]() mutable { held = QImage(); }).join();
+    EXPECT_NE(memoryOf(*grab(whole)), memory) << "the pixels of a living copy";
     expectPattern(copy, {0, 0}, whole);
-
-    auto second = *grab(whole);
-    const uchar* recycled = second.constBits();
-    second = QImage();
-    EXPECT_EQ(grab(whole)->constBits(), recycled) << "a fresh segment costs ten times the grab";
-    EXPECT_NE(grab({0, 0, 10, 10})->constBits(), recycled) << "a small picture would hold on to a big segment";
+    std::thread([held = std::exchange(copy, QImage())]() mutable { held = QImage(); }).join();
+    EXPECT_EQ(memoryOf(*grab(whole)), memory) << "a fresh segment costs ten times the grab";
+    EXPECT_NE(memoryOf(*grab({0, 0, 10, 10})), memory) << "a small picture would hold on to a big segment";
+    reader->releaseIdleMemory();
+    EXPECT_NE(memoryOf(*grab(whole)), memory);
 }
 
 TEST_F(ScreenPixelsTest, ImagesOutliveTheServiceAndTheServer)
@@ -167,19 +190,52 @@ TEST_F(ScreenPixelsTest, ImagesOutliveTheServiceAndTheServer)
 
 TEST_F(ScreenPixelsTest, RepaintedMeansThatOthersHavePaintedWhatAHiddenWindowCovered)
 {
-    const xcb_window_t below = screen.show({.pixels = {100, 100, 200, 200}, .colour = Qt::blue});
-    const xcb_window_t above = screen.show({.pixels = {100, 100, 200, 200}, .colour = Qt::yellow});
-    EXPECT_NE(below, above);
-    EXPECT_EQ(grab({150, 150, 1, 1})->pixel(0, 0), QColor(Qt::yellow).rgb());
-    std::optional<bool> isRepainted;
-    screen.hide(above);
-    service.whenRepainted([&](bool isDone) { isRepainted = isDone; });
-    workers.runAll();
-    loop.runPosted();
-    EXPECT_EQ(isRepainted, true);
-    const auto image = grab({100, 100, 200, 200});
-    EXPECT_EQ(image->pixel(0, 0), QColor(Qt::blue).rgb());
-    EXPECT_EQ(image->pixel(199, 199), QColor(Qt::blue).rgb());
+    for (const bool isComposited : {false, true}) {
+        if (isComposited)
+            server.run("picom", {"--backend", "xrender", "--config", "/dev/null"}, "_NET_WM_CM_S0");
+        screen.show({.pixels = {100, 100, 200, 200}, .colour = Qt::blue});
+        const xcb_window_t above = screen.show({.pixels = {100, 100, 200, 200}, .colour = Qt::yellow});
+        EXPECT_TRUE(isRepainted());
+        EXPECT_EQ(grab({150, 150, 1, 1})->pixel(0, 0), QColor(Qt::yellow).rgb());
+        screen.hide(above);
+        EXPECT_TRUE(isRepainted());
+        const auto image = grab({100, 100, 200, 200});
+        EXPECT_EQ(image->pixel(0, 0), QColor(Qt::blue).rgb()) << "composited: " << isComposited;
+        EXPECT_EQ(image->pixel(199, 199), QColor(Qt::blue).rgb());
+    }
+}
+
+TEST(ScreenPixelsOfDyingServer, AreRefusedWhileTheProgramGoesOn)
+{
+    Testing::VirtualDisplay server;
+    std::signal(SIGPIPE, SIG_DFL);
+    const auto reader = std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(server.name()));
+    server.end();
+    for (int attempt = 0; attempt < 3; ++attempt)
+        EXPECT_EQ(failureOf(X11Screen(reader).grab({0, 0, 10, 10}, PointerOption::drawn)), GrabFailure::noDisplay);
+    EXPECT_FALSE(X11Screen(reader).waitUntilRepainted());
+    EXPECT_EQ(failureOf(X11WindowImage::grab(*reader, 77)), GrabFailure::noDisplay);
+    EXPECT_TRUE(X11Displays::read(reader->connection(), [](const QString&) { return 1.0; }).empty());
+}
+
+TEST(ScreenPixelsOfPoorServers, AreTakenWithWhatThereIsOrRefused)
+{
+    const QStringList without{"-extension", "MIT-SHM",   "-extension", "RANDR",  "-extension", "XFIXES",
+                              "-extension", "Composite", "-extension", "DAMAGE", "-extension", "SHAPE"};
+    const Testing::VirtualDisplay bare({300, 200}, 24, without);
+    Testing::PaintedScreen screen(bare.name());
+    screen.setRootPicture(pattern({300, 200}));
+    const auto reader = std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(bare.name()));
+    const auto image = X11Screen(reader).grab({-10, -5, 300, 200}, PointerOption::drawn);
+    ASSERT_TRUE(image);
+    expectPattern(*image, {-10, -5}, QRect(0, 0, 300, 200));
+    EXPECT_TRUE(X11Screen(reader).waitUntilRepainted());
+    EXPECT_EQ(failureOf(X11WindowImage::grab(*reader, screen.root())), GrabFailure::notSupported);
+
+    const Testing::VirtualDisplay coarse({300, 200}, 16);
+    const auto refusing = std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(coarse.name()));
+    const auto refused = X11Screen(refusing).grab({0, 0, 10, 10}, PointerOption::without);
+    EXPECT_EQ(failureOf(refused), GrabFailure::notSupported);
 }
 
 TEST(ScreenPixelsWithoutServer, RefusesInOrder)

@@ -143,6 +143,27 @@ TEST_F(WindowsTest, TellsFrameOwnerAndType)
     EXPECT_FALSE(infoOf(known).isOnScreen);
 }
 
+TEST_F(WindowsTest, WindowsOfOtherDesktopsAreNotOnTheScreenAndCompositorsOwnAreNotListed)
+{
+    const auto here = screen.show({.pixels = {0, 0, 30, 20}, .colour = Qt::red});
+    const auto elsewhere = screen.show({.pixels = {0, 0, 30, 20}, .colour = Qt::red});
+    const auto everywhere = screen.show({.pixels = {0, 0, 30, 20}, .colour = Qt::red});
+    const auto overlay = screen.show({.pixels = {0, 0, 900, 600}, .colour = Qt::red, .managesItself = true});
+    screen.letClicksThrough(overlay);
+    screen.setNumbersOnRoot("_NET_CURRENT_DESKTOP", "CARDINAL", {1});
+    screen.setNumbersOnRoot("_NET_CLIENT_LIST_STACKING", "WINDOW", {here, elsewhere, everywhere});
+    screen.setNumbers(here, "_NET_WM_DESKTOP", "CARDINAL", {1});
+    screen.setNumbers(elsewhere, "_NET_WM_DESKTOP", "CARDINAL", {0});
+    screen.setNumbers(everywhere, "_NET_WM_DESKTOP", "CARDINAL", {0xffffffff});
+    EXPECT_TRUE(infoOf(here).isOnScreen);
+    EXPECT_FALSE(infoOf(elsewhere).isOnScreen);
+    EXPECT_TRUE(infoOf(everywhere).isOnScreen);
+    EXPECT_EQ(orderOf({here, elsewhere, everywhere, overlay}), (std::vector<size_t>{2, 1, 0}));
+    screen.hide(here);
+    EXPECT_EQ(infoOf(here).id, here);
+    EXPECT_FALSE(infoOf(here).isOnScreen);
+}
+
 TEST_F(WindowsTest, InvisibleEdgesAreNoPartOfAWindow)
 {
     const auto window = screen.show({.pixels = {100, 100, 200, 150}, .colour = Qt::red});
