@@ -44,12 +44,14 @@ public:
     // has an owner.
     void run(const QString& program, const QStringList& arguments, const QByteArray& selection);
 
+    // That of a program which runs on this display.
+    QProcessEnvironment environment() const;
+
     // Ends the server.
     void end();
 
 private:
     void start(const QString& program, const QStringList& arguments);
-    QProcessEnvironment environment() const;
 
     TempFolder m_folder;
     QByteArray m_name;

@@ -1,6 +1,6 @@
 #include "platform/ImageCodec.h"
-#include "tests/platform/desktop/Xvfb.h"
 #include "tests/support/TestPictures.h"
+#include "tests/support/VirtualDisplay.h"
 
 #include <QCoreApplication>
 
@@ -41,7 +41,7 @@ public:
     }
 
 private:
-    Testing::Xvfb m_display;
+    Testing::VirtualDisplay m_display;
     QProcess m_owner;
 };
 
