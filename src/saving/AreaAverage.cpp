@@ -54,7 +54,7 @@ void addLine(const uchar* line, const std::vector<Cover>& columns, float lineWei
 void storeLine(const std::vector<float>& sums, uchar* line)
 {
     for (size_t index = 0; index < sums.size(); ++index)
-        line[index] = uchar(sums[index] + 0.5f);
+        line[index] = uchar(sums[index]);
 }
 
 int reducedLength(int length, double factor)
@@ -80,7 +80,7 @@ std::optional<QImage> AreaAverage::reduced(const QImage& image, double factor)
     const auto columns = coversOf(source.width(), result.width());
     const auto rows = coversOf(source.height(), result.height());
     for (int y = 0; y < result.height(); ++y) {
-        std::vector<float> sums(size_t(result.width()) * channels);
+        std::vector<float> sums(size_t(result.width()) * channels, 0.5f); // rounds to the nearest
         int sourceY = rows[size_t(y)].first;
         for (const float weight : rows[size_t(y)].weights)
             addLine(source.constScanLine(sourceY++), columns, weight, sums);

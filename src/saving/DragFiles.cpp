@@ -38,7 +38,7 @@ std::optional<QString> DragFiles::writeTempImage(const SaveSettings& settings, c
     if (!folder)
         return std::nullopt;
     const QString name = FileNameFormatter::format(settings.fileNameTemplate, date) + "." + rawString(format);
-    const QString path = *folder + "/" + name;
+    QString path = *folder + "/" + name;
     if (!AtomicFile::write(path, *bytes, AtomicFile::Access::onlyOwner))
         return std::nullopt;
     return path;

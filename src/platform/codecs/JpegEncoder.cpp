@@ -91,7 +91,7 @@ std::expected<QByteArray, ImageCodec::Failure> JpegEncoder::encode(const QImage&
     const QByteArray profile = page.colorSpace().isValid() ? page.colorSpace().iccProfile() : QByteArray();
     Compression compression;
     const bool isDone = !page.isNull() && compress(compression, page, profile, quality);
-    const QByteArray file(reinterpret_cast<const char*>(compression.bytes), qsizetype(isDone ? compression.size : 0));
+    QByteArray file(reinterpret_cast<const char*>(compression.bytes), qsizetype(isDone ? compression.size : 0));
     jpeg_destroy_compress(&compression.info);
     std::free(compression.bytes);
     if (!isDone)

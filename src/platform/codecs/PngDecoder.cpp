@@ -12,7 +12,7 @@ namespace Kovrel {
 
 namespace {
 
-constexpr size_t mostChunkBytes = 64 * 1024 * 1024;
+constexpr size_t mostChunkBytes = size_t(64) << 20;
 
 struct ContextDeleter {
     void operator()(spng_ctx* context) const { spng_ctx_free(context); }

@@ -28,9 +28,9 @@ KOVREL_SIMD void toRgb(const QRgb* line, int width, uint8_t* __restrict out)
 {
     for (int x = 0; x < width; ++x) {
         const QRgb pixel = line[x];
-        out[3 * x] = uint8_t(pixel >> 16);
-        out[3 * x + 1] = uint8_t(pixel >> 8);
-        out[3 * x + 2] = uint8_t(pixel);
+        *out++ = uint8_t(pixel >> 16);
+        *out++ = uint8_t(pixel >> 8);
+        *out++ = uint8_t(pixel);
     }
 }
 

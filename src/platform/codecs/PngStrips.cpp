@@ -15,8 +15,8 @@ namespace Kovrel {
 
 namespace {
 
-constexpr size_t mostStrips = 8;             // more even the load of the threads out, and cost some compression
-constexpr size_t smallestStrip = 128 * 1024; // bytes; smaller ones would compress badly
+constexpr size_t mostStrips = 8;                    // more even the load of the threads out, and cost some compression
+constexpr size_t smallestStrip = size_t(128) << 10; // bytes; smaller ones would compress badly
 constexpr int usualLevel = 6;
 // Nothing repeats in photographs: searching for it takes twice the time and makes them 2 percent smaller.
 constexpr int busyLevel = 4;
