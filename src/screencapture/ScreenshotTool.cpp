@@ -7,6 +7,7 @@
 #include "platform/x11/X11WindowImage.h"
 #include "platform/x11/X11WindowPicker.h"
 
+#include <QFile>
 #include <QSaveFile>
 
 namespace Kovrel {

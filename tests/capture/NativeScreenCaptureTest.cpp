@@ -10,6 +10,8 @@
 #include "tests/support/Patterns.h"
 #include "tests/support/TempFolder.h"
 
+#include <QRegularExpression>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
