@@ -72,6 +72,18 @@ Application::Application(AppDelegate::Launch launch)
     });
 }
 
+// The X server tells of displays that come, go and move; their scale is Qt's to know.
+void Application::followScreens()
+{
+    const auto follow = [this](QScreen* screen) {
+        m_desktop.displays.refresh();
+        QObject::connect(screen, &QScreen::logicalDotsPerInchChanged, &m_context, [this] { m_desktop.displays.refresh(); });
+    };
+    for (QScreen* screen : QGuiApplication::screens())
+        follow(screen);
+    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &m_context, follow);
+}
+
 Application::~Application() = default;
 
 CaptureServices Application::captureServices()

@@ -70,6 +70,7 @@ private:
     void refreshCredentials(std::chrono::seconds olderThan) override;
     void abandonColorPicking() override;
 
+    void followScreens();
     CaptureServices captureServices();
     InstanceBus::Handlers busHandlers();
     TrayMenu::Handlers trayHandlers();
@@ -102,6 +103,7 @@ private:
     std::unique_ptr<HomeWindow> m_homeWindow;
     std::unique_ptr<TrayMenu> m_tray;
     std::unique_ptr<SigtermSource> m_sigterm;
+    QObject m_context; // of connections to what outlives us
 };
 
 } // namespace Kovrel

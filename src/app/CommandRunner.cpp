@@ -1,6 +1,7 @@
 #include "app/CommandRunner.h"
 
 #include "app/CaptureReport.h"
+#include "app/DesktopSession.h"
 #include "app/PreferencesCommand.h"
 
 namespace Kovrel {
@@ -80,7 +81,9 @@ void CommandRunner::capture(const Command& command, quint64 requestID, Reply<Com
     m_coordinator.capture({
         .mode = *fromRawString<CaptureMode>(QString::fromStdString(command.operands.front())),
         .options = options,
-        .reply = CaptureReply([reply, waited = options.waitsForFiles, asJson](const CaptureOutcome& outcome) {
+        .reply = CaptureReply([reply, waited = options.waitsForFiles, asJson](CaptureOutcome outcome) {
+            if (outcome.kind == CaptureOutcome::Kind::refused)
+                outcome.message = DesktopSession::obstacle();
             reply(CaptureReport::answer(outcome, waited, asJson));
         }),
         .id = requestID,

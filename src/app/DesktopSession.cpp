@@ -1,5 +1,10 @@
 #include "app/DesktopSession.h"
 
+#include "platform/x11/X11Connection.h"
+
+#include <QDir>
+#include <QLibraryInfo>
+
 namespace Kovrel {
 
 DesktopSession::Kind DesktopSession::kind()
@@ -8,6 +13,14 @@ DesktopSession::Kind DesktopSession::kind()
     if (qgetenv("XDG_SESSION_TYPE") == "wayland" || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
         return Kind::wayland;
     return qEnvironmentVariableIsEmpty("DISPLAY") ? Kind::none : Kind::x11;
+}
+
+bool DesktopSession::canShowWindows()
+{
+    if (!qEnvironmentVariableIsEmpty("DISPLAY"))
+        return X11Connection().isAlive();
+    const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms");
+    return kind() == Kind::wayland && !plugins.entryList({"libqwayland*"}).isEmpty();
 }
 
 QString DesktopSession::obstacle()

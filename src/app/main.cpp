@@ -77,15 +77,16 @@ int runInstance(const Command& command, int& argc, char** argv)
 {
     if (DesktopSession::kind() == DesktopSession::Kind::none)
         return complain("there is no display to capture: DISPLAY is not set");
-    if (DesktopSession::kind() == DesktopSession::Kind::x11 && !X11Connection().isAlive())
-        return complain("the display " + qEnvironmentVariable("DISPLAY") + " can't be reached");
+    if (!DesktopSession::obstacle().isEmpty())
+        complain(DesktopSession::obstacle());
+    if (!DesktopSession::canShowWindows())
+        return complain("the display " + qEnvironmentVariable("DISPLAY", qEnvironmentVariable("WAYLAND_DISPLAY")) +
+                        " can't be reached");
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName("Kovrel");
     QApplication::setDesktopFileName("com.kovrel.Kovrel");
-    if (!DesktopSession::obstacle().isEmpty())
-        complain(DesktopSession::obstacle());
 
     Application kovrel(
         {.files = {}, .isLoginItem = command.has("background"), .build = KOVREL_BUILD, .version = KOVREL_VERSION});
@@ -118,7 +119,9 @@ extern "C" __attribute__((visibility("default"))) int kovrelMain(const char* con
 {
     using namespace Kovrel;
     mallopt(M_MMAP_THRESHOLD, largestHeapBlock);
+    // A reader that went away and a file that grew too large are errors of a write, not the process's end.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     const auto command = CommandLine::parse({arguments, arguments + count}, "/");
     if (!command)
         return complain(QString::fromStdString(command.error()));

@@ -1,0 +1,247 @@
+#include "tests/e2e/UserSession.h"
+#include "tests/support/PaintedScreen.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/stat.h>
+
+namespace Kovrel {
+
+namespace {
+
+using Testing::UserSession;
+
+struct FaultsTest : testing::Test {
+    Testing::VirtualDisplay display{QSize(320, 200)};
+    UserSession session{&display};
+};
+
+mode_t permissions(const QString& path)
+{
+    struct stat status{};
+    return stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777 : 0;
+}
+
+void writeFile(const QString& path, const QByteArray& content)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+} // namespace
+
+TEST_F(FaultsTest, CommandsThatMakeNoSenseAreUsageErrors)
+{
+    const QStringList lines[] = {{"frob"},
+                                 {"capture"},
+                                 {"capture", "sideways"},
+                                 {"capture", "area"},
+                                 {"capture", "fullScreen", "--rect", "1,2,3,4"},
+                                 {"capture", "area", "--rect", "1,2,3"},
+                                 {"capture", "area", "--rect", "1,2,0,4"},
+                                 {"capture", "area", "--rect", "1,2,nan,4"},
+                                 {"capture", "fullScreen", "--output"},
+                                 {"capture", "fullScreen", "--wait=yes"},
+                                 {"capture", "fullScreen", "--save", "--output", "a.png"},
+                                 {"preferences", "set", "jpegQuality"},
+                                 {"sign-in"},
+                                 {"pin", "a.png"}};
+    for (const QStringList& line : lines) {
+        const auto result = session.kovrel(line);
+        EXPECT_EQ(result.exitCode, 2) << qPrintable(line.join(' '));
+        EXPECT_TRUE(result.error.contains("usage: kovrel")) << qPrintable(line.join(' '));
+    }
+    EXPECT_EQ(session.instancePid(), 0) << "a usage error started the program";
+}
+
+TEST_F(FaultsTest, CapturingNeedsAnAccount)
+{
+    const auto refused = session.kovrel({"capture", "fullScreen"});
+    EXPECT_EQ(refused.exitCode, 3);
+    EXPECT_TRUE(refused.error.contains("sign-in --local"));
+    EXPECT_EQ(session.kovrel({"sign-in", "--local"}).exitCode, 0);
+    EXPECT_EQ(session.kovrel({"capture", "fullScreen"}).exitCode, 0);
+    EXPECT_EQ(session.kovrel({"sign-out"}).exitCode, 0);
+    EXPECT_EQ(session.kovrel({"capture", "fullScreen"}).exitCode, 3);
+}
+
+TEST_F(FaultsTest, WhatIsTheUsersIsReadableByTheUserAlone)
+{
+    session.prepare();
+    session.kovrel({"capture", "fullScreen", "--wait"});
+    EXPECT_EQ(permissions(session.path("data/Kovrel")), 0700u);
+    EXPECT_EQ(permissions(session.path("data/Kovrel/kovrel.session.token")), 0600u);
+    EXPECT_EQ(permissions(session.path("cache/kovrel/tmp")), 0700u);
+    ASSERT_EQ(session.savedFiles().size(), 1);
+}
+
+TEST_F(FaultsTest, ACaptureIsKeptWhereverItsFolderIsBroken)
+{
+    session.prepare();
+    writeFile(session.path("blocked"), "a file");
+
+    struct Case {
+        const char* what;
+        QString folder;
+        bool isKeptElsewhere;
+    };
+
+    const Case cases[] = {
+        {"missing: the default folder is used", session.path("missing"), false},
+        {"replaced by a file", session.path("blocked"), false},
+        {"nobody may write there", "/proc", true},
+    };
+    int expected = 0;
+    for (const Case& c : cases) {
+        session.kovrel({"preferences", "set", "saveLocationBookmark", "file://" + c.folder});
+        const auto result = session.kovrel({"capture", "fullScreen", "--save", "--wait"});
+        EXPECT_EQ(result.exitCode, c.isKeptElsewhere ? 4 : 0) << c.what << ": " << result.error.constData();
+        EXPECT_EQ(result.error.contains("kept as"), c.isKeptElsewhere) << result.error.constData();
+        EXPECT_EQ(session.savedFiles().size(), ++expected) << c.what;
+    }
+}
+
+TEST_F(FaultsTest, DamagedAndUnwritablePreferencesDoNoHarm)
+{
+    const QString file = session.path("config/kovrel/kovrel.conf");
+    writeFile(file, "[General]\nselfTimerSeconds=soon\nimageFormat=jpeg\njpegQu");
+    EXPECT_EQ(session.kovrel({"preferences", "get", "selfTimerSeconds"}).output, "5\n");
+    EXPECT_EQ(session.kovrel({"preferences", "get", "imageFormat"}).output, "jpeg\n");
+    EXPECT_EQ(QDir(session.path("config/kovrel")).entryList({"*unreadable*"}, QDir::Files).size(), 1);
+    for (const auto& [value, exitCode] : {std::pair{"0.5", 0}, {"loud", 2}})
+        EXPECT_EQ(session.kovrel({"preferences", "set", "jpegQuality", value}).exitCode, exitCode);
+    EXPECT_EQ(session.kovrel({"preferences", "get", "jpegQuality"}).output, "0.5\n");
+    EXPECT_EQ(session.kovrel({"preferences", "set", "hotkeyArea", "Ctrl+Alt+Print"}).exitCode, 0);
+    EXPECT_EQ(session.kovrel({"preferences", "get", "hotkeyArea"}).output, "Ctrl+Alt+Print\n");
+    EXPECT_EQ(session.kovrel({"preferences", "reset", "hotkeyArea"}).exitCode, 0);
+    EXPECT_EQ(session.kovrel({"preferences", "get", "hotkeyArea"}).output, "Super+Shift+4\n");
+    EXPECT_EQ(session.kovrel({"preferences", "get", "nonsense"}).exitCode, 1);
+    EXPECT_EQ(session.instancePid(), 0) << "settings need no running program";
+}
+
+TEST_F(FaultsTest, TwoFirstStartsAtOnceLeaveOneInstanceThatTakesBothCaptures)
+{
+    session.prepare({"selfTimerSeconds=1"});
+    std::vector<QProcess*> clients;
+    for (int i = 0; i < 4; ++i)
+        clients.push_back(&session.startKovrel({"preferences", "list"}));
+    for (int i = 0; i < 2; ++i)
+        clients.push_back(&session.startKovrel({"capture", "timed", "--wait"}));
+    session.kovrel({"capture", "fullScreen"});
+    const qint64 pid = session.instancePid();
+    EXPECT_GT(pid, 0);
+    for (QProcess* client : clients)
+        EXPECT_TRUE(client->waitForFinished(15000));
+    EXPECT_EQ(session.instancePid(), pid);
+    EXPECT_EQ(session.kovrel({}).exitCode, 0) << "a second start brings the first one forward";
+    EXPECT_EQ(session.instancePid(), pid);
+}
+
+TEST_F(FaultsTest, QuittingWithoutAReasonKeepsTheProgram)
+{
+    session.prepare();
+    session.kovrel({"capture", "fullScreen"});
+    const qint64 pid = session.instancePid();
+    const auto quit = [this](const char* reason) {
+        session.run("dbus-send", {"--session", "--print-reply", "--dest=com.kovrel.Kovrel", "/com/kovrel/Kovrel",
+                                  "com.kovrel.Kovrel.Quit", QString("string:") + reason});
+    };
+    quit("");
+    EXPECT_EQ(session.instancePid(), pid);
+    quit("log-out");
+    EXPECT_TRUE(UserSession::eventually([&] { return session.instancePid() == 0; }));
+    EXPECT_EQ(session.kovrel({"quit"}).exitCode, 1);
+
+    session.kovrel({"capture", "fullScreen"});
+    ::kill(pid_t(session.instancePid()), SIGTERM);
+    EXPECT_TRUE(UserSession::eventually([&] { return session.instancePid() == 0; })) << "SIGTERM ends it";
+}
+
+TEST_F(FaultsTest, AKilledSaveLeavesNothingBehindAtTheNextStart)
+{
+    session.prepare({"showCursorInCapture=false"});
+    for (int round = 0; round < 6; ++round) {
+        session.kovrel({"capture", "fullScreen"});
+        QProcess& capture = session.startKovrel({"capture", "fullScreen", "--save", "--wait"});
+        capture.waitForFinished(round);
+        ::kill(pid_t(session.instancePid()), SIGKILL);
+        UserSession::eventually([&] { return session.instancePid() == 0; });
+    }
+    session.kovrel({"capture", "fullScreen", "--wait"});
+    EXPECT_TRUE(UserSession::eventually([&] {
+        for (const QString& name : session.savedFiles())
+            if (QFileInfo(session.saveFolder() + '/' + name).size() == 0)
+                return false;
+        return true;
+    })) << "empty reservations are swept at the start";
+    for (const QString& name : session.savedFiles())
+        EXPECT_FALSE(QImage(session.saveFolder() + '/' + name).isNull()) << qPrintable(name);
+}
+
+TEST_F(FaultsTest, SignInAnswersNobodyAskedForAreRefused)
+{
+    session.kovrel({"capture", "fullScreen"});
+    for (const char* url :
+         {"kovrel://auth-callback?state=guessed&token=t", "kovrel://auth-callback", "kovrel://elsewhere"})
+        EXPECT_EQ(session.kovrel({url}).exitCode, 0);
+    EXPECT_EQ(session.kovrel({"capture", "fullScreen"}).exitCode, 3);
+}
+
+TEST_F(FaultsTest, ADeadKeychainDoesNotHangTheProgram)
+{
+    // Something owns the keychain's name and never answers.
+    session.start("/usr/bin/python3", {"-c", "import dbus, dbus.mainloop.glib, time\n"
+                                    "bus = dbus.SessionBus()\n"
+                                    "bus.request_name('org.freedesktop.secrets')\n"
+                                    "time.sleep(60)\n"});
+    ASSERT_TRUE(UserSession::eventually([&] {
+        return session
+                   .run("dbus-send", {"--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
+                                      "org.freedesktop.DBus.GetNameOwner", "string:org.freedesktop.secrets"})
+                   .exitCode == 0;
+    }));
+    EXPECT_EQ(session.kovrel({"capture", "fullScreen"}).exitCode, 3) << "not signed in, after the deadline";
+    EXPECT_EQ(session.kovrel({"sign-in", "--local"}).exitCode, 0);
+    EXPECT_EQ(session.kovrel({"capture", "fullScreen"}).exitCode, 0);
+}
+
+TEST(Desktops, WhatCanNotBeCapturedIsSaidInOneLine)
+{
+    {
+        UserSession session(nullptr);
+        session.prepare();
+        const auto result = session.kovrel({"capture", "fullScreen"});
+        EXPECT_EQ(result.exitCode, 4);
+        EXPECT_TRUE(result.error.contains("there is no display")) << result.error.constData();
+        session.setVariable("DISPLAY", ":4711");
+        EXPECT_TRUE(session.kovrel({"capture", "fullScreen"}).error.contains("can't be reached"));
+    }
+    Testing::VirtualDisplay display({320, 200});
+    {
+        UserSession session(&display);
+        session.setVariable("XDG_SESSION_TYPE", "wayland");
+        session.prepare();
+        const auto result = session.kovrel({"capture", "fullScreen"});
+        EXPECT_EQ(result.exitCode, 3);
+        EXPECT_TRUE(result.error.contains("X11 (Xorg) session")) << result.error.constData();
+        EXPECT_TRUE(session.savedFiles().isEmpty());
+    }
+    {
+        UserSession session(&display, false);
+        session.prepare();
+        const auto result = session.kovrel({"capture", "fullScreen", "--wait"});
+        EXPECT_EQ(result.exitCode, 0) << "without a bus the capture is taken in the command's own process";
+        EXPECT_TRUE(result.error.contains("no session bus")) << result.error.constData();
+        EXPECT_EQ(session.savedFiles().size(), 1);
+    }
+}
+
+} // namespace Kovrel
