@@ -69,6 +69,8 @@ Application::Application(AppDelegate::Launch launch)
     m_coordinator.onCaptureFinished([this](const CaptureResult& result) {
         m_bus.announceCaptureFinished(result.id.toString(QUuid::WithoutBraces).toUpper(), rawString(result.mode),
                                       result.image.width(), result.image.height());
+        if (m_homeWindow)
+            m_homeWindow->refresh();
     });
 }
 
@@ -77,14 +79,19 @@ void Application::followScreens()
 {
     const auto follow = [this](QScreen* screen) {
         m_desktop.displays.refresh();
-        QObject::connect(screen, &QScreen::logicalDotsPerInchChanged, &m_context, [this] { m_desktop.displays.refresh(); });
+        QObject::connect(screen, &QScreen::logicalDotsPerInchChanged, &m_context,
+                         [this] { m_desktop.displays.refresh(); });
     };
     for (QScreen* screen : QGuiApplication::screens())
         follow(screen);
     QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &m_context, follow);
 }
 
-Application::~Application() = default;
+Application::~Application()
+{
+    // Jobs in flight use what goes after this; a save that was begun is finished.
+    m_workers.finish();
+}
 
 CaptureServices Application::captureServices()
 {

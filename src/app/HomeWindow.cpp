@@ -24,9 +24,12 @@ QLabel* label(int pixelSize, QFont::Weight weight)
 void dim(QWidget* widget)
 {
     QPalette palette = widget->palette();
-    QColor color = palette.color(QPalette::WindowText);
-    color.setAlphaF(0.62f);
-    palette.setColor(QPalette::WindowText, color);
+    for (const auto& [group, opacity] :
+         {std::pair{QPalette::Active, 0.62f}, {QPalette::Inactive, 0.62f}, {QPalette::Disabled, 0.26f}}) {
+        QColor color = palette.color(QPalette::Active, QPalette::WindowText);
+        color.setAlphaF(opacity);
+        palette.setColor(group, QPalette::WindowText, color);
+    }
     widget->setPalette(palette);
 }
 
@@ -119,7 +122,7 @@ void HomeWindow::refresh()
     const bool isSignedIn = m_handlers.isSignedIn();
     const QString obstacle = m_handlers.obstacle();
     m_title->setText(isSignedIn ? "Kovrel" : "Welcome to Kovrel");
-    m_subtitle->setText(isSignedIn ? "Capture from here, from the tray or with the keys."
+    m_subtitle->setText(isSignedIn ? "Capture from here, from the tray or from the command line."
                                    : "Captures, kept and found again. Everything stays on this computer.");
     if (!obstacle.isEmpty())
         showNotice(obstacle);

@@ -6,14 +6,9 @@
 #include "capture/CaptureTrace.h"
 #include "capture/CardPile.h"
 #include "capture/SelectionGrabber.h"
-#include "capture/SourceAppResolver.h"
 #include "capture/Toasts.h"
 #include "platform/Displays.h"
-#include "platform/Pointer.h"
-#include "platform/Windows.h"
 #include "preferences/Preferences.h"
-
-#include <QCoreApplication>
 
 namespace Kovrel {
 
@@ -37,6 +32,8 @@ CaptureCoordinator::CaptureCoordinator(CaptureServices services)
       m_textCapture(m_services, m_finisher),
       m_selfTimer(m_services),
       m_reopener(m_services),
+      m_composition(m_services),
+      m_survey(m_services),
       m_scope(m_services.loop, m_services.workers)
 {
 }
@@ -291,26 +288,6 @@ QCoro::Task<> CaptureCoordinator::hideChromeAndRepaint(Run run)
         co_await m_scope.reply<bool>([this](auto done) { m_services.pixels.whenRepainted(done); });
 }
 
-QCoro::Task<std::optional<Display>> CaptureCoordinator::screenUnderMouse()
-{
-    const std::optional<PointerPosition> pointer = co_await m_scope.reply<std::optional<PointerPosition>>(
-        [this](auto done) { m_services.pointer.position(done); });
-    const DisplayList displays = m_services.displays.all();
-    const Display* display = pointer ? displayWithID(displays, pointer->displayID) : nullptr;
-    if (!display)
-        display = primaryDisplay(displays);
-    co_return display ? std::optional(*display) : std::nullopt;
-}
-
-QCoro::Task<std::optional<SourceApp>> CaptureCoordinator::sourceAppUnder(QRect rootPixels)
-{
-    using List = std::optional<std::vector<WindowInfo>>;
-    const List windows = co_await m_scope.reply<List>([this](auto done) { m_services.windows.list(done); });
-    if (!windows)
-        co_return std::nullopt;
-    co_return SourceAppResolver::resolve(*windows, rootPixels, QCoreApplication::applicationPid());
-}
-
 // --- Area and window
 
 void CaptureCoordinator::armOverlayModeTracking(SelectionOverlay::Mode initial, bool isOCR)
@@ -350,8 +327,9 @@ QCoro::Task<> CaptureCoordinator::runAreaSelection(Run run, bool ocrOnly)
 
 QCoro::Task<> CaptureCoordinator::runWindowSelection(Run run)
 {
-    const std::optional<Display> display = co_await screenUnderMouse();
-    prewarmWindowBackdrop(display);
+    const std::optional<Display> display = co_await m_scope.join(m_survey.screenUnderMouse());
+    if (display)
+        m_composition.prewarm(*display);
     SelectionResult selection = co_await select(run, SelectionOverlay::Mode::windowPick, false);
     co_await takeSelection(run, std::move(selection), false);
 }
@@ -374,7 +352,7 @@ QCoro::Task<> CaptureCoordinator::takeArea(Run run, QRect rootPixels, bool ocrOn
 {
     FrozenScreens frozen = m_services.overlay.takeFrozenImages();
     const auto frozenCount = frozen.size();
-    const std::optional<Display> display = co_await screenUnderMouse();
+    const std::optional<Display> display = co_await m_scope.join(m_survey.screenUnderMouse());
     std::optional<QImage> image = co_await m_scope.reply<std::optional<QImage>>(
         [&](auto done) { m_services.grabber.grab(rootPixels, std::move(frozen), done); });
     m_services.trace.mark(QString("selection committed \u2192 pixels in hand (frozen %1)").arg(frozenCount));
@@ -432,7 +410,7 @@ QCoro::Task<> CaptureCoordinator::finishArea(Run run, QImage image, QRect rootPi
         .pixelScale = display.scale,
         .sourceApp = {},
     };
-    pixels.sourceApp = co_await sourceAppUnder(rootPixels);
+    pixels.sourceApp = co_await m_scope.join(m_survey.sourceAppUnder(rootPixels));
     if (ocrOnly)
         co_await m_scope.join(m_textCapture.runOCR(std::move(pixels), run));
     else
@@ -441,7 +419,7 @@ QCoro::Task<> CaptureCoordinator::finishArea(Run run, QImage image, QRect rootPi
 
 QCoro::Task<> CaptureCoordinator::takeWindows(Run run, std::vector<quint32> ids, bool ocrOnly)
 {
-    const std::optional<Display> display = co_await screenUnderMouse();
+    const std::optional<Display> display = co_await m_scope.join(m_survey.screenUnderMouse());
     std::optional<QImage> image =
         co_await m_scope.reply<std::optional<QImage>>([&](auto done) { m_services.grabber.grabWindows(ids, done); });
     m_services.trace.mark(QString("window pick \u2192 pixels in hand (in-process %1)").arg(image ? "true" : "false"));
@@ -466,47 +444,16 @@ QCoro::Task<> CaptureCoordinator::takeWindows(Run run, std::vector<quint32> ids,
         .pixelScale = display ? display->scale : 2.0,
         .sourceApp = {},
     };
-    using List = std::optional<std::vector<WindowInfo>>;
-    const List windows = co_await m_scope.reply<List>([this](auto done) { m_services.windows.list(done); });
-    for (const WindowInfo& window : windows.value_or(std::vector<WindowInfo>{}))
-        if (!ids.empty() && window.id == ids.front())
-            picked.sourceApp = window.app;
+    picked.sourceApp = co_await m_scope.join(m_survey.sourceAppOf(ids.empty() ? 0 : ids.front()));
     if (ocrOnly)
         co_await m_scope.join(m_textCapture.runOCR(std::move(picked), run));
     else
         co_await finishWindowPick(run, std::move(picked));
 }
 
-void CaptureCoordinator::prewarmWindowBackdrop(std::optional<Display> display)
-{
-    if (!display || m_windowModeWallpaperPrewarm ||
-        m_services.preferences.windowBackdropStyle() != WindowBackdropStyle::wallpaper)
-        return;
-    const int size = std::max(display->pixelRect.width(), display->pixelRect.height());
-    m_windowModePrewarmedDisplayID = display->id;
-    m_windowModeWallpaperPrewarm = m_scope.reply<std::optional<QImage>>(
-        [&](auto done) { m_services.backdrop.wallpaper(display->id, size, done); });
-}
-
 QCoro::Task<> CaptureCoordinator::finishWindowPick(Run run, CaptureFinisher::Pixels picked)
 {
-    const WindowBackdropStyle style = m_services.preferences.windowBackdropStyle();
-    auto prewarm = std::exchange(m_windowModeWallpaperPrewarm, std::nullopt);
-    const bool isHit = prewarm && m_windowModePrewarmedDisplayID == picked.displayID;
-    std::optional<QImage> wallpaper;
-    if (style == WindowBackdropStyle::wallpaper) {
-        if (!isHit && picked.displayID) {
-            const int size = std::max(picked.image.width(), picked.image.height());
-            prewarm = m_scope.reply<std::optional<QImage>>(
-                [&](auto done) { m_services.backdrop.wallpaper(*picked.displayID, size, done); });
-        }
-        if (prewarm)
-            wallpaper = co_await *prewarm;
-        m_services.trace.mark(QString("t4b wallpaper ready (prewarm %1)").arg(isHit ? "HIT" : "MISS"));
-    }
-    const QImage window = picked.image;
-    auto composed =
-        m_scope.reply<ComposedCapture>([&](auto done) { m_services.backdrop.compose(window, style, wallpaper, done); });
+    auto composed = m_scope.join(m_composition.compose(picked.image, picked.displayID));
     co_await m_scope.join(m_finisher.finish(std::move(picked), run, std::move(composed)));
 }
 
@@ -520,7 +467,7 @@ QCoro::Task<> CaptureCoordinator::runFullScreen(Run run, std::optional<Display> 
     }
     std::optional<Display> target = on;
     if (!target)
-        target = co_await screenUnderMouse();
+        target = co_await m_scope.join(m_survey.screenUnderMouse());
     if (!target) {
         abandon(run, "There is no display to capture");
         co_return;
@@ -544,7 +491,7 @@ QCoro::Task<> CaptureCoordinator::runFullScreen(Run run, std::optional<Display> 
         .pixelScale = target->scale,
         .sourceApp = {},
     };
-    pixels.sourceApp = co_await sourceAppUnder(target->pixelRect);
+    pixels.sourceApp = co_await m_scope.join(m_survey.sourceAppUnder(target->pixelRect));
     co_await m_scope.join(m_finisher.finish(std::move(pixels), run));
 }
 
@@ -563,7 +510,7 @@ QCoro::Task<> CaptureCoordinator::runLastArea(Run run)
     if (remembered)
         display = *remembered;
     else
-        display = co_await screenUnderMouse();
+        display = co_await m_scope.join(m_survey.screenUnderMouse());
     if (!display) {
         abandon(run, "There is no display to capture");
         co_return;
@@ -579,7 +526,7 @@ QCoro::Task<> CaptureCoordinator::runLastArea(Run run)
 
 QCoro::Task<> CaptureCoordinator::runTimed(Run run)
 {
-    const std::optional<Display> screen = co_await screenUnderMouse();
+    const std::optional<Display> screen = co_await m_scope.join(m_survey.screenUnderMouse());
     if (!screen) {
         abandon(run, "There is no display to capture");
         co_return;
@@ -595,7 +542,7 @@ QCoro::Task<> CaptureCoordinator::runTimed(Run run)
     m_services.toasts.setHiddenForCapture(true);
     leaveInteractivePhase(run);
     co_await m_scope.reply<bool>([this](auto done) { m_services.pixels.whenRepainted(done); });
-    std::optional<Display> previewOn = co_await screenUnderMouse();
+    std::optional<Display> previewOn = co_await m_scope.join(m_survey.screenUnderMouse());
     const DisplayList displays = m_services.displays.all();
     const Display* remembered = displayWithID(displays, screen->id);
     co_await runFullScreen(run, remembered ? std::optional(*remembered) : previewOn, previewOn);

@@ -5,10 +5,12 @@
 #include "capture/CaptureRequest.h"
 #include "capture/CaptureRun.h"
 #include "capture/CaptureServices.h"
+#include "capture/DesktopSurvey.h"
 #include "capture/PixelSource.h"
 #include "capture/SelectionOverlay.h"
 #include "capture/SelfTimer.h"
 #include "capture/TextCapture.h"
+#include "capture/WindowComposition.h"
 #include "platform/Display.h"
 #include "platform/Scope.h"
 
@@ -88,19 +90,18 @@ private:
     QCoro::Task<std::optional<QImage>> fallbackAreaGrab(QRect rootPixels);
     QCoro::Task<> takeWindows(Run run, std::vector<quint32> ids, bool ocrOnly);
     QCoro::Task<> finishArea(Run run, QImage image, QRect rootPixels, Display display, bool ocrOnly);
-    void prewarmWindowBackdrop(std::optional<Display> display);
     QCoro::Task<> finishWindowPick(Run run, CaptureFinisher::Pixels picked);
 
     bool hideChrome(Run run, bool withToasts);
     QCoro::Task<> hideChromeAndRepaint(Run run);
-    QCoro::Task<std::optional<Display>> screenUnderMouse();
-    QCoro::Task<std::optional<SourceApp>> sourceAppUnder(QRect rootPixels);
 
     CaptureServices m_services;
     CaptureFinisher m_finisher;
     TextCapture m_textCapture;
     SelfTimer m_selfTimer;
     CaptureReopener m_reopener;
+    WindowComposition m_composition;
+    DesktopSurvey m_survey;
 
     bool m_isCapturing = false;
     std::optional<CaptureRequest> m_queuedCapture;
@@ -114,8 +115,6 @@ private:
     bool m_overlaySessionIsOCR = false;
 
     std::vector<std::function<void()>> m_deferredForeground;
-    std::optional<Wait<std::optional<QImage>>> m_windowModeWallpaperPrewarm;
-    std::optional<quint32> m_windowModePrewarmedDisplayID;
     std::optional<DisplayArea> m_lastArea;
     std::optional<int> m_chromeHiddenBy;
 

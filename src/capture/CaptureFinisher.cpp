@@ -117,7 +117,8 @@ std::shared_ptr<CaptureSave> CaptureFinisher::startSave(const CaptureResult& res
         else
             services.toasts.present({.message = "The capture could not be saved",
                                      .subtitle = outcome.error(),
-                                     .icon = "exclamationmark.triangle"},
+                                     .icon = "exclamationmark.triangle",
+                                     .iconTint = QColor("#FF9F0A")},
                                     display, true);
     });
     return save;

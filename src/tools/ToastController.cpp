@@ -32,7 +32,7 @@ void ToastController::present(ToastContent content, std::optional<quint32> displ
     const Display* display = displayID ? displayWithID(displays, *displayID) : nullptr;
     m_content = std::move(content);
     m_lastDisplay = displayID;
-    m_panel = new ToastPanel(m_content, display ? *display : displays.front());
+    m_panel = new ToastPanel(m_content, display ? *display : displays.front(), m_displays.isComposited());
     QObject::connect(m_panel, &ToastPanel::closeClicked, m_panel, [this] { dismiss(true); });
     if (!m_isHiddenForCapture)
         m_panel->popIn();

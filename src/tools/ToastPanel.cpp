@@ -31,21 +31,31 @@ bool isDark(const QPalette& palette)
 void paintShadow(QPainter& painter, const QRectF& card)
 {
     painter.setPen(Qt::NoPen);
-    for (int spread = 18; spread > 0; spread -= 2) {
-        const double reach = spread;
-        painter.setBrush(QColor(0, 0, 0, 5));
-        painter.drawRoundedRect(card.adjusted(-reach, -reach + 4, reach, reach + 4), cornerRadius + reach,
-                                cornerRadius + reach);
+    painter.setBrush(QColor(0, 0, 0, 3));
+    for (double reach = 24; reach > 0; reach -= 2) {
+        const double radius = cornerRadius + reach;
+        painter.drawRoundedRect(card.adjusted(-reach, -reach + 5, reach, reach + 5), radius, radius);
     }
+}
+
+QRegion roundedRegion(const QRectF& rect)
+{
+    QPainterPath path;
+    path.addRoundedRect(rect, cornerRadius, cornerRadius);
+    return QRegion(path.toFillPolygon().toPolygon());
 }
 
 } // namespace
 
-ToastPanel::ToastPanel(ToastContent content, const Display& display) : m_content(std::move(content))
+ToastPanel::ToastPanel(ToastContent content, const Display& display, bool isComposited)
+    : m_content(std::move(content)), m_shadowRoom(isComposited ? shadowPad : 0)
 {
     setWindowFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::ToolTip | Qt::BypassWindowManagerHint |
                    Qt::WindowDoesNotAcceptFocus);
-    setAttribute(Qt::WA_TranslucentBackground);
+    if (isComposited)
+        setAttribute(Qt::WA_TranslucentBackground);
+    else
+        setMask(roundedRegion(QRectF({}, cardSize)));
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_DeleteOnClose);
     setAccessibleName(m_content.message);
@@ -60,10 +70,10 @@ void ToastPanel::place(const Display& display)
         if (screen->name() != display.name)
             continue;
         const QRectF area = screen->availableGeometry();
-        const QPointF topLeft(area.right() - rightMargin - cardSize.width() - shadowPad,
-                              area.top() + topMargin - shadowPad);
+        const QPointF topLeft(area.right() - rightMargin - cardSize.width() - m_shadowRoom,
+                              area.top() + topMargin - m_shadowRoom);
         setScreen(screen);
-        setGeometry(QRectF(topLeft, cardSize + QSizeF(2 * shadowPad, 2 * shadowPad)).toAlignedRect());
+        setGeometry(QRectF(topLeft, cardSize + QSizeF(2 * m_shadowRoom, 2 * m_shadowRoom)).toAlignedRect());
         return;
     }
 }
@@ -103,8 +113,9 @@ void ToastPanel::paintEvent(QPaintEvent*)
 
 void ToastPanel::paintCard(QPainter& painter) const
 {
-    const QRectF card(QPointF(shadowPad, shadowPad), cardSize);
-    paintShadow(painter, card);
+    const QRectF card(QPointF(m_shadowRoom, m_shadowRoom), cardSize);
+    if (m_shadowRoom > 0)
+        paintShadow(painter, card);
     const bool dark = isDark(palette());
     painter.setPen(QPen(dark ? QColor(255, 255, 255, 28) : QColor(0, 0, 0, 24), 1));
     painter.setBrush(dark ? QColor(44, 44, 48) : QColor(252, 252, 253));

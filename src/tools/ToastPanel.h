@@ -7,12 +7,13 @@
 
 namespace Kovrel {
 
-// The floating card of one toast, with room for its shadow around it. It never takes the focus.
+// The floating card of one toast, with room for its shadow around it where windows can be translucent. It never takes
+// the focus.
 class ToastPanel : public QWidget {
     Q_OBJECT
 
 public:
-    ToastPanel(ToastContent content, const Display& display);
+    ToastPanel(ToastContent content, const Display& display, bool isComposited);
 
     void setContent(ToastContent content);
     void popIn();
@@ -32,6 +33,7 @@ private:
     void paintText(QPainter& painter, const QRectF& area) const;
 
     ToastContent m_content;
+    double m_shadowRoom; // around the card, in points
 };
 
 } // namespace Kovrel

@@ -24,7 +24,7 @@ const char* threadName(Lane lane)
 
 } // namespace
 
-ThreadWorkers::~ThreadWorkers()
+void ThreadWorkers::finish()
 {
     for (auto& [lane, queue] : m_queues) {
         {
@@ -35,6 +35,7 @@ ThreadWorkers::~ThreadWorkers()
     }
     for (auto& [lane, queue] : m_queues)
         queue->thread.join();
+    m_queues.clear();
 }
 
 void ThreadWorkers::submit(Lane lane, std::function<void()> job)

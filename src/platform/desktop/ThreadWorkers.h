@@ -11,10 +11,13 @@
 
 namespace Kovrel {
 
-// One thread for each lane, started with the lane's first job. Going away runs what was submitted and then joins.
+// One thread for each lane, started with the lane's first job.
 class ThreadWorkers : public Workers {
 public:
-    ~ThreadWorkers() override;
+    ~ThreadWorkers() override { finish(); }
+
+    // Runs what was submitted and ends the threads; a later job starts its lane again.
+    void finish();
     void submit(Lane lane, std::function<void()> job) override;
 
 private:
