@@ -98,6 +98,7 @@ void ToastPanel::popIn()
 void ToastPanel::fadeOut()
 {
     auto* animation = new QPropertyAnimation(this, "windowOpacity", this);
+    animation->setObjectName("fade");
     animation->setDuration(fadeMilliseconds);
     animation->setEndValue(0.0);
     connect(animation, &QPropertyAnimation::finished, this, &QWidget::close);

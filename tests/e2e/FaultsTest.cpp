@@ -199,9 +199,9 @@ TEST_F(FaultsTest, ADeadKeychainDoesNotHangTheProgram)
 {
     // Something owns the keychain's name and never answers.
     session.start("/usr/bin/python3", {"-c", "import dbus, dbus.mainloop.glib, time\n"
-                                    "bus = dbus.SessionBus()\n"
-                                    "bus.request_name('org.freedesktop.secrets')\n"
-                                    "time.sleep(60)\n"});
+                                             "bus = dbus.SessionBus()\n"
+                                             "bus.request_name('org.freedesktop.secrets')\n"
+                                             "time.sleep(60)\n"});
     ASSERT_TRUE(UserSession::eventually([&] {
         return session
                    .run("dbus-send", {"--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",

@@ -1,0 +1,41 @@
+#include "commandline/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+namespace Kovrel {
+
+TEST(CommandLine, ArgumentsSurviveBeingHandedOn)
+{
+    const std::vector<std::string> lines[] = {
+        {},
+        {"--background"},
+        {"kovrel://auth-callback?state=1"},
+        {"capture", "area", "--rect", "-10,2.5,30,40", "--copy", "--wait", "--json"},
+        {"capture", "--output=/a b/c=d.png", "fullScreen"},
+        {"preferences", "set", "fileNameTemplate", "--", "--dashes"},
+        {"preferences", "set", "annotationColorHex.arrow", ""},
+        {"sign-in", "--local"},
+        {"quit"},
+    };
+    for (const auto& line : lines) {
+        const auto command = CommandLine::parse(line, "/home/me");
+        ASSERT_TRUE(command) << command.error();
+        const auto again = CommandLine::parse(command->arguments(), "/");
+        ASSERT_TRUE(again) << again.error();
+        EXPECT_EQ(*again, *command);
+    }
+}
+
+TEST(CommandLine, PathsBecomeAbsoluteWhereTheCommandWasGiven)
+{
+    const auto output = [](const char* path) {
+        return CommandLine::parse({"capture", "fullScreen", "--output", path}, "/home/me")->options.at("output");
+    };
+    EXPECT_EQ(output("a.png"), "/home/me/a.png");
+    EXPECT_EQ(output("../b.JPG"), "/home/me/../b.JPG");
+    EXPECT_EQ(output("/c.heif"), "/c.heif");
+    for (const char* bad : {"a", "a.gif", ".png/x", "png"})
+        EXPECT_FALSE(CommandLine::parse({"capture", "fullScreen", "--output", bad}, "/home/me")) << bad;
+}
+
+} // namespace Kovrel
