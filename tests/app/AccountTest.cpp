@@ -117,7 +117,8 @@ TEST_F(AccountTest, WebAnswersAreTakenOnceAndOnlyForARequestOfOurs)
     };
     EXPECT_EQ(answer("?state=&token=t"), false) << "nobody asked";
     const QString state = account->beginWebSignIn();
-    for (const QString& query : {QString(), QString("?token=t"), QString("?state=guess&token=t"), QString("?state=" + state)})
+    for (const QString& query :
+         {QString(), QString("?token=t"), QString("?state=guess&token=t"), QString("?state=" + state)})
         EXPECT_EQ(answer(query), false) << qPrintable(query);
     EXPECT_FALSE(account->isSignedIn());
     EXPECT_EQ(answer("?state=" + state + "&token=a%2Bb"), true);

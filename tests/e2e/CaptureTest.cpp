@@ -108,6 +108,17 @@ TEST_F(CaptureTest, ASecondProgramReadsTheCopiedPicture)
     }
 }
 
+TEST_F(CaptureTest, WhatWasCopiedOutlivesTheProgramWhereAManagerTakesIt)
+{
+    session.start("xfce4-clipman", {});
+    ASSERT_TRUE(Testing::UserSession::eventually([&] { return painted.hasOwner("CLIPBOARD_MANAGER"); }));
+    ASSERT_EQ(session.kovrel({"capture", "area", "--rect", "10,10,60,50", "--copy"}).exitCode, 0);
+    session.kovrel({"quit"});
+    EXPECT_TRUE(Testing::UserSession::eventually([&] { return session.instancePid() == 0; }));
+    const auto bytes = session.run("xclip", {"-selection", "clipboard", "-t", "image/png", "-o"}).output;
+    EXPECT_EQ(firstDifference(QImage::fromData(bytes), screen.copy(10, 10, 60, 50)), "");
+}
+
 TEST_F(CaptureTest, FinishedCapturesAreAnnouncedOnTheBus)
 {
     QProcess& monitor = session.start("dbus-monitor", {"--session", "interface='com.kovrel'"});

@@ -244,4 +244,13 @@ QRgb PaintedScreen::pixelAt(QPoint rootPixel) const
     return pixel;
 }
 
+bool PaintedScreen::hasOwner(const QByteArray& selection) const
+{
+    auto* reply =
+        xcb_get_selection_owner_reply(m_connection, xcb_get_selection_owner(m_connection, atom(selection)), nullptr);
+    const bool isOwned = reply && reply->owner != XCB_NONE;
+    free(reply);
+    return isOwned;
+}
+
 } // namespace Kovrel::Testing

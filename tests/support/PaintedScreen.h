@@ -53,6 +53,8 @@ public:
     // What the screen shows, without the unused byte.
     QRgb pixelAt(QPoint rootPixel) const;
 
+    bool hasOwner(const QByteArray& selection) const;
+
     xcb_connection_t* connection() const { return m_connection; }
 
     xcb_window_t root() const { return m_screen->root; }

@@ -1,0 +1,106 @@
+#include "platform/desktop/KeychainTokenStore.h"
+#include "platform/desktop/QtMainLoop.h"
+
+#include <QEventLoop>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+namespace Kovrel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// The real keychain of a desktop, in folders and on a bus of a test's own. This process's bus address is fixed at its
+// first use, which is here.
+class Keyring {
+public:
+    explicit Keyring(bool isUnlocked)
+    {
+        m_bus.start("dbus-daemon", {"--session", "--nofork", "--print-address=1"});
+        m_bus.waitForReadyRead();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.readLine().trimmed());
+        qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
+        qputenv("XDG_RUNTIME_DIR", m_folder.path().toUtf8());
+        QStringList arguments{"--foreground", "--components=secrets"};
+        if (isUnlocked)
+            arguments << "--unlock";
+        m_daemon.start("gnome-keyring-daemon", arguments);
+        m_daemon.waitForStarted();
+        m_daemon.write("\n");
+        m_daemon.closeWriteChannel();
+        for (int tries = 0; tries < 500 && !isThere(); ++tries)
+            QThread::msleep(20);
+    }
+
+    ~Keyring()
+    {
+        for (QProcess* process : {&m_daemon, &m_bus}) {
+            process->terminate();
+            process->waitForFinished();
+        }
+    }
+
+private:
+    static bool isThere()
+    {
+        QProcess question;
+        question.start("dbus-send", {"--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
+                                     "org.freedesktop.DBus.GetNameOwner", "string:org.freedesktop.secrets"});
+        question.waitForFinished();
+        return question.exitCode() == 0;
+    }
+
+    QTemporaryDir m_folder;
+    QProcess m_bus;
+    QProcess m_daemon;
+};
+
+template <class T>
+T await(const std::function<void(Reply<T>)>& ask)
+{
+    QEventLoop events;
+    T answer{};
+    ask([&](T value) {
+        answer = value;
+        events.quit();
+    });
+    events.exec();
+    return answer;
+}
+
+using Token = std::optional<QString>;
+
+} // namespace
+
+TEST(KeychainTokenStore, KeepsReplacesAndForgetsTokens)
+{
+    const Keyring keyring(true);
+    QtMainLoop loop;
+    KeychainTokenStore store(loop, 10s);
+    const auto read = [&] { return await<Token>([&](auto reply) { store.read("key", reply); }); };
+    const auto write = [&](const char* token) {
+        return await<bool>([&](auto reply) { store.write("key", token, reply); });
+    };
+    EXPECT_EQ(read(), std::nullopt);
+    EXPECT_TRUE(write("first \u00e9"));
+    EXPECT_EQ(read(), "first \u00e9");
+    EXPECT_TRUE(write("second"));
+    EXPECT_EQ(read(), "second");
+    EXPECT_TRUE(await<bool>([&](auto reply) { store.remove("key", reply); }));
+    EXPECT_EQ(read(), std::nullopt);
+}
+
+TEST(KeychainTokenStore, ALockedKeychainAnswersNothingWithinTheDeadline)
+{
+    const Keyring keyring(false);
+    QtMainLoop loop;
+    KeychainTokenStore store(loop, 300ms);
+    EXPECT_FALSE(await<bool>([&](auto reply) { store.write("key", "token", reply); }));
+    EXPECT_EQ(await<Token>([&](auto reply) { store.read("key", reply); }), std::nullopt);
+}
+
+} // namespace Kovrel
