@@ -31,6 +31,7 @@ public:
         m_daemon.start("gnome-keyring-daemon", arguments);
         m_daemon.waitForStarted();
         m_daemon.write("\n");
+        m_daemon.waitForBytesWritten();
         m_daemon.closeWriteChannel();
         for (int tries = 0; tries < 500 && !isThere(); ++tries)
             QThread::msleep(20);
@@ -45,14 +46,8 @@ public:
     }
 
 private:
-    static bool isThere()
-    {
-        QProcess question;
-        question.start("dbus-send", {"--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
-                                     "org.freedesktop.DBus.GetNameOwner", "string:org.freedesktop.secrets"});
-        question.waitForFinished();
-        return question.exitCode() == 0;
-    }
+    // Its secrets are offered on the bus when somebody first asks for them.
+    bool isThere() const { return QFile::exists(m_folder.filePath("keyring/control")); }
 
     QTemporaryDir m_folder;
     QProcess m_bus;
