@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QLoggingCategory>
+#include <QPointer>
 #include <QScreen>
 
 namespace Kovrel {
@@ -25,16 +26,34 @@ double scaleOfScreen(const QString& name)
     return qApp->devicePixelRatio();
 }
 
+// Windows with a frame, minimised ones too; neither panels nor menus.
 bool isTitledWindow(const QWidget& widget)
 {
-    const Qt::WindowType type = widget.windowType();
-    return type == Qt::Window && !widget.windowTitle().isEmpty() && widget.isVisible();
+    return widget.windowType() == Qt::Window && widget.isVisible();
+}
+
+void bringForward(QWidget& window)
+{
+    window.showNormal();
+    window.raise();
+    window.activateWindow();
 }
 
 QWidgetList titledWindows()
 {
     QWidgetList windows = QApplication::topLevelWidgets();
     windows.removeIf([](const QWidget* widget) { return !isTitledWindow(*widget); });
+    return windows;
+}
+
+std::vector<TrayMenu::OpenWindow> openWindows()
+{
+    std::vector<TrayMenu::OpenWindow> windows;
+    for (QWidget* widget : titledWindows())
+        windows.push_back({widget->windowTitle(), widget->isActiveWindow(), [window = QPointer(widget)] {
+                               if (window)
+                                   bringForward(*window);
+                           }});
     return windows;
 }
 
@@ -174,6 +193,7 @@ TrayMenu::Handlers Application::trayHandlers()
         .perform = [this](const auto& entry) { perform(entry, true); },
         .isCountingDown = [this] { return m_coordinator.isCountingDown(); },
         .cancelCountdown = [this] { m_coordinator.cancelCountdown(); },
+        .openWindows = openWindows,
         .openHome = [this] { m_delegate.applicationShouldHandleReopen(); },
         .quit = [this] { m_delegate.quit("menu"); },
     };
@@ -310,11 +330,8 @@ void Application::handleSignInAnswer(const QString& url)
 bool Application::bringTitledWindowsForward()
 {
     const QWidgetList windows = titledWindows();
-    for (QWidget* window : windows) {
-        window->showNormal();
-        window->raise();
-        window->activateWindow();
-    }
+    for (QWidget* window : windows)
+        bringForward(*window);
     return !windows.isEmpty();
 }
 

@@ -13,6 +13,8 @@ TrayMenu::TrayMenu(Preferences& preferences, Handlers handlers)
                                 entry);
     }
     m_menu.addSeparator();
+    m_windowMenu.setTitle("Windows");
+    m_menu.addMenu(&m_windowMenu);
     m_menu.addAction("Open Kovrel\u2026", this, [this] { m_handlers.openHome(); });
     m_menu.addAction("Quit Kovrel", this, [this] { m_handlers.quit(); });
     refresh();
@@ -26,8 +28,21 @@ TrayMenu::TrayMenu(Preferences& preferences, Handlers handlers)
     m_item.setToolTip("Kovrel");
 }
 
+void TrayMenu::refreshWindows()
+{
+    m_windowMenu.clear();
+    for (const OpenWindow& window : m_handlers.openWindows()) {
+        QAction* action =
+            m_windowMenu.addAction(window.title.isEmpty() ? "Untitled" : window.title, this, window.focus);
+        action->setCheckable(true);
+        action->setChecked(window.isActive);
+    }
+    m_windowMenu.menuAction()->setVisible(!m_windowMenu.isEmpty());
+}
+
 void TrayMenu::refresh()
 {
+    refreshWindows();
     m_cancelCountdown->setVisible(m_handlers.isCountingDown());
     for (const auto& [action, entry] : m_commands) {
         action->setEnabled(m_handlers.isEnabled(entry));

@@ -2,6 +2,7 @@
 
 #include "tools/SymbolPainter.h"
 
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>

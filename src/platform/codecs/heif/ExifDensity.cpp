@@ -1,6 +1,7 @@
 #include "platform/codecs/heif/ExifDensity.h"
 
 #include <QDataStream>
+#include <QIODevice>
 
 #include <optional>
 
