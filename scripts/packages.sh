@@ -9,7 +9,7 @@ build_packages="
   libgtest-dev libgmock-dev qt6-qpa-plugins qt6-image-formats-plugins"
 display_packages="xvfb openbox hsetroot xterm dbus-daemon x11-utils x11-xserver-utils fonts-dejavu-core"
 test_packages="
-  xserver-xorg-core xserver-xorg-video-dummy x11-utils xdotool xclip xfce4-clipman picom imagemagick
+  xserver-xorg-core xserver-xorg-video-dummy x11-utils xdotool xclip tint2 xfce4-clipman picom imagemagick
   libclang-rt-19-dev python3-dbus python3-gi gnome-keyring libsecret-tools"
 
 missing_packages() {

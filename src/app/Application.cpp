@@ -1,6 +1,7 @@
 #include "app/Application.h"
 
 #include "app/AppPaths.h"
+#include "app/AppStyle.h"
 #include "app/DesktopSession.h"
 #include "saving/DragFiles.h"
 #include "saving/PrivateFolder.h"
@@ -26,10 +27,10 @@ double scaleOfScreen(const QString& name)
     return qApp->devicePixelRatio();
 }
 
-// Windows with a frame, minimised ones too; neither panels nor menus.
+// Windows with a frame, minimised ones too; neither panels nor menus nor the tray item.
 bool isTitledWindow(const QWidget& widget)
 {
-    return widget.windowType() == Qt::Window && widget.isVisible();
+    return widget.windowType() == Qt::Window && !(widget.windowFlags() & Qt::FramelessWindowHint) && widget.isVisible();
 }
 
 void bringForward(QWidget& window)
@@ -110,6 +111,7 @@ Application::~Application()
 {
     // Jobs in flight use what goes after this; a save that was begun is finished.
     m_workers.finish();
+    QApplication::setStyle(new QProxyStyle);
 }
 
 CaptureServices Application::captureServices()
@@ -149,6 +151,7 @@ InstanceBus::Claim Application::claimInstance()
 
 void Application::start()
 {
+    QApplication::setStyle(new AppStyle(m_defaults));
     m_tray = std::make_unique<TrayMenu>(m_preferences, trayHandlers());
     m_tray->show();
     m_delegate.applicationDidFinishLaunching(m_launch);

@@ -36,6 +36,9 @@ std::string contentOf(int file)
 [[noreturn]] void becomeInstance(int errors)
 {
     setsid();
+    // The folder of whoever happened to be first must not be kept from being unmounted.
+    if (chdir("/") != 0)
+        _exit(127);
     const int nothing = open("/dev/null", O_RDWR);
     dup2(nothing, STDIN_FILENO);
     dup2(nothing, STDOUT_FILENO);

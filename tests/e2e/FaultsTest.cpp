@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -148,14 +149,21 @@ TEST_F(FaultsTest, TwoFirstStartsAtOnceLeaveOneInstanceThatTakesBothCaptures)
 TEST_F(FaultsTest, QuittingWithoutAReasonKeepsTheProgram)
 {
     session.prepare();
-    session.kovrel({"capture", "fullScreen"});
+    const auto hasWindow = [this] {
+        return session.run("xwininfo", {"-root", "-tree"}).output.contains("\"Kovrel\": (\"kovrel\" \"Kovrel\")");
+    };
+    session.startKovrel({});
+    EXPECT_TRUE(UserSession::eventually(hasWindow)) << "without a tray the window is the way in";
     const qint64 pid = session.instancePid();
     const auto quit = [this](const char* reason) {
         session.run("dbus-send", {"--session", "--print-reply", "--dest=com.kovrel.Kovrel", "/com/kovrel/Kovrel",
                                   "com.kovrel.Kovrel.Quit", QString("string:") + reason});
     };
     quit("");
+    EXPECT_TRUE(UserSession::eventually([&] { return !hasWindow(); }));
     EXPECT_EQ(session.instancePid(), pid);
+    session.kovrel({});
+    EXPECT_TRUE(UserSession::eventually(hasWindow)) << "a second start brings the window back";
     quit("log-out");
     EXPECT_TRUE(UserSession::eventually([&] { return session.instancePid() == 0; }));
     EXPECT_EQ(session.kovrel({"quit"}).exitCode, 1);
@@ -163,6 +171,26 @@ TEST_F(FaultsTest, QuittingWithoutAReasonKeepsTheProgram)
     session.kovrel({"capture", "fullScreen"});
     ::kill(pid_t(session.instancePid()), SIGTERM);
     EXPECT_TRUE(UserSession::eventually([&] { return session.instancePid() == 0; })) << "SIGTERM ends it";
+}
+
+TEST_F(FaultsTest, WithATrayTheProgramStartsInIt)
+{
+    session.prepare();
+    session.start("openbox", {"--sm-disable"});
+    session.start("tint2", {});
+    const Testing::PaintedScreen screen(display.name());
+    ASSERT_TRUE(UserSession::eventually([&] { return screen.hasOwner("_NET_SYSTEM_TRAY_S0"); }));
+    session.startKovrel({});
+    const auto windowWidths = [this] {
+        const QString tree = session.run("xwininfo", {"-root", "-tree"}).output;
+        QList<int> widths;
+        for (const auto& match : QRegularExpression(R"re(\("kovrel" "Kovrel"\)\s+(\d+)x)re").globalMatch(tree))
+            widths << match.captured(1).toInt();
+        return widths;
+    };
+    EXPECT_TRUE(UserSession::eventually([&] { return !windowWidths().isEmpty(); }));
+    EXPECT_LT(windowWidths().value(0), 100) << "the tray item, and no window";
+    EXPECT_EQ(windowWidths().size(), 1);
 }
 
 TEST_F(FaultsTest, AKilledSaveLeavesNothingBehindAtTheNextStart)
