@@ -204,7 +204,7 @@ QCoro::Task<> CaptureCoordinator::dispatch(Run run)
     Q_UNREACHABLE();
 }
 
-void CaptureCoordinator::leaveRun(Run run)
+void CaptureCoordinator::leaveRun(const Run& run)
 {
     --m_activeRuns;
     selectionEnded(run);
@@ -213,13 +213,13 @@ void CaptureCoordinator::leaveRun(Run run)
         m_services.history.scheduleIdleIndex();
 }
 
-void CaptureCoordinator::leaveInteractivePhase(Run run)
+void CaptureCoordinator::leaveInteractivePhase(const Run& run)
 {
     if (run->generation == m_runGeneration)
         m_selectionUIDone = true;
 }
 
-void CaptureCoordinator::selectionEnded(Run run, std::optional<DisplayArea> area)
+void CaptureCoordinator::selectionEnded(const Run& run, std::optional<DisplayArea> area)
 {
     if (std::exchange(run->hasEndedSelection, true))
         return;
@@ -239,7 +239,7 @@ void CaptureCoordinator::selectionEnded(Run run, std::optional<DisplayArea> area
     flushDeferredForeground();
 }
 
-void CaptureCoordinator::abandon(Run run, const QString& message)
+void CaptureCoordinator::abandon(const Run& run, const QString& message)
 {
     selectionEnded(run);
     if (run->mode != CaptureMode::ocrRegion)
@@ -269,7 +269,7 @@ void CaptureCoordinator::onCaptureFinished(std::function<void(const CaptureResul
 
 // --- What all flows use
 
-bool CaptureCoordinator::hideChrome(Run run, bool withToasts)
+bool CaptureCoordinator::hideChrome(const Run& run, bool withToasts)
 {
     if (!m_services.preferences.defaults().boolean("hideChromeFromRecordings"))
         return false;

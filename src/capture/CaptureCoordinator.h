@@ -70,10 +70,10 @@ private:
 
     QCoro::Task<> run(Run run);
     QCoro::Task<> dispatch(Run run);
-    void leaveRun(Run run);
-    void leaveInteractivePhase(Run run);
-    void selectionEnded(Run run, std::optional<DisplayArea> area = {});
-    void abandon(Run run, const QString& message);
+    void leaveRun(const Run& run);
+    void leaveInteractivePhase(const Run& run);
+    void selectionEnded(const Run& run, std::optional<DisplayArea> area = {});
+    void abandon(const Run& run, const QString& message);
     void flushDeferredForeground();
 
     QCoro::Task<> runAreaSelection(Run run, bool ocrOnly);
@@ -92,7 +92,7 @@ private:
     QCoro::Task<> finishArea(Run run, QImage image, QRect rootPixels, Display display, bool ocrOnly);
     QCoro::Task<> finishWindowPick(Run run, CaptureFinisher::Pixels picked);
 
-    bool hideChrome(Run run, bool withToasts);
+    bool hideChrome(const Run& run, bool withToasts);
     QCoro::Task<> hideChromeAndRepaint(Run run);
 
     CaptureServices m_services;

@@ -77,8 +77,11 @@ bool isRectangle(const std::string& text)
     const char* at = text.data();
     const char* end = at + text.size();
     for (size_t i = 0; i < numbers.size(); ++i) {
-        if (i > 0 && (at == end || *at++ != ','))
-            return false;
+        if (i > 0) {
+            if (at == end || *at != ',')
+                return false;
+            ++at;
+        }
         const auto [next, error] = std::from_chars(at, end, numbers[i]);
         if (error != std::errc() || !(std::abs(numbers[i]) < 1e6))
             return false;
