@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 namespace Kovrel {
 
 namespace {
@@ -159,6 +161,33 @@ TEST_F(CaptureTest, AKilledClientTakesItsCountdownWithIt)
         [&] { return session.kovrel({"capture", "fullScreen", "--wait"}).exitCode == 0; }));
 }
 
+TEST_F(CaptureTest, ACaptureFromTheTrayDoesNotShowItsMenu)
+{
+    session.prepare({"afterCaptureActions=4"});
+    session.start("openbox", {"--sm-disable"});
+    session.start("tint2", {});
+    ASSERT_TRUE(Testing::UserSession::eventually([&] { return painted.hasOwner("_NET_SYSTEM_TRAY_S0"); }));
+    session.startKovrel({});
+    QRegularExpressionMatch item;
+    const QRegularExpression place(R"re(\("kovrel" "Kovrel"\)\s+\d+x\d+\+0\+0\s+\+(\d+)\+(\d+))re");
+    ASSERT_TRUE(Testing::UserSession::eventually([&] {
+        item = place.match(session.run("xwininfo", {"-root", "-tree"}).output);
+        return item.hasMatch() && item.captured(2).toInt() > 700; // docked in the panel
+    }));
+    const QPoint icon(item.captured(1).toInt() + 8, item.captured(2).toInt() + 8);
+    const QPoint aboveIcon = icon - QPoint(40, 60);
+    painted.click(icon, 3);
+    ASSERT_TRUE(Testing::UserSession::eventually(
+        [&] { return painted.pixelAt(aboveIcon) != (screen.pixel(aboveIcon) & 0xffffff); }))
+        << "the menu did not open";
+    session.run("xdotool", {"key", "Down"}); // to the first command that can be used: the full screen
+    session.run("xdotool", {"key", "Return"});
+    ASSERT_TRUE(Testing::UserSession::eventually([&] { return session.savedFiles().size() == 1; }));
+    const QImage taken(session.saveFolder() + '/' + session.savedFiles().first());
+    const QRect abovePanel(0, 0, 1280, icon.y() - 40);
+    EXPECT_EQ(firstDifference(taken.copy(abovePanel), screen.copy(abovePanel)), "");
+}
+
 TEST_F(CaptureTest, ThePointerIsDrawnOnlyWhenWanted)
 {
     painted.setCursor(9, Qt::red);
@@ -192,6 +221,26 @@ TEST(CaptureOnTwoMonitors, EachIsTakenWhereverItLies)
     }
     const auto json = session.kovrel({"capture", "area", "--rect", "-300,-200,100,90", "--wait", "--json"}).json();
     EXPECT_EQ(firstDifference(QImage(json["path"].toString()), screen.copy(500, 100, 100, 90)), "");
+}
+
+TEST(CaptureOnTwoMonitors, AMonitorThatGoesDuringTheCountdownLeavesTheOther)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "X servers with outputs to unplug are for root only";
+    Testing::VirtualDisplay display{Testing::VirtualDisplay::TwoOutputs()};
+    display.arrange({"--output", "DUMMY1", "--mode", "1920x1080", "--left-of", "DUMMY0"});
+    Testing::PaintedScreen painted(display.name());
+    painted.movePointer({100, 100});
+    Testing::UserSession session(&display);
+    session.prepare({"selfTimerSeconds=2"});
+    session.kovrel({"capture", "fullScreen"});
+    QProcess& capture = session.startKovrel({"capture", "timed", "--wait", "--json"});
+    EXPECT_TRUE(Testing::UserSession::eventually(
+        [&] { return session.kovrel({"capture", "fullScreen"}).error.contains("already starting"); }));
+    display.arrange({"--output", "DUMMY1", "--off"});
+    EXPECT_TRUE(capture.waitForFinished());
+    EXPECT_EQ(capture.exitCode(), 0) << capture.readAllStandardError().constData();
+    EXPECT_EQ(session.kovrel({"capture", "fullScreen", "--wait"}).exitCode, 0);
 }
 
 TEST(CaptureOnTwoMonitors, PointsAndPixelsOfAScaledMonitor)
