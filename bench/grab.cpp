@@ -1,3 +1,4 @@
+#include "bench/Samples.h"
 #include "platform/x11/X11Screen.h"
 #include "tests/support/PaintedScreen.h"
 #include "tests/support/VirtualDisplay.h"
@@ -37,12 +38,6 @@ QImage photograph()
     return image;
 }
 
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
-
 // A segment that was attached once, and what a program without any care would do with it.
 class BareCopy {
 public:
@@ -77,7 +72,7 @@ private:
 struct Contender {
     const char* name;
     std::function<void()> run;
-    std::vector<double> milliseconds = {};
+    Bench::Samples milliseconds = {};
 };
 
 // In turns, so that whatever else the computer does falls on all of them.
@@ -89,7 +84,7 @@ void measure(std::vector<Contender>& contenders)
             timer.start();
             contender.run();
             if (round >= 0)
-                contender.milliseconds.push_back(double(timer.nsecsElapsed()) / 1e6);
+                contender.milliseconds.add(double(timer.nsecsElapsed()) / 1e6);
         }
     }
 }
@@ -115,9 +110,9 @@ int main(int argc, char** argv)
          [&] { kovrel.grab({{0, 0}, screenSize}, ScreenPixels::PointerOption::drawn).value(); }},
     };
     measure(contenders);
-    const double baseline = median(contenders.front().milliseconds);
+    const double baseline = contenders.front().milliseconds.median();
     std::printf("%-36s %9s %9s %7s\n", "3840 x 2160", "median ms", "best ms", "ratio");
     for (const Contender& contender : contenders)
-        std::printf("%-36s %9.2f %9.2f %7.2f\n", contender.name, median(contender.milliseconds),
-                    *std::ranges::min_element(contender.milliseconds), median(contender.milliseconds) / baseline);
+        std::printf("%-36s %9.2f %9.2f %7.2f\n", contender.name, contender.milliseconds.median(),
+                    contender.milliseconds.best(), contender.milliseconds.median() / baseline);
 }

@@ -1,7 +1,6 @@
 #include "app/AppPaths.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace Kovrel {
@@ -37,11 +36,7 @@ QString AppPaths::temporaryFolder()
 
 QString AppPaths::screenshotTool()
 {
-    const QString here = QCoreApplication::applicationDirPath();
-    for (const char* place : {"/kovrel-screencapture", "/../lib/kovrel/kovrel-screencapture"})
-        if (QFileInfo(here + place).isExecutable())
-            return here + place;
-    return here + "/kovrel-screencapture";
+    return QCoreApplication::applicationDirPath() + "/kovrel-screencapture";
 }
 
 } // namespace Kovrel

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace Kovrel {
 
 namespace {
@@ -54,6 +56,9 @@ TEST(ApplicationNames, AreFoundByClassThenByFileName)
 TEST(ApplicationNames, InstallingAnApplicationIsNoticed)
 {
     const Testing::TempFolder folder;
+    // A folder's time goes on in ticks of some milliseconds, and all of this fits into one.
+    const auto yesterday = std::filesystem::file_time_type::clock::now() - std::chrono::hours(24);
+    std::filesystem::last_write_time(folder.path().toStdString(), yesterday);
     ApplicationNames names({folder.path()});
     EXPECT_EQ(names.of("new", "New").name, "New");
     write(folder / "new.desktop", "[Desktop Entry]\nName=Brand New\n");

@@ -23,6 +23,7 @@ public:
           windows(loop, workers, m_reader, displays),
           picture(loop, workers, m_reader, displays)
     {
+        m_reader->releaseWhenIdle(loop);
     }
 
 private:

@@ -38,6 +38,8 @@ std::optional<QImage> X11ImageReader::read(xcb_drawable_t drawable, QRect pixels
 {
     if (pixels.isEmpty() || !m_connection->hasPlainPixels())
         return {};
+    if (m_idleMemory)
+        m_idleMemory->noteUse();
     auto segment = m_pool->take(size_t(pixels.width()) * 4 * size_t(pixels.height()));
     if (!segment)
         return readCopied(drawable, pixels, alpha);

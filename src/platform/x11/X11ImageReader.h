@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/x11/X11SegmentPool.h"
+#include "platform/x11/X11IdleMemory.h"
 
 #include <QImage>
 #include <QRect>
@@ -21,14 +21,14 @@ public:
 
     explicit X11ImageReader(std::shared_ptr<X11Connection> connection);
 
+    // Gives the memory that is kept for the next image back to the system when no image was read for a while.
+    void releaseWhenIdle(MainLoop& loop) { m_idleMemory = std::make_shared<X11IdleMemory>(loop, m_pool); }
+
     X11Connection& connection() const { return *m_connection; }
 
     // A rectangle of one moment, which must lie within the drawable. No value when the drawable is gone, smaller, or
     // not made of 32-bit pixels.
     std::optional<QImage> read(xcb_drawable_t drawable, QRect pixels, Alpha alpha);
-
-    // Gives memory that is kept for the next image back to the system.
-    void releaseIdleMemory() { m_pool->releaseIdle(); }
 
 private:
     bool readInto(const X11SegmentPool::Segment& segment, xcb_drawable_t drawable, QRect pixels, Alpha alpha);
@@ -36,6 +36,7 @@ private:
 
     std::shared_ptr<X11Connection> m_connection;
     std::shared_ptr<X11SegmentPool> m_pool;
+    std::shared_ptr<X11IdleMemory> m_idleMemory; // null: it stays
 };
 
 } // namespace Kovrel

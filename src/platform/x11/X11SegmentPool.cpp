@@ -48,6 +48,7 @@ std::unique_ptr<X11SegmentPool::Segment> X11SegmentPool::take(size_t bytes)
 std::unique_ptr<X11SegmentPool::Segment> X11SegmentPool::takeIdle(size_t bytes)
 {
     const std::lock_guard lock(m_lock);
+    m_keepsIdle = true;
     const auto fitting = std::find_if(m_idle.rbegin(), m_idle.rend(), [bytes](const auto& segment) {
         return segment->size >= bytes && segment->size / 2 <= bytes;
     });
@@ -87,7 +88,8 @@ std::unique_ptr<X11SegmentPool::Segment> X11SegmentPool::create(size_t bytes)
 void X11SegmentPool::giveBack(std::unique_ptr<Segment> segment)
 {
     const std::lock_guard lock(m_lock);
-    m_idle.push_back(std::move(segment));
+    if (m_keepsIdle)
+        m_idle.push_back(std::move(segment));
     if (m_idle.size() > mostIdle)
         m_idle.erase(m_idle.begin());
 }
@@ -95,6 +97,7 @@ void X11SegmentPool::giveBack(std::unique_ptr<Segment> segment)
 void X11SegmentPool::releaseIdle()
 {
     const std::lock_guard lock(m_lock);
+    m_keepsIdle = false;
     m_idle.clear();
 }
 

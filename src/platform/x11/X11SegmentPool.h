@@ -35,7 +35,8 @@ public:
     // An image on the segment's pixels, without a copy; the segment returns with the image's last copy.
     QImage wrap(std::unique_ptr<Segment> segment, QSize size, QImage::Format format);
 
-    // Gives the idle segments back to the system.
+    // Gives the idle segments back to the system, and those that are still in use when they return, until the next one
+    // is taken.
     void releaseIdle();
 
 private:
@@ -48,6 +49,7 @@ private:
     std::shared_ptr<X11Connection> m_connection;
     bool m_isSharing;
     std::mutex m_lock;
+    bool m_keepsIdle = true;
     std::vector<std::unique_ptr<Segment>> m_idle; // the one used last at the end
 };
 

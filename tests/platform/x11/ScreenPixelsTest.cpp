@@ -174,8 +174,28 @@ TEST_F(ScreenPixelsTest, SegmentsComeBackFromAnyThreadAndAreNeverOverwrittenBefo
     std::thread([held = std::exchange(copy, QImage())]() mutable { held = QImage(); }).join();
     EXPECT_EQ(memoryOf(*grab(whole)), memory) << "a fresh segment costs ten times the grab";
     EXPECT_NE(memoryOf(*grab({0, 0, 10, 10})), memory) << "a small picture would hold on to a big segment";
-    reader->releaseIdleMemory();
-    EXPECT_NE(memoryOf(*grab(whole)), memory);
+}
+
+TEST_F(ScreenPixelsTest, MemoryOfImagesIsGivenBackOnceNoneAreTakenForAWhile)
+{
+    const auto segments = [] {
+        QFile maps("/proc/self/maps");
+        return maps.open(QIODevice::ReadOnly) ? maps.readAll().count("/memfd:kovrel-pixels") : -1;
+    };
+    Testing::FakeMainLoop clock;
+    reader->releaseWhenIdle(clock);
+    const QRect whole(0, 0, 1000, 700);
+    auto held = grab(whole);
+    grab(whole);
+    clock.advance(std::chrono::seconds(2));
+    EXPECT_EQ(segments(), 2) << "the next capture may follow soon";
+    clock.advance(std::chrono::seconds(2));
+    EXPECT_EQ(segments(), 1);
+    expectPattern(*held, {0, 0}, whole);
+    held = std::unexpected(GrabFailure::noDisplay);
+    EXPECT_EQ(segments(), 0) << "an image that was kept for longer";
+    const auto memory = memoryOf(*grab(whole));
+    EXPECT_EQ(memoryOf(*grab(whole)), memory) << "the next burst of captures";
 }
 
 TEST_F(ScreenPixelsTest, ImagesOutliveTheServiceAndTheServer)

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <algorithm>
+#include <vector>
+
+namespace Kovrel::Bench {
+
+// What several runs of the same thing took.
+class Samples {
+public:
+    void add(double value) { m_values.insert(std::ranges::upper_bound(m_values, value), value); }
+
+    double best() const { return m_values.front(); }
+
+    double median() const { return m_values[m_values.size() / 2]; }
+
+private:
+    std::vector<double> m_values; // the smallest first
+};
+
+} // namespace Kovrel::Bench
