@@ -38,6 +38,14 @@ ClipboardOffer known(const QString& type, const QByteArray& bytes)
     return {type, [bytes] { return bytes; }};
 }
 
+// From the small encoding, so that the clipboard does not hold the pixels for as long as nothing else is copied.
+QByteArray tiffOf(EncodedPng& png)
+{
+    const auto bytes = png.bytes();
+    const auto image = bytes ? ImageCodec::decode(*bytes) : std::unexpected(ImageCodec::Failure{});
+    return image ? ClipboardService::tiffData(*image).value_or(QByteArray()) : QByteArray();
+}
+
 std::optional<QByteArray> contentOf(const QString& path)
 {
     QFile file(path);
@@ -66,13 +74,13 @@ std::optional<TypedBytes> pngOrTiff(const QImage& image, const ClipboardService:
 void ClipboardService::copy(const QImage& image, std::shared_ptr<EncodedPng> png)
 {
     ++m_copyGeneration;
-    putImage(image, png ? std::move(png) : std::make_shared<EncodedPng>(image));
+    putImage(png ? std::move(png) : std::make_shared<EncodedPng>(image));
 }
 
-void ClipboardService::putImage(const QImage& image, std::shared_ptr<EncodedPng> png)
+void ClipboardService::putImage(std::shared_ptr<EncodedPng> png)
 {
     m_clipboard.put({{pngType, [png] { return png->bytes().value_or(QByteArray()); }},
-                     madeOnce(tiffType, [image] { return tiffData(image).value_or(QByteArray()); })});
+                     madeOnce(tiffType, [png] { return tiffOf(*png); })});
 }
 
 void ClipboardService::copyFile(const QString& path, int generation, bool force, Reply<bool> copied)
@@ -111,7 +119,7 @@ QCoro::Task<> ClipboardService::makeAndPut(QImage image, MakeBytes png, int gene
     if (made)
         m_clipboard.put({known(made->type, made->bytes)});
     else
-        putImage(image, std::make_shared<EncodedPng>(image));
+        putImage(std::make_shared<EncodedPng>(image));
 }
 
 void ClipboardService::copyText(const QString& text)

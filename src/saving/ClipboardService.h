@@ -46,7 +46,7 @@ public:
 private:
     QCoro::Task<> readAndPut(QString path, QString type, int generation, bool force, Reply<bool> copied);
     QCoro::Task<> makeAndPut(QImage image, MakeBytes png, int generation);
-    void putImage(const QImage& image, std::shared_ptr<EncodedPng> png);
+    void putImage(std::shared_ptr<EncodedPng> png);
 
     Clipboard& m_clipboard;
     int m_copyGeneration = 0;
