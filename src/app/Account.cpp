@@ -29,13 +29,18 @@ Account::Account(TokenStore& local, TokenStore& secrets) : m_local(local), m_sec
 void Account::restore()
 {
     using Token = std::optional<QString>;
-    m_local.read(tokenKey, whileAlive<Token>(m_alive, [this](Token token) {
-                     if (token) {
-                         settle(true);
-                         return;
-                     }
-                     m_secrets.read(tokenKey,
-                                    whileAlive<Token>(m_alive, [this](Token secret) { settle(secret.has_value()); }));
+    const int generation = m_generation;
+    const auto settleIfCurrent = [this, generation](bool isSignedIn) {
+        if (generation == m_generation)
+            settle(isSignedIn);
+    };
+    const auto fromSecrets =
+        whileAlive<Token>(m_alive, [settleIfCurrent](Token token) { settleIfCurrent(token.has_value()); });
+    m_local.read(tokenKey, whileAlive<Token>(m_alive, [this, settleIfCurrent, fromSecrets](Token token) {
+                     if (token)
+                         settleIfCurrent(true);
+                     else
+                         m_secrets.read(tokenKey, fromSecrets);
                  }));
 }
 
@@ -49,6 +54,7 @@ void Account::whenKnown(std::function<void()> work)
 
 void Account::settle(bool isSignedIn)
 {
+    ++m_generation;
     const bool isChange = m_isKnown && isSignedIn != m_isSignedIn;
     m_isSignedIn = isSignedIn;
     m_isKnown = true;
@@ -71,11 +77,14 @@ void Account::signInLocally(Reply<bool> reply)
 
 void Account::signOut(Reply<bool> reply)
 {
-    m_local.remove(tokenKey, whileAlive<bool>(m_alive, [this, reply](bool isRemoved) {
-                       m_secrets.remove(tokenKey, whileAlive<bool>(m_alive, [this, reply, isRemoved](bool) {
-                                            if (isRemoved)
-                                                settle(false);
-                                            reply(isRemoved);
+    const auto removed = [this, reply](bool localIsGone, bool secretIsGone) {
+        if (localIsGone && secretIsGone)
+            settle(false);
+        reply(localIsGone && secretIsGone);
+    };
+    m_local.remove(tokenKey, whileAlive<bool>(m_alive, [this, removed](bool localIsGone) {
+                       m_secrets.remove(tokenKey, whileAlive<bool>(m_alive, [removed, localIsGone](bool secretIsGone) {
+                                            removed(localIsGone, secretIsGone);
                                         }));
                    }));
 }

@@ -38,6 +38,7 @@ private:
 
     TokenStore& m_local;
     TokenStore& m_secrets;
+    int m_generation = 0; // of what is known: a late answer must not undo a sign-in
     bool m_isKnown = false;
     bool m_isSignedIn = false;
     QString m_expectedState;

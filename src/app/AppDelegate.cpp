@@ -12,7 +12,7 @@ namespace {
 Q_LOGGING_CATEGORY(log, "com.kovrel.app")
 
 constexpr auto delayedPrewarm = 2s;
-constexpr auto editorSaveDeadline = 15s;
+constexpr auto pendingSaveDeadline = 15s;
 
 } // namespace
 
@@ -114,7 +114,8 @@ void AppDelegate::quit(const QString& reason)
     if (m_isTerminating || terminationDecision(reason) == TerminationDecision::cancel)
         return;
     m_isTerminating = true;
-    m_environment.afterPendingEditorSaves(editorSaveDeadline, [this] {
+    m_environment.stopTakingCommands();
+    m_environment.afterPendingSaves(pendingSaveDeadline, [this] {
         m_environment.giveShortcutsBack();
         m_environment.exit();
     });

@@ -27,7 +27,7 @@ public:
     void handleURL(const QString& url);
 
     // A quit without a reason closes windows and keeps the program in the tray; one with a reason ends it, once the
-    // editor saves in flight are on disk.
+    // saves in flight are on disk.
     void quit(const QString& reason);
 
     void setRelaunching(bool isRelaunching) { m_isRelaunching = isRelaunching; }

@@ -39,8 +39,10 @@ public:
     virtual bool bringTitledWindowsForward() = 0;
     virtual void closeTitledWindows() = 0;
 
-    // Runs the work once no editor save is in flight, at the latest after the deadline.
-    virtual void afterPendingEditorSaves(std::chrono::milliseconds deadline, std::function<void()> work) = 0;
+    // From now on new commands are for another instance.
+    virtual void stopTakingCommands() = 0;
+    // Runs the work once no save of the editor or of a capture is in flight, at the latest after the deadline.
+    virtual void afterPendingSaves(std::chrono::milliseconds deadline, std::function<void()> work) = 0;
     virtual void giveShortcutsBack() = 0;
     virtual void exit() = 0;
 };

@@ -18,6 +18,7 @@ namespace {
 Q_LOGGING_CATEGORY(log, "com.kovrel.app")
 
 constexpr auto keychainDeadline = std::chrono::seconds(5);
+constexpr auto shortestGrace = std::chrono::milliseconds(1000); // for background work when the program ends
 
 double scaleOfScreen(const QString& name)
 {
@@ -83,9 +84,7 @@ Application::Application(AppDelegate::Launch launch)
       m_delegate(*this, m_preferences, m_loop),
       m_commands(m_coordinator, m_delegate, m_account, m_preferences, m_trace)
 {
-    for (const QScreen* screen : QGuiApplication::screens())
-        QObject::connect(screen, &QScreen::physicalDotsPerInchChanged, screen,
-                         [this] { m_desktop.displays.refresh(); });
+    followScreens();
     m_coordinator.onCaptureFinished([this](const CaptureResult& result) {
         m_bus.announceCaptureFinished(result.id.toString(QUuid::WithoutBraces).toUpper(), rawString(result.mode),
                                       result.image.width(), result.image.height());
@@ -109,8 +108,11 @@ void Application::followScreens()
 
 Application::~Application()
 {
-    // Jobs in flight use what goes after this; a save that was begun is finished.
-    m_workers.finish();
+    // Jobs in flight use what goes after this; a save that was begun is finished, but not for ever waited for.
+    if (!m_workers.finish(std::max(timeToExit(), shortestGrace))) {
+        qCWarning(log, "Background work hangs; Kovrel ends without it");
+        std::_Exit(EXIT_FAILURE);
+    }
     QApplication::setStyle(new QProxyStyle);
 }
 
@@ -155,6 +157,12 @@ void Application::start()
     m_tray = std::make_unique<TrayMenu>(m_preferences, trayHandlers());
     m_tray->show();
     m_delegate.applicationDidFinishLaunching(m_launch);
+    // Somebody may have signed out from outside.
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &m_context,
+                     [this](Qt::ApplicationState state) {
+                         if (state == Qt::ApplicationActive && m_account.isSignedIn())
+                             m_account.restore();
+                     });
     // Without a tray the window is the way in.
     if (!TrayMenu::desktopHasTray() && !m_launch.isLoginItem) {
         qCInfo(log, "This desktop has no tray; Kovrel is reached by its window and by its command line");
@@ -344,9 +352,23 @@ void Application::closeTitledWindows()
         window->close();
 }
 
-void Application::afterPendingEditorSaves(std::chrono::milliseconds deadline, std::function<void()> work)
+void Application::stopTakingCommands()
 {
-    m_editorSaves.afterPendingEditorSaves(double(deadline.count()) / 1000, std::move(work));
+    m_bus.release();
+}
+
+void Application::afterPendingSaves(std::chrono::milliseconds deadline, std::function<void()> work)
+{
+    m_exitDeadline = m_loop.now() + deadline;
+    m_editorSaves.afterPendingEditorSaves(double(deadline.count()) / 1000, [this, work = std::move(work)] {
+        m_output.afterPendingSaves(timeToExit(), work);
+    });
+}
+
+std::chrono::milliseconds Application::timeToExit() const
+{
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(m_exitDeadline - m_loop.now());
+    return std::max(left, std::chrono::milliseconds(0));
 }
 
 void Application::giveShortcutsBack() {}

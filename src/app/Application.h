@@ -62,7 +62,8 @@ private:
     void handleSignInAnswer(const QString& url) override;
     bool bringTitledWindowsForward() override;
     void closeTitledWindows() override;
-    void afterPendingEditorSaves(std::chrono::milliseconds deadline, std::function<void()> work) override;
+    void afterPendingSaves(std::chrono::milliseconds deadline, std::function<void()> work) override;
+    void stopTakingCommands() override;
     void giveShortcutsBack() override;
     void exit() override;
 
@@ -71,6 +72,7 @@ private:
     void abandonColorPicking() override;
 
     void followScreens();
+    std::chrono::milliseconds timeToExit() const;
     CaptureServices captureServices();
     InstanceBus::Handlers busHandlers();
     TrayMenu::Handlers trayHandlers();
@@ -96,14 +98,15 @@ private:
     ToastController m_toasts;
     SpawnedToolProcess m_toolProcess;
     NativeScreenCapture m_nativeCapture;
+    InstanceBus m_bus; // before the coordinator: its last replies still leave
     CaptureCoordinator m_coordinator;
     AppDelegate m_delegate;
     CommandRunner m_commands;
-    InstanceBus m_bus;
     std::unique_ptr<HomeWindow> m_homeWindow;
     std::unique_ptr<TrayMenu> m_tray;
     std::unique_ptr<SigtermSource> m_sigterm;
-    QObject m_context; // of connections to what outlives us
+    std::chrono::microseconds m_exitDeadline{0}; // of the main loop's clock
+    QObject m_context;                           // of connections to what outlives us
 };
 
 } // namespace Kovrel

@@ -59,6 +59,7 @@ CaptureOutput::CaptureOutput(MainLoop& loop, Workers& workers, Preferences& pref
       m_clipboard(clipboard),
       m_journal(std::move(journal)),
       m_rescueFolder(std::move(rescueFolder)),
+      m_loop(loop),
       m_scope(loop, workers)
 {
 }
@@ -83,6 +84,7 @@ std::shared_ptr<CaptureSave> CaptureOutput::save(CaptureResult result, std::opti
                                                  std::shared_ptr<EncodedPng> png)
 {
     auto save = std::make_shared<CaptureSave>();
+    ++m_pendingSaves;
     Scope::start(saveInBackground(std::move(result), std::move(outputPath), std::move(png), save), "Saving a capture");
     return save;
 }
@@ -100,6 +102,21 @@ QCoro::Task<> CaptureOutput::saveInBackground(CaptureResult result, std::optiona
     };
     SaveOutcome outcome = co_await m_scope.onWorker(Lane::save, [job] { return run(job); });
     save->finish(std::move(outcome));
+    if (--m_pendingSaves == 0 && m_whenSaved)
+        std::exchange(m_whenSaved, nullptr)();
+}
+
+void CaptureOutput::afterPendingSaves(std::chrono::milliseconds deadline, std::function<void()> work)
+{
+    if (m_pendingSaves == 0) {
+        work();
+        return;
+    }
+    m_whenSaved = std::move(work);
+    m_loop.after(deadline, [this] {
+        if (m_whenSaved)
+            std::exchange(m_whenSaved, nullptr)();
+    });
 }
 
 void CaptureOutput::copy(CaptureResult result, std::shared_ptr<EncodedPng> png)

@@ -24,6 +24,9 @@ public:
     void openEditor(CaptureResult result) override;
     void pin(CaptureResult result) override;
 
+    // Runs the work once no save is in flight, at the latest after the deadline.
+    void afterPendingSaves(std::chrono::milliseconds deadline, std::function<void()> work);
+
     // The settings of a save that begins now.
     SaveSettings saveSettings() const;
 
@@ -36,6 +39,9 @@ private:
     ClipboardService& m_clipboard;
     std::shared_ptr<ReservationJournal> m_journal;
     QString m_rescueFolder;
+    int m_pendingSaves = 0;
+    std::function<void()> m_whenSaved; // waits for the last of them
+    MainLoop& m_loop;
     Scope m_scope;
 };
 

@@ -88,6 +88,7 @@ int runInstance(const Command& command, int& argc, char** argv)
     QApplication::setApplicationName("Kovrel");
     QApplication::setDesktopFileName("com.kovrel.Kovrel");
 
+    int exitCode = CommandLine::done;
     Application kovrel(
         {.files = {}, .isLoginItem = command.has("background"), .build = KOVREL_BUILD, .version = KOVREL_VERSION});
     const InstanceBus::Claim claim = kovrel.claimInstance();
@@ -100,7 +101,6 @@ int runInstance(const Command& command, int& argc, char** argv)
         complain("there is no session bus; commands from other processes can't reach this one");
     kovrel.start();
     moveLogToJournal();
-    int exitCode = CommandLine::done;
     if (command.name != "start")
         kovrel.run(toTexts(command.arguments()), [&exitCode](const CommandAnswer& answer) {
             exitCode = report(answer);

@@ -42,6 +42,7 @@ CaptureCoordinator::~CaptureCoordinator()
 {
     // The runs that unwind now must not start what waits behind them.
     m_queuedCapture.reset();
+    m_deferredForeground.clear();
 }
 
 // --- Requests

@@ -24,8 +24,9 @@ struct SlowKeychain : TokenStore {
 
     void remove(const QString&, Reply<bool> reply) override
     {
-        token.reset();
-        reply(true);
+        if (isWritable)
+            token.reset();
+        reply(isWritable);
     }
 
     std::optional<QString> token;
@@ -99,6 +100,25 @@ TEST_F(AccountTest, ChangesAreToldButNotTheFirstAnswer)
     EXPECT_EQ(changes, 1);
     wait([&](auto reply) { account->signInLocally(reply); });
     EXPECT_EQ(changes, 2);
+}
+
+TEST_F(AccountTest, ALateKeychainDoesNotUndoASignIn)
+{
+    account->restore();
+    settle();
+    wait([&](auto reply) { account->signInLocally(reply); });
+    keychain.pendingRead(std::nullopt);
+    EXPECT_TRUE(account->isSignedIn());
+}
+
+TEST_F(AccountTest, SigningOutFailsWhileTheKeychainKeepsItsToken)
+{
+    account->restore();
+    settle();
+    keychain.pendingRead(QString("token"));
+    keychain.isWritable = false;
+    EXPECT_EQ(wait([&](auto reply) { account->signOut(reply); }), false);
+    EXPECT_TRUE(account->isSignedIn());
 }
 
 TEST_F(AccountTest, AnAnswerAfterTheEndTouchesNothing)

@@ -69,11 +69,13 @@ struct LoggedEnvironment : AppEnvironment {
 
     void closeTitledWindows() override { log.push_back("close windows"); }
 
-    void afterPendingEditorSaves(std::chrono::milliseconds deadline, std::function<void()> work) override
+    void afterPendingSaves(std::chrono::milliseconds deadline, std::function<void()> work) override
     {
         log.push_back("wait " + std::to_string(deadline.count()));
         savesLanded = std::move(work);
     }
+
+    void stopTakingCommands() override { log.push_back("no commands"); }
 
     void giveShortcutsBack() override { log.push_back("give back"); }
 
@@ -179,14 +181,14 @@ TEST_F(AppDelegateTest, QuittingWithoutAReasonClosesWindowsWithOneWaitsForSaves)
     EXPECT_THAT(environment.takeLog(), ElementsAre("close windows"));
     delegate->quit("log-out");
     delegate->quit("SIGTERM");
-    EXPECT_THAT(environment.takeLog(), ElementsAre("wait 15000")) << "asked twice, ended once";
+    EXPECT_THAT(environment.takeLog(), ElementsAre("no commands", "wait 15000")) << "asked twice, ended once";
     environment.savesLanded();
     EXPECT_THAT(environment.takeLog(), ElementsAre("give back", "exit"));
 
     delegate.emplace(environment, preferences, loop);
     delegate->setRelaunching(true);
     delegate->quit("");
-    EXPECT_THAT(environment.takeLog(), ElementsAre("wait 15000"));
+    EXPECT_THAT(environment.takeLog(), ElementsAre("no commands", "wait 15000"));
 }
 
 TEST_F(AppDelegateTest, OnlySignInAnswersAreUrlsItKnows)

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <unistd.h>
 
 namespace Kovrel {
@@ -149,6 +150,30 @@ TEST_F(CaptureTest, EscapeEndsACountdownFromAnywhere)
     EXPECT_EQ(session.kovrel({"capture", "fullScreen", "--wait"}).exitCode, 0) << "the next capture works";
 }
 
+TEST_F(CaptureTest, EndingTheProgramAnswersWhoeverWaits)
+{
+    session.prepare({"selfTimerSeconds=60"});
+    session.kovrel({"capture", "fullScreen"});
+    QProcess& countdown = session.startKovrel({"capture", "timed", "--wait"});
+    EXPECT_TRUE(Testing::UserSession::eventually(
+        [&] { return session.kovrel({"capture", "fullScreen"}).error.contains("already starting"); }));
+    EXPECT_EQ(session.kovrel({"quit"}).exitCode, 0);
+    EXPECT_TRUE(countdown.waitForFinished());
+    EXPECT_EQ(countdown.exitCode(), 1) << countdown.readAllStandardError().constData();
+
+    for (int round = 0; round < 4; ++round) {
+        session.kovrel({"capture", "fullScreen"});
+        QProcess& capture = session.startKovrel({"capture", "fullScreen", "--save", "--wait"});
+        capture.waitForFinished(3 * round);
+        ::kill(pid_t(session.instancePid()), SIGTERM);
+        EXPECT_TRUE(capture.waitForFinished());
+        const QString path = QString::fromUtf8(capture.readAllStandardOutput()).trimmed();
+        EXPECT_EQ(capture.exitCode() == 0, !QImage(path).isNull()) << "a save that was begun is finished and told";
+        EXPECT_NE(capture.exitCode(), 139);
+        Testing::UserSession::eventually([&] { return session.instancePid() == 0; });
+    }
+}
+
 TEST_F(CaptureTest, AKilledClientTakesItsCountdownWithIt)
 {
     session.prepare({"selfTimerSeconds=60"});
@@ -177,13 +202,16 @@ TEST_F(CaptureTest, ACaptureFromTheTrayDoesNotShowItsMenu)
     const QPoint icon(item.captured(1).toInt() + 8, item.captured(2).toInt() + 8);
     const QPoint aboveIcon = icon - QPoint(40, 60);
     painted.click(icon, 3);
-    ASSERT_TRUE(Testing::UserSession::eventually(
-        [&] { return painted.pixelAt(aboveIcon) != (screen.pixel(aboveIcon) & 0xffffff); }))
-        << "the menu did not open";
+    ASSERT_TRUE(Testing::UserSession::eventually([&] {
+        return painted.pixelAt(aboveIcon) != (screen.pixel(aboveIcon) & 0xffffff);
+    })) << "the menu did not open";
     session.run("xdotool", {"key", "Down"}); // to the first command that can be used: the full screen
     session.run("xdotool", {"key", "Return"});
-    ASSERT_TRUE(Testing::UserSession::eventually([&] { return session.savedFiles().size() == 1; }));
-    const QImage taken(session.saveFolder() + '/' + session.savedFiles().first());
+    QImage taken;
+    ASSERT_TRUE(Testing::UserSession::eventually([&] {
+        taken = QImage(session.saveFolder() + '/' + session.savedFiles().value(0));
+        return !taken.isNull();
+    }));
     const QRect abovePanel(0, 0, 1280, icon.y() - 40);
     EXPECT_EQ(firstDifference(taken.copy(abovePanel), screen.copy(abovePanel)), "");
 }

@@ -46,8 +46,10 @@ UserSession::UserSession(const VirtualDisplay* display, bool hasBus)
 
 UserSession::~UserSession()
 {
-    if (const qint64 pid = m_bus ? instancePid() : 0)
-        ::kill(pid_t(pid), SIGKILL);
+    // The keychain is started by the bus when somebody asks for it.
+    for (const char* name : {"com.kovrel.Kovrel", "org.freedesktop.secrets"})
+        if (const qint64 pid = m_bus ? ownerPid(name) : 0)
+            ::kill(pid_t(pid), SIGKILL);
     for (const auto& program : m_programs) {
         program->kill();
         program->waitForFinished();
@@ -109,11 +111,10 @@ QProcess& UserSession::startKovrel(const QStringList& arguments)
     return start(KOVREL_PROGRAM, arguments);
 }
 
-qint64 UserSession::instancePid()
+qint64 UserSession::ownerPid(const QString& name)
 {
-    const Result result =
-        run("dbus-send", {"--session", "--print-reply=literal", "--dest=org.freedesktop.DBus", "/",
-                          "org.freedesktop.DBus.GetConnectionUnixProcessID", "string:com.kovrel.Kovrel"});
+    const Result result = run("dbus-send", {"--session", "--print-reply=literal", "--dest=org.freedesktop.DBus", "/",
+                                            "org.freedesktop.DBus.GetConnectionUnixProcessID", "string:" + name});
     return result.exitCode == 0 ? result.output.simplified().split(' ').last().toLongLong() : 0;
 }
 

@@ -41,8 +41,10 @@ public:
     QProcess& start(const QString& program, const QStringList& arguments);
     QProcess& startKovrel(const QStringList& arguments);
 
-    // The process that owns the program's name on the bus; 0 when there is none.
-    qint64 instancePid();
+    // The process that owns a name on the bus, first of all the program's; 0 when there is none.
+    qint64 ownerPid(const QString& name);
+
+    qint64 instancePid() { return ownerPid("com.kovrel.Kovrel"); }
 
     // Looks again and again, for a quarter of a minute at most, whether something has come true.
     static bool eventually(const std::function<bool()>& condition);

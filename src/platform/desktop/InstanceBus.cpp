@@ -144,6 +144,12 @@ InstanceBus::Claim InstanceBus::claim(Handlers handlers)
     return Claim::taken;
 }
 
+void InstanceBus::release()
+{
+    if (m_service)
+        QDBusConnection::sessionBus().unregisterService(busName);
+}
+
 void InstanceBus::activateOwner()
 {
     QDBusMessage call = QDBusMessage::createMethodCall(busName, objectPath, applicationInterface, "Activate");

@@ -37,6 +37,9 @@ public:
     // Registers the objects and then asks for the name, so that whoever sees the name finds the objects.
     Claim claim(Handlers handlers);
 
+    // Gives the name up for another instance; answers that are still owed can be given.
+    void release();
+
     // Brings the instance that owns the name forward.
     static void activateOwner();
 

@@ -19,23 +19,25 @@ KeychainTokenStore::KeychainTokenStore(MainLoop& loop, MainLoop::Milliseconds de
 }
 
 template <class Job, class T>
-void KeychainTokenStore::run(Job* job, T nothing, std::function<T(Job&)> result, Reply<T> reply)
+void KeychainTokenStore::run(Job* job, T failed, T absent, std::function<T(Job&)> result, Reply<T> reply)
 {
     const auto answer = std::make_shared<Reply<T>>(std::move(reply));
     const auto giveOnce = [answer](T value) {
         if (const auto take = std::exchange(*answer, nullptr))
             take(std::move(value));
     };
-    const auto timer = m_loop.after(m_deadline, [giveOnce, nothing] {
+    const auto timer = m_loop.after(m_deadline, [giveOnce, failed] {
         qCWarning(log, "The keychain did not answer; it may be locked");
-        giveOnce(nothing);
+        giveOnce(failed);
     });
-    QObject::connect(job, &QKeychain::Job::finished, job, [this, job, timer, giveOnce, nothing, result] {
+    QObject::connect(job, &QKeychain::Job::finished, job, [this, job, timer, giveOnce, failed, absent, result] {
         m_loop.cancel(timer);
         const auto error = job->error();
-        if (error != QKeychain::NoError && error != QKeychain::EntryNotFound)
+        // Without a keychain there is nothing in it.
+        const bool isAbsent = error == QKeychain::EntryNotFound || error == QKeychain::NoBackendAvailable;
+        if (error != QKeychain::NoError && !isAbsent)
             qCWarning(log, "Keychain: %s", qUtf8Printable(job->errorString()));
-        giveOnce(error == QKeychain::NoError ? result(*job) : nothing);
+        giveOnce(error == QKeychain::NoError ? result(*job) : isAbsent ? absent : failed);
     });
     job->start();
 }
@@ -45,8 +47,8 @@ void KeychainTokenStore::read(const QString& key, Reply<std::optional<QString>> 
     auto* job = new QKeychain::ReadPasswordJob(serviceName);
     job->setKey(key);
     run<QKeychain::ReadPasswordJob, std::optional<QString>>(
-        job, std::nullopt, [](QKeychain::ReadPasswordJob& done) { return std::optional(done.textData()); },
-        std::move(reply));
+        job, std::nullopt, std::nullopt,
+        [](QKeychain::ReadPasswordJob& done) { return std::optional(done.textData()); }, std::move(reply));
 }
 
 void KeychainTokenStore::write(const QString& key, const QString& token, Reply<bool> reply)
@@ -55,7 +57,7 @@ void KeychainTokenStore::write(const QString& key, const QString& token, Reply<b
     job->setKey(key);
     job->setTextData(token);
     run<QKeychain::WritePasswordJob, bool>(
-        job, false, [](QKeychain::WritePasswordJob&) { return true; }, std::move(reply));
+        job, false, false, [](QKeychain::WritePasswordJob&) { return true; }, std::move(reply));
 }
 
 void KeychainTokenStore::remove(const QString& key, Reply<bool> reply)
@@ -63,7 +65,7 @@ void KeychainTokenStore::remove(const QString& key, Reply<bool> reply)
     auto* job = new QKeychain::DeletePasswordJob(serviceName);
     job->setKey(key);
     run<QKeychain::DeletePasswordJob, bool>(
-        job, false, [](QKeychain::DeletePasswordJob&) { return true; }, std::move(reply));
+        job, false, true, [](QKeychain::DeletePasswordJob&) { return true; }, std::move(reply));
 }
 
 } // namespace Kovrel

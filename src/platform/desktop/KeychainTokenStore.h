@@ -17,7 +17,7 @@ public:
 
 private:
     template <class Job, class T>
-    void run(Job* job, T nothing, std::function<T(Job&)> result, Reply<T> reply);
+    void run(Job* job, T failed, T absent, std::function<T(Job&)> result, Reply<T> reply);
 
     MainLoop& m_loop;
     MainLoop::Milliseconds m_deadline;

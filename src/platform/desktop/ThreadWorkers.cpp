@@ -24,49 +24,58 @@ const char* threadName(Lane lane)
 
 } // namespace
 
-void ThreadWorkers::finish()
+bool ThreadWorkers::finish(std::chrono::milliseconds patience)
 {
-    for (auto& [lane, queue] : m_queues) {
-        {
-            const std::lock_guard locked(queue->lock);
-            queue->isClosing = true;
-        }
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    const auto queues = std::exchange(m_queues, {});
+    for (const auto& [lane, queue] : queues) {
+        const std::lock_guard locked(queue->lock);
+        queue->isClosing = true;
         queue->wake.notify_one();
     }
-    for (auto& [lane, queue] : m_queues)
-        queue->thread.join();
-    m_queues.clear();
+    bool allDone = true;
+    for (const auto& [lane, queue] : queues) {
+        std::unique_lock locked(queue->lock);
+        const bool isDone = queue->ended.wait_until(locked, deadline, [&isDone = queue->isDone] { return isDone; });
+        locked.unlock();
+        if (isDone)
+            queue->thread.join();
+        else
+            queue->thread.detach();
+        allDone &= isDone;
+    }
+    return allDone;
 }
 
 void ThreadWorkers::submit(Lane lane, std::function<void()> job)
 {
     auto& queue = m_queues[lane];
     if (!queue) {
-        queue = std::make_unique<Queue>();
-        queue->thread = std::thread([&queue = *queue, lane] { work(queue, lane); });
+        queue = std::make_shared<Queue>();
+        queue->thread = std::thread([queue, lane] { work(queue, lane); });
     }
-    {
-        const std::lock_guard locked(queue->lock);
-        queue->jobs.push_back(std::move(job));
-    }
+    const std::lock_guard locked(queue->lock);
+    queue->jobs.push_back(std::move(job));
     queue->wake.notify_one();
 }
 
-void ThreadWorkers::work(Queue& queue, Lane lane)
+void ThreadWorkers::work(const std::shared_ptr<Queue>& queue, Lane lane)
 {
     pthread_setname_np(pthread_self(), threadName(lane));
-    std::unique_lock locked(queue.lock);
+    std::unique_lock locked(queue->lock);
     for (;;) {
-        queue.wake.wait(locked, [&queue] { return !queue.jobs.empty() || queue.isClosing; });
-        if (queue.jobs.empty())
-            return;
-        auto job = std::move(queue.jobs.front());
-        queue.jobs.pop_front();
+        queue->wake.wait(locked, [&queue] { return !queue->jobs.empty() || queue->isClosing; });
+        if (queue->jobs.empty())
+            break;
+        auto job = std::move(queue->jobs.front());
+        queue->jobs.pop_front();
         locked.unlock();
         job();
         job = nullptr;
         locked.lock();
     }
+    queue->isDone = true;
+    queue->ended.notify_one();
 }
 
 } // namespace Kovrel

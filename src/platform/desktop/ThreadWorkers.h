@@ -2,6 +2,7 @@
 
 #include "platform/Workers.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <map>
@@ -14,24 +15,27 @@ namespace Kovrel {
 // One thread for each lane, started with the lane's first job.
 class ThreadWorkers : public Workers {
 public:
-    ~ThreadWorkers() override { finish(); }
+    ~ThreadWorkers() override { finish(std::chrono::hours(24)); }
 
-    // Runs what was submitted and ends the threads; a later job starts its lane again.
-    void finish();
+    // Runs what was submitted and ends the threads; a later job starts its lane again. False when a job still hangs
+    // after `patience`: its lane is then left behind, and with it whatever the job uses.
+    bool finish(std::chrono::milliseconds patience);
     void submit(Lane lane, std::function<void()> job) override;
 
 private:
     struct Queue {
         std::mutex lock;
         std::condition_variable wake;
+        std::condition_variable ended;
         std::deque<std::function<void()>> jobs;
         bool isClosing = false;
+        bool isDone = false;
         std::thread thread;
     };
 
-    static void work(Queue& queue, Lane lane);
+    static void work(const std::shared_ptr<Queue>& queue, Lane lane);
 
-    std::map<Lane, std::unique_ptr<Queue>> m_queues;
+    std::map<Lane, std::shared_ptr<Queue>> m_queues;
 };
 
 } // namespace Kovrel
