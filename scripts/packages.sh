@@ -29,9 +29,21 @@ install_missing() {
     as_root=sudo
     command -v sudo >/dev/null || { echo "Please install these packages as root, then run this again." >&2; return 1; }
   fi
+  apt_log=$(mktemp)
   # shellcheck disable=SC2086
   $as_root apt-get update -q >/dev/null &&
-    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing >/tmp/kovrel-apt.$$ 2>&1 ||
-    { cat /tmp/kovrel-apt.$$ >&2; rm -f /tmp/kovrel-apt.$$; return 1; }
-  rm -f /tmp/kovrel-apt.$$
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing >"$apt_log" 2>&1 ||
+    { cat "$apt_log" >&2; rm -f "$apt_log"; return 1; }
+  rm -f "$apt_log"
+}
+
+# configure PRESET : once; what cmake says is shown only when it fails. Builds of two at once wait for each other.
+configure() {
+  mkdir -p build
+  exec 8>build/.lock
+  flock 8
+  [ -f "build/$1/build.ninja" ] && return 0
+  cmake_log=$(mktemp)
+  cmake --preset "$1" >"$cmake_log" 2>&1 || { cat "$cmake_log" >&2; rm -f "$cmake_log"; return 1; }
+  rm -f "$cmake_log"
 }

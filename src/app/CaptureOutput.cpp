@@ -1,5 +1,6 @@
 #include "app/CaptureOutput.h"
 
+#include "saving/PrivateFolder.h"
 #include "saving/SaveService.h"
 
 #include <QLoggingCategory>
@@ -12,12 +13,13 @@ Q_LOGGING_CATEGORY(log, "com.kovrel.capture")
 
 // What a worker needs to save one capture.
 struct SaveJob {
-    SaveSettings settings;
+    SaveSettings settings; // but for the folder, which takes a look at the disk to tell
+    const Preferences* preferences;
     CaptureResult result;
     std::optional<QString> outputPath;
     std::shared_ptr<EncodedPng> png;
     std::shared_ptr<ReservationJournal> journal;
-    QStringList rescueFolders;
+    QString rescueFolder;
 };
 
 SaveService::Result saveIntoFolder(const SaveJob& job, const QString& folder)
@@ -32,21 +34,26 @@ SaveService::Result saveIntoFolder(const SaveJob& job, const QString& folder)
 }
 
 // The capture must not be lost because its place can't be written.
-SaveOutcome rescue(const SaveJob& job, const QString& reason)
+SaveOutcome rescue(const SaveJob& job, const QString& failedFolder, const QString& reason)
 {
-    for (const QString& folder : job.rescueFolders)
+    PrivateFolder::make(job.rescueFolder);
+    for (const QString& folder : {Preferences::defaultSaveDirectory(), job.rescueFolder}) {
+        if (folder == failedFolder)
+            continue;
         if (const auto saved = saveIntoFolder(job, folder))
             return std::unexpected(reason + "; kept as " + saved->path);
+    }
     return std::unexpected(reason);
 }
 
 SaveOutcome run(const SaveJob& job)
 {
+    const QString folder = job.outputPath ? QString() : job.preferences->resolvedSaveDirectory();
     const auto saved = job.outputPath ? SaveService::saveTo(job.result.image, *job.outputPath, job.settings.quality)
-                                      : saveIntoFolder(job, job.settings.folder);
+                                      : saveIntoFolder(job, folder);
     if (saved)
         return saved->path;
-    return rescue(job, saved.error().message);
+    return rescue(job, folder, saved.error().message);
 }
 
 } // namespace
@@ -76,7 +83,7 @@ SaveSettings CaptureOutput::saveSettings() const
         .downscale = defaults.boolean("retinaDownscale"),
         .mainScreenScale = primary ? primary->scale : 2.0,
         .fileNameTemplate = m_preferences.fileNameTemplate(),
-        .folder = m_preferences.resolvedSaveDirectory(),
+        .folder = {},
     };
 }
 
@@ -94,11 +101,12 @@ QCoro::Task<> CaptureOutput::saveInBackground(CaptureResult result, std::optiona
 {
     const SaveJob job{
         .settings = saveSettings(),
+        .preferences = &m_preferences,
         .result = std::move(result),
         .outputPath = std::move(outputPath),
         .png = std::move(png),
         .journal = m_journal,
-        .rescueFolders = {Preferences::defaultSaveDirectory(), m_rescueFolder},
+        .rescueFolder = m_rescueFolder,
     };
     SaveOutcome outcome = co_await m_scope.onWorker(Lane::save, [job] { return run(job); });
     save->finish(std::move(outcome));

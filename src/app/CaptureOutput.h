@@ -27,10 +27,9 @@ public:
     // Runs the work once no save is in flight, at the latest after the deadline.
     void afterPendingSaves(std::chrono::milliseconds deadline, std::function<void()> work);
 
-    // The settings of a save that begins now.
-    SaveSettings saveSettings() const;
-
 private:
+    // As they are now, but for the folder.
+    SaveSettings saveSettings() const;
     QCoro::Task<> saveInBackground(CaptureResult result, std::optional<QString> outputPath,
                                    std::shared_ptr<EncodedPng> png, std::shared_ptr<CaptureSave> save);
 

@@ -95,10 +95,10 @@ void CommandRunner::runAccountCommand(const Command& command, Account& account, 
 {
     const bool signsIn = command.name == "sign-in";
     const auto answer = [reply, signsIn, &defaults](bool isDone) {
-        if (isDone && signsIn)
-            defaults.set("hasCompletedOnboarding", true);
-        reply(isDone ? CommandAnswer{}
-                     : CommandAnswer{.exitCode = CommandLine::failed, .error = "the account could not be stored"});
+        const bool isNoted = !isDone || !signsIn || defaults.set("hasCompletedOnboarding", true);
+        reply(isDone && isNoted
+                  ? CommandAnswer{}
+                  : CommandAnswer{.exitCode = CommandLine::failed, .error = "the account could not be stored"});
     };
     if (signsIn)
         account.signInLocally(answer);

@@ -4,6 +4,8 @@
 #include "model/KeyCombo.h"
 #include "preferences/PreferenceTable.h"
 
+#include <QUrl>
+
 #include <cmath>
 #include <expected>
 
@@ -54,6 +56,15 @@ std::expected<QVariant, QString> parsedCombo(const QString& text)
     return QVariant(combo->stored());
 }
 
+// A folder as its path or its URL.
+std::expected<QVariant, QString> parsedFolder(const QString& text)
+{
+    const QUrl url = text.startsWith('/') ? QUrl::fromLocalFile(text) : QUrl(text, QUrl::StrictMode);
+    if (!url.isLocalFile() || !url.path().startsWith('/'))
+        return std::unexpected("takes the absolute path of a folder, or its file: URL");
+    return QVariant(url.toEncoded());
+}
+
 QStringList splitList(const QString& text)
 {
     QStringList items;
@@ -78,7 +89,7 @@ std::expected<QVariant, QString> parsed(const QString& text, const Setting& sett
             return std::unexpected("takes one of: " + setting.choices.join(", "));
         return QVariant(text);
     case SettingType::data:
-        return QVariant(text.toUtf8());
+        return setting.key == QLatin1StringView("saveLocationBookmark") ? parsedFolder(text) : QVariant(text.toUtf8());
     case SettingType::textList:
         return QVariant(splitList(text));
     case SettingType::keyCombo:
@@ -98,13 +109,19 @@ CommandAnswer list(const UserDefaults& defaults)
     return answer;
 }
 
+CommandAnswer stored(bool isStored)
+{
+    if (isStored)
+        return {};
+    return {.exitCode = CommandLine::failed, .error = "the setting could not be stored"};
+}
+
 CommandAnswer assign(UserDefaults& defaults, const QString& key, const Setting& setting, const QString& text)
 {
     const auto value = parsed(text, setting);
     if (!value)
         return {.exitCode = CommandLine::usageError, .error = key + ' ' + value.error()};
-    defaults.set(key, *value);
-    return {};
+    return stored(defaults.set(key, *value));
 }
 
 } // namespace
@@ -121,8 +138,7 @@ CommandAnswer PreferencesCommand::run(UserDefaults& defaults, const QStringList&
         return {.output = shown(defaults, key, setting->type) + '\n'};
     if (operands[0] == "set")
         return assign(defaults, key, *setting, operands[2]);
-    defaults.remove(key);
-    return {};
+    return stored(defaults.remove(key));
 }
 
 } // namespace Kovrel

@@ -17,11 +17,18 @@ namespace {
 // 4K images lie just under glibc's growing threshold and would stay resident when freed.
 constexpr int largestHeapBlock = 1 << 20;
 
+int complain(const QString& line)
+{
+    std::fprintf(stderr, "kovrel: %s\n", qUtf8Printable(line));
+    return CommandLine::failed;
+}
+
 int report(const CommandAnswer& answer)
 {
-    std::fputs(qUtf8Printable(answer.output), stdout);
+    if (std::fputs(qUtf8Printable(answer.output), stdout) < 0 || std::fflush(stdout) != 0)
+        return complain("the output can't be written");
     if (!answer.error.isEmpty())
-        std::fprintf(stderr, "kovrel: %s\n", qUtf8Printable(answer.error));
+        complain(answer.error);
     return answer.exitCode;
 }
 
@@ -65,12 +72,6 @@ void moveLogToJournal()
     dup2(journal, STDERR_FILENO);
     close(journal);
     qunsetenv("KOVREL_LOG_FD");
-}
-
-int complain(const QString& line)
-{
-    std::fprintf(stderr, "kovrel: %s\n", qUtf8Printable(line));
-    return CommandLine::failed;
 }
 
 int runInstance(const Command& command, int& argc, char** argv)

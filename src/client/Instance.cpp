@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <linux/close_range.h>
 #include <poll.h>
 #include <sys/mman.h>
 #include <sys/syscall.h>
@@ -29,7 +30,9 @@ std::string contentOf(int file)
     text.resize(size_t(std::max<ssize_t>(count, 0)));
     while (text.ends_with('\n'))
         text.pop_back();
-    return text;
+    // It speaks as the program that we are too.
+    const std::string prefix = "kovrel: ";
+    return text.starts_with(prefix) ? text.substr(prefix.size()) : text;
 }
 
 // The child speaks into `errors` until it is up, and then into the journal, whose stream it inherits.
@@ -46,6 +49,8 @@ std::string contentOf(int file)
     int journal = sd_journal_stream_fd("kovrel", LOG_INFO, 1);
     if (journal < 0)
         journal = nothing;
+    // Whoever happened to be first must not have its files and locks kept open.
+    close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
     const int inherited = dup(journal);
     setenv("KOVREL_LOG_FD", std::to_string(inherited).c_str(), 1);
     execl("/proc/self/exe", "kovrel", "--background", nullptr);
@@ -75,9 +80,14 @@ std::optional<Instance::Answer> Instance::run(const std::vector<std::string>& ar
     sd_bus_message_new_method_call(m_bus, &call, busName, objectPath, busName, "Run");
     sd_bus_message_set_auto_start(call, 0);
     sd_bus_message_open_container(call, 'a', "s");
+    bool isText = true;
     for (const std::string& argument : arguments)
-        sd_bus_message_append(call, "s", argument.c_str());
+        isText &= sd_bus_message_append(call, "s", argument.c_str()) >= 0;
     sd_bus_message_close_container(call);
+    if (!isText) {
+        sd_bus_message_unref(call);
+        return Answer{2, "", "an argument is not UTF-8 text"};
+    }
 
     std::optional<Answer> answer;
     const char* output = "";

@@ -52,7 +52,8 @@ int runHere(const Command& command)
 
 int report(const Instance::Answer& answer)
 {
-    std::fputs(answer.output.c_str(), stdout);
+    if (std::fputs(answer.output.c_str(), stdout) < 0 || std::fflush(stdout) != 0)
+        return complain("the output can't be written", CommandLine::failed);
     if (!answer.error.empty())
         complain(answer.error, 0);
     return answer.exitCode;

@@ -71,7 +71,7 @@ std::optional<QStringList> toTextList(const QVariant& value)
     return value.typeId() == QMetaType::QString ? std::optional(QStringList{value.toString()}) : std::nullopt;
 }
 
-void writeChange(const QString& path, const QString& key, const std::optional<QVariant>& value)
+bool writeChange(const QString& path, const QString& key, const std::optional<QVariant>& value)
 {
     QDir().mkpath(QFileInfo(path).absolutePath());
     QSettings file(path, QSettings::IniFormat);
@@ -80,9 +80,11 @@ void writeChange(const QString& path, const QString& key, const std::optional<QV
     else
         file.remove(key);
     file.sync();
-    if (file.status() == QSettings::AccessError)
-        qCWarning(log, "Preferences can't be written to %s; \"%s\" holds for this run only", qUtf8Printable(path),
-                  qUtf8Printable(key));
+    if (file.status() != QSettings::AccessError)
+        return true;
+    qCWarning(log, "Preferences can't be written to %s; \"%s\" holds for this run only", qUtf8Printable(path),
+              qUtf8Printable(key));
+    return false;
 }
 
 bool isReadableLine(const QByteArray& line)
@@ -94,8 +96,12 @@ bool isReadableLine(const QByteArray& line)
 // is copied aside and replaced by its readable lines.
 void repair(const QString& path)
 {
-    const QString copy = path + ".unreadable-" + QString::number(QDateTime::currentSecsSinceEpoch());
-    QFile::copy(path, copy);
+    const QString copy = path + ".unreadable-" + QString::number(QDateTime::currentMSecsSinceEpoch());
+    if (!QFile::copy(path, copy)) {
+        qCWarning(log, "Preferences in %s are damaged and can't be copied aside; what can be read is used",
+                  qUtf8Printable(path));
+        return;
+    }
     qCWarning(log, "Preferences in %s are damaged; what can be read is used, a copy is kept as %s",
               qUtf8Printable(path), qUtf8Printable(copy));
     QFile damaged(path);
@@ -185,17 +191,17 @@ QStringList UserDefaults::textList(const QString& key) const
     return read(key, toTextList);
 }
 
-void UserDefaults::set(const QString& key, const QVariant& value)
+bool UserDefaults::set(const QString& key, const QVariant& value)
 {
-    change(key, value);
+    return change(key, value);
 }
 
-void UserDefaults::remove(const QString& key)
+bool UserDefaults::remove(const QString& key)
 {
-    change(key, std::nullopt);
+    return change(key, std::nullopt);
 }
 
-void UserDefaults::change(const QString& key, std::optional<QVariant> value)
+bool UserDefaults::change(const QString& key, std::optional<QVariant> value)
 {
     {
         const QMutexLocker locked(&m_lock);
@@ -206,10 +212,10 @@ void UserDefaults::change(const QString& key, std::optional<QVariant> value)
     }
     if (m_workers)
         m_workers->submit(Lane::utility, [path = m_path, key, value] { writeChange(path, key, value); });
-    else
-        writeChange(m_path, key, value);
+    const bool isStored = m_workers || writeChange(m_path, key, value);
     for (const auto& observer : m_observers)
         observer(key);
+    return isStored;
 }
 
 void UserDefaults::onChange(std::function<void(const QString&)> callback)

@@ -35,8 +35,9 @@ public:
     QByteArray data(const QString& key) const;
     QStringList textList(const QString& key) const;
 
-    void set(const QString& key, const QVariant& value);
-    void remove(const QString& key);
+    // False when the file could not be written; with workers that is only logged.
+    bool set(const QString& key, const QVariant& value);
+    bool remove(const QString& key);
 
     // Called on the main thread after a value was set or removed here.
     void onChange(std::function<void(const QString& key)> callback);
@@ -45,7 +46,7 @@ private:
     template <class T>
     T read(const QString& key, std::optional<T> (*convert)(const QVariant&)) const;
     void load();
-    void change(const QString& key, std::optional<QVariant> value);
+    bool change(const QString& key, std::optional<QVariant> value);
 
     QString m_path;
     Workers* m_workers;

@@ -4,12 +4,15 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLoggingCategory>
 #include <QStandardPaths>
 #include <QUrl>
 
 namespace Kovrel {
 
 namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.preferences")
 
 QString toolKey(const char* key, EditorTool tool)
 {
@@ -221,9 +224,14 @@ bool Preferences::ensureDefaultSaveDirectoryExists()
 
 QString Preferences::resolvedSaveDirectory() const
 {
-    const QUrl chosen = QUrl::fromEncoded(m_defaults.data("saveLocationBookmark"), QUrl::StrictMode);
-    return chosen.isLocalFile() && QFileInfo(chosen.toLocalFile()).isDir() ? chosen.toLocalFile()
-                                                                           : defaultSaveDirectory();
+    const QByteArray bookmark = m_defaults.data("saveLocationBookmark");
+    const QUrl chosen = QUrl::fromEncoded(bookmark, QUrl::StrictMode);
+    if (chosen.isLocalFile() && QFileInfo(chosen.toLocalFile()).isDir())
+        return chosen.toLocalFile();
+    if (!bookmark.isEmpty())
+        qCWarning(log, "The save folder %s is not there; captures go to %s", bookmark.constData(),
+                  qUtf8Printable(defaultSaveDirectory()));
+    return defaultSaveDirectory();
 }
 
 void Preferences::setSaveDirectory(const QString& path)

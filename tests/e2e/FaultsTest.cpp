@@ -97,12 +97,12 @@ TEST_F(FaultsTest, ACaptureIsKeptWhereverItsFolderIsBroken)
 
     const Case cases[] = {
         {"missing: the default folder is used", session.path("missing"), false},
-        {"replaced by a file", session.path("blocked"), false},
+        {"replaced by a file", "file://" + session.path("blocked"), false},
         {"nobody may write there", "/proc", true},
     };
     int expected = 0;
     for (const Case& c : cases) {
-        session.kovrel({"preferences", "set", "saveLocationBookmark", "file://" + c.folder});
+        session.kovrel({"preferences", "set", "saveLocationBookmark", c.folder});
         const auto result = session.kovrel({"capture", "fullScreen", "--save", "--wait"});
         EXPECT_EQ(result.exitCode, c.isKeptElsewhere ? 4 : 0) << c.what << ": " << result.error.constData();
         EXPECT_EQ(result.error.contains("kept as"), c.isKeptElsewhere) << result.error.constData();
@@ -125,7 +125,12 @@ TEST_F(FaultsTest, DamagedAndUnwritablePreferencesDoNoHarm)
     EXPECT_EQ(session.kovrel({"preferences", "reset", "hotkeyArea"}).exitCode, 0);
     EXPECT_EQ(session.kovrel({"preferences", "get", "hotkeyArea"}).output, "Super+Shift+4\n");
     EXPECT_EQ(session.kovrel({"preferences", "get", "nonsense"}).exitCode, 1);
+    EXPECT_EQ(session.kovrel({"preferences", "set", "saveLocationBookmark", "Pictures"}).exitCode, 2);
     EXPECT_EQ(session.instancePid(), 0) << "settings need no running program";
+
+    ASSERT_TRUE(QDir(session.path("config/kovrel")).removeRecursively());
+    writeFile(session.path("config/kovrel"), "a file where the folder should be");
+    EXPECT_EQ(session.kovrel({"preferences", "set", "jpegQuality", "0.5"}).exitCode, 4);
 }
 
 TEST_F(FaultsTest, TwoFirstStartsAtOnceLeaveOneInstanceThatTakesBothCaptures)

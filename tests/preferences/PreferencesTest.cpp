@@ -114,7 +114,7 @@ TEST_F(PreferencesTest, UnwritableFileHoldsForThisRun)
     QFile file(folder / "file");
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     UserDefaults defaults(blocked);
-    defaults.set("selfTimerSeconds", 8);
+    EXPECT_FALSE(defaults.set("selfTimerSeconds", 8));
     EXPECT_EQ(defaults.integer("selfTimerSeconds"), 8);
 }
 
