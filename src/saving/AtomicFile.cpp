@@ -18,13 +18,14 @@ namespace {
 // stays behind when the program dies; hidden otherwise.
 class HiddenFile {
 public:
-    explicit HiddenFile(const QString& folder)
-        : m_folder(QFile::encodeName(folder)), m_descriptor(::open(m_folder, O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600))
+    HiddenFile(const QString& folder, AtomicFile::Access access)
+        : m_folder(QFile::encodeName(folder)),
+          m_descriptor(::open(m_folder, O_TMPFILE | O_WRONLY | O_CLOEXEC, mode_t(access)))
     {
         if (m_descriptor >= 0 || (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL))
             return;
         m_path = hiddenPath();
-        m_descriptor = ::open(m_path, O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600);
+        m_descriptor = ::open(m_path, O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode_t(access));
     }
 
     ~HiddenFile()
@@ -102,13 +103,12 @@ std::expected<void, SaveFailure> AtomicFile::write(const QString& path, const QB
         return std::unexpected(SaveFailure{path + " is not a regular file."});
 
     const QString folder = QFileInfo(target).absolutePath();
-    HiddenFile file(folder);
+    HiddenFile file(folder, access);
     if (file.descriptor() < 0)
         return std::unexpected(systemFailure(folder, errno));
-    const mode_t mode = isThere ? old.st_mode & 07777 : mode_t(access);
+    const bool keepsMode = !isThere || ::fchmod(file.descriptor(), old.st_mode & 07777) == 0;
     const bool isPrecious = isThere && old.st_size > 0;
-    if (!file.write(bytes) || ::fchmod(file.descriptor(), mode) != 0 ||
-        (isPrecious && ::fsync(file.descriptor()) != 0) || !file.moveTo(target))
+    if (!keepsMode || !file.write(bytes) || (isPrecious && ::fsync(file.descriptor()) != 0) || !file.moveTo(target))
         return std::unexpected(systemFailure(path, errno));
     return {};
 }

@@ -18,7 +18,7 @@ enum class Access : unsigned { onlyOwner = 0600, everyoneReads = 0644 };
 
 // Puts the bytes under a path, in place of a regular file that is there. Such a file keeps its permissions and, where
 // it is reached through a symbolic link, its place; if it had content, the new one is on the disk before the old one
-// goes.
+// goes. A new file is readable as `access` says, less what the user's umask takes away.
 std::expected<void, SaveFailure> write(const QString& path, const QByteArray& bytes, Access access);
 
 // "FOLDER: No space left on device": the last system error in words, about a path.
