@@ -18,7 +18,9 @@ namespace {
 Q_LOGGING_CATEGORY(log, "com.kovrel.app")
 
 constexpr auto keychainDeadline = std::chrono::seconds(5);
-constexpr auto shortestGrace = std::chrono::milliseconds(1000); // for background work when the program ends
+// For background work when the program ends.
+constexpr auto shortestGrace = std::chrono::milliseconds(1000);
+constexpr auto fullGrace = std::chrono::milliseconds(15000);
 
 double scaleOfScreen(const QString& name)
 {
@@ -109,7 +111,9 @@ void Application::followScreens()
 Application::~Application()
 {
     // Jobs in flight use what goes after this; a save that was begun is finished, but not for ever waited for.
-    if (!m_workers.finish(std::max(timeToExit(), shortestGrace))) {
+    // A log-out may end the event loop without asking us first.
+    const bool wasAsked = m_exitDeadline.count() > 0;
+    if (!m_workers.finish(wasAsked ? std::max(timeToExit(), shortestGrace) : fullGrace)) {
         qCWarning(log, "Background work hangs; Kovrel ends without it");
         std::_Exit(EXIT_FAILURE);
     }

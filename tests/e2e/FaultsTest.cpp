@@ -265,6 +265,9 @@ TEST(Desktops, WhatCanNotBeCapturedIsSaidInOneLine)
         const auto result = session.kovrel({"capture", "fullScreen"});
         EXPECT_EQ(result.exitCode, 3);
         EXPECT_TRUE(result.error.contains("X11 (Xorg) session")) << result.error.constData();
+        EXPECT_TRUE(UserSession::eventually([&] {
+            return session.run("xwininfo", {"-root", "-tree"}).output.contains("\"Kovrel\": (\"kovrel\" \"Kovrel\")");
+        })) << "a window says so too";
         EXPECT_TRUE(session.savedFiles().isEmpty());
     }
     {
