@@ -2,6 +2,8 @@
 
 #include <pthread.h>
 
+#include <utility>
+
 namespace Kovrel {
 
 namespace {
