@@ -145,6 +145,7 @@ void CaptureCoordinator::cancel(quint64 requestID)
     if (m_queuedCapture && m_queuedCapture->id == requestID)
         m_queuedCapture.reset();
     if (m_currentRun && m_currentRun->requestID == requestID && !m_selectionUIDone) {
+        m_currentRun->isCancelled = true;
         cancelAim();
         cancelCountdown();
     }
@@ -329,6 +330,10 @@ QCoro::Task<> CaptureCoordinator::runAreaSelection(Run run, bool ocrOnly)
 QCoro::Task<> CaptureCoordinator::runWindowSelection(Run run)
 {
     const std::optional<Display> display = co_await m_scope.join(m_survey.screenUnderMouse());
+    if (run->isCancelled) {
+        abandon(run, {});
+        co_return;
+    }
     if (display)
         m_composition.prewarm(*display);
     SelectionResult selection = co_await select(run, SelectionOverlay::Mode::windowPick, false);
@@ -530,6 +535,10 @@ QCoro::Task<> CaptureCoordinator::runTimed(Run run)
     const std::optional<Display> screen = co_await m_scope.join(m_survey.screenUnderMouse());
     if (!screen) {
         abandon(run, "There is no display to capture");
+        co_return;
+    }
+    if (run->isCancelled) {
+        abandon(run, {});
         co_return;
     }
     hideChrome(run, false);

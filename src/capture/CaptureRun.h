@@ -12,6 +12,7 @@ struct CaptureRun {
     CaptureReply reply;
     quint64 requestID = 0;
     bool hasEndedSelection = false;
+    bool isCancelled = false; // before there was an overlay or a countdown to end
 
     void fail(const QString& message) { reply.give({.kind = CaptureOutcome::Kind::failed, .message = message}); }
 };

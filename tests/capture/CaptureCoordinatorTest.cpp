@@ -501,6 +501,18 @@ TEST_F(CoordinatorTest, CancellingARequestTakesItOutWhereverItIs)
     EXPECT_TRUE(coordinator->isCountingDown());
     coordinator->cancel(13);
     EXPECT_FALSE(coordinator->isCountingDown());
+
+    // Also before there is anything to see of it.
+    for (const CaptureMode mode : {CaptureMode::timed, CaptureMode::window}) {
+        outcomes.clear();
+        fake.takeLog();
+        capture(mode, {}, 14);
+        coordinator->cancel(14);
+        fake.loop.runPosted();
+        EXPECT_FALSE(coordinator->isCountingDown());
+        EXPECT_FALSE(fake.logged("overlay: window"));
+        EXPECT_THAT(outcomes, ElementsAre(rawString(mode).toStdString() + " cancelled"));
+    }
 }
 
 TEST_F(CoordinatorTest, ClosedCapturesComeBackOnce)
