@@ -207,12 +207,15 @@ TEST_F(CaptureTest, ACaptureFromTheTrayDoesNotShowItsMenu)
     ASSERT_TRUE(Testing::UserSession::eventually([&] {
         return painted.pixelAt(aboveIcon) != (screen.pixel(aboveIcon) & 0xffffff);
     })) << "the menu did not open";
-    session.run("xdotool", {"key", "Down"}); // to the first command that can be used: the full screen
-    session.run("xdotool", {"key", "Return"});
+    // To the first command that can be used, the full screen; again where the menu had not the keyboard yet.
     QImage taken;
     ASSERT_TRUE(Testing::UserSession::eventually([&] {
-        taken = QImage(session.saveFolder() + '/' + session.savedFiles().value(0));
-        return !taken.isNull();
+        session.run("xdotool", {"key", "Down"});
+        session.run("xdotool", {"key", "Return"});
+        return Testing::UserSession::soon([&] {
+            taken = QImage(session.saveFolder() + '/' + session.savedFiles().value(0));
+            return !taken.isNull();
+        });
     }));
     const QRect abovePanel(0, 0, 1280, icon.y() - 40);
     EXPECT_EQ(firstDifference(taken.copy(abovePanel), screen.copy(abovePanel)), "");

@@ -13,8 +13,33 @@ namespace Kovrel::Testing {
 
 namespace {
 
+constexpr const char* busConfiguration = R"(
+<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:tmpdir=/tmp</listen>
+  <servicedir>SERVICES</servicedir>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+)";
+
 constexpr int patienceMilliseconds = 15000;
 constexpr int lookEveryMilliseconds = 20;
+
+bool comesTrue(const std::function<bool()>& condition, int milliseconds)
+{
+    for (int waited = 0; waited < milliseconds; waited += lookEveryMilliseconds) {
+        if (condition())
+            return true;
+        QThread::msleep(lookEveryMilliseconds);
+    }
+    return false;
+}
 
 } // namespace
 
@@ -46,10 +71,8 @@ UserSession::UserSession(const VirtualDisplay* display, bool hasBus)
 
 UserSession::~UserSession()
 {
-    // The keychain is started by the bus when somebody asks for it.
-    for (const char* name : {"com.kovrel.Kovrel", "org.freedesktop.secrets"})
-        if (const qint64 pid = m_bus ? ownerPid(name) : 0)
-            ::kill(pid_t(pid), SIGKILL);
+    if (const qint64 pid = m_bus ? instancePid() : 0)
+        ::kill(pid_t(pid), SIGKILL);
     for (const auto& program : m_programs) {
         program->kill();
         program->waitForFinished();
@@ -60,11 +83,18 @@ UserSession::~UserSession()
     }
 }
 
+// A bus that starts only what lies in the session's own folders: the machine's services would stay behind it.
 void UserSession::startBus()
 {
+    QDir().mkpath(path("data/dbus-1/services"));
+    QFile configuration(path("bus.conf"));
+    if (!configuration.open(QIODevice::WriteOnly))
+        throw std::runtime_error("no temporary file");
+    configuration.write(QByteArray(busConfiguration).replace("SERVICES", path("data/dbus-1/services").toUtf8()));
+    configuration.close();
     m_bus = std::make_unique<QProcess>();
     m_bus->setProcessEnvironment(m_environment);
-    m_bus->start("dbus-daemon", {"--session", "--nofork", "--print-address=1"});
+    m_bus->start("dbus-daemon", {"--config-file=" + configuration.fileName(), "--nofork", "--print-address=1"});
     if (!m_bus->waitForReadyRead(patienceMilliseconds))
         throw std::runtime_error("no session bus");
     m_environment.insert("DBUS_SESSION_BUS_ADDRESS", QString::fromLatin1(m_bus->readLine()).trimmed());
@@ -120,12 +150,12 @@ qint64 UserSession::ownerPid(const QString& name)
 
 bool UserSession::eventually(const std::function<bool()>& condition)
 {
-    for (int waited = 0; waited < patienceMilliseconds; waited += lookEveryMilliseconds) {
-        if (condition())
-            return true;
-        QThread::msleep(lookEveryMilliseconds);
-    }
-    return false;
+    return comesTrue(condition, patienceMilliseconds);
+}
+
+bool UserSession::soon(const std::function<bool()>& condition)
+{
+    return comesTrue(condition, 1000);
 }
 
 QStringList UserSession::savedFiles() const

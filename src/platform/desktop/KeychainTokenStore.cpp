@@ -1,5 +1,7 @@
 #include "platform/desktop/KeychainTokenStore.h"
 
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QLoggingCategory>
 #include <qt6keychain/keychain.h>
 
@@ -10,6 +12,17 @@ namespace {
 Q_LOGGING_CATEGORY(log, "com.kovrel.account")
 
 constexpr const char* serviceName = "com.kovrel.Kovrel";
+constexpr const char* keychainName = "org.freedesktop.secrets";
+
+// Whether this desktop has a keychain at all. Asks the bus itself, which answers at once; only after a failure.
+bool hasKeychain()
+{
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return false;
+    QDBusConnectionInterface* names = bus.interface();
+    return names->isServiceRegistered(keychainName) || names->activatableServiceNames().value().contains(keychainName);
+}
 
 } // namespace
 
@@ -34,7 +47,7 @@ void KeychainTokenStore::run(Job* job, T failed, T absent, std::function<T(Job&)
         m_loop.cancel(timer);
         const auto error = job->error();
         // Without a keychain there is nothing in it.
-        const bool isAbsent = error == QKeychain::EntryNotFound || error == QKeychain::NoBackendAvailable;
+        const bool isAbsent = error == QKeychain::EntryNotFound || (error != QKeychain::NoError && !hasKeychain());
         if (error != QKeychain::NoError && !isAbsent)
             qCWarning(log, "Keychain: %s", qUtf8Printable(job->errorString()));
         giveOnce(error == QKeychain::NoError ? result(*job) : isAbsent ? absent : failed);

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 namespace Kovrel {
 
 namespace {
@@ -20,6 +22,8 @@ class Keyring {
 public:
     explicit Keyring(bool isUnlocked)
     {
+        // The keychain's library raises this when its bus ends before the process does.
+        std::signal(SIGTERM, [](int) {});
         m_bus.start("dbus-daemon", {"--session", "--nofork", "--print-address=1"});
         m_bus.waitForReadyRead();
         qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.readLine().trimmed());
