@@ -188,39 +188,6 @@ TEST_F(CaptureTest, AKilledClientTakesItsCountdownWithIt)
         [&] { return session.kovrel({"capture", "fullScreen", "--wait"}).exitCode == 0; }));
 }
 
-TEST_F(CaptureTest, ACaptureFromTheTrayDoesNotShowItsMenu)
-{
-    session.prepare({"afterCaptureActions=4"});
-    session.start("openbox", {"--sm-disable"});
-    session.start("tint2", {});
-    ASSERT_TRUE(Testing::UserSession::eventually([&] { return painted.hasOwner("_NET_SYSTEM_TRAY_S0"); }));
-    session.startKovrel({});
-    QRegularExpressionMatch item;
-    const QRegularExpression place(R"re(\("kovrel" "Kovrel"\)\s+\d+x\d+\+0\+0\s+\+(\d+)\+(\d+))re");
-    ASSERT_TRUE(Testing::UserSession::eventually([&] {
-        item = place.match(session.run("xwininfo", {"-root", "-tree"}).output);
-        return item.hasMatch() && item.captured(2).toInt() > 700; // docked in the panel
-    }));
-    const QPoint icon(item.captured(1).toInt() + 8, item.captured(2).toInt() + 8);
-    const QPoint aboveIcon = icon - QPoint(40, 60);
-    painted.click(icon, 3);
-    ASSERT_TRUE(Testing::UserSession::eventually([&] {
-        return painted.pixelAt(aboveIcon) != (screen.pixel(aboveIcon) & 0xffffff);
-    })) << "the menu did not open";
-    // To the first command that can be used, the full screen; again where the menu had not the keyboard yet.
-    QImage taken;
-    ASSERT_TRUE(Testing::UserSession::eventually([&] {
-        session.run("xdotool", {"key", "Down"});
-        session.run("xdotool", {"key", "Return"});
-        return Testing::UserSession::soon([&] {
-            taken = QImage(session.saveFolder() + '/' + session.savedFiles().value(0));
-            return !taken.isNull();
-        });
-    }));
-    const QRect abovePanel(0, 0, 1280, icon.y() - 40);
-    EXPECT_EQ(firstDifference(taken.copy(abovePanel), screen.copy(abovePanel)), "");
-}
-
 TEST_F(CaptureTest, ThePointerIsDrawnOnlyWhenWanted)
 {
     painted.setCursor(9, Qt::red);

@@ -31,16 +31,6 @@ constexpr const char* busConfiguration = R"(
 constexpr int patienceMilliseconds = 15000;
 constexpr int lookEveryMilliseconds = 20;
 
-bool comesTrue(const std::function<bool()>& condition, int milliseconds)
-{
-    for (int waited = 0; waited < milliseconds; waited += lookEveryMilliseconds) {
-        if (condition())
-            return true;
-        QThread::msleep(lookEveryMilliseconds);
-    }
-    return false;
-}
-
 } // namespace
 
 QJsonObject UserSession::Result::json() const
@@ -150,12 +140,12 @@ qint64 UserSession::ownerPid(const QString& name)
 
 bool UserSession::eventually(const std::function<bool()>& condition)
 {
-    return comesTrue(condition, patienceMilliseconds);
-}
-
-bool UserSession::soon(const std::function<bool()>& condition)
-{
-    return comesTrue(condition, 1000);
+    for (int waited = 0; waited < patienceMilliseconds; waited += lookEveryMilliseconds) {
+        if (condition())
+            return true;
+        QThread::msleep(lookEveryMilliseconds);
+    }
+    return false;
 }
 
 QStringList UserSession::savedFiles() const

@@ -48,8 +48,6 @@ public:
 
     // Looks again and again, for a quarter of a minute at most, whether something has come true.
     static bool eventually(const std::function<bool()>& condition);
-    // The same for a second.
-    static bool soon(const std::function<bool()>& condition);
 
     QString path(const QString& name) const { return m_folder / name; }
 
