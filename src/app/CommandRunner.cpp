@@ -98,7 +98,9 @@ void CommandRunner::runAccountCommand(const Command& command, Account& account, 
         const bool isNoted = !isDone || !signsIn || defaults.set("hasCompletedOnboarding", true);
         reply(isDone && isNoted
                   ? CommandAnswer{}
-                  : CommandAnswer{.exitCode = CommandLine::failed, .error = "the account could not be stored"});
+                  : CommandAnswer{.exitCode = CommandLine::failed,
+                                  .error = signsIn ? "the account could not be stored"
+                                                   : "the account could not be forgotten; the keychain may be locked"});
     };
     if (signsIn)
         account.signInLocally(answer);
