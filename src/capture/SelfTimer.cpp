@@ -36,7 +36,7 @@ void SelfTimer::cancel()
 
 QCoro::Task<bool> SelfTimer::countDown(std::optional<quint32> displayID)
 {
-    const auto grab = m_services.keys.grab(escape, [this] { cancel(); });
+    const auto grab = m_services.keys.grab(escape, {.onPress = [this](KeyGrabs::Press) { cancel(); }});
     const auto atEnd = qScopeGuard([this, grab] {
         if (grab)
             m_services.keys.release(*grab);

@@ -2,8 +2,8 @@
 
 #include "model/KeyCombo.h"
 
+#include <expected>
 #include <functional>
-#include <optional>
 
 namespace Kovrel {
 
@@ -12,11 +12,38 @@ class KeyGrabs {
 public:
     using GrabID = quint32;
 
+    // Why a combination can't be had: the desktop's own number, for the log.
+    using Status = int;
+
+    struct Press {
+        quint32 modifiers = 0; // KeyCombo's, those that were down
+        bool isRepeat = false; // the key was down already
+    };
+
+    struct Handlers {
+        std::function<void(Press)> onPress;
+        std::function<void()> onRelease = {};
+    };
+
+    enum class Modifiers {
+        exact, // those of the combination, and no other
+        any,   // whichever are down; those states that another program owns are left to it
+    };
+
     virtual ~KeyGrabs() = default;
 
-    // No value where the desktop or another program keeps the combination to itself.
-    virtual std::optional<GrabID> grab(KeyCombo combo, std::function<void()> onPress) = 0;
+    // Fails where the desktop or another program keeps the combination to itself. A grab goes on through changes of
+    // the keyboard's layout.
+    virtual std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers,
+                                               Modifiers modifiers = Modifiers::exact) = 0;
     virtual void release(GrabID grab) = 0;
+
+    // Called after the keyboard's layout changed: what was refused before may be had now.
+    virtual void onLayoutChange(std::function<void()> callback) = 0;
+
+    // Called when another program takes the whole keyboard and keeps it, as a screen lock does: no grab works then.
+    // An empty callback ends the watch.
+    virtual void watchForTakeover(std::function<void()> onTakeover) = 0;
 };
 
 } // namespace Kovrel

@@ -104,10 +104,11 @@ void FakeCaptureServices::Desktop::list(Reply<std::optional<std::vector<WindowIn
     fake.answer(reply, std::optional(fake.windowList));
 }
 
-std::optional<KeyGrabs::GrabID> FakeCaptureServices::Desktop::grab(KeyCombo combo, std::function<void()> onPress)
+std::expected<KeyGrabs::GrabID, KeyGrabs::Status> FakeCaptureServices::Desktop::grab(KeyCombo combo, Handlers handlers,
+                                                                                     Modifiers)
 {
     fake.say("grab " + combo.text());
-    fake.escapePressed = std::move(onPress);
+    fake.escapePressed = [handlers] { handlers.onPress({}); };
     return 1;
 }
 

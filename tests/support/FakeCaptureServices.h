@@ -96,8 +96,13 @@ struct FakeCaptureServices {
 
         void grab(quint32, Reply<GrabbedImage>) override {}
 
-        std::optional<GrabID> grab(KeyCombo combo, std::function<void()> onPress) override;
+        std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers, Modifiers) override;
         void release(GrabID) override;
+
+        void onLayoutChange(std::function<void()>) override {}
+
+        void watchForTakeover(std::function<void()>) override {}
+
         FakeCaptureServices& fake;
     } desktop{*this};
 

@@ -55,14 +55,14 @@ X11KeyGrabs::X11KeyGrabs(std::unique_ptr<X11Connection> connection) : m_connecti
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] { handleEvents(); });
 }
 
-std::optional<KeyGrabs::GrabID> X11KeyGrabs::grab(KeyCombo combo, std::function<void()> onPress)
+std::expected<KeyGrabs::GrabID, KeyGrabs::Status> X11KeyGrabs::grab(KeyCombo combo, Handlers handlers, Modifiers)
 {
     if (!m_connection->isAlive())
-        return std::nullopt;
-    Grab grab{keysFor(m_connection->handle(), combo.keyCode), modifierMask(combo.modifiers), std::move(onPress)};
+        return std::unexpected(0);
+    Grab grab{keysFor(m_connection->handle(), combo.keyCode), modifierMask(combo.modifiers), std::move(handlers)};
     std::erase_if(grab.keys, [&](xcb_keycode_t key) { return !grabKey(key, grab.modifiers); });
     if (grab.keys.empty())
-        return std::nullopt;
+        return std::unexpected(XCB_ACCESS);
     m_grabs.emplace(++m_lastGrab, std::move(grab));
     return m_lastGrab;
 }
@@ -113,8 +113,8 @@ void X11KeyGrabs::pressed(const xcb_key_press_event_t& event)
     for (const auto& [id, grab] : m_grabs) {
         if (grab.modifiers != modifiers || std::ranges::find(grab.keys, event.detail) == grab.keys.end())
             continue;
-        const auto onPress = grab.onPress; // it may release the grab
-        onPress();
+        const auto onPress = grab.handlers.onPress; // it may release the grab
+        onPress({});
         return;
     }
 }

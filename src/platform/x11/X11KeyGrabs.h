@@ -18,14 +18,19 @@ public:
     // The connection belongs to this object alone: it takes its events.
     explicit X11KeyGrabs(std::unique_ptr<X11Connection> connection);
 
-    std::optional<GrabID> grab(KeyCombo combo, std::function<void()> onPress) override;
+    std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers,
+                                       Modifiers modifiers = Modifiers::exact) override;
     void release(GrabID grab) override;
+
+    void onLayoutChange(std::function<void()>) override {}
+
+    void watchForTakeover(std::function<void()>) override {}
 
 private:
     struct Grab {
         std::vector<xcb_keycode_t> keys;
         uint16_t modifiers = 0;
-        std::function<void()> onPress;
+        Handlers handlers;
     };
 
     bool grabKey(xcb_keycode_t key, uint16_t modifiers);
