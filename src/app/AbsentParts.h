@@ -4,18 +4,15 @@
 #include "capture/CaptureHistory.h"
 #include "capture/CardPile.h"
 #include "capture/ReopenLedger.h"
-#include "capture/SelectionGrabber.h"
 #include "capture/TextReader.h"
 #include "capture/WindowBackdrop.h"
 #include "platform/MainLoop.h"
 
 namespace Kovrel {
 
-// Stands where a part of the program is absent, and answers as a part that has nothing to give: nothing is selected,
-// no card can be shown, nothing is recorded.
-class AbsentParts : public SelectionOverlay,
-                    public SelectionGrabber,
-                    public CardPile,
+// Stands where a part of the program is absent, and answers as a part that has nothing to give: no card can be
+// shown, nothing is recorded.
+class AbsentParts : public CardPile,
                     public CaptureHistory,
                     public ReopenLedger,
                     public TextReader,
@@ -24,31 +21,7 @@ class AbsentParts : public SelectionOverlay,
 public:
     explicit AbsentParts(MainLoop& loop) : m_loop(loop) {}
 
-    void begin(Mode, std::function<void(SelectionResult)> completion) override
-    {
-        m_loop.post([completion] { completion(SelectionCancelled{}); });
-    }
-
-    void onModeChange(std::function<void(Mode)>) override {}
-
-    void applyFrozenImages() override {}
-
-    FrozenScreens takeFrozenImages() override { return {}; }
-
-    void reassertPresence() override {}
-
-    void cancel() override {}
-
-    bool isCommitting() const override { return false; }
-
     void prewarm() override {}
-
-    void grab(QRect, FrozenScreens, Reply<std::optional<QImage>> reply) override { giveNothing(std::move(reply)); }
-
-    void grabWindows(std::vector<quint32>, Reply<std::optional<QImage>> reply) override
-    {
-        giveNothing(std::move(reply));
-    }
 
     bool setHiddenForCapture(bool) override { return false; }
 

@@ -82,6 +82,9 @@ Application::Application(AppDelegate::Launch launch)
       m_nativeCapture(
           {m_loop, m_workers, m_trace, m_desktop.pixels, m_desktop.windows, m_desktop.displays, m_toolProcess},
           {AppPaths::screenshotTool(), AppPaths::temporaryFolder()}),
+      m_selectionOverlay({m_loop, m_preferences, m_trace, m_desktop.displays, m_desktop.pointer, m_desktop.windows,
+                          m_desktop.keys, m_screenLock, m_desktop.overlay}),
+      m_selectionCapture(m_loop, m_workers, m_desktop.windows),
       m_coordinator(captureServices()),
       m_delegate(*this, m_preferences, m_loop),
       m_commands(m_coordinator, m_delegate, m_account, m_preferences, m_trace)
@@ -134,8 +137,8 @@ CaptureServices Application::captureServices()
         .keys = m_desktop.keys,
         .engine = m_nativeCapture,
         .access = *this,
-        .overlay = m_absent,
-        .grabber = m_absent,
+        .overlay = m_selectionOverlay,
+        .grabber = m_selectionCapture,
         .backdrop = m_absent,
         .effects = m_absent,
         .textReader = m_absent,
@@ -219,9 +222,7 @@ TrayMenu::Handlers Application::trayHandlers()
 bool Application::isEnabled(const CaptureCommands::Entry& entry) const
 {
     const bool canCapture = m_account.isSignedIn() && mayRecordScreen();
-    return entry.action == CaptureCommands::Action::capture && canCapture &&
-           (entry.mode == CaptureMode::fullScreen || entry.mode == CaptureMode::timed ||
-            (entry.mode == CaptureMode::lastArea && m_coordinator.hasLastArea()));
+    return entry.action == CaptureCommands::Action::capture && canCapture && entry.mode != CaptureMode::ocrRegion;
 }
 
 void Application::perform(const CaptureCommands::Entry& entry, bool fromMenu)
@@ -265,7 +266,10 @@ void Application::unregisterHotkeys() {}
 
 void Application::startMaintainingShortcuts() {}
 
-void Application::prewarm() {}
+void Application::prewarm()
+{
+    m_selectionOverlay.prewarm();
+}
 
 void Application::prewarmDelayed() {}
 

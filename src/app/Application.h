@@ -13,7 +13,10 @@
 #include "capture/CaptureCoordinator.h"
 #include "capture/CaptureTrace.h"
 #include "capture/NativeScreenCapture.h"
+#include "capture/SelectionCapture.h"
+#include "capture/SelectionOverlayController.h"
 #include "platform/SpawnedToolProcess.h"
+#include "platform/desktop/DBusScreenLock.h"
 #include "platform/desktop/FileTokenStore.h"
 #include "platform/desktop/InstanceBus.h"
 #include "platform/desktop/KeychainTokenStore.h"
@@ -98,6 +101,9 @@ private:
     ToastController m_toasts;
     SpawnedToolProcess m_toolProcess;
     NativeScreenCapture m_nativeCapture;
+    DBusScreenLock m_screenLock;
+    SelectionOverlayController m_selectionOverlay;
+    SelectionCapture m_selectionCapture;
     InstanceBus m_bus; // before the coordinator: its last replies still leave
     CaptureCoordinator m_coordinator;
     AppDelegate m_delegate;

@@ -7,6 +7,7 @@
 #include "capture/CardPile.h"
 #include "capture/SelectionGrabber.h"
 #include "capture/Toasts.h"
+#include "capture/WindowTiles.h"
 #include "platform/Displays.h"
 #include "preferences/Preferences.h"
 
@@ -308,9 +309,12 @@ QCoro::Task<SelectionResult> CaptureCoordinator::select(Run run, SelectionOverla
     m_overlayIsUp = true;
     auto result = m_scope.reply<SelectionResult>([&](auto done) { m_services.overlay.begin(mode, done); });
     m_services.trace.mark(isWindowPick ? "t1c window picker up" : "t1c overlay up");
-    hideChrome(run, true);
+    co_await hideChromeAndRepaint(run);
     m_services.grabber.prewarm();
     m_services.overlay.applyFrozenImages();
+    // After the displays are frozen: nobody may wait for the desktop picture before that.
+    if (isWindowPick)
+        co_await prewarmWindowBackdrop();
     SelectionResult selection = co_await result;
     m_overlayIsUp = false;
     leaveInteractivePhase(run);
@@ -329,15 +333,15 @@ QCoro::Task<> CaptureCoordinator::runAreaSelection(Run run, bool ocrOnly)
 
 QCoro::Task<> CaptureCoordinator::runWindowSelection(Run run)
 {
-    const std::optional<Display> display = co_await m_scope.join(m_survey.screenUnderMouse());
-    if (run->isCancelled) {
-        abandon(run, {});
-        co_return;
-    }
-    if (display)
-        m_composition.prewarm(*display);
     SelectionResult selection = co_await select(run, SelectionOverlay::Mode::windowPick, false);
     co_await takeSelection(run, std::move(selection), false);
+}
+
+QCoro::Task<> CaptureCoordinator::prewarmWindowBackdrop()
+{
+    const std::optional<Display> display = co_await m_scope.join(m_survey.screenUnderMouse());
+    if (display)
+        m_composition.prewarm(*display);
 }
 
 QCoro::Task<> CaptureCoordinator::takeSelection(Run run, SelectionResult selection, bool ocrOnly)
@@ -348,7 +352,7 @@ QCoro::Task<> CaptureCoordinator::takeSelection(Run run, SelectionResult selecti
         co_await takeArea(run, area->rootPixels, ocrOnly);
     } else if (auto* windows = std::get_if<SelectedWindows>(&selection)) {
         run->mode = ocrOnly ? CaptureMode::ocrRegion : CaptureMode::window;
-        co_await takeWindows(run, std::move(windows->ids), ocrOnly);
+        co_await takeWindows(run, std::move(windows->windows), ocrOnly);
     } else {
         abandon(run, {});
     }
@@ -423,19 +427,22 @@ QCoro::Task<> CaptureCoordinator::finishArea(Run run, QImage image, QRect rootPi
         co_await m_scope.join(m_finisher.finish(std::move(pixels), run));
 }
 
-QCoro::Task<> CaptureCoordinator::takeWindows(Run run, std::vector<quint32> ids, bool ocrOnly)
+QCoro::Task<> CaptureCoordinator::takeWindows(Run run, std::vector<WindowInfo> windows, bool ocrOnly)
 {
+    FrozenScreens frozen = m_services.overlay.takeFrozenImages();
     const std::optional<Display> display = co_await m_scope.join(m_survey.screenUnderMouse());
-    std::optional<QImage> image =
-        co_await m_scope.reply<std::optional<QImage>>([&](auto done) { m_services.grabber.grabWindows(ids, done); });
+    if (windows.size() > 1 && WindowTiles::liveTileMembers(windows, display ? display->scale : 1).empty())
+        windows.resize(1);
+    std::optional<QImage> image = co_await m_scope.reply<std::optional<QImage>>(
+        [&](auto done) { m_services.grabber.grabWindows(windows, std::move(frozen), done); });
     m_services.trace.mark(QString("window pick \u2192 pixels in hand (in-process %1)").arg(image ? "true" : "false"));
-    if (!image && !ids.empty()) {
-        std::optional<PixelSource::Grab> grab = co_await m_scope.join(m_services.engine.window(ids.front()));
+    if (!image) {
+        std::optional<PixelSource::Grab> grab = co_await m_scope.join(m_services.engine.window(windows.front().id));
         if (grab)
             image = grab->image;
     }
-    if (!image) {
-        abandon(run, "The window could not be captured");
+    if (!image) { // it was closed meanwhile
+        abandon(run, {});
         co_return;
     }
     if (!ocrOnly) {
@@ -448,9 +455,8 @@ QCoro::Task<> CaptureCoordinator::takeWindows(Run run, std::vector<quint32> ids,
         .mode = run->mode,
         .displayID = display ? std::optional(display->id) : std::nullopt,
         .pixelScale = display ? display->scale : 2.0,
-        .sourceApp = {},
+        .sourceApp = windows.front().app,
     };
-    picked.sourceApp = co_await m_scope.join(m_survey.sourceAppOf(ids.empty() ? 0 : ids.front()));
     if (ocrOnly)
         co_await m_scope.join(m_textCapture.runOCR(std::move(picked), run));
     else

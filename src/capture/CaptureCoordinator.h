@@ -85,10 +85,11 @@ private:
 
     QCoro::Task<SelectionResult> select(Run run, SelectionOverlay::Mode mode, bool ocrOnly);
     void armOverlayModeTracking(SelectionOverlay::Mode initial, bool isOCR);
+    QCoro::Task<> prewarmWindowBackdrop();
     QCoro::Task<> takeSelection(Run run, SelectionResult selection, bool ocrOnly);
     QCoro::Task<> takeArea(Run run, QRect rootPixels, bool ocrOnly);
     QCoro::Task<std::optional<QImage>> fallbackAreaGrab(QRect rootPixels);
-    QCoro::Task<> takeWindows(Run run, std::vector<quint32> ids, bool ocrOnly);
+    QCoro::Task<> takeWindows(Run run, std::vector<WindowInfo> windows, bool ocrOnly);
     QCoro::Task<> finishArea(Run run, QImage image, QRect rootPixels, Display display, bool ocrOnly);
     QCoro::Task<> finishWindowPick(Run run, CaptureFinisher::Pixels picked);
 

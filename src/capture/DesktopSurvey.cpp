@@ -36,14 +36,4 @@ QCoro::Task<std::optional<SourceApp>> DesktopSurvey::sourceAppUnder(QRect rootPi
     co_return SourceAppResolver::resolve(*list, rootPixels, QCoreApplication::applicationPid());
 }
 
-QCoro::Task<std::optional<SourceApp>> DesktopSurvey::sourceAppOf(quint32 windowID)
-{
-    const auto list = co_await windows();
-    if (list)
-        for (const WindowInfo& window : *list)
-            if (window.id == windowID)
-                co_return window.app;
-    co_return std::nullopt;
-}
-
 } // namespace Kovrel

@@ -16,7 +16,6 @@ public:
     // The display under the pointer, the primary one where the desktop does not tell; none without displays.
     QCoro::Task<std::optional<Display>> screenUnderMouse();
     QCoro::Task<std::optional<SourceApp>> sourceAppUnder(QRect rootPixels);
-    QCoro::Task<std::optional<SourceApp>> sourceAppOf(quint32 windowID);
 
 private:
     Wait<std::optional<std::vector<WindowInfo>>> windows();

@@ -15,8 +15,10 @@ public:
     virtual void prewarm() = 0;
     // No value when the frozen images do not hold the rectangle.
     virtual void grab(QRect rootPixels, FrozenScreens frozen, Reply<std::optional<QImage>> reply) = 0;
-    // The window, or a tiled group as one picture, taken in the process. No value when the desktop refuses.
-    virtual void grabWindows(std::vector<quint32> ids, Reply<std::optional<QImage>> reply) = 0;
+    // The window, or a tiled group as one picture with its members in their places, taken in the process. A menu or
+    // a tip that is gone by now is cut out of the frozen images. No value when the window is gone or refused.
+    virtual void grabWindows(std::vector<WindowInfo> windows, FrozenScreens frozen,
+                             Reply<std::optional<QImage>> reply) = 0;
 };
 
 } // namespace Kovrel

@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QImage>
+#include "platform/OverlaySurfaces.h"
+#include "platform/Windows.h"
+
 #include <QRect>
 
 #include <functional>
@@ -11,28 +13,15 @@ namespace Kovrel {
 
 struct SelectedArea {
     QRect rootPixels; // may span displays
-    bool operator==(const SelectedArea&) const = default;
 };
 
 struct SelectedWindows {
-    std::vector<quint32> ids; // two or more: the members of a tiled group
-    bool operator==(const SelectedWindows&) const = default;
+    std::vector<WindowInfo> windows; // front to back; two or more: a tiled group
 };
 
-struct SelectionCancelled {
-    bool operator==(const SelectionCancelled&) const = default;
-};
+struct SelectionCancelled {};
 
 using SelectionResult = std::variant<SelectedArea, SelectedWindows, SelectionCancelled>;
-
-// What one display showed when the selection began.
-struct FrozenScreen {
-    quint32 displayID = 0;
-    QRect pixelRect; // on the root window
-    QImage image;
-};
-
-using FrozenScreens = std::vector<FrozenScreen>;
 
 // The layer over all displays on which an area is dragged out or a window is picked. Main thread.
 class SelectionOverlay {

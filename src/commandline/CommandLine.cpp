@@ -34,7 +34,7 @@ const std::vector<CommandRule>& rules()
          1,
          1,
          "capture MODE [--rect X,Y,W,H] [--save | --output FILE] [--copy] [--wait] [--json]",
-         "MODE: area (with --rect) | fullScreen | lastArea | timed"},
+         "MODE: area | window | fullScreen | lastArea | timed"},
         {"preferences", {}, 1, 3, "preferences list | get KEY | set KEY VALUE | reset KEY", "the settings"},
         {"sign-in", {{"local", false}}, 0, 0, "sign-in --local", "use the account kept on this computer"},
         {"sign-out", {}, 0, 0, "sign-out", "forget the account"},
@@ -43,7 +43,7 @@ const std::vector<CommandRule>& rules()
     return all;
 }
 
-constexpr std::array captureModes{"area", "fullScreen", "lastArea", "timed"};
+constexpr std::array captureModes{"area", "window", "fullScreen", "lastArea", "timed"};
 constexpr std::array outputExtensions{"png", "jpeg", "jpg", "heic", "heif", "tiff", "tif"};
 
 std::string lower(std::string text)
@@ -97,8 +97,6 @@ std::optional<std::string> captureError(const Command& command)
         return "unknown capture mode \"" + mode + "\"";
     if (command.has("rect") && mode != "area")
         return "--rect goes with the mode area";
-    if (mode == "area" && !command.has("rect"))
-        return "the mode area needs --rect X,Y,W,H";
     if (command.has("rect") && !isRectangle(command.options.at("rect")))
         return "--rect takes X,Y,W,H in points, with a width and height above 0";
     if (command.has("save") && command.has("output"))

@@ -164,9 +164,10 @@ void FakeCaptureServices::Grabber::grab(QRect rootPixels, FrozenScreens, Reply<s
     fake.answer(reply, fake.frozenGrabSucceeds ? std::optional(picture(rootPixels.size())) : std::nullopt);
 }
 
-void FakeCaptureServices::Grabber::grabWindows(std::vector<quint32> ids, Reply<std::optional<QImage>> reply)
+void FakeCaptureServices::Grabber::grabWindows(std::vector<WindowInfo> windows, FrozenScreens,
+                                               Reply<std::optional<QImage>> reply)
 {
-    fake.say(QString("grab window %1").arg(ids.front()));
+    fake.say(QString("grab window %1").arg(windows.front().id));
     fake.answer(reply, fake.windowGrabSucceeds ? std::optional(picture({30, 20})) : std::nullopt);
 }
 

@@ -143,7 +143,7 @@ struct FakeCaptureServices {
         void prewarm() override {}
 
         void grab(QRect rootPixels, FrozenScreens, Reply<std::optional<QImage>> reply) override;
-        void grabWindows(std::vector<quint32> ids, Reply<std::optional<QImage>> reply) override;
+        void grabWindows(std::vector<WindowInfo> windows, FrozenScreens, Reply<std::optional<QImage>> reply) override;
         FakeCaptureServices& fake;
     } grabber{*this};
 

@@ -10,6 +10,7 @@
 #include <xcb/composite.h>
 #include <xcb/damage.h>
 #include <xcb/randr.h>
+#include <xcb/render.h>
 #include <xcb/shape.h>
 #include <xcb/shm.h>
 #include <xcb/xfixes.h>
@@ -43,9 +44,8 @@ X11Connection::X11Connection(const QByteArray& displayName)
     m_connection = xcb_connect(displayName.isEmpty() ? nullptr : displayName.constData(), &m_screenNumber);
     if (!isAlive())
         return;
-    const xcb_screen_t* screen = screenWithNumber(m_connection, m_screenNumber);
-    m_root = screen->root;
-    m_rootDepth = screen->root_depth;
+    m_screen = screenWithNumber(m_connection, m_screenNumber);
+    m_root = m_screen->root;
     agreeOnVersions();
 }
 
@@ -70,14 +70,14 @@ bool X11Connection::isLocal() const
 
 bool X11Connection::hasPlainPixels() const
 {
-    if (!isAlive() || (m_rootDepth != 24 && m_rootDepth != 32))
+    if (!isAlive() || (m_screen->root_depth != 24 && m_screen->root_depth != 32))
         return false;
     const xcb_setup_t* setup = xcb_get_setup(m_connection);
     const bool isLittle = setup->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
     if (isLittle != (QSysInfo::ByteOrder == QSysInfo::LittleEndian))
         return false;
     for (auto formats = xcb_setup_pixmap_formats_iterator(setup); formats.rem > 0; xcb_format_next(&formats)) {
-        if (formats.data->depth == m_rootDepth)
+        if (formats.data->depth == m_screen->root_depth)
             return formats.data->bits_per_pixel == 32;
     }
     return false;
@@ -98,7 +98,7 @@ uint8_t X11Connection::firstEvent(xcb_extension_t& extension) const
 void X11Connection::agreeOnVersions()
 {
     for (xcb_extension_t* extension :
-         {&xcb_randr_id, &xcb_xfixes_id, &xcb_damage_id, &xcb_composite_id, &xcb_shm_id, &xcb_shape_id})
+         {&xcb_randr_id, &xcb_xfixes_id, &xcb_damage_id, &xcb_composite_id, &xcb_shm_id, &xcb_shape_id, &xcb_render_id})
         xcb_prefetch_extension_data(m_connection, extension);
     if (has(xcb_randr_id))
         reply(xcb_randr_query_version_reply, xcb_randr_query_version(m_connection, 1, 5));
@@ -108,6 +108,8 @@ void X11Connection::agreeOnVersions()
         reply(xcb_damage_query_version_reply, xcb_damage_query_version(m_connection, 1, 1));
     if (has(xcb_composite_id))
         reply(xcb_composite_query_version_reply, xcb_composite_query_version(m_connection, 0, 4));
+    if (has(xcb_render_id))
+        reply(xcb_render_query_version_reply, xcb_render_query_version(m_connection, 0, 11));
 }
 
 bool X11Connection::hasCompositor()
@@ -132,6 +134,20 @@ QByteArray X11Connection::atomName(xcb_atom_t atom) const
     const auto answer = reply(xcb_get_atom_name_reply, xcb_get_atom_name(m_connection, atom));
     return answer ? QByteArray(xcb_get_atom_name_name(answer.get()), xcb_get_atom_name_name_length(answer.get()))
                   : QByteArray();
+}
+
+void X11Connection::holdServer()
+{
+    if (m_holds++ == 0)
+        xcb_grab_server(m_connection);
+}
+
+void X11Connection::letServerGo()
+{
+    if (--m_holds > 0)
+        return;
+    xcb_ungrab_server(m_connection);
+    xcb_flush(m_connection);
 }
 
 bool X11Connection::succeeded(xcb_void_cookie_t cookie) const

@@ -37,6 +37,9 @@ public:
 
     xcb_window_t root() const { return m_root; }
 
+    // Only while the connection is alive.
+    const xcb_screen_t& screen() const { return *m_screen; }
+
     int screenNumber() const { return m_screenNumber; }
 
     // Whether the screen's pixels are 32-bit words of 8-bit channels in this computer's byte order.
@@ -61,6 +64,20 @@ public:
         return answer;
     }
 
+    // While one of these lives nobody else's requests are handled; they may be nested.
+    class ServerHold {
+    public:
+        explicit ServerHold(X11Connection& connection) : m_connection(connection) { m_connection.holdServer(); }
+
+        ~ServerHold() { m_connection.letServerGo(); }
+
+        ServerHold(const ServerHold&) = delete;
+        ServerHold& operator=(const ServerHold&) = delete;
+
+    private:
+        X11Connection& m_connection;
+    };
+
     // Waits for a request sent with one of the `_checked` functions.
     bool succeeded(xcb_void_cookie_t cookie) const;
     // Returns once the server has handled everything sent before.
@@ -70,11 +87,14 @@ public:
 
 private:
     void agreeOnVersions();
+    void holdServer();
+    void letServerGo();
 
     xcb_connection_t* m_connection;
     int m_screenNumber = 0;
+    const xcb_screen_t* m_screen = nullptr;
     xcb_window_t m_root = XCB_NONE;
-    uint8_t m_rootDepth = 0;
+    int m_holds = 0;
     std::map<QByteArray, xcb_atom_t> m_atoms;
 };
 

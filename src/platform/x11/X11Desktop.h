@@ -3,6 +3,7 @@
 #include "platform/x11/X11DesktopPicture.h"
 #include "platform/x11/X11Displays.h"
 #include "platform/x11/X11KeyGrabs.h"
+#include "platform/x11/X11OverlaySurfaces.h"
 #include "platform/x11/X11Pointer.h"
 #include "platform/x11/X11ScreenPixels.h"
 #include "platform/x11/X11Windows.h"
@@ -21,7 +22,8 @@ public:
           pixels(loop, workers, m_reader),
           pointer(loop, workers, m_connection, displays),
           windows(loop, workers, m_reader, displays),
-          picture(loop, workers, m_reader, displays)
+          picture(loop, workers, m_reader, displays),
+          overlay(loop, workers, displays)
     {
         m_reader->releaseWhenIdle(loop);
     }
@@ -37,6 +39,7 @@ public:
     X11Pointer pointer;
     X11Windows windows;
     X11DesktopPicture picture;
+    X11OverlaySurfaces overlay;
 };
 
 } // namespace Kovrel

@@ -59,12 +59,13 @@ bool X11ImageReader::readInto(const X11SegmentPool::Segment& segment, xcb_drawab
     const int bandRows = std::clamp(bytesOfBand / stride, 1, pixels.height());
     const auto rowsAt = [&](int row) { return std::min(bandRows, pixels.height() - row); };
     std::vector<xcb_shm_get_image_cookie_t> cookies;
-    xcb_grab_server(c);
-    for (int row = 0; row < pixels.height(); row += bandRows)
-        cookies.push_back(xcb_shm_get_image(c, drawable, int16_t(pixels.x()), int16_t(pixels.y() + row),
-                                            uint16_t(pixels.width()), uint16_t(rowsAt(row)), ~0u,
-                                            XCB_IMAGE_FORMAT_Z_PIXMAP, segment.id, uint32_t(row) * uint32_t(stride)));
-    xcb_ungrab_server(c);
+    {
+        const X11Connection::ServerHold hold(*m_connection);
+        for (int row = 0; row < pixels.height(); row += bandRows)
+            cookies.push_back(xcb_shm_get_image(
+                c, drawable, int16_t(pixels.x()), int16_t(pixels.y() + row), uint16_t(pixels.width()),
+                uint16_t(rowsAt(row)), ~0u, XCB_IMAGE_FORMAT_Z_PIXMAP, segment.id, uint32_t(row) * uint32_t(stride)));
+    }
     xcb_flush(c);
     bool isRead = true;
     int row = 0;
@@ -76,6 +77,11 @@ bool X11ImageReader::readInto(const X11SegmentPool::Segment& segment, xcb_drawab
         row += bandRows;
     }
     return isRead;
+}
+
+std::optional<X11SegmentPool::Place> X11ImageReader::placeOf(const QImage& image) const
+{
+    return m_pool->placeOf(image.constBits());
 }
 
 std::optional<QImage> X11ImageReader::readCopied(xcb_drawable_t drawable, QRect pixels, Alpha alpha)

@@ -30,6 +30,9 @@ public:
     // not made of 32-bit pixels.
     std::optional<QImage> read(xcb_drawable_t drawable, QRect pixels, Alpha alpha);
 
+    // Where the pixels of an image lie in memory shared with the server; no value for an image of another origin.
+    std::optional<X11SegmentPool::Place> placeOf(const QImage& image) const;
+
 private:
     bool readInto(const X11SegmentPool::Segment& segment, xcb_drawable_t drawable, QRect pixels, Alpha alpha);
     std::optional<QImage> readCopied(xcb_drawable_t drawable, QRect pixels, Alpha alpha);

@@ -88,6 +88,7 @@ std::unique_ptr<X11SegmentPool::Segment> X11SegmentPool::create(size_t bytes)
 void X11SegmentPool::giveBack(std::unique_ptr<Segment> segment)
 {
     const std::lock_guard lock(m_lock);
+    std::erase(m_lent, segment.get());
     if (m_keepsIdle)
         m_idle.push_back(std::move(segment));
     if (m_idle.size() > mostIdle)
@@ -101,8 +102,21 @@ void X11SegmentPool::releaseIdle()
     m_idle.clear();
 }
 
+std::optional<X11SegmentPool::Place> X11SegmentPool::placeOf(const uchar* pixel)
+{
+    const std::lock_guard lock(m_lock);
+    for (const Segment* segment : m_lent)
+        if (pixel >= segment->bytes && pixel < segment->bytes + segment->size)
+            return Place{segment->id, uint32_t(pixel - segment->bytes)};
+    return {};
+}
+
 QImage X11SegmentPool::wrap(std::unique_ptr<Segment> segment, QSize size, QImage::Format format)
 {
+    {
+        const std::lock_guard lock(m_lock);
+        m_lent.push_back(segment.get());
+    }
     auto* loan = new Loan{shared_from_this(), std::move(segment)};
     const auto giveBack = [](void* data) {
         const std::unique_ptr<Loan> ending(static_cast<Loan*>(data));

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 #include <xcb/shm.h>
@@ -35,6 +36,14 @@ public:
     // An image on the segment's pixels, without a copy; the segment returns with the image's last copy.
     QImage wrap(std::unique_ptr<Segment> segment, QSize size, QImage::Format format);
 
+    struct Place {
+        xcb_shm_seg_t id = XCB_NONE;
+        uint32_t offset = 0;
+    };
+
+    // The segment of an image that was wrapped, in which this pixel lies.
+    std::optional<Place> placeOf(const uchar* pixel);
+
     // Gives the idle segments back to the system, and those that are still in use when they return, until the next one
     // is taken.
     void releaseIdle();
@@ -51,6 +60,7 @@ private:
     std::mutex m_lock;
     bool m_keepsIdle = true;
     std::vector<std::unique_ptr<Segment>> m_idle; // the one used last at the end
+    std::vector<const Segment*> m_lent;
 };
 
 } // namespace Kovrel

@@ -1,0 +1,22 @@
+#include "platform/desktop/DBusScreenLock.h"
+
+#include <QDBusConnection>
+
+namespace Kovrel {
+
+DBusScreenLock::DBusScreenLock()
+{
+    for (const char* interface : {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver", "org.cinnamon.ScreenSaver",
+                                  "org.mate.ScreenSaver", "org.xfce.ScreenSaver"})
+        QDBusConnection::sessionBus().connect({}, {}, interface, "ActiveChanged", this, SLOT(activeChanged(bool)));
+}
+
+void DBusScreenLock::activeChanged(bool isActive)
+{
+    if (!isActive)
+        return;
+    for (const auto& callback : m_callbacks)
+        callback();
+}
+
+} // namespace Kovrel
