@@ -66,6 +66,7 @@ void SelectionOverlayController::begin(Mode mode, std::function<void(SelectionRe
     m_pointer.reset();
     registerKeys();
     m_platform.keys.watchForTakeover([this] { cancel(); });
+    askForPointer();
 }
 
 void SelectionOverlayController::applyFrozenImages()
@@ -94,7 +95,6 @@ void SelectionOverlayController::applyFrozenImages()
                                  if (session == m_session)
                                      opened(std::move(result));
                              });
-    askForPointer();
     askForWindows();
 }
 
@@ -147,11 +147,13 @@ void SelectionOverlayController::askForPointer()
 void SelectionOverlayController::askForWindows()
 {
     m_platform.windows.list([this, session = m_session](std::optional<std::vector<WindowInfo>> windows) {
-        if (session != m_session || !windows)
+        if (session != m_session)
             return;
-        m_windows = *std::move(windows);
+        m_windows = windows.value_or(std::vector<WindowInfo>());
         updateHoveredWindows();
         update();
+        if (m_isPicked)
+            pickHovered();
     });
 }
 
@@ -196,10 +198,11 @@ void SelectionOverlayController::dismiss(bool keepingFrozenScreens)
     if (keepingFrozenScreens)
         m_kept = std::move(m_frozen);
     m_frozen.clear();
-    m_windows.clear();
+    m_windows.reset();
     m_hovered.clear();
     m_onModeChange = nullptr;
     m_pressedInWindowMode = false;
+    m_isPicked = false;
     m_spaceIsDown = false;
 }
 
@@ -289,6 +292,8 @@ void SelectionOverlayController::toggleMode()
 
 void SelectionOverlayController::pointerChanged(const OverlayPointer& pointer)
 {
+    if (m_isPicked) // where it was clicked
+        return;
     m_pointer = pointer.rootPixel;
     m_area.drag(pointer.rootPixel, pointer.isShiftDown);
     updateHoveredWindows();
@@ -316,9 +321,9 @@ void SelectionOverlayController::released(const OverlayPointer& pointer)
     if (pointer.button != Qt::LeftButton)
         return;
     if (m_mode == Mode::windowPick) {
-        if (!std::exchange(m_pressedInWindowMode, false))
-            return;
-        finish(m_hovered.empty() ? SelectionResult(SelectionCancelled{}) : SelectedWindows{m_hovered});
+        m_isPicked = std::exchange(m_pressedInWindowMode, false);
+        if (m_isPicked && m_windows)
+            pickHovered();
     } else if (m_area.isDragging()) {
         m_area.release();
         const QRect rect = *m_area.rect();
@@ -326,18 +331,23 @@ void SelectionOverlayController::released(const OverlayPointer& pointer)
     }
 }
 
+void SelectionOverlayController::pickHovered()
+{
+    finish(m_hovered.empty() ? SelectionResult(SelectionCancelled{}) : SelectedWindows{m_hovered});
+}
+
 void SelectionOverlayController::updateHoveredWindows()
 {
     m_hovered.clear();
-    if (m_mode != Mode::windowPick || !m_pointer)
+    if (m_mode != Mode::windowPick || !m_pointer || !m_windows)
         return;
     const qint64 ownPid = QCoreApplication::applicationPid();
-    for (const size_t index : WindowTiles::groupAt(m_windows, *m_pointer, scaleAtPointer(), ownPid))
-        m_hovered.push_back(m_windows[index]);
+    for (const size_t index : WindowTiles::groupAt(*m_windows, *m_pointer, scaleAtPointer(), ownPid))
+        m_hovered.push_back((*m_windows)[index]);
     if (!m_hovered.empty())
         return;
-    if (const auto index = SelectionGeometry::hoveredWindowIndex(m_windows, *m_pointer, ownPid))
-        m_hovered.push_back(m_windows[*index]);
+    if (const auto index = SelectionGeometry::hoveredWindowIndex(*m_windows, *m_pointer, ownPid))
+        m_hovered.push_back((*m_windows)[*index]);
 }
 
 void SelectionOverlayController::update()
@@ -356,7 +366,7 @@ void SelectionOverlayController::update()
     const qint64 ownPid = QCoreApplication::applicationPid();
     for (const WindowInfo& window : m_hovered) {
         moment.windows.push_back(window.pixelRect);
-        moment.windowsInSight += SelectionGeometry::partInSight(m_windows, window, ownPid);
+        moment.windowsInSight += SelectionGeometry::partInSight(*m_windows, window, ownPid);
     }
     for (SelectionOverlayView& view : m_views)
         view.show(OverlayScene::of(view.display(), moment));

@@ -63,6 +63,7 @@ private:
     void pressed(const OverlayPointer& pointer);
     void released(const OverlayPointer& pointer);
     void updateHoveredWindows();
+    void pickHovered();
     void update();
 
     bool isBigEnough(const QRect& rect) const;
@@ -78,6 +79,7 @@ private:
     bool m_isCommitting = false;
     bool m_showsHint = false;
     bool m_pressedInWindowMode = false;
+    bool m_isPicked = false; // by a click that came before the windows were known
     bool m_spaceIsDown = false;
 
     FrozenScreens m_frozen; // of the session that is open; empty on live ground
@@ -85,8 +87,8 @@ private:
     std::vector<SelectionOverlayView> m_views;
     AreaSelection m_area;
     std::optional<QPoint> m_pointer;
-    std::vector<WindowInfo> m_windows; // front to back
-    std::vector<WindowInfo> m_hovered; // one, or a tiled group
+    std::optional<std::vector<WindowInfo>> m_windows; // front to back; none until the desktop has told
+    std::vector<WindowInfo> m_hovered;                // one, or a tiled group
     std::vector<KeyGrabs::GrabID> m_keys;
 };
 

@@ -6,9 +6,13 @@
 
 namespace Kovrel {
 
-// A key with modifiers. Key codes are virtual key codes, which name a place on the keyboard, not a letter;
-// what they are on this desktop's keyboard is the platform's business.
+// A key with modifiers. Key codes are virtual key codes, which name a place on an ANSI keyboard; what they are on this
+// desktop's keyboard is the platform's business. Print, Scroll Lock and Pause have the codes of the keys in their place
+// (105, 107 and 113). A key that has no such code, as F21 or a media key, has `firstLinuxKey` plus the number that
+// Linux gives it in input-event-codes.h.
 struct KeyCombo {
+    static constexpr quint32 firstLinuxKey = 256;
+
     enum Modifier : quint32 {
         command = 0x100, // the Super key here
         shift = 0x200,

@@ -1,6 +1,7 @@
 #include "tests/e2e/UserSession.h"
 #include "tests/support/PaintedScreen.h"
 #include "tests/support/Patterns.h"
+#include "tests/support/PictureDifference.h"
 
 #include <QFileInfo>
 #include <QImageReader>
@@ -13,20 +14,9 @@
 
 namespace Kovrel {
 
-namespace {
+using Testing::firstDifference;
 
-// Compares without the unused byte; says the first pixel that is wrong.
-std::string firstDifference(const QImage& image, const QImage& expected)
-{
-    if (image.size() != expected.size())
-        return "size " + std::to_string(image.width()) + "x" + std::to_string(image.height());
-    const QImage rgb = image.convertToFormat(QImage::Format_RGB32);
-    for (int y = 0; y < rgb.height(); ++y)
-        for (int x = 0; x < rgb.width(); ++x)
-            if ((rgb.pixel(x, y) ^ expected.pixel(x, y)) & 0xffffff)
-                return "pixel " + std::to_string(x) + "," + std::to_string(y);
-    return "";
-}
+namespace {
 
 // A session on a display whose every pixel tells its own place.
 struct CaptureTest : testing::Test {

@@ -44,7 +44,6 @@ TEST_F(FaultsTest, CommandsThatMakeNoSenseAreUsageErrors)
     const QStringList lines[] = {{"frob"},
                                  {"capture"},
                                  {"capture", "sideways"},
-                                 {"capture", "area"},
                                  {"capture", "fullScreen", "--rect", "1,2,3,4"},
                                  {"capture", "area", "--rect", "1,2,3"},
                                  {"capture", "area", "--rect", "1,2,0,4"},

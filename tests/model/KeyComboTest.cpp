@@ -15,12 +15,16 @@ TEST(KeyCombo, StoredFormIsMaskAndCode)
 
 TEST(KeyCombo, TextFormRoundTrips)
 {
-    for (const char* text : {"Super+Shift+4", "Ctrl+Alt+C", "Print", "Super+Ctrl+Alt+Shift+F12", "Alt+#200"}) {
+    for (const char* text :
+         {"Super+Shift+4", "Ctrl+Alt+C", "Print", "Super+Ctrl+Alt+Shift+F12", "Alt+#200", "Pause", "Alt+ScrollLock",
+          "Menu", "Shift+F13", "F16", "F24", "Super+KP0", "KPAdd", "VolumeMute", "MediaPrevious", "Super+<"}) {
         const auto combo = KeyCombo::fromText(text);
         ASSERT_TRUE(combo) << text;
         EXPECT_EQ(combo->text(), QString(text));
     }
     EXPECT_EQ(KeyCombo::fromText("shift + super + 4")->text(), "Super+Shift+4");
+    EXPECT_EQ(KeyCombo::fromText("print")->stored(), 105);
+    EXPECT_EQ(KeyCombo::fromText("f24")->keyCode, KeyCombo::firstLinuxKey + 194) << "as Linux numbers it";
     for (const char* bad : {"", "Super+", "Hyper+4", "Super+Nope", "#x", "#70000"})
         EXPECT_FALSE(KeyCombo::fromText(bad)) << bad;
 }

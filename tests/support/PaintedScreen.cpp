@@ -217,12 +217,31 @@ void PaintedScreen::setCursor(int size, QColor colour)
     roundTrip();
 }
 
-void PaintedScreen::click(QPoint rootPixel, int button)
+void PaintedScreen::press(QPoint rootPixel, int button)
 {
     movePointer(rootPixel);
-    for (const uint8_t type : {XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE})
-        xcb_test_fake_input(m_connection, type, uint8_t(button), XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    xcb_test_fake_input(m_connection, XCB_BUTTON_PRESS, uint8_t(button), XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
     roundTrip();
+}
+
+void PaintedScreen::release(int button)
+{
+    xcb_test_fake_input(m_connection, XCB_BUTTON_RELEASE, uint8_t(button), XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    roundTrip();
+}
+
+void PaintedScreen::click(QPoint rootPixel, int button)
+{
+    press(rootPixel, button);
+    release(button);
+}
+
+void PaintedScreen::drag(QPoint from, QPoint to)
+{
+    press(from);
+    movePointer((from + to) / 2);
+    movePointer(to);
+    release();
 }
 
 void PaintedScreen::typeEscape()
@@ -231,6 +250,19 @@ void PaintedScreen::typeEscape()
     for (const uint8_t type : {XCB_KEY_PRESS, XCB_KEY_RELEASE})
         xcb_test_fake_input(m_connection, type, escape, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
     roundTrip();
+}
+
+bool PaintedScreen::holdPointer()
+{
+    auto* reply = xcb_grab_pointer_reply(m_connection,
+                                         xcb_grab_pointer(m_connection, false, m_screen->root, 0, XCB_GRAB_MODE_ASYNC,
+                                                          XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME),
+                                         nullptr);
+    const bool isHeld = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+    free(reply);
+    xcb_ungrab_pointer(m_connection, XCB_CURRENT_TIME);
+    roundTrip();
+    return isHeld;
 }
 
 QRgb PaintedScreen::pixelAt(QPoint rootPixel) const

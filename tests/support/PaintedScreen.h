@@ -48,8 +48,13 @@ public:
     void setCursor(int size, QColor colour);
 
     // The user's hands.
+    void press(QPoint rootPixel, int button = 1);
+    void release(int button = 1);
     void click(QPoint rootPixel, int button = 1);
+    void drag(QPoint from, QPoint to);
     void typeEscape();
+    // Whether the pointer was free to be taken from everybody else; it is let go again.
+    bool holdPointer();
     // What the screen shows, without the unused byte.
     QRgb pixelAt(QPoint rootPixel) const;
 

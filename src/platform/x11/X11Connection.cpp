@@ -156,6 +156,12 @@ bool X11Connection::succeeded(xcb_void_cookie_t cookie) const
     return !error && isAlive();
 }
 
+uint8_t X11Connection::errorOf(xcb_void_cookie_t cookie) const
+{
+    const X11Reply<xcb_generic_error_t> error(xcb_request_check(m_connection, cookie));
+    return error ? error->error_code : 0;
+}
+
 void X11Connection::roundTrip() const
 {
     reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_connection));

@@ -80,6 +80,8 @@ public:
 
     // Waits for a request sent with one of the `_checked` functions.
     bool succeeded(xcb_void_cookie_t cookie) const;
+    // The same, with the server's error code; 0 is none.
+    uint8_t errorOf(xcb_void_cookie_t cookie) const;
     // Returns once the server has handled everything sent before.
     void roundTrip() const;
     // The next event, or null when none came in time.

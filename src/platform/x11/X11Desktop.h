@@ -18,7 +18,7 @@ public:
         : m_connection(std::make_shared<X11Connection>()),
           m_reader(std::make_shared<X11ImageReader>(m_connection)),
           displays(std::make_unique<X11Connection>(), scaleOf),
-          keys(std::make_unique<X11Connection>()),
+          keys(loop, std::make_unique<X11Connection>()),
           pixels(loop, workers, m_reader),
           pointer(loop, workers, m_connection, displays),
           windows(loop, workers, m_reader, displays),

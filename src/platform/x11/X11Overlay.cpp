@@ -1,12 +1,11 @@
 #include "platform/x11/X11Overlay.h"
 
 #include "platform/x11/X11Cursor.h"
+#include "platform/x11/X11Keyboard.h"
 
 #include <algorithm>
 
-#include <X11/keysym.h>
 #include <unistd.h>
-#include <xcb/xcb_keysyms.h>
 #include <xcb/xtest.h>
 
 namespace Kovrel {
@@ -15,6 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr quint32 escapeKey = 53; // virtual key code
 constexpr int mostOpenMenus = 12; // one within another; each wants an Escape of its own
 constexpr auto untilMenuCloses = 40ms;
 
@@ -186,13 +186,13 @@ bool X11Overlay::isPointerFree()
 void X11Overlay::pressEscape()
 {
     xcb_connection_t* c = m_connection.handle();
-    const std::unique_ptr<xcb_key_symbols_t, decltype(&xcb_key_symbols_free)> symbols(xcb_key_symbols_alloc(c),
-                                                                                      xcb_key_symbols_free);
-    const std::unique_ptr<xcb_keycode_t, FreeMemory> keys(xcb_key_symbols_get_keycode(symbols.get(), XK_Escape));
-    if (!keys || !m_connection.has(xcb_test_id))
+    X11Keyboard keyboard(m_connection);
+    keyboard.read();
+    const auto keys = keyboard.keysFor(escapeKey);
+    if (keys.empty() || !m_connection.has(xcb_test_id))
         return;
-    xcb_test_fake_input(c, XCB_KEY_PRESS, *keys, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
-    xcb_test_fake_input(c, XCB_KEY_RELEASE, *keys, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    for (const uint8_t type : {XCB_KEY_PRESS, XCB_KEY_RELEASE})
+        xcb_test_fake_input(c, type, keys.front(), XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
     xcb_flush(c);
 }
 

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/MainLoop.h"
+#include "platform/x11/X11Connection.h"
+
+#include <array>
+#include <vector>
+
+namespace Kovrel {
+
+// Notices that another program has taken the whole keyboard and keeps it. The server tells nobody of that but the
+// window that has the focus, so this listens there; then it tries to take the keyboard itself, which it gives back at
+// once, and believes what is still so half a second later: a window manager's shortcut holds the keyboard shorter.
+// Main thread; a timer runs only while there is a suspicion.
+class X11TakeoverWatch {
+public:
+    // Whether keys that we grabbed are down, and whether that has given the keyboard to us.
+    enum class OwnKeys { up, down, holdKeyboard };
+
+    X11TakeoverWatch(MainLoop& loop, X11Connection& connection, std::function<OwnKeys()> ownKeys);
+    ~X11TakeoverWatch();
+    X11TakeoverWatch(const X11TakeoverWatch&) = delete;
+    X11TakeoverWatch& operator=(const X11TakeoverWatch&) = delete;
+
+    // Where the keyboard is held already, as by a menu, its holder has a second to let go. An empty callback ends the
+    // watch. Costs two round trips.
+    void watch(std::function<void()> onTakeover);
+
+    // An event of the connection.
+    void handle(const xcb_generic_event_t& event);
+
+private:
+    using Waits = std::vector<MainLoop::Milliseconds>;
+
+    void select(xcb_window_t window, uint32_t mask);
+    void followFocus();
+    void suspect(Waits waits);
+    void probe(Waits waits);
+    bool isTaken();
+    bool isOurs(const xcb_generic_event_t& event) const;
+
+    MainLoop& m_loop;
+    X11Connection& m_connection;
+    std::function<OwnKeys()> m_ownKeys;
+    std::function<void()> m_onTakeover;
+    xcb_window_t m_focus = XCB_NONE;
+    std::array<uint32_t, 2> m_ownRequests{}; // of the last probe: the events they cause are no news
+    MainLoop::TimerID m_timer = 0;
+};
+
+} // namespace Kovrel
