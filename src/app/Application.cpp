@@ -84,7 +84,8 @@ Application::Application(AppDelegate::Launch launch)
           {AppPaths::screenshotTool(), AppPaths::temporaryFolder()}),
       m_coordinator(captureServices()),
       m_delegate(*this, m_preferences, m_loop),
-      m_commands(m_coordinator, m_delegate, m_account, m_preferences, m_trace)
+      m_commands(m_coordinator, m_delegate, m_account, m_preferences, m_trace),
+      m_hotkeys(m_desktop.keys, m_preferences, m_trace, hotkeyHandlers())
 {
     followScreens();
     m_coordinator.onCaptureFinished([this](const CaptureResult& result) {
@@ -214,6 +215,15 @@ TrayMenu::Handlers Application::trayHandlers()
     };
 }
 
+GlobalHotkeyManager::Handlers Application::hotkeyHandlers()
+{
+    return {
+        .isSignedIn = [this] { return m_account.isSignedIn(); },
+        .syncOwnership = [] {},
+        .perform = [this](const auto& entry) { perform(entry, false); },
+    };
+}
+
 // --- Commands
 
 bool Application::isEnabled(const CaptureCommands::Entry& entry) const
@@ -259,9 +269,15 @@ void Application::terminateOnSignal()
     m_sigterm = std::make_unique<SigtermSource>([this] { m_delegate.quit("SIGTERM"); });
 }
 
-void Application::registerHotkeys() {}
+void Application::registerHotkeys()
+{
+    m_hotkeys.registerAll();
+}
 
-void Application::unregisterHotkeys() {}
+void Application::unregisterHotkeys()
+{
+    m_hotkeys.unregisterAll();
+}
 
 void Application::startMaintainingShortcuts() {}
 

@@ -6,6 +6,7 @@
 #include "app/AppEnvironment.h"
 #include "app/CaptureOutput.h"
 #include "app/CommandRunner.h"
+#include "app/GlobalHotkeyManager.h"
 #include "app/HomeWindow.h"
 #include "app/SigtermSource.h"
 #include "app/TrayMenu.h"
@@ -76,6 +77,7 @@ private:
     CaptureServices captureServices();
     InstanceBus::Handlers busHandlers();
     TrayMenu::Handlers trayHandlers();
+    GlobalHotkeyManager::Handlers hotkeyHandlers();
     HomeWindow& homeWindow();
     bool isEnabled(const CaptureCommands::Entry& entry) const;
     void perform(const CaptureCommands::Entry& entry, bool fromMenu);
@@ -102,6 +104,7 @@ private:
     CaptureCoordinator m_coordinator;
     AppDelegate m_delegate;
     CommandRunner m_commands;
+    GlobalHotkeyManager m_hotkeys;
     std::unique_ptr<HomeWindow> m_homeWindow;
     std::unique_ptr<TrayMenu> m_tray;
     std::unique_ptr<SigtermSource> m_sigterm;
