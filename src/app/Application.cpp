@@ -271,7 +271,7 @@ void Application::terminateOnSignal()
 
 void Application::registerHotkeys()
 {
-    m_hotkeys.registerAll();
+    m_account.whenKnown([this] { m_hotkeys.registerAll(); });
 }
 
 void Application::unregisterHotkeys()
