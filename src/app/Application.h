@@ -9,6 +9,7 @@
 #include "app/GlobalHotkeyManager.h"
 #include "app/HomeWindow.h"
 #include "app/SigtermSource.h"
+#include "app/SystemShortcutManager.h"
 #include "app/TrayMenu.h"
 #include "capture/CaptureAccess.h"
 #include "capture/CaptureCoordinator.h"
@@ -104,6 +105,7 @@ private:
     CaptureCoordinator m_coordinator;
     AppDelegate m_delegate;
     CommandRunner m_commands;
+    SystemShortcutManager m_shortcuts;
     GlobalHotkeyManager m_hotkeys;
     std::unique_ptr<HomeWindow> m_homeWindow;
     std::unique_ptr<TrayMenu> m_tray;

@@ -32,13 +32,10 @@ GlobalHotkeyManager::GlobalHotkeyManager(KeyGrabs& keys, Preferences& preference
                                          Handlers handlers)
     : m_keys(keys), m_preferences(preferences), m_trace(trace), m_handlers(std::move(handlers))
 {
-    m_keys.onLayoutChange([this] {
-        if (m_isActive)
-            registerAll();
-    });
+    m_keys.onLayoutChange([this] { refresh(); });
     m_preferences.defaults().onChange([this](const QString& key) {
-        if (m_isActive && isHotkeySetting(key))
-            registerAll();
+        if (isHotkeySetting(key))
+            refresh();
     });
 }
 
@@ -97,6 +94,12 @@ void GlobalHotkeyManager::registerHotkey(quint32 keyCode, quint32 modifiers, Hot
         m_hotkeys.emplace(id, Hotkey{combo, action, *grab});
     else
         logRefusal(grab.error());
+}
+
+void GlobalHotkeyManager::refresh()
+{
+    if (m_isActive)
+        registerAll();
 }
 
 void GlobalHotkeyManager::unregisterAll()

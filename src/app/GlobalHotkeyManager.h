@@ -31,6 +31,8 @@ public:
     // the same combination the first one has it. A refusal is logged.
     void registerAll();
     void unregisterAll();
+    // The same as `registerAll`, unless nothing is to be registered: other programs may have let go of keys.
+    void refresh();
     void registerHotkey(quint32 keyCode, quint32 modifiers, HotkeyAction action);
 
     // A hotkey was pressed. Starts the clock of the capture trace.
