@@ -3,6 +3,7 @@
 #include "app/AppPaths.h"
 #include "app/AppStyle.h"
 #include "app/DesktopSession.h"
+#include "platform/desktop/DesktopShortcuts.h"
 #include "saving/DragFiles.h"
 #include "saving/PrivateFolder.h"
 
@@ -18,6 +19,8 @@ namespace {
 Q_LOGGING_CATEGORY(log, "com.kovrel.app")
 
 constexpr auto keychainDeadline = std::chrono::seconds(5);
+// A desktop gives up the keys of a shortcut some time after its setting.
+constexpr auto shortcutDelay = std::chrono::milliseconds(500);
 // For background work when the program ends.
 constexpr auto shortestGrace = std::chrono::milliseconds(1000);
 constexpr auto fullGrace = std::chrono::milliseconds(15000);
@@ -87,7 +90,10 @@ Application::Application(AppDelegate::Launch launch)
       m_selectionCapture(m_loop, m_workers, m_desktop.windows),
       m_coordinator(captureServices()),
       m_delegate(*this, m_preferences, m_loop),
-      m_commands(m_coordinator, m_delegate, m_account, m_preferences, m_trace)
+      m_commands(m_coordinator, m_delegate, m_account, m_preferences, m_trace),
+      m_shortcuts(m_loop, m_workers, m_preferences, DesktopShortcuts::find(),
+                  [this] { return m_account.isSignedIn(); }),
+      m_hotkeys(m_desktop.keys, m_preferences, m_trace, hotkeyHandlers())
 {
     followScreens();
     m_coordinator.onCaptureFinished([this](const CaptureResult& result) {
@@ -217,6 +223,15 @@ TrayMenu::Handlers Application::trayHandlers()
     };
 }
 
+GlobalHotkeyManager::Handlers Application::hotkeyHandlers()
+{
+    return {
+        .isSignedIn = [this] { return m_account.isSignedIn(); },
+        .syncOwnership = [this] { m_shortcuts.syncOwnership(); },
+        .perform = [this](const auto& entry) { perform(entry, false); },
+    };
+}
+
 // --- Commands
 
 bool Application::isEnabled(const CaptureCommands::Entry& entry) const
@@ -260,11 +275,21 @@ void Application::terminateOnSignal()
     m_sigterm = std::make_unique<SigtermSource>([this] { m_delegate.quit("SIGTERM"); });
 }
 
-void Application::registerHotkeys() {}
+void Application::registerHotkeys()
+{
+    m_account.whenKnown([this] { m_hotkeys.registerAll(); });
+}
 
-void Application::unregisterHotkeys() {}
+void Application::unregisterHotkeys()
+{
+    m_hotkeys.unregisterAll();
+}
 
-void Application::startMaintainingShortcuts() {}
+void Application::startMaintainingShortcuts()
+{
+    m_shortcuts.onSwitchedOff([this] { m_loop.after(shortcutDelay, [this] { m_hotkeys.refresh(); }); });
+    m_account.whenKnown([this] { m_shortcuts.startMaintaining(); });
+}
 
 void Application::prewarm()
 {
@@ -379,7 +404,12 @@ std::chrono::milliseconds Application::timeToExit() const
     return std::max(left, std::chrono::milliseconds(0));
 }
 
-void Application::giveShortcutsBack() {}
+// The desktop can have its keys once they are free.
+void Application::giveShortcutsBack()
+{
+    m_hotkeys.unregisterAll();
+    m_shortcuts.reconcile({});
+}
 
 void Application::exit()
 {

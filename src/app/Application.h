@@ -6,8 +6,10 @@
 #include "app/AppEnvironment.h"
 #include "app/CaptureOutput.h"
 #include "app/CommandRunner.h"
+#include "app/GlobalHotkeyManager.h"
 #include "app/HomeWindow.h"
 #include "app/SigtermSource.h"
+#include "app/SystemShortcutManager.h"
 #include "app/TrayMenu.h"
 #include "capture/CaptureAccess.h"
 #include "capture/CaptureCoordinator.h"
@@ -79,6 +81,7 @@ private:
     CaptureServices captureServices();
     InstanceBus::Handlers busHandlers();
     TrayMenu::Handlers trayHandlers();
+    GlobalHotkeyManager::Handlers hotkeyHandlers();
     HomeWindow& homeWindow();
     bool isEnabled(const CaptureCommands::Entry& entry) const;
     void perform(const CaptureCommands::Entry& entry, bool fromMenu);
@@ -108,6 +111,8 @@ private:
     CaptureCoordinator m_coordinator;
     AppDelegate m_delegate;
     CommandRunner m_commands;
+    SystemShortcutManager m_shortcuts;
+    GlobalHotkeyManager m_hotkeys;
     std::unique_ptr<HomeWindow> m_homeWindow;
     std::unique_ptr<TrayMenu> m_tray;
     std::unique_ptr<SigtermSource> m_sigterm;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/HotkeyAction.h"
 #include "model/CaptureMode.h"
 
 #include <QString>
@@ -9,19 +10,23 @@
 
 namespace Kovrel {
 
-// The nine commands of the menu, in its order.
+// The nine commands of the menu, which are those of the global hotkeys too.
 namespace CaptureCommands {
 
 enum class Action { capture, pickColor, recentCaptures, reopenClosed };
 
 struct Entry {
+    HotkeyAction hotkeyAction;
     const char* label;
     const char* hotkey; // the setting that holds its key combination
     Action action;
     std::optional<CaptureMode> mode = {}; // of a capture
 };
 
+// As the menu has them.
 std::span<const Entry> entries();
+// As they are registered.
+std::span<const Entry> inHotkeyOrder();
 
 } // namespace CaptureCommands
 

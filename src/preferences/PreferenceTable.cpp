@@ -110,6 +110,7 @@ const std::vector<Setting>& table()
         {"NSInitialToolTipDelay", integer, {}, "milliseconds before a tool tip shows"},
         {"selectionHintShownCount", integer, {}, "how often the selection's hint was shown"},
         {"kovrelDisabledNativeHotKeys", textList, {}, "the desktop's screenshot shortcuts that are switched off"},
+        {"takenDesktopShortcuts", data, {}, "what those were before, to be given back"},
     };
     return settings;
 }

@@ -1,0 +1,18 @@
+#pragma once
+
+namespace Kovrel {
+
+// What a global key combination does, in the order in which they are registered. `CaptureCommands` has the table.
+enum class HotkeyAction {
+    area,
+    fullScreen,
+    window,
+    lastArea,
+    selfTimer,
+    extractText,
+    pickColor,
+    reopenClosedCapture,
+    history,
+};
+
+} // namespace Kovrel

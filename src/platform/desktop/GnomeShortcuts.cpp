@@ -1,0 +1,124 @@
+#include "platform/desktop/GnomeShortcuts.h"
+
+#include <QProcess>
+#include <QRegularExpression>
+
+#include <array>
+
+namespace Kovrel {
+
+namespace {
+
+struct Schema {
+    const char* name;
+    std::vector<QString> keys;
+};
+
+const std::array<Schema, 2>& schemas()
+{
+    static const std::array<Schema, 2> all{
+        Schema{"org.gnome.shell.keybindings", {"screenshot", "screenshot-window", "show-screenshot-ui"}},
+        Schema{"org.gnome.settings-daemon.plugins.media-keys",
+               {"screenshot", "area-screenshot", "window-screenshot", "screenshot-clip", "area-screenshot-clip",
+                "window-screenshot-clip"}},
+    };
+    return all;
+}
+
+constexpr int patienceMilliseconds = 5000;
+
+// What the program says; none when it fails, as for a schema that is not installed.
+std::optional<QString> gsettings(const QStringList& arguments)
+{
+    QProcess program;
+    program.start("gsettings", arguments);
+    if (!program.waitForFinished(patienceMilliseconds) || program.exitStatus() != QProcess::NormalExit ||
+        program.exitCode() != 0) {
+        program.kill();
+        program.waitForFinished();
+        return std::nullopt;
+    }
+    return QString::fromUtf8(program.readAllStandardOutput());
+}
+
+// The texts of a list, or the one text of a setting that older versions have: ['<Super>a', '<Super>b'], '<Super>a',
+// @as [].
+QStringList textsOf(const QString& value)
+{
+    static const QRegularExpression text("'([^']*)'|\"([^\"]*)\"");
+    QStringList texts;
+    for (const QRegularExpressionMatch& match : text.globalMatch(value))
+        if (!match.captured(0).mid(1).chopped(1).isEmpty())
+            texts << match.captured(0).mid(1).chopped(1);
+    return texts;
+}
+
+QString quoted(const QString& text)
+{
+    return '\'' + text + '\'';
+}
+
+QString listOf(const QStringList& texts)
+{
+    return texts.isEmpty() ? QString("@as []") : "['" + texts.join("', '") + "']";
+}
+
+// GTK's names of the modifiers.
+std::optional<quint32> modifierNamed(const QString& name)
+{
+    static const QHash<QString, quint32> modifiers{{"super", KeyCombo::command},   {"mod4", KeyCombo::command},
+                                                   {"shift", KeyCombo::shift},     {"shft", KeyCombo::shift},
+                                                   {"alt", KeyCombo::option},      {"mod1", KeyCombo::option},
+                                                   {"control", KeyCombo::control}, {"ctrl", KeyCombo::control},
+                                                   {"ctl", KeyCombo::control},     {"primary", KeyCombo::control}};
+    const auto found = modifiers.constFind(name.toLower());
+    return found == modifiers.constEnd() ? std::nullopt : std::optional(*found);
+}
+
+} // namespace
+
+std::vector<ShortcutSwitches::Shortcut> GnomeShortcuts::shortcuts()
+{
+    std::vector<Shortcut> found;
+    for (const Schema& schema : schemas()) {
+        const auto values = gsettings({"list-recursively", schema.name});
+        if (!values)
+            continue;
+        for (const QString& line : values->split('\n')) { // schema, key, value
+            const QString key = line.section(' ', 1, 1);
+            if (std::ranges::find(schema.keys, key) != schema.keys.end())
+                found.push_back({schema.name + QString('/') + key, textsOf(line.section(' ', 2))});
+        }
+    }
+    return found;
+}
+
+bool GnomeShortcuts::set(const Shortcut& shortcut)
+{
+    const QString schema = shortcut.id.section('/', 0, 0);
+    const QString key = shortcut.id.section('/', 1);
+    const auto present = gsettings({"get", schema, key});
+    if (!present)
+        return false;
+    const bool isList = present->contains('[');
+    const QString value = isList ? listOf(shortcut.accelerators) : quoted(shortcut.accelerators.value(0));
+    return gsettings({"set", schema, key, value}).has_value();
+}
+
+std::optional<KeyCombo> GnomeShortcuts::combo(const QString& accelerator) const
+{
+    static const QRegularExpression modifier("<([^>]*)>");
+    quint32 modifiers = 0;
+    for (const QRegularExpressionMatch& match : modifier.globalMatch(accelerator)) {
+        const auto bit = modifierNamed(match.captured(1));
+        if (!bit)
+            return std::nullopt;
+        modifiers |= *bit;
+    }
+    auto combo = KeyCombo::fromText(QString(accelerator).remove(modifier));
+    if (combo)
+        combo->modifiers |= modifiers;
+    return combo;
+}
+
+} // namespace Kovrel
