@@ -13,6 +13,8 @@
 #include <QCoreApplication>
 #include <QLoggingCategory>
 
+#include <algorithm>
+
 namespace Kovrel {
 
 namespace {
@@ -82,7 +84,8 @@ void SelectionOverlayController::applyFrozenImages()
         .cursor = [mode = m_mode](const Display& display) { return cursorOf(mode, display); },
     };
     OverlaySurfaces::Handlers handlers{
-        .onPointer = [this](const OverlayPointer& pointer) { pointerChanged(pointer); },
+        .onPointer =
+            [this](const OverlayPointer& pointer) { take(pointer.time, [this, pointer] { pointerChanged(pointer); }); },
         .onDesktopSwitch =
             [this] {
                 m_platform.trace.mark("desktop switched mid-aim \u2192 re-asserting overlay + crosshair");
@@ -191,6 +194,7 @@ void SelectionOverlayController::finish(SelectionResult result)
 void SelectionOverlayController::dismiss(bool keepingFrozenScreens)
 {
     ++m_session;
+    m_inputs.clear();
     releaseKeys();
     m_platform.keys.watchForTakeover({});
     m_platform.surfaces.close();
@@ -208,9 +212,39 @@ void SelectionOverlayController::dismiss(bool keepingFrozenScreens)
 
 // --- Keys
 
+// Keys and pointer arrive one after the other, each in its own order. Under load, or when a program types, several of
+// both wait at once: then they are handled in the order in which they were done.
+void SelectionOverlayController::take(KeyGrabs::Time time, std::function<void()> input)
+{
+    const auto isEarlier = [](KeyGrabs::Time one, KeyGrabs::Time other) { return qint32(one - other) < 0; };
+    m_inputs.insert(std::ranges::upper_bound(m_inputs, time, isEarlier, &Input::time), {time, std::move(input)});
+    if (m_inputs.size() > 1)
+        return;
+    m_platform.loop.post([this, session = m_session] {
+        if (session == m_session)
+            handleInputs();
+    });
+}
+
+void SelectionOverlayController::handleInputs()
+{
+    const auto inputs = std::exchange(m_inputs, {});
+    const auto session = m_session;
+    for (const Input& input : inputs)
+        if (session == m_session)
+            input.handle();
+    update();
+}
+
 void SelectionOverlayController::registerKeys()
 {
-    const auto add = [this](quint32 keyCode, KeyGrabs::Handlers handlers) {
+    const auto add = [this](
+                         quint32 keyCode, std::function<void(KeyGrabs::Press)> onPress,
+                         std::function<void()> onRelease = [] {}) {
+        KeyGrabs::Handlers handlers{
+            .onPress = [this, onPress](KeyGrabs::Press press) { take(press.time, [=] { onPress(press); }); },
+            .onRelease = [this, onRelease](KeyGrabs::Time time) { take(time, onRelease); },
+        };
         const KeyCombo combo{keyCode, 0};
         const auto grab = m_platform.keys.grab(combo, std::move(handlers), KeyGrabs::Modifiers::any);
         if (grab)
@@ -219,17 +253,16 @@ void SelectionOverlayController::registerKeys()
             qCWarning(log, "Kovrel: selection failed to register key %s (status %d)", qUtf8Printable(combo.text()),
                       grab.error());
     };
-    add(spaceKey, {.onPress = [this](KeyGrabs::Press press) { spacePressed(press); },
-                   .onRelease =
-                       [this] {
-                           m_spaceIsDown = false;
-                           m_area.endMoving();
-                       }});
-    for (const quint32 key : {returnKey, enterKey})
-        add(key, {.onPress = [this](KeyGrabs::Press) { returnPressed(); }});
-    add(escapeKey, {.onPress = [this](KeyGrabs::Press) { cancel(); }});
+    const auto spaceReleased = [this] {
+        m_spaceIsDown = false;
+        m_area.endMoving();
+    };
+    add(spaceKey, [this](KeyGrabs::Press press) { spacePressed(press); }, spaceReleased);
+    add(returnKey, [this](KeyGrabs::Press) { returnPressed(); });
+    add(enterKey, [this](KeyGrabs::Press) { returnPressed(); });
+    add(escapeKey, [this](KeyGrabs::Press) { cancel(); });
     for (const auto& [key, direction] : arrowKeys)
-        add(key, {.onPress = [this, direction](KeyGrabs::Press press) { arrowPressed(direction, press); }});
+        add(key, [this, direction](KeyGrabs::Press press) { arrowPressed(direction, press); });
 }
 
 void SelectionOverlayController::releaseKeys()
@@ -271,7 +304,6 @@ void SelectionOverlayController::arrowPressed(QPoint direction, KeyGrabs::Press 
         m_area.extend(*m_pointer, step);
     m_pointer = m_area.cornerPixel();
     m_platform.surfaces.movePointer(*m_pointer);
-    update();
 }
 
 void SelectionOverlayController::toggleMode()
@@ -283,7 +315,6 @@ void SelectionOverlayController::toggleMode()
         m_onModeChange(m_mode);
     reassertPresence();
     updateHoveredWindows();
-    update();
     if (m_mode == Mode::windowPick)
         askForWindows(); // on live ground they may have moved
 }
@@ -301,7 +332,6 @@ void SelectionOverlayController::pointerChanged(const OverlayPointer& pointer)
         pressed(pointer);
     else if (pointer.kind == OverlayPointer::Kind::release)
         released(pointer);
-    update();
 }
 
 void SelectionOverlayController::pressed(const OverlayPointer& pointer)

@@ -52,6 +52,8 @@ private:
     void askForWindows();
     void showHint();
 
+    void take(KeyGrabs::Time time, std::function<void()> input);
+    void handleInputs();
     void registerKeys();
     void releaseKeys();
     void spacePressed(KeyGrabs::Press press);
@@ -90,6 +92,13 @@ private:
     std::optional<std::vector<WindowInfo>> m_windows; // front to back; none until the desktop has told
     std::vector<WindowInfo> m_hovered;                // one, or a tiled group
     std::vector<KeyGrabs::GrabID> m_keys;
+
+    struct Input {
+        KeyGrabs::Time time;
+        std::function<void()> handle;
+    };
+
+    std::vector<Input> m_inputs; // that wait until all of one moment are there
 };
 
 } // namespace Kovrel

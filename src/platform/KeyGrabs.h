@@ -15,14 +15,19 @@ public:
     // Why a combination can't be had: the desktop's own number, for the log.
     using Status = int;
 
+    // When something was done, in milliseconds that wrap around. The same clock as the pointer's over the overlay,
+    // which tells of itself on another way: only the time says what came first.
+    using Time = quint32;
+
     struct Press {
         quint32 modifiers = 0; // KeyCombo's, those that were down
         bool isRepeat = false; // the key was down already
+        Time time = 0;
     };
 
     struct Handlers {
         std::function<void(Press)> onPress;
-        std::function<void()> onRelease = {};
+        std::function<void(Time)> onRelease = {};
     };
 
     enum class Modifiers {

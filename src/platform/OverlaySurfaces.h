@@ -35,6 +35,7 @@ struct OverlayPointer {
     QPoint rootPixel;
     Qt::MouseButton button = Qt::NoButton; // of a press or release: left or right
     bool isShiftDown = false;
+    quint32 time = 0; // milliseconds that wrap around
 };
 
 // One surface for each display, over everything else that is shown there, panels and full-screen programs included.
@@ -63,7 +64,7 @@ public:
 
     struct Opened {
         Ground ground = Ground::frozen; // frozen also when live was asked for, while the pointer is held
-        FrozenScreens screens; // what was there without the overlay, on either ground
+        FrozenScreens screens;          // what was there without the overlay, on either ground
         // Another program, as one with an open menu, holds the pointer: `takePointer` makes it let go.
         bool isPointerHeld = false;
     };

@@ -257,10 +257,8 @@ void X11KeyGrabs::handle(const xcb_generic_event_t& event)
     const int type = event.response_type & 0x7f;
     if (type == XCB_GE_GENERIC)
         handleRawKey(event);
-    else if (type == XCB_KEY_PRESS)
-        reported(reinterpret_cast<const xcb_key_press_event_t&>(event).detail);
-    else if (type == XCB_KEY_RELEASE)
-        released(reinterpret_cast<const xcb_key_release_event_t&>(event).detail);
+    else if (type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE)
+        handleGrabbedKey(event);
     else if (type == XCB_MAPPING_NOTIFY)
         m_layoutIsOld |= reinterpret_cast<const xcb_mapping_notify_event_t&>(event).request != XCB_MAPPING_POINTER;
     else if (type == m_keyboard.firstEvent())
@@ -269,11 +267,22 @@ void X11KeyGrabs::handle(const xcb_generic_event_t& event)
         m_takeovers.handle(event);
 }
 
+void X11KeyGrabs::handleGrabbedKey(const xcb_generic_event_t& event)
+{
+    const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event); // a release has the same layout
+    m_time = key.time;
+    if ((event.response_type & 0x7f) == XCB_KEY_PRESS)
+        reported(key.detail);
+    else
+        released(key.detail);
+}
+
 void X11KeyGrabs::handleRawKey(const xcb_generic_event_t& event)
 {
     const auto& raw = reinterpret_cast<const xcb_input_raw_key_press_event_t&>(event);
     if (raw.extension != m_rawKeyOpcode)
         return;
+    m_time = raw.time;
     if (raw.event_type == XCB_INPUT_RAW_KEY_PRESS)
         pressed(xcb_keycode_t(raw.detail));
     else if (raw.event_type == XCB_INPUT_RAW_KEY_RELEASE)
@@ -302,7 +311,7 @@ void X11KeyGrabs::pressed(xcb_keycode_t key)
     const GrabID newest = owners->second.back();
     m_held.emplace(key, HeldKey{newest});
     const auto onPress = m_grabs.at(newest).handlers.onPress;
-    onPress({.modifiers = m_keyboard.modifiers(m_modifiers)});
+    onPress({.modifiers = m_keyboard.modifiers(m_modifiers), .time = m_time});
 }
 
 void X11KeyGrabs::released(xcb_keycode_t key)
@@ -312,7 +321,7 @@ void X11KeyGrabs::released(xcb_keycode_t key)
     if (grab == m_grabs.end() || !grab->second.handlers.onRelease)
         return;
     const auto onRelease = grab->second.handlers.onRelease;
-    onRelease();
+    onRelease(m_time);
 }
 
 // A press that a passive grab of ours tells: known already when a raw event came before, as it does for the first key.
@@ -332,7 +341,7 @@ void X11KeyGrabs::repeated(GrabID id)
     if (grab == m_grabs.end())
         return;
     const auto onPress = grab->second.handlers.onPress;
-    onPress({.modifiers = m_keyboard.modifiers(m_modifiers), .isRepeat = true});
+    onPress({.modifiers = m_keyboard.modifiers(m_modifiers), .isRepeat = true, .time = m_time});
 }
 
 } // namespace Kovrel

@@ -68,6 +68,7 @@ private:
     void handleEvents();
     void handleLater();
     void handle(const xcb_generic_event_t& event);
+    void handleGrabbedKey(const xcb_generic_event_t& event);
     void handleRawKey(const xcb_generic_event_t& event);
     void handleKeyboardChange(const xcb_generic_event_t& event);
     void followLayout();
@@ -85,6 +86,7 @@ private:
     std::map<Chord, std::vector<GrabID>> m_owners; // newest last
     std::map<xcb_keycode_t, HeldKey> m_held;
     GrabID m_lastGrab = 0;
+    Time m_time = 0; // of the event that is handled
     std::function<void()> m_onLayoutChange;
     bool m_layoutIsOld = false; // to be read again
     bool m_groupIsOld = false;  // read, but another one of its groups is in use

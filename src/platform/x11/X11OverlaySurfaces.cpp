@@ -14,7 +14,8 @@ std::optional<OverlayPointer> pointerOf(const xcb_generic_event_t& event)
     // Motions have the layout of button events.
     const auto& button = reinterpret_cast<const xcb_button_press_event_t&>(event);
     OverlayPointer pointer{.rootPixel = {button.root_x, button.root_y},
-                           .isShiftDown = (button.state & XCB_MOD_MASK_SHIFT) != 0};
+                           .isShiftDown = (button.state & XCB_MOD_MASK_SHIFT) != 0,
+                           .time = button.time};
     const int type = event.response_type & 0x7f;
     if (type == XCB_MOTION_NOTIFY)
         return pointer;
@@ -131,40 +132,31 @@ void X11OverlaySurfaces::lookForEvents()
 void X11OverlaySurfaces::handleEvents()
 {
     X11Connection& x = *m_server->connection;
-    Events events;
-    while (X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(x.handle())})
-        events.push_back(std::move(event));
     const auto session = m_session;
-    handle(events);
+    while (session == m_session) {
+        const X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(x.handle()));
+        if (!event)
+            break;
+        handle(*event);
+    }
     if (session == m_session && !x.isAlive() && m_handlers.onLost) {
         m_notifier->setEnabled(false);
         std::exchange(m_handlers.onLost, nullptr)();
     }
 }
 
-void X11OverlaySurfaces::handle(const Events& events)
+void X11OverlaySurfaces::handle(const xcb_generic_event_t& event)
 {
-    const auto session = m_session;
-    for (size_t index = 0; index < events.size() && session == m_session; ++index) {
-        const xcb_generic_event_t& event = *events[index];
-        const auto isMotion = [&](size_t at) {
-            return at < events.size() && (events[at]->response_type & 0x7f) == XCB_MOTION_NOTIFY;
-        };
-        // Of moves that wait in a row only the last one counts.
-        if (isMotion(index) && isMotion(index + 1))
-            continue;
-        const auto* property = reinterpret_cast<const xcb_property_notify_event_t*>(&event);
-        const Handlers handlers = m_handlers; // they may close the overlay
-        if (const auto pointer = pointerOf(event)) {
-            // One of an earlier session may still have been on its way.
-            if (m_overlay->isOurs(reinterpret_cast<const xcb_button_press_event_t&>(event).event))
-                handlers.onPointer(*pointer);
-        } else if ((event.response_type & 0x7f) == XCB_PROPERTY_NOTIFY) {
-            if (property->atom == m_server->currentDesktop)
-                handlers.onDesktopSwitch();
-        } else if (m_overlay->isCovering(event)) {
-            cameOver();
-        }
+    const Handlers handlers = m_handlers; // they may close the overlay
+    if (const auto pointer = pointerOf(event)) {
+        // One of an earlier session may still have been on its way.
+        if (m_overlay->isOurs(reinterpret_cast<const xcb_button_press_event_t&>(event).event))
+            handlers.onPointer(*pointer);
+    } else if ((event.response_type & 0x7f) == XCB_PROPERTY_NOTIFY) {
+        if (reinterpret_cast<const xcb_property_notify_event_t&>(event).atom == m_server->currentDesktop)
+            handlers.onDesktopSwitch();
+    } else if (m_overlay->isCovering(event)) {
+        cameOver();
     }
 }
 

@@ -35,14 +35,12 @@ public:
 private:
     struct Server; // the connection with what is read from it once
 
-    using Events = std::vector<X11Reply<xcb_generic_event_t>>;
-
     template <class Request>
     void send(Request request);
     void listen();
     void lookForEvents();
     void handleEvents();
-    void handle(const Events& events);
+    void handle(const xcb_generic_event_t& event);
     void cameOver();
 
     MainLoop& m_loop;

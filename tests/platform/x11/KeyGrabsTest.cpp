@@ -37,7 +37,7 @@ struct KeyGrabsTest : testing::Test {
         return grabs.grab(
             combo,
             {.onPress = [this, name](KeyGrabs::Press press) { log.push_back(press.isRepeat ? name + " again" : name); },
-             .onRelease = [this, name] { log.push_back(name + " up"); }},
+             .onRelease = [this, name](KeyGrabs::Time) { log.push_back(name + " up"); }},
             modifiers);
     }
 
