@@ -37,30 +37,28 @@ QFont pillFont(Kind kind, double scale)
     return font;
 }
 
-// A soft shadow as a stack of faint rounded outlines, each a little wider.
-void drawShadow(QPainter& painter, const QRectF& rect, double radius, double scale)
+int shadowReach(double scale)
 {
+    return int(std::ceil((shadowSteps + 1) * scale));
+}
+
+// Soft, as a stack of faint rounded outlines, each a little wider.
+QImage shadowOf(QSize size, double radius, double scale)
+{
+    const int margin = shadowReach(scale);
+    QImage image(size + 2 * QSize(margin, margin), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0, 0, 0, 12));
+    const QRectF rect(QPointF(margin, margin), size);
     for (int step = shadowSteps; step > 0; --step) {
         const double reach = step * scale;
         painter.drawRoundedRect(rect.adjusted(-reach, -reach + scale, reach, reach + scale), radius + reach,
                                 radius + reach);
     }
-}
-
-void drawPill(QPainter& painter, const Decoration& decoration)
-{
-    const QRectF rect(decoration.rect);
-    const double radius = rect.height() / 2;
-    const double edge = std::max(1.0, decoration.scale * 0.75);
-    drawShadow(painter, rect, radius, decoration.scale);
-    painter.setBrush(pill);
-    painter.setPen(QPen(pillEdge, edge));
-    painter.drawRoundedRect(rect.adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2), radius, radius);
-    painter.setFont(pillFont(decoration.kind, decoration.scale));
-    painter.setPen(Qt::white);
-    painter.drawText(rect, Qt::AlignCenter, decoration.text);
+    return image;
 }
 
 void drawFrame(QPainter& painter, const Decoration& decoration)
@@ -96,35 +94,39 @@ void drawGrid(QPainter& painter, const QRectF& rect, double cell)
     }
 }
 
-void drawMagnifier(QPainter& painter, const Decoration& decoration, const QImage& screen, const QRect& screenRect)
+QImage canvas(QSize size)
 {
-    const QRectF rect(decoration.rect);
-    const double scale = decoration.scale;
-    const double radius = magnifierRadius * scale;
-    const int count = 2 * OverlayScene::magnifierReach + 1;
-    const double cell = rect.width() / count;
-    drawShadow(painter, rect, radius, scale);
-    QPainterPath outline;
-    outline.addRoundedRect(rect, radius, radius);
-    painter.save();
-    painter.setClipPath(outline, Qt::IntersectClip);
-    painter.fillRect(rect, QColor(24, 24, 27));
-    const QPoint first = decoration.pixel - QPoint(OverlayScene::magnifierReach, OverlayScene::magnifierReach);
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    for (int y = 0; y < count; ++y)
-        for (int x = 0; x < count; ++x) {
-            const QPoint pixel = first + QPoint(x, y) - screenRect.topLeft();
-            if (screen.rect().contains(pixel))
-                painter.fillRect(QRectF(rect.x() + x * cell, rect.y() + y * cell, cell, cell),
-                                 screen.pixelColor(pixel));
-        }
-    drawGrid(painter, rect, cell);
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+QImage magnifierShape(QSize size, double scale)
+{
+    QImage image = canvas(size);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::black);
+    painter.drawRoundedRect(QRectF({}, size), magnifierRadius * scale, magnifierRadius * scale);
+    return image;
+}
+
+QImage magnifierGlass(QSize size, double scale)
+{
+    QImage image = canvas(size);
+    QPainter painter(&image);
+    const double cell = double(size.width()) / (2 * OverlayScene::magnifierReach + 1);
+    drawGrid(painter, QRectF({}, size), cell);
     const double middle = OverlayScene::magnifierReach * cell;
-    drawMagnifiedPixel(painter, QRectF(rect.x() + middle, rect.y() + middle, cell, cell), scale);
-    painter.restore();
+    drawMagnifiedPixel(painter, QRectF(middle, middle, cell, cell), scale);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double line = 1.5 * scale;
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(QColor(255, 255, 255, 200), 1.5 * scale));
-    painter.drawPath(outline);
+    painter.setPen(QPen(QColor(255, 255, 255, 220), line));
+    const double radius = (magnifierRadius - 0.75) * scale;
+    painter.drawRoundedRect(QRectF({}, size).adjusted(line / 2, line / 2, -line / 2, -line / 2), radius, radius);
+    return image;
 }
 
 } // namespace
@@ -140,6 +142,56 @@ QSize OverlayPainter::pillSize(Kind kind, const QString& text, double scale)
     const double width = QFontMetricsF(pillFont(kind, scale)).horizontalAdvance(text);
     return {int(std::ceil(width + 2 * (isHint ? hintPadding : labelPadding) * scale)),
             int(std::lround((isHint ? hintHeight : labelHeight) * scale))};
+}
+
+void OverlayPainter::drawShadow(QPainter& painter, const QRect& rect, double radius, double scale)
+{
+    constexpr size_t mostKept = 8;
+    const auto isKept = [&](const Shadow& shadow) { return shadow.size == rect.size() && shadow.scale == scale; };
+    auto shadow = std::ranges::find_if(m_shadows, isKept);
+    if (shadow == m_shadows.end()) {
+        if (m_shadows.size() == mostKept)
+            m_shadows.erase(m_shadows.begin());
+        m_shadows.push_back({rect.size(), scale, shadowOf(rect.size(), radius, scale)});
+        shadow = std::prev(m_shadows.end());
+    }
+    const int margin = shadowReach(scale);
+    painter.drawImage(rect.topLeft() - QPoint(margin, margin), shadow->image);
+}
+
+void OverlayPainter::drawPill(QPainter& painter, const Decoration& decoration)
+{
+    const QRectF rect(decoration.rect);
+    const double radius = rect.height() / 2;
+    const double edge = std::max(1.0, decoration.scale * 0.75);
+    drawShadow(painter, decoration.rect, radius, decoration.scale);
+    painter.setBrush(pill);
+    painter.setPen(QPen(pillEdge, edge));
+    painter.drawRoundedRect(rect.adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2), radius, radius);
+    painter.setFont(pillFont(decoration.kind, decoration.scale));
+    painter.setPen(Qt::white);
+    painter.drawText(rect, Qt::AlignCenter, decoration.text);
+}
+
+void OverlayPainter::drawMagnifier(QPainter& painter, const Decoration& decoration, const QImage& screen,
+                                   const QRect& screenRect)
+{
+    const QSize size = decoration.rect.size();
+    const double scale = decoration.scale;
+    if (m_magnifier.scale != scale)
+        m_magnifier = {scale, magnifierGlass(size, scale), magnifierShape(size, scale)};
+    constexpr int reach = OverlayScene::magnifierReach;
+    const QPoint first = decoration.pixel - QPoint(reach, reach) - screenRect.topLeft();
+    QImage content = canvas(size);
+    content.fill(QColor(24, 24, 27)); // beyond the edge of the display
+    QPainter inside(&content);
+    inside.drawImage(QRectF({}, size), screen, QRectF(first, QSizeF(2 * reach + 1, 2 * reach + 1)));
+    inside.drawImage(0, 0, m_magnifier.glass);
+    inside.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    inside.drawImage(0, 0, m_magnifier.shape);
+    inside.end();
+    drawShadow(painter, decoration.rect, magnifierRadius * scale, scale);
+    painter.drawImage(decoration.rect.topLeft(), content);
 }
 
 void OverlayPainter::draw(QPainter& painter, const Decoration& decoration, const QImage& screen,

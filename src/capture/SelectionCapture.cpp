@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace Kovrel {
 
 namespace {
@@ -10,6 +12,12 @@ namespace {
 bool isFleeting(const WindowInfo& window)
 {
     return window.type == WindowType::menu || window.type == WindowType::tooltip || window.type == WindowType::other;
+}
+
+void makeOpaque(QImage& image)
+{
+    auto* pixel = reinterpret_cast<QRgb*>(image.bits());
+    std::for_each(pixel, pixel + image.sizeInBytes() / 4, [](QRgb& value) { value |= 0xff000000; });
 }
 
 QRect unitedRect(const std::vector<WindowInfo>& windows)
@@ -42,6 +50,8 @@ std::optional<QImage> SelectionCapture::cut(const QRect& rootPixels, const Froze
                           part.translated(-screen.pixelRect.topLeft()));
         isOnScreen = true;
     }
+    painter.end();
+    makeOpaque(image);
     return isOnScreen ? std::optional(image) : std::nullopt;
 }
 

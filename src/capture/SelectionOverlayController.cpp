@@ -66,8 +66,6 @@ void SelectionOverlayController::begin(Mode mode, std::function<void(SelectionRe
     m_kept.clear();
     m_area = AreaSelection(m_platform.displays.all());
     m_pointer.reset();
-    registerKeys();
-    m_platform.keys.watchForTakeover([this] { cancel(); });
     askForPointer();
 }
 
@@ -99,6 +97,9 @@ void SelectionOverlayController::applyFrozenImages()
                                      opened(std::move(result));
                              });
     askForWindows();
+    // These are many requests: the server gets them while the displays are being frozen.
+    registerKeys();
+    m_platform.keys.watchForTakeover([this] { cancel(); });
 }
 
 void SelectionOverlayController::opened(std::optional<OverlaySurfaces::Opened> opened)

@@ -1,7 +1,5 @@
 #include "capture/SelectionOverlayView.h"
 
-#include "capture/OverlayPainter.h"
-
 #include <algorithm>
 
 namespace Kovrel {
@@ -18,6 +16,31 @@ QRegion regionWithout(const Decorations& first, const Decorations& second)
         if (std::ranges::find(second, decoration) == second.end())
             region += decoration.region();
     return region;
+}
+
+qint64 areaOf(const QRect& rect)
+{
+    return qint64(rect.width()) * rect.height();
+}
+
+// The region in few rectangles: each costs a drawing of every decoration in it, so that some pixels painted in vain
+// are cheaper than one more rectangle.
+std::vector<QRect> fewRects(const QRegion& region)
+{
+    constexpr qint64 pixelsInVain = 8000;
+    std::vector<QRect> rects;
+    for (QRect rect : region) {
+        const auto joins = [&](const QRect& other) {
+            return areaOf(rect | other) <= areaOf(rect) + areaOf(other) + pixelsInVain;
+        };
+        for (auto other = std::ranges::find_if(rects, joins); other != rects.end();
+             other = std::ranges::find_if(rects, joins)) {
+            rect |= *other;
+            rects.erase(other);
+        }
+        rects.push_back(rect);
+    }
+    return rects;
 }
 
 } // namespace
@@ -37,17 +60,20 @@ void SelectionOverlayView::show(OverlayScene scene)
         regionWithout(m_scene.decorations, scene.decorations) + regionWithout(scene.decorations, m_scene.decorations);
     for (const auto& decoration : scene.decorations)
         composed += decoration.region() & ground;
-    composed &= m_display.pixelRect;
+    const std::vector<QRect> rects = fewRects(composed & m_display.pixelRect);
+    composed = {};
+    for (const QRect& rect : rects)
+        composed += rect;
     m_scene = std::move(scene);
     for (const QRect& rect : (ground & m_scene.lit) - composed)
         m_surfaces.reveal(rect);
     for (const QRect& rect : ground - m_scene.lit - composed)
         m_surfaces.shade(rect);
-    for (const QRect& rect : composed)
+    for (const QRect& rect : rects)
         m_surfaces.put(rect.topLeft(), compose(rect));
 }
 
-QImage SelectionOverlayView::compose(const QRect& rootPixels) const
+QImage SelectionOverlayView::compose(const QRect& rootPixels)
 {
     const bool isFrozen = m_ground == OverlaySurfaces::Ground::frozen;
     QImage image(rootPixels.size(), isFrozen ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
@@ -60,7 +86,7 @@ QImage SelectionOverlayView::compose(const QRect& rootPixels) const
         painter.fillRect(rect, OverlayPainter::shade());
     for (const auto& decoration : m_scene.decorations)
         if (decoration.region().intersects(rootPixels))
-            OverlayPainter::draw(painter, decoration, m_screen, m_display.pixelRect);
+            m_painter.draw(painter, decoration, m_screen, m_display.pixelRect);
     return image;
 }
 

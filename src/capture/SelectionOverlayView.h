@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/OverlayScene.h"
+#include "capture/OverlayPainter.h"
 #include "platform/OverlaySurfaces.h"
 
 namespace Kovrel {
@@ -16,7 +16,7 @@ public:
 
     void show(OverlayScene scene);
     // A part of the display with the scene that is shown, in root pixels; as the surface takes it.
-    QImage compose(const QRect& rootPixels) const;
+    QImage compose(const QRect& rootPixels);
 
 private:
     OverlaySurfaces& m_surfaces;
@@ -24,6 +24,7 @@ private:
     QImage m_screen;
     OverlaySurfaces::Ground m_ground;
     OverlayScene m_scene;
+    OverlayPainter m_painter;
 };
 
 } // namespace Kovrel

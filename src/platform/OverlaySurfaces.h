@@ -13,11 +13,11 @@
 
 namespace Kovrel {
 
-// What one display showed at one moment: opaque pixels, as ScreenPixels gives them.
+// What one display showed at one moment.
 struct FrozenScreen {
     quint32 displayID = 0;
     QRect pixelRect; // on the root window
-    QImage image;
+    QImage image;    // Format_RGB32, of which the unused byte may hold anything
 };
 
 using FrozenScreens = std::vector<FrozenScreen>;

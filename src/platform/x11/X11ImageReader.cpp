@@ -12,7 +12,7 @@ constexpr int bytesOfBand = 1 << 20;
 
 QImage::Format formatFor(X11ImageReader::Alpha alpha)
 {
-    return alpha == X11ImageReader::Alpha::opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied;
+    return alpha == X11ImageReader::Alpha::kept ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
 }
 
 void makeOpaque(uchar* bytes, size_t size)
@@ -56,7 +56,8 @@ bool X11ImageReader::readInto(const X11SegmentPool::Segment& segment, xcb_drawab
 {
     xcb_connection_t* c = m_connection->handle();
     const int stride = pixels.width() * 4;
-    const int bandRows = std::clamp(bytesOfBand / stride, 1, pixels.height());
+    const int bandRows =
+        alpha == Alpha::opaque ? std::clamp(bytesOfBand / stride, 1, pixels.height()) : pixels.height();
     const auto rowsAt = [&](int row) { return std::min(bandRows, pixels.height() - row); };
     std::vector<xcb_shm_get_image_cookie_t> cookies;
     {

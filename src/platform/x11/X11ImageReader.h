@@ -16,6 +16,7 @@ class X11ImageReader {
 public:
     enum class Alpha {
         opaque, // the unused byte of the pixels, which servers leave undefined, becomes 255: Format_RGB32
+        unused, // Format_RGB32 with whatever the server leaves there: half the work
         kept,   // Format_ARGB32_Premultiplied
     };
 

@@ -94,7 +94,7 @@ bool X11Overlay::freeze(const std::vector<Surface>& surfaces)
     std::vector<Window> windows;
     for (const Surface& surface : surfaces) {
         const QRect pixels = surface.display.pixelRect;
-        const auto image = m_reader->read(m_connection.root(), pixels, X11ImageReader::Alpha::opaque);
+        const auto image = m_reader->read(m_connection.root(), pixels, X11ImageReader::Alpha::unused);
         if (!image)
             return false;
         windows.push_back(
