@@ -11,7 +11,7 @@ build_packages="
 display_packages="xvfb openbox hsetroot xterm dbus-daemon x11-utils x11-xserver-utils fonts-dejavu-core"
 test_packages="
   xserver-xorg-core xserver-xorg-video-dummy x11-utils x11-xkb-utils xdotool xclip tint2 xfce4-clipman picom imagemagick
-  libclang-rt-19-dev python3-dbus python3-gi gnome-keyring libsecret-tools
+  libclang-rt-19-dev python3-dbus python3-gi libglib2.0-bin gnome-keyring libsecret-tools
   desktop-file-utils appstream groff-base bash-completion fish zsh"
 
 missing_packages() {

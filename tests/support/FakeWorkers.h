@@ -23,6 +23,16 @@ public:
         return jobs.size();
     }
 
+    // Runs the first job that waits in a lane.
+    void runNext(Lane lane)
+    {
+        if (m_jobs[lane].empty())
+            return;
+        const auto job = std::move(m_jobs[lane].front());
+        m_jobs[lane].pop_front();
+        job();
+    }
+
     size_t runAll() { return run(Lane::capture) + run(Lane::save) + run(Lane::editorSave) + run(Lane::utility); }
 
 private:

@@ -43,7 +43,8 @@ uint8_t agreeOnRawKeys(const X11Connection& connection)
 X11KeyGrabs::X11KeyGrabs(MainLoop& loop, std::unique_ptr<X11Connection> connection)
     : m_connection(std::move(connection)),
       m_keyboard(*m_connection),
-      m_takeovers(loop, *m_connection, [this] { return ownKeys(); })
+      m_takeovers(loop, *m_connection,
+                  {.ownKeys = [this] { return ownKeys(); }, .eventsMayWait = [this] { handleLater(); }})
 {
     if (!m_connection->isAlive())
         return;
@@ -191,16 +192,17 @@ void X11KeyGrabs::release(GrabID grab)
     if (released.empty() || !m_connection->isAlive())
         return;
     drop(grab, released.mapped());
+    handleLater();
     if (!m_grabs.empty())
         return;
     listen(false);
     m_held.clear(); // nothing tells of their release any more
-    handleLater();
 }
 
 // Grabs whose keys are the same on the new layout stay as they are.
 void X11KeyGrabs::followLayout()
 {
+    handleLater();
     const bool isRead = std::exchange(m_layoutIsOld, false) && m_keyboard.read();
     if (!std::exchange(m_groupIsOld, false) && !isRead)
         return;
@@ -222,7 +224,6 @@ void X11KeyGrabs::followLayout()
 void X11KeyGrabs::watchForTakeover(std::function<void()> onTakeover)
 {
     m_takeovers.watch(std::move(onTakeover));
-    handleLater();
 }
 
 X11TakeoverWatch::OwnKeys X11KeyGrabs::ownKeys() const
@@ -239,13 +240,13 @@ void X11KeyGrabs::handleEvents()
 {
     while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection->handle())})
         handle(*event);
-    if (m_connection->isAlive())
-        followLayout();
-    else
+    if (!m_connection->isAlive())
         m_notifier->setEnabled(false);
+    else if (m_layoutIsOld || m_groupIsOld)
+        followLayout();
 }
 
-// Waiting for an answer takes events off the socket, whose notifier then knows nothing of them.
+// Sending requests and waiting for answers may take events off the socket, whose notifier then knows nothing of them.
 void X11KeyGrabs::handleLater()
 {
     if (m_notifier)

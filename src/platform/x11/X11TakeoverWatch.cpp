@@ -6,8 +6,8 @@ namespace Kovrel {
 
 using namespace std::chrono_literals;
 
-X11TakeoverWatch::X11TakeoverWatch(MainLoop& loop, X11Connection& connection, std::function<OwnKeys()> ownKeys)
-    : m_loop(loop), m_connection(connection), m_ownKeys(std::move(ownKeys))
+X11TakeoverWatch::X11TakeoverWatch(MainLoop& loop, X11Connection& connection, Handlers handlers)
+    : m_loop(loop), m_connection(connection), m_handlers(std::move(handlers))
 {
 }
 
@@ -37,6 +37,7 @@ void X11TakeoverWatch::select(xcb_window_t window, uint32_t mask)
 // To the window that has the focus now; without a watch, to none.
 void X11TakeoverWatch::followFocus()
 {
+    m_handlers.eventsMayWait();
     xcb_window_t focus = XCB_NONE;
     if (m_onTakeover) {
         const auto answer = m_connection.reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_connection.handle()));
@@ -59,7 +60,7 @@ void X11TakeoverWatch::handle(const xcb_generic_event_t& event)
         return;
     switch (reinterpret_cast<const xcb_focus_in_event_t&>(event).mode) {
     case XCB_NOTIFY_MODE_GRAB:
-        if (m_ownKeys() == OwnKeys::up)
+        if (m_handlers.ownKeys() == OwnKeys::up)
             suspect({250ms, 250ms});
         break;
     case XCB_NOTIFY_MODE_UNGRAB:
@@ -98,8 +99,9 @@ void X11TakeoverWatch::probe(Waits waits)
 
 bool X11TakeoverWatch::isTaken()
 {
-    if (m_ownKeys() == OwnKeys::holdKeyboard || !m_connection.isAlive())
+    if (m_handlers.ownKeys() == OwnKeys::holdKeyboard || !m_connection.isAlive())
         return false;
+    m_handlers.eventsMayWait();
     xcb_connection_t* const connection = m_connection.handle();
     const auto request = xcb_grab_keyboard(connection, true, m_connection.root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC,
                                            XCB_GRAB_MODE_ASYNC);

@@ -17,7 +17,12 @@ public:
     // Whether keys that we grabbed are down, and whether that has given the keyboard to us.
     enum class OwnKeys { up, down, holdKeyboard };
 
-    X11TakeoverWatch(MainLoop& loop, X11Connection& connection, std::function<OwnKeys()> ownKeys);
+    struct Handlers {
+        std::function<OwnKeys()> ownKeys;
+        std::function<void()> eventsMayWait; // in the connection's queue, not on its socket
+    };
+
+    X11TakeoverWatch(MainLoop& loop, X11Connection& connection, Handlers handlers);
     ~X11TakeoverWatch();
     X11TakeoverWatch(const X11TakeoverWatch&) = delete;
     X11TakeoverWatch& operator=(const X11TakeoverWatch&) = delete;
@@ -41,7 +46,7 @@ private:
 
     MainLoop& m_loop;
     X11Connection& m_connection;
-    std::function<OwnKeys()> m_ownKeys;
+    Handlers m_handlers;
     std::function<void()> m_onTakeover;
     xcb_window_t m_focus = XCB_NONE;
     std::array<uint32_t, 2> m_ownRequests{}; // of the last probe: the events they cause are no news
