@@ -6,7 +6,6 @@
 #include "capture/ReopenLedger.h"
 #include "capture/SelectionGrabber.h"
 #include "capture/TextReader.h"
-#include "capture/WindowBackdrop.h"
 #include "platform/MainLoop.h"
 
 namespace Kovrel {
@@ -19,8 +18,7 @@ class AbsentParts : public SelectionOverlay,
                     public CaptureHistory,
                     public ReopenLedger,
                     public TextReader,
-                    public CaptureEffects,
-                    public WindowBackdrop {
+                    public CaptureEffects {
 public:
     explicit AbsentParts(MainLoop& loop) : m_loop(loop) {}
 
@@ -88,13 +86,6 @@ public:
     }
 
     void playShutterIfEnabled() override {}
-
-    void wallpaper(quint32, int, Reply<std::optional<QImage>> reply) override { giveNothing(std::move(reply)); }
-
-    void compose(QImage window, WindowBackdropStyle, std::optional<QImage>, Reply<ComposedCapture> reply) override
-    {
-        m_loop.post([reply, window] { reply({window, std::nullopt}); });
-    }
 
 private:
     template <class T>

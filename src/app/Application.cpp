@@ -78,6 +78,7 @@ Application::Application(AppDelegate::Launch launch)
                std::make_shared<ReservationJournal>(AppPaths::reservationFolder()),
                AppPaths::dataFolder() + "/Unsaved"),
       m_absent(m_loop),
+      m_backdrop(m_loop, m_workers, m_desktop.picture, m_desktop.displays, m_preferences),
       m_toasts(m_loop, m_desktop.displays),
       m_nativeCapture(
           {m_loop, m_workers, m_trace, m_desktop.pixels, m_desktop.windows, m_desktop.displays, m_toolProcess},
@@ -136,7 +137,7 @@ CaptureServices Application::captureServices()
         .access = *this,
         .overlay = m_absent,
         .grabber = m_absent,
-        .backdrop = m_absent,
+        .backdrop = m_backdrop,
         .effects = m_absent,
         .textReader = m_absent,
         .cards = m_absent,

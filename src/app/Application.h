@@ -13,6 +13,7 @@
 #include "capture/CaptureCoordinator.h"
 #include "capture/CaptureTrace.h"
 #include "capture/NativeScreenCapture.h"
+#include "capture/WindowBackdropCompositor.h"
 #include "platform/SpawnedToolProcess.h"
 #include "platform/desktop/FileTokenStore.h"
 #include "platform/desktop/InstanceBus.h"
@@ -95,6 +96,7 @@ private:
     EditorSaves m_editorSaves;
     CaptureOutput m_output;
     AbsentParts m_absent;
+    WindowBackdropCompositor m_backdrop;
     ToastController m_toasts;
     SpawnedToolProcess m_toolProcess;
     NativeScreenCapture m_nativeCapture;

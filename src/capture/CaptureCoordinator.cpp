@@ -337,6 +337,8 @@ QCoro::Task<> CaptureCoordinator::runWindowSelection(Run run)
     if (display)
         m_composition.prewarm(*display);
     SelectionResult selection = co_await select(run, SelectionOverlay::Mode::windowPick, false);
+    if (!std::holds_alternative<SelectedWindows>(selection))
+        m_composition.forgetPrewarm();
     co_await takeSelection(run, std::move(selection), false);
 }
 
@@ -435,6 +437,7 @@ QCoro::Task<> CaptureCoordinator::takeWindows(Run run, std::vector<quint32> ids,
             image = grab->image;
     }
     if (!image) {
+        m_composition.forgetPrewarm();
         abandon(run, "The window could not be captured");
         co_return;
     }
