@@ -1,6 +1,5 @@
 #pragma once
 
-#include "capture/CaptureEffects.h"
 #include "capture/CaptureHistory.h"
 #include "capture/CardPile.h"
 #include "capture/ReopenLedger.h"
@@ -17,8 +16,7 @@ class AbsentParts : public SelectionOverlay,
                     public CardPile,
                     public CaptureHistory,
                     public ReopenLedger,
-                    public TextReader,
-                    public CaptureEffects {
+                    public TextReader {
 public:
     explicit AbsentParts(MainLoop& loop) : m_loop(loop) {}
 
@@ -84,8 +82,6 @@ public:
     {
         m_loop.post([reply] { reply({}); });
     }
-
-    void playShutterIfEnabled() override {}
 
 private:
     template <class T>

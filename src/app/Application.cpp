@@ -3,6 +3,7 @@
 #include "app/AppPaths.h"
 #include "app/AppStyle.h"
 #include "app/DesktopSession.h"
+#include "platform/PluginSoundPlayer.h"
 #include "saving/DragFiles.h"
 #include "saving/PrivateFolder.h"
 
@@ -79,6 +80,7 @@ Application::Application(AppDelegate::Launch launch)
                AppPaths::dataFolder() + "/Unsaved"),
       m_absent(m_loop),
       m_backdrop(m_loop, m_workers, m_desktop.picture, m_desktop.displays, m_preferences),
+      m_sounds(m_loop, m_workers, m_preferences, m_trace, std::make_unique<PluginSoundPlayer>()),
       m_toasts(m_loop, m_desktop.displays),
       m_nativeCapture(
           {m_loop, m_workers, m_trace, m_desktop.pixels, m_desktop.windows, m_desktop.displays, m_toolProcess},
@@ -138,7 +140,7 @@ CaptureServices Application::captureServices()
         .overlay = m_absent,
         .grabber = m_absent,
         .backdrop = m_backdrop,
-        .effects = m_absent,
+        .effects = m_sounds,
         .textReader = m_absent,
         .cards = m_absent,
         .historyWindow = m_absent,

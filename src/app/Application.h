@@ -11,6 +11,7 @@
 #include "app/TrayMenu.h"
 #include "capture/CaptureAccess.h"
 #include "capture/CaptureCoordinator.h"
+#include "capture/CaptureSounds.h"
 #include "capture/CaptureTrace.h"
 #include "capture/NativeScreenCapture.h"
 #include "capture/WindowBackdropCompositor.h"
@@ -97,6 +98,7 @@ private:
     CaptureOutput m_output;
     AbsentParts m_absent;
     WindowBackdropCompositor m_backdrop;
+    CaptureSounds m_sounds;
     ToastController m_toasts;
     SpawnedToolProcess m_toolProcess;
     NativeScreenCapture m_nativeCapture;

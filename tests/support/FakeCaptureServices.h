@@ -218,6 +218,14 @@ struct FakeCaptureServices {
 
         void playShutterIfEnabled() override { fake.say("shutter"); }
 
+        void playToastIfEnabled() override { fake.say("toast sound"); }
+
+        void previewShutter() override {}
+
+        void previewVolume() override {}
+
+        void applyVolume() override {}
+
         void captureWallpaper(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply) override;
         void compose(QImage window, WindowBackdropStyle style, std::optional<QImage> wallpaper,
                      Reply<ComposedCapture> reply) override;
