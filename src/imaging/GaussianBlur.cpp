@@ -12,9 +12,10 @@ using GaussianBlur::Edges;
 namespace {
 
 // A blurred picture holds nothing much finer than its sigma, so the work is done on a coarse grid: pixels are shared
-// out among the nearest cells, and in the end interpolated between them, both linearly. Each of the two errs by cell^2
-// / 8 * |f''| at most, with |f''| <= 255 * 0.97 / sigma^2, half of which the variance that is taken off below makes up
-// for: six cells to a sigma keep all of it within a level of 255.
+// out among the nearest cells, and in the end interpolated between them, both linearly. Linear interpolation errs by
+// at most h^2 / 8 * |f''| between points h apart, and no blurred picture bends more than |f''| = 255 * 0.48 / sigma^2:
+// with six cells to a sigma, each of the two costs less than half a level of 255, half of which the variance that is
+// taken off below makes up for.
 constexpr double cellsToSigma = 6;
 // Beyond lies 0.05 percent of a Gaussian: a tenth of a level.
 constexpr double reachInSigmas = 3.5;

@@ -121,6 +121,9 @@ TEST_F(SoundTest, TheShutterIsHeardAsLoudAsItShouldBe)
 TEST_F(SoundTest, AServiceMayComeAndGo)
 {
     startProgram();
+    QFile mapped(QString("/proc/%1/maps").arg(session.instancePid()));
+    ASSERT_TRUE(mapped.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(mapped.readAll().contains("libpulse")) << "starting loads nothing for sounds";
     capture("pop", "1");
     capture("pop", "1");
     startService();
