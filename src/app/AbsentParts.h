@@ -1,27 +1,18 @@
 #pragma once
 
-#include "capture/CaptureEffects.h"
 #include "capture/CaptureHistory.h"
 #include "capture/CardPile.h"
 #include "capture/ReopenLedger.h"
 #include "capture/TextReader.h"
-#include "capture/WindowBackdrop.h"
 #include "platform/MainLoop.h"
 
 namespace Kovrel {
 
 // Stands where a part of the program is absent, and answers as a part that has nothing to give: no card can be
 // shown, nothing is recorded.
-class AbsentParts : public CardPile,
-                    public CaptureHistory,
-                    public ReopenLedger,
-                    public TextReader,
-                    public CaptureEffects,
-                    public WindowBackdrop {
+class AbsentParts : public CardPile, public CaptureHistory, public ReopenLedger, public TextReader {
 public:
     explicit AbsentParts(MainLoop& loop) : m_loop(loop) {}
-
-    void prewarm() override {}
 
     bool setHiddenForCapture(bool) override { return false; }
 
@@ -58,15 +49,6 @@ public:
     void read(QImage, double, Reply<Reading> reply) override
     {
         m_loop.post([reply] { reply({}); });
-    }
-
-    void playShutterIfEnabled() override {}
-
-    void wallpaper(quint32, int, Reply<std::optional<QImage>> reply) override { giveNothing(std::move(reply)); }
-
-    void compose(QImage window, WindowBackdropStyle, std::optional<QImage>, Reply<ComposedCapture> reply) override
-    {
-        m_loop.post([reply, window] { reply({window, std::nullopt}); });
     }
 
 private:

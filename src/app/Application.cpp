@@ -3,6 +3,7 @@
 #include "app/AppPaths.h"
 #include "app/AppStyle.h"
 #include "app/DesktopSession.h"
+#include "platform/PluginSoundPlayer.h"
 #include "platform/desktop/DesktopShortcuts.h"
 #include "saving/DragFiles.h"
 #include "saving/PrivateFolder.h"
@@ -81,6 +82,8 @@ Application::Application(AppDelegate::Launch launch)
                std::make_shared<ReservationJournal>(AppPaths::reservationFolder()),
                AppPaths::dataFolder() + "/Unsaved"),
       m_absent(m_loop),
+      m_backdrop(m_loop, m_workers, m_desktop.picture, m_desktop.displays, m_preferences),
+      m_sounds(m_loop, m_workers, m_preferences, m_trace, std::make_unique<PluginSoundPlayer>()),
       m_toasts(m_loop, m_desktop.displays),
       m_nativeCapture(
           {m_loop, m_workers, m_trace, m_desktop.pixels, m_desktop.windows, m_desktop.displays, m_toolProcess},
@@ -145,8 +148,8 @@ CaptureServices Application::captureServices()
         .access = *this,
         .overlay = m_selectionOverlay,
         .grabber = m_selectionCapture,
-        .backdrop = m_absent,
-        .effects = m_absent,
+        .backdrop = m_backdrop,
+        .effects = m_sounds,
         .textReader = m_absent,
         .cards = m_absent,
         .historyWindow = m_absent,

@@ -13,10 +13,12 @@
 #include "app/TrayMenu.h"
 #include "capture/CaptureAccess.h"
 #include "capture/CaptureCoordinator.h"
+#include "capture/CaptureSounds.h"
 #include "capture/CaptureTrace.h"
 #include "capture/NativeScreenCapture.h"
 #include "capture/SelectionCapture.h"
 #include "capture/SelectionOverlayController.h"
+#include "capture/WindowBackdropCompositor.h"
 #include "platform/SpawnedToolProcess.h"
 #include "platform/desktop/DBusScreenLock.h"
 #include "platform/desktop/FileTokenStore.h"
@@ -101,6 +103,8 @@ private:
     EditorSaves m_editorSaves;
     CaptureOutput m_output;
     AbsentParts m_absent;
+    WindowBackdropCompositor m_backdrop;
+    CaptureSounds m_sounds;
     ToastController m_toasts;
     SpawnedToolProcess m_toolProcess;
     NativeScreenCapture m_nativeCapture;

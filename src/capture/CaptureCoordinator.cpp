@@ -334,6 +334,8 @@ QCoro::Task<> CaptureCoordinator::runAreaSelection(Run run, bool ocrOnly)
 QCoro::Task<> CaptureCoordinator::runWindowSelection(Run run)
 {
     SelectionResult selection = co_await select(run, SelectionOverlay::Mode::windowPick, false);
+    if (!std::holds_alternative<SelectedWindows>(selection))
+        m_composition.forgetPrewarm();
     co_await takeSelection(run, std::move(selection), false);
 }
 
@@ -442,6 +444,7 @@ QCoro::Task<> CaptureCoordinator::takeWindows(Run run, std::vector<WindowInfo> w
             image = grab->image;
     }
     if (!image) { // it was closed meanwhile
+        m_composition.forgetPrewarm();
         abandon(run, {});
         co_return;
     }

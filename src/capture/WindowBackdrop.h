@@ -22,7 +22,7 @@ public:
     virtual ~WindowBackdrop() = default;
 
     // The desktop picture of a display at a size, for the style "wallpaper".
-    virtual void wallpaper(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply) = 0;
+    virtual void captureWallpaper(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply) = 0;
     virtual void compose(QImage window, WindowBackdropStyle style, std::optional<QImage> wallpaper,
                          Reply<ComposedCapture> reply) = 0;
 };

@@ -13,7 +13,7 @@ WindowComposition::WindowComposition(CaptureServices& services)
 WindowComposition::Wallpaper WindowComposition::fetch(quint32 displayID, int maxPixelSize)
 {
     return m_scope.reply<std::optional<QImage>>(
-        [&](auto done) { m_services.backdrop.wallpaper(displayID, maxPixelSize, done); });
+        [&](auto done) { m_services.backdrop.captureWallpaper(displayID, maxPixelSize, done); });
 }
 
 void WindowComposition::prewarm(const Display& display)
@@ -22,6 +22,11 @@ void WindowComposition::prewarm(const Display& display)
         return;
     m_prewarmedDisplayID = display.id;
     m_prewarm = fetch(display.id, std::max(display.pixelRect.width(), display.pixelRect.height()));
+}
+
+void WindowComposition::forgetPrewarm()
+{
+    m_prewarm.reset();
 }
 
 QCoro::Task<ComposedCapture> WindowComposition::compose(QImage window, std::optional<quint32> displayID)

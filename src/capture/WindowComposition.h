@@ -15,6 +15,8 @@ public:
 
     // Starts fetching the display's desktop picture, when it will be wanted and none is on its way.
     void prewarm(const Display& display);
+    // No window was picked: a picture that stayed would grow old, and hold memory.
+    void forgetPrewarm();
     QCoro::Task<ComposedCapture> compose(QImage window, std::optional<quint32> displayID);
 
 private:

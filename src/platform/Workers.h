@@ -9,6 +9,7 @@ enum class Lane {
     capture,    // pixels of the screen, and what a waiting user needs next
     save,       // encoding and writing files
     editorSave, // "com.kovrel.editor-save"
+    shutter,    // "com.kovrel.shutter"
     utility,    // everything that nobody waits for
 };
 

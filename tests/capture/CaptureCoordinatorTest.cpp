@@ -121,6 +121,17 @@ TEST_F(CoordinatorTest, EachFlowDoesItsStepsInOrder)
     EXPECT_THAT(outcomes, ElementsAre("fullScreen finished", "area finished", "lastArea finished", "window finished"));
 }
 
+TEST_F(CoordinatorTest, ADesktopPictureThatNoWindowTookIsFetchedAnew)
+{
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        captureAndSettle(CaptureMode::window);
+        EXPECT_TRUE(fake.logged("wallpaper of 1 at 1000"));
+        fake.endSelection(SelectionCancelled{});
+        fake.loop.runPosted();
+        fake.takeLog();
+    }
+}
+
 TEST_F(CoordinatorTest, TimedCountsDownThenTakesTheScreenItBeganOn)
 {
     fake.defaults.set("selfTimerSeconds", 2);

@@ -59,9 +59,12 @@ TEST_F(InstallationTest, TheProgramFindsItsPartsInItsNewPlace)
     EXPECT_EQ(QImage(session.path("home/a.png")).convertToFormat(QImage::Format_RGB32), screen);
     EXPECT_EQ(kovrel({"capture", "fullScreen", "--output", "a.heic"}).exitCode, 0);
     EXPECT_EQ(contentOf(session.path("home/a.heic")).mid(4, 4), "ftyp");
-    const QByteArray mapped = contentOf(QString("/proc/%1/maps").arg(session.instancePid()));
-    for (const char* part : {"/lib/kovrel/libkovrel-app.so", "/lib/kovrel/libkovrel-heif.so"})
-        EXPECT_TRUE(mapped.contains((prefix + part).toUtf8())) << part;
+    const QString maps = QString("/proc/%1/maps").arg(session.instancePid());
+    for (const char* part :
+         {"/lib/kovrel/libkovrel-app.so", "/lib/kovrel/libkovrel-heif.so", "/lib/kovrel/libkovrel-sound.so"})
+        EXPECT_TRUE(Testing::UserSession::eventually([&] {
+            return contentOf(maps).contains((prefix + part).toUtf8());
+        })) << part;
     const auto shot = session.run(prefix + "/bin/kovrel-screencapture", {"-x", "-t", "png", session.path("b.png")});
     EXPECT_EQ(shot.exitCode, 0) << shot.error.constData();
 }

@@ -45,7 +45,7 @@ UserSession::UserSession(const VirtualDisplay* display, bool hasBus)
         QDir().mkpath(path(name));
     QFile::setPermissions(path("run"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "XDG_SESSION_TYPE", "DBUS_SESSION_BUS_ADDRESS",
-                             "XDG_CURRENT_DESKTOP", "QT_QPA_PLATFORM", "QT_SCREEN_SCALE_FACTORS"})
+                             "XDG_CURRENT_DESKTOP", "QT_QPA_PLATFORM", "QT_SCREEN_SCALE_FACTORS", "PULSE_SERVER"})
         m_environment.remove(name);
     m_environment.insert("HOME", path("home"));
     m_environment.insert("XDG_RUNTIME_DIR", path("run"));

@@ -231,7 +231,7 @@ void FakeCaptureServices::Reader::read(QImage, double, Reply<Reading> reply)
     fake.answer(reply, fake.reading);
 }
 
-void FakeCaptureServices::Reader::wallpaper(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply)
+void FakeCaptureServices::Reader::captureWallpaper(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply)
 {
     fake.say(QString("wallpaper of %1 at %2").arg(displayID).arg(maxPixelSize));
     fake.answer(reply, std::optional(picture({4, 4})));

@@ -218,7 +218,15 @@ struct FakeCaptureServices {
 
         void playShutterIfEnabled() override { fake.say("shutter"); }
 
-        void wallpaper(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply) override;
+        void playToastIfEnabled() override { fake.say("toast sound"); }
+
+        void previewShutter() override {}
+
+        void previewVolume() override {}
+
+        void applyVolume() override {}
+
+        void captureWallpaper(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply) override;
         void compose(QImage window, WindowBackdropStyle style, std::optional<QImage> wallpaper,
                      Reply<ComposedCapture> reply) override;
         FakeCaptureServices& fake;

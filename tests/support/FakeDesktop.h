@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DesktopPicture.h"
 #include "platform/Displays.h"
 #include "platform/MainLoop.h"
 #include "platform/ScreenPixels.h"
@@ -71,6 +72,23 @@ public:
         const GrabbedImage image = found == images.end() ? GrabbedImage(std::unexpected(GrabFailure::windowGone))
                                                          : GrabbedImage(found->second);
         m_loop.post([reply, image] { reply(image); });
+    }
+
+private:
+    MainLoop& m_loop;
+};
+
+class FakeDesktopPicture : public DesktopPicture {
+public:
+    explicit FakeDesktopPicture(MainLoop& loop) : m_loop(loop) {}
+
+    std::optional<QImage> picture; // of every display, at any size
+    std::vector<std::pair<quint32, int>> grabs;
+
+    void grab(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply) override
+    {
+        grabs.emplace_back(displayID, maxPixelSize);
+        m_loop.post([reply, image = picture] { reply(image); });
     }
 
 private:

@@ -33,7 +33,13 @@ public:
         job();
     }
 
-    size_t runAll() { return run(Lane::capture) + run(Lane::save) + run(Lane::editorSave) + run(Lane::utility); }
+    size_t runAll()
+    {
+        size_t count = 0;
+        for (const Lane lane : {Lane::capture, Lane::save, Lane::editorSave, Lane::shutter, Lane::utility})
+            count += run(lane);
+        return count;
+    }
 
 private:
     std::map<Lane, std::deque<std::function<void()>>> m_jobs;

@@ -18,6 +18,8 @@ const char* threadName(Lane lane)
         return "kovrel.save";
     case Lane::editorSave:
         return "kovrel.editsave";
+    case Lane::shutter:
+        return "kovrel.shutter";
     case Lane::utility:
         return "kovrel.utility";
     }
