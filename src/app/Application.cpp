@@ -95,7 +95,7 @@ Application::Application(AppDelegate::Launch launch)
       m_delegate(*this, m_preferences, m_loop),
       m_commands(m_coordinator, m_delegate, m_account, m_preferences, m_trace),
       m_shortcuts(m_loop, m_workers, m_preferences, DesktopShortcuts::find(),
-                  [this] { return m_account.isSignedIn(); }),
+                  [this] { return m_account.isSignedIn() && mayRecordScreen(); }),
       m_hotkeys(m_desktop.keys, m_preferences, m_trace, hotkeyHandlers())
 {
     followScreens();

@@ -42,11 +42,11 @@ void apply(ShortcutSwitches& switches, const std::vector<Change>& changes)
 
 SystemShortcutManager::SystemShortcutManager(MainLoop& loop, Workers& workers, Preferences& preferences,
                                              std::shared_ptr<ShortcutSwitches> switches,
-                                             std::function<bool()> isSignedIn)
+                                             std::function<bool()> mayCapture)
     : m_workers(workers),
       m_preferences(preferences),
       m_switches(std::move(switches)),
-      m_isSignedIn(std::move(isSignedIn)),
+      m_mayCapture(std::move(mayCapture)),
       m_scope(loop, workers)
 {
 }
@@ -78,7 +78,7 @@ SystemShortcutManager::Ownership SystemShortcutManager::syncOwnership()
 std::set<int> SystemShortcutManager::wantedChords() const
 {
     std::set<int> wanted;
-    if (!m_preferences.defaults().boolean("hasCompletedOnboarding") || !m_isSignedIn())
+    if (!m_preferences.defaults().boolean("hasCompletedOnboarding") || !m_mayCapture())
         return wanted;
     for (const CaptureCommands::Entry& command : CaptureCommands::inHotkeyOrder())
         for (const Chord& chord : chords)

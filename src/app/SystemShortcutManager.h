@@ -26,9 +26,10 @@ public:
         owned,       // some are, from now on or shortly
     };
 
-    // Without switches nothing is ever changed. `isSignedIn` is asked at each synchronisation.
+    // Without switches nothing is ever changed. `mayCapture` is asked at each synchronisation; before the first
+    // run is finished it counts for nothing.
     SystemShortcutManager(MainLoop& loop, Workers& workers, Preferences& preferences,
-                          std::shared_ptr<ShortcutSwitches> switches, std::function<bool()> isSignedIn);
+                          std::shared_ptr<ShortcutSwitches> switches, std::function<bool()> mayCapture);
 
     static std::span<const Chord> manageableChords();
 
@@ -60,7 +61,7 @@ private:
     Workers& m_workers;
     Preferences& m_preferences;
     std::shared_ptr<ShortcutSwitches> m_switches;
-    std::function<bool()> m_isSignedIn;
+    std::function<bool()> m_mayCapture;
     std::function<void()> m_onSwitchedOff;
     std::optional<std::set<int>> m_target; // of the last reconciliation
     int m_generation = 0;

@@ -38,7 +38,7 @@ public:
     virtual ~KeyGrabs() = default;
 
     // Fails where the desktop or another program keeps the combination to itself. A grab goes on through changes of
-    // the keyboard's layout.
+    // the keyboard's layout. Of two grabs of ours that share a combination the newer one gets its presses.
     virtual std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers,
                                                Modifiers modifiers = Modifiers::exact) = 0;
     virtual void release(GrabID grab) = 0;

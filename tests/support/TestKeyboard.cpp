@@ -1,14 +1,13 @@
 #include "tests/support/TestKeyboard.h"
 
+#include "platform/x11/X11Xkb.h"
+
 #include <QProcess>
 
 #include <ranges>
 #include <stdexcept>
 
 #include <xcb/xtest.h>
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
 
 namespace Kovrel::Testing {
 

@@ -1,8 +1,10 @@
 #include "platform/desktop/GnomeShortcuts.h"
 
+#include <QHash>
 #include <QProcess>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 
 namespace Kovrel {

@@ -27,7 +27,7 @@ public:
     X11KeyGrabs(MainLoop& loop, std::unique_ptr<X11Connection> connection);
 
     // The status is the X server's error code: 10 where another program has the combination, 2 where the keyboard has
-    // no such key. Of two grabs of ours that share a combination the newer one gets its presses.
+    // no such key.
     std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers,
                                        Modifiers modifiers = Modifiers::exact) override;
     void release(GrabID grab) override;

@@ -2,8 +2,9 @@
 
 #include "platform/x11/X11VirtualKeys.h"
 
+#include <QHashFunctions>
+
 #include <algorithm>
-#include <array>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon-x11.h>
