@@ -182,10 +182,12 @@ void OverlayPainter::drawMagnifier(QPainter& painter, const Decoration& decorati
         m_magnifier = {scale, magnifierGlass(size, scale), magnifierShape(size, scale)};
     constexpr int reach = OverlayScene::magnifierReach;
     const QPoint first = decoration.pixel - QPoint(reach, reach) - screenRect.topLeft();
-    QImage content = canvas(size);
-    content.fill(QColor(24, 24, 27)); // beyond the edge of the display
+    QImage pixels(size, QImage::Format_RGB32);
+    pixels.fill(QColor(24, 24, 27)); // beyond the edge of the display
+    QPainter(&pixels).drawImage(QRectF({}, size), screen, QRectF(first, QSizeF(2 * reach + 1, 2 * reach + 1)));
+    // The screen's unused byte is no alpha: here it becomes one.
+    QImage content = pixels.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     QPainter inside(&content);
-    inside.drawImage(QRectF({}, size), screen, QRectF(first, QSizeF(2 * reach + 1, 2 * reach + 1)));
     inside.drawImage(0, 0, m_magnifier.glass);
     inside.setCompositionMode(QPainter::CompositionMode_DestinationIn);
     inside.drawImage(0, 0, m_magnifier.shape);
