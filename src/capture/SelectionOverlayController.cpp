@@ -89,6 +89,11 @@ void SelectionOverlayController::applyFrozenImages()
                 m_platform.trace.mark("desktop switched mid-aim \u2192 re-asserting overlay + crosshair");
                 reassertPresence();
             },
+        .onExposed =
+            [this](const QRect& rootPixels) {
+                for (SelectionOverlayView& view : m_views)
+                    view.repaint(rootPixels);
+            },
         .onLost = [this] { cancel(); },
     };
     m_platform.surfaces.open(std::move(opening), std::move(handlers),

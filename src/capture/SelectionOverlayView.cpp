@@ -73,6 +73,13 @@ void SelectionOverlayView::show(OverlayScene scene)
         m_surfaces.put(rect.topLeft(), compose(rect));
 }
 
+void SelectionOverlayView::repaint(const QRect& rootPixels)
+{
+    const QRect part = rootPixels & m_display.pixelRect;
+    if (!part.isEmpty())
+        m_surfaces.put(part.topLeft(), compose(part));
+}
+
 QImage SelectionOverlayView::compose(const QRect& rootPixels)
 {
     const bool isFrozen = m_ground == OverlaySurfaces::Ground::frozen;

@@ -15,6 +15,7 @@ public:
     const Display& display() const { return m_display; }
 
     void show(OverlayScene scene);
+    void repaint(const QRect& rootPixels);
     // A part of the display with the scene that is shown, in root pixels; as the surface takes it.
     QImage compose(const QRect& rootPixels);
 

@@ -56,7 +56,8 @@ public:
 
     struct Handlers {
         std::function<void(OverlayPointer)> onPointer;
-        std::function<void()> onDesktopSwitch; // to another workspace
+        std::function<void()> onDesktopSwitch;       // to another workspace
+        std::function<void(const QRect&)> onExposed; // what was shown in these root pixels is lost
         // The surfaces can't be kept where they belong: the server is gone, or another program covers them again and
         // again.
         std::function<void()> onLost;

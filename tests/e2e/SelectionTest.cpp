@@ -5,10 +5,12 @@
 #include "tests/support/TestKeyboard.h"
 
 #include <QJsonDocument>
+#include <QPainter>
 
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <unistd.h>
 
 namespace Kovrel {
 
@@ -337,6 +339,115 @@ TEST_F(SelectionTest, AProgramThatIsKilledLeavesPointerAndKeyboardFree)
     EXPECT_TRUE(keyboard->holdKeyboard());
     keyboard->letKeyboardGo();
     EXPECT_TRUE(painted->holdPointer());
+}
+
+TEST_F(SelectionTest, AnOpenMenuIsInThePictureAndLetsGoOfThePointer)
+{
+    QProcess& menu = session->start(OPEN_MENU, {});
+    const QPoint inMenu(20, 10);
+    ASSERT_TRUE(UserSession::eventually([&] { return painted->pixelAt(inMenu) == 0xff0000; }));
+    session->startKovrel({"--background"});
+    ASSERT_TRUE(UserSession::eventually([&] { return session->instancePid() != 0; }));
+    capture = &session->startKovrel({"capture", "area", "--wait", "--json"});
+    ASSERT_TRUE(UserSession::eventually([&] { return painted->pixelAt(inMenu) != 0xff0000 && isShaded({1590, 310}); }));
+    EXPECT_TRUE(menu.waitForFinished()) << "it was closed";
+    painted->drag({0, 0}, {300, 100});
+    const QImage picture(result()["path"].toString());
+    ASSERT_EQ(picture.size(), QSize(300, 100));
+    EXPECT_EQ(picture.pixelColor(inMenu), QColor(Qt::red));
+}
+
+TEST_F(SelectionTest, NothingStaysInFrontOfTheOverlayButWhatInsists)
+{
+    start("area");
+    const xcb_window_t window =
+        painted->show({.pixels = {1000, 400, 100, 100}, .colour = Qt::green, .managesItself = true});
+    EXPECT_TRUE(UserSession::eventually([this] { return painted->pixelAt({1050, 450}) != 0x00ff00; }));
+    for (int time = 0; time < 30; ++time)
+        painted->raise(window);
+    expectCancelled();
+}
+
+TEST(SelectionOnFractionalScales, IsExactToThePixel)
+{
+    for (const char* scale : {"1.25", "1.5"}) {
+        SCOPED_TRACE(scale);
+        const QSize size(1366, 768);
+        Testing::VirtualDisplay display(size);
+        Testing::PaintedScreen painted(display.name());
+        const QImage screen = Testing::pattern(size);
+        painted.setRootPicture(screen);
+        UserSession session(&display);
+        session.setVariable("QT_SCALE_FACTOR", scale);
+        session.prepare();
+        QProcess& capture = session.startKovrel({"capture", "area", "--wait", "--json"});
+        ASSERT_TRUE(
+            UserSession::eventually([&] { return painted.pixelAt({5, 5}) != (screen.pixel(5, 5) & 0xffffff); }));
+        painted.drag({101, 203}, {1365, 767});
+        ASSERT_TRUE(capture.waitForFinished());
+        const auto json = QJsonDocument::fromJson(capture.readAllStandardOutput()).object();
+        EXPECT_EQ(firstDifference(QImage(json["path"].toString()), screen.copy(101, 203, 1265, 565)), "");
+        EXPECT_EQ(json["pixelScale"], QString(scale).toDouble());
+    }
+}
+
+TEST(SelectionOnLiveScreens, TakesWhatIsThereAtTheEndWithoutTheOverlay)
+{
+    const QSize size(1000, 700);
+    Testing::VirtualDisplay display(size);
+    Testing::PaintedScreen painted(display.name());
+    painted.setRootPicture(Testing::pattern(size));
+    display.run("picom", {"--backend", "xrender", "--config", "/dev/null"}, "_NET_WM_CM_S0");
+    const xcb_window_t window = painted.show({.pixels = {100, 100, 300, 200}, .colour = Qt::blue});
+    UserSession session(&display);
+    session.prepare();
+    QProcess& capture = session.startKovrel({"capture", "area", "--wait", "--json"});
+    const auto shows = [&](QPoint pixel, QRgb colour) {
+        return UserSession::eventually([&] { return painted.pixelAt(pixel) == (colour & 0xffffff); });
+    };
+    ASSERT_TRUE(UserSession::eventually([&] {
+        const QRgb pixel = painted.pixelAt({390, 290});
+        return pixel != 0 && pixel != 0x0000ff;
+    })) << "it is shaded";
+    painted.press({110, 110});
+    painted.movePointer({350, 280});
+    EXPECT_TRUE(shows({200, 200}, 0x0000ff)) << "lit";
+    painted.show({.pixels = {150, 150, 20, 20}, .colour = Qt::red});
+    EXPECT_TRUE(shows({160, 160}, 0xff0000)) << "what other programs draw goes on to show";
+    painted.release();
+    ASSERT_TRUE(capture.waitForFinished());
+    const QImage picture(QJsonDocument::fromJson(capture.readAllStandardOutput()).object()["path"].toString());
+    ASSERT_EQ(picture.size(), QSize(240, 170));
+    QImage expected(picture.size(), QImage::Format_RGB32);
+    expected.fill(Qt::blue);
+    QPainter(&expected).fillRect(QRect(40, 40, 20, 20), Qt::red);
+    EXPECT_EQ(firstDifference(picture, expected), "");
+    painted.hide(window);
+}
+
+TEST(SelectionOnRealOutputs, EndsWhenAMonitorIsUnplugged)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "X servers with outputs to unplug are for root only";
+    Testing::VirtualDisplay display{Testing::VirtualDisplay::TwoOutputs()};
+    display.arrange({"--output", "DUMMY1", "--mode", "1920x1080", "--left-of", "DUMMY0"});
+    Testing::PaintedScreen painted(display.name());
+    const QImage screen = Testing::pattern({3840, 1080});
+    painted.setRootPicture(screen);
+    painted.movePointer({3000, 500});
+    UserSession session(&display);
+    session.prepare();
+    const auto isShaded = [&](QPoint pixel) { return painted.pixelAt(pixel) != (screen.pixel(pixel) & 0xffffff); };
+    QProcess& first = session.startKovrel({"capture", "area", "--wait"});
+    ASSERT_TRUE(UserSession::eventually([&] { return isShaded({5, 5}) && isShaded({3835, 5}); }));
+    display.arrange({"--output", "DUMMY1", "--off"});
+    EXPECT_TRUE(first.waitForFinished());
+    EXPECT_EQ(first.exitCode(), 1);
+    QProcess& second = session.startKovrel({"capture", "area", "--wait", "--json"});
+    ASSERT_TRUE(UserSession::eventually([&] { return isShaded({3835, 5}); }));
+    display.arrange({"--output", "DUMMY1", "--mode", "1920x1080", "--left-of", "DUMMY0"});
+    EXPECT_TRUE(second.waitForFinished());
+    EXPECT_EQ(second.exitCode(), 1) << "one that is plugged in ends it as well";
 }
 
 } // namespace Kovrel

@@ -103,6 +103,13 @@ void PaintedScreen::hide(xcb_window_t window)
     roundTrip();
 }
 
+void PaintedScreen::raise(xcb_window_t window)
+{
+    const uint32_t above = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(m_connection, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    roundTrip();
+}
+
 void PaintedScreen::setShape(xcb_window_t window, QRect shape)
 {
     const xcb_rectangle_t rectangle{int16_t(shape.x()), int16_t(shape.y()), uint16_t(shape.width()),

@@ -36,6 +36,7 @@ public:
     // Returns when the window is mapped and painted.
     xcb_window_t show(const Look& look);
     void hide(xcb_window_t window);
+    void raise(xcb_window_t window);
     // The one rectangle that is left of a window.
     void setShape(xcb_window_t window, QRect shape);
     void letClicksThrough(xcb_window_t window);

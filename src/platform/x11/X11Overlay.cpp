@@ -46,7 +46,7 @@ X11Overlay::X11Overlay(std::shared_ptr<X11ImageReader> reader, const X11Visuals&
 X11Overlay::~X11Overlay()
 {
     xcb_connection_t* c = m_connection.handle();
-    listenToRoot(XCB_NONE);
+    listen(m_connection.root(), XCB_EVENT_MASK_NO_EVENT);
     for (const Window& window : m_windows) {
         xcb_render_free_picture(c, window.picture);
         xcb_free_gc(c, window.context);
@@ -79,7 +79,10 @@ std::optional<OverlaySurfaces::Opened> X11Overlay::open(std::vector<Surface> sur
         for (const Window& window : m_windows)
             show(window, isComposited);
     }
-    listenToRoot(rootEvents);
+    listen(m_connection.root(), rootEvents);
+    // Not before: what mapping exposes is painted already.
+    for (const Window& window : m_windows)
+        listen(window.id, windowEvents | XCB_EVENT_MASK_EXPOSURE);
     m_connection.roundTrip();
     if (!m_connection.isAlive())
         return {};
@@ -163,9 +166,9 @@ void X11Overlay::nameWindow(xcb_window_t window)
                         windowClass);
 }
 
-void X11Overlay::listenToRoot(uint32_t events)
+void X11Overlay::listen(xcb_window_t window, uint32_t events)
 {
-    xcb_change_window_attributes(m_connection.handle(), m_connection.root(), XCB_CW_EVENT_MASK, &events);
+    xcb_change_window_attributes(m_connection.handle(), window, XCB_CW_EVENT_MASK, &events);
 }
 
 // --- The pointer
@@ -239,6 +242,17 @@ void X11Overlay::raise()
 bool X11Overlay::isOurs(xcb_window_t window) const
 {
     return std::ranges::find(m_windows, window, &Window::id) != m_windows.end();
+}
+
+QRect X11Overlay::exposedBy(const xcb_generic_event_t& event) const
+{
+    if ((event.response_type & 0x7f) != XCB_EXPOSE)
+        return {};
+    const auto& expose = reinterpret_cast<const xcb_expose_event_t&>(event);
+    const auto window = std::ranges::find(m_windows, expose.window, &Window::id);
+    if (window == m_windows.end())
+        return {};
+    return QRect(expose.x, expose.y, expose.width, expose.height).translated(window->pixels.topLeft());
 }
 
 bool X11Overlay::isCovering(const xcb_generic_event_t& event) const

@@ -40,6 +40,8 @@ public:
     void raise();
 
     bool isOurs(xcb_window_t window) const;
+    // Root pixels of ours that an event tells to be lost; empty for other events.
+    QRect exposedBy(const xcb_generic_event_t& event) const;
     // Whether an event of the root window tells that a window was put above ours.
     bool isCovering(const xcb_generic_event_t& event) const;
 
@@ -62,7 +64,7 @@ private:
     void show(const Window& window, bool isComposited);
     void create(Window& window, const OverlayCursor& cursor);
     void nameWindow(xcb_window_t window);
-    void listenToRoot(uint32_t events);
+    void listen(xcb_window_t window, uint32_t events);
     bool isPointerFree();
     void pressEscape();
     void fill(const Window& window, const QRect& part, uint8_t operation, QColor colour);

@@ -155,6 +155,8 @@ void X11OverlaySurfaces::handle(const xcb_generic_event_t& event)
     } else if ((event.response_type & 0x7f) == XCB_PROPERTY_NOTIFY) {
         if (reinterpret_cast<const xcb_property_notify_event_t&>(event).atom == m_server->currentDesktop)
             handlers.onDesktopSwitch();
+    } else if (const QRect exposed = m_overlay->exposedBy(event); !exposed.isEmpty()) {
+        handlers.onExposed(exposed);
     } else if (m_overlay->isCovering(event)) {
         cameOver();
     }
