@@ -176,6 +176,8 @@ public:
 
     void prewarm() override {}
 
+    void expectOpening() override {}
+
     void open(Opening, Handlers, Reply<std::optional<Opened>>) override {}
 
     void takePointer(Reply<bool>) override {}

@@ -297,6 +297,7 @@ void Application::startMaintainingShortcuts()
 void Application::prewarm()
 {
     m_selectionOverlay.prewarm();
+    m_desktop.keys.onModifiersHeld([this] { m_selectionOverlay.expectSession(); });
 }
 
 void Application::prewarmDelayed() {}

@@ -57,6 +57,12 @@ void SelectionOverlayController::prewarm()
     m_platform.surfaces.prewarm();
 }
 
+void SelectionOverlayController::expectSession()
+{
+    if (!m_completion)
+        m_platform.surfaces.expectOpening();
+}
+
 // --- The session
 
 void SelectionOverlayController::begin(Mode mode, std::function<void(SelectionResult)> completion)

@@ -31,6 +31,8 @@ public:
     ~SelectionOverlayController() override;
 
     void prewarm();
+    // The user may be about to begin.
+    void expectSession();
 
     void begin(Mode mode, std::function<void(SelectionResult)> completion) override;
 

@@ -43,6 +43,10 @@ public:
                                                Modifiers modifiers = Modifiers::exact) = 0;
     virtual void release(GrabID grab) = 0;
 
+    // Called when the modifiers of a grabbed combination are held, Super and another one, and nothing else yet: its key
+    // is likely to follow in a moment.
+    virtual void onModifiersHeld(std::function<void()> callback) = 0;
+
     // Called after the keyboard's layout changed: what was refused before may be had now.
     virtual void onLayoutChange(std::function<void()> callback) = 0;
 

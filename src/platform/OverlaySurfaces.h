@@ -74,6 +74,8 @@ public:
 
     // Makes ready what does not change from session to session.
     virtual void prewarm() = 0;
+    // A session may begin in a moment: makes ready what would be waited for then, for some seconds.
+    virtual void expectOpening() = 0;
     // Answers when the first frame is painted. No value where the pixels or the surfaces are refused; nothing is open
     // then. A session that was open ends.
     virtual void open(Opening opening, Handlers handlers, Reply<std::optional<Opened>> reply) = 0;

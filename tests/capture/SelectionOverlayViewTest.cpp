@@ -25,6 +25,8 @@ struct PaintedSurfaces : OverlaySurfaces {
 
     void prewarm() override {}
 
+    void expectOpening() override {}
+
     void open(Opening, Handlers, Reply<std::optional<Opened>>) override {}
 
     void takePointer(Reply<bool>) override {}

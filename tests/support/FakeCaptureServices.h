@@ -99,6 +99,8 @@ struct FakeCaptureServices {
         std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers, Modifiers) override;
         void release(GrabID) override;
 
+        void onModifiersHeld(std::function<void()>) override {}
+
         void onLayoutChange(std::function<void()>) override {}
 
         void watchForTakeover(std::function<void()>) override {}

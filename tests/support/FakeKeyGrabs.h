@@ -25,6 +25,8 @@ public:
 
     void release(GrabID grab) override { m_grabs.erase(grab); }
 
+    void onModifiersHeld(std::function<void()>) override {}
+
     void onLayoutChange(std::function<void()> callback) override { layoutChanged = std::move(callback); }
 
     void watchForTakeover(std::function<void()>) override {}

@@ -80,6 +80,18 @@ bool X11ImageReader::readInto(const X11SegmentPool::Segment& segment, xcb_drawab
     return isRead;
 }
 
+void X11ImageReader::prepare(xcb_drawable_t drawable, const std::vector<QRect>& rectangles)
+{
+    size_t wanted = 0;
+    for (const QRect& pixels : rectangles)
+        wanted += size_t(pixels.width()) * 4 * size_t(pixels.height());
+    if (m_pool->idleBytes() >= wanted)
+        return;
+    std::vector<std::optional<QImage>> images; // all at once, so that each has memory of its own
+    for (const QRect& pixels : rectangles)
+        images.push_back(read(drawable, pixels, Alpha::unused));
+}
+
 std::optional<X11SegmentPool::Place> X11ImageReader::placeOf(const QImage& image) const
 {
     return m_pool->placeOf(image.constBits());

@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace Kovrel {
 
@@ -30,6 +31,10 @@ public:
     // A rectangle of one moment, which must lie within the drawable. No value when the drawable is gone, smaller, or
     // not made of 32-bit pixels.
     std::optional<QImage> read(xcb_drawable_t drawable, QRect pixels, Alpha alpha);
+
+    // Makes ready to read these rectangles with no wait for memory, for as long as idle memory is kept. Fresh memory
+    // costs several times what is done with it; reading once leaves some, faulted on both sides.
+    void prepare(xcb_drawable_t drawable, const std::vector<QRect>& rectangles);
 
     // Where the pixels of an image lie in memory shared with the server; no value for an image of another origin.
     std::optional<X11SegmentPool::Place> placeOf(const QImage& image) const;

@@ -298,8 +298,23 @@ void X11KeyGrabs::handleKeyboardChange(const xcb_generic_event_t& event)
         m_layoutIsOld = true;
         return;
     }
-    m_modifiers = change.grabMods;
+    if (std::exchange(m_modifiers, change.grabMods) != change.grabMods)
+        modifiersChanged();
     m_groupIsOld |= m_keyboard.setGroup(change.lockedGroup);
+}
+
+void X11KeyGrabs::modifiersChanged()
+{
+    const quint32 held = m_keyboard.modifiers(m_modifiers);
+    const bool isMoreThanSuper = held & KeyCombo::command && held != KeyCombo::command;
+    if (!m_onModifiersHeld || !isMoreThanSuper || !m_held.empty())
+        return;
+    for (const auto& [id, grab] : m_grabs) {
+        if (grab.modifiers == Modifiers::exact && grab.combo.modifiers == held) {
+            m_onModifiersHeld();
+            return;
+        }
+    }
 }
 
 // The handlers are copied before the call, for they may release their grab.

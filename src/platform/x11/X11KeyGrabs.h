@@ -32,6 +32,8 @@ public:
                                        Modifiers modifiers = Modifiers::exact) override;
     void release(GrabID grab) override;
 
+    void onModifiersHeld(std::function<void()> callback) override { m_onModifiersHeld = std::move(callback); }
+
     void onLayoutChange(std::function<void()> callback) override { m_onLayoutChange = std::move(callback); }
 
     void watchForTakeover(std::function<void()> onTakeover) override;
@@ -72,6 +74,7 @@ private:
     void handleRawKey(const xcb_generic_event_t& event);
     void handleKeyboardChange(const xcb_generic_event_t& event);
     void followLayout();
+    void modifiersChanged();
     void pressed(xcb_keycode_t key);
     void released(xcb_keycode_t key);
     void reported(xcb_keycode_t key);
@@ -88,6 +91,7 @@ private:
     GrabID m_lastGrab = 0;
     Time m_time = 0; // of the event that is handled
     std::function<void()> m_onLayoutChange;
+    std::function<void()> m_onModifiersHeld;
     bool m_layoutIsOld = false; // to be read again
     bool m_groupIsOld = false;  // read, but another one of its groups is in use
     X11TakeoverWatch m_takeovers;

@@ -58,6 +58,19 @@ void X11OverlaySurfaces::prewarm()
     m_server->reader->releaseWhenIdle(m_loop);
 }
 
+void X11OverlaySurfaces::expectOpening()
+{
+    prewarm();
+    if (m_overlay)
+        return;
+    std::vector<QRect> displays;
+    for (const Display& display : m_displays.all())
+        displays.push_back(display.pixelRect);
+    m_workers.submit(Lane::capture, [server = m_server, displays = std::move(displays)] {
+        server->reader->prepare(server->connection->root(), displays);
+    });
+}
+
 void X11OverlaySurfaces::open(Opening opening, Handlers handlers, Reply<std::optional<Opened>> reply)
 {
     close();

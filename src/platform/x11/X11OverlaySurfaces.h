@@ -21,6 +21,7 @@ public:
     ~X11OverlaySurfaces() override;
 
     void prewarm() override;
+    void expectOpening() override;
     void open(Opening opening, Handlers handlers, Reply<std::optional<Opened>> reply) override;
     void takePointer(Reply<bool> reply) override;
 

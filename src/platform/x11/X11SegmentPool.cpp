@@ -95,6 +95,15 @@ void X11SegmentPool::giveBack(std::unique_ptr<Segment> segment)
         m_idle.erase(m_idle.begin());
 }
 
+size_t X11SegmentPool::idleBytes()
+{
+    const std::lock_guard lock(m_lock);
+    size_t bytes = 0;
+    for (const auto& segment : m_idle)
+        bytes += segment->size;
+    return bytes;
+}
+
 void X11SegmentPool::releaseIdle()
 {
     const std::lock_guard lock(m_lock);

@@ -44,6 +44,9 @@ public:
     // The segment of an image that was wrapped, in which this pixel lies.
     std::optional<Place> placeOf(const uchar* pixel);
 
+    // How much of what is kept waits to be used.
+    size_t idleBytes();
+
     // Gives the idle segments back to the system, and those that are still in use when they return, until the next one
     // is taken.
     void releaseIdle();

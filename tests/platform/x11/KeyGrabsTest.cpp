@@ -278,4 +278,18 @@ TEST_F(KeyGrabsTest, AServerThatDiesRefusesEverything)
     EXPECT_TRUE(waitFor([&] { return !grab(area, "area"); }));
 }
 
+TEST_F(KeyGrabsTest, TheModifiersOfACombinationTellThatItsKeyMayFollow)
+{
+    grabs.onModifiersHeld([this] { log.push_back("held"); });
+    ASSERT_TRUE(grab(area, "area"));
+    ASSERT_TRUE(grab(color, "color"));
+    ASSERT_TRUE(grab(escape, "escape", KeyGrabs::Modifiers::any));
+    keyboard.type({TestKeyboard::super});
+    keyboard.type({TestKeyboard::super, TestKeyboard::control});
+    keyboard.type({TestKeyboard::control, TestKeyboard::alt});
+    EXPECT_EQ(takeLog(), Log()) << "of no combination with Super";
+    keyboard.type({TestKeyboard::super, TestKeyboard::shift, TestKeyboard::digit4});
+    EXPECT_EQ(takeLog(), (Log{"held", "area", "area up"}));
+}
+
 } // namespace Kovrel
