@@ -2,6 +2,7 @@
 
 #include "platform/KeyGrabs.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
 
@@ -12,7 +13,8 @@ class FakeKeyGrabs : public KeyGrabs {
 public:
     std::set<qint64> ownedByOthers; // combinations, as they are stored
     std::function<void()> layoutChanged;
-    int requests = 0; // for a combination
+    std::function<void()> takeOver; // of the keyboard, by another program
+    int requests = 0;               // for a combination
 
     std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers, Modifiers) override
     {
@@ -29,24 +31,36 @@ public:
 
     void onLayoutChange(std::function<void()> callback) override { layoutChanged = std::move(callback); }
 
-    void watchForTakeover(std::function<void()>) override {}
+    void watchForTakeover(std::function<void()> onTakeover) override { takeOver = std::move(onTakeover); }
 
     size_t count() const { return m_grabs.size(); }
 
     // False when nobody has the combination.
-    bool press(const QString& combo, bool isRepeat = false)
+    bool press(const QString& combo, bool isRepeat = false, Time time = 0)
     {
-        for (const auto& [id, grab] : m_grabs) {
-            if (grab.first.text() != combo)
-                continue;
-            const auto onPress = grab.second.onPress;
-            onPress({.modifiers = grab.first.modifiers, .isRepeat = isRepeat});
-            return true;
-        }
-        return false;
+        const auto grab = find(combo);
+        if (grab == m_grabs.end())
+            return false;
+        const auto onPress = grab->second.second.onPress;
+        onPress({.modifiers = grab->second.first.modifiers, .isRepeat = isRepeat, .time = time});
+        return true;
+    }
+
+    void release(const QString& combo, Time time)
+    {
+        const auto grab = find(combo);
+        if (grab == m_grabs.end() || !grab->second.second.onRelease)
+            return;
+        const auto onRelease = grab->second.second.onRelease;
+        onRelease(time);
     }
 
 private:
+    std::map<GrabID, std::pair<KeyCombo, Handlers>>::iterator find(const QString& combo)
+    {
+        return std::ranges::find_if(m_grabs, [&](const auto& grab) { return grab.second.first.text() == combo; });
+    }
+
     std::map<GrabID, std::pair<KeyCombo, Handlers>> m_grabs;
     GrabID m_last = 0;
 };
