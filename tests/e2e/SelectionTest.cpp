@@ -368,6 +368,40 @@ TEST_F(SelectionTest, NothingStaysInFrontOfTheOverlayButWhatInsists)
     expectCancelled();
 }
 
+TEST_F(SelectionTest, TheHotkeysOpenItAndSwitchItAlsoFromAMenu)
+{
+    using enum TestKeyboard::Key;
+    session->prepare({"windowBackdropStyle=wallpaper", "afterCaptureActions=4"});
+    painted->show({.pixels = {900, 400, 200, 300}, .colour = Qt::red});
+    painted->movePointer({1000, 500});
+    session->startKovrel({"--background"});
+    ASSERT_TRUE(UserSession::eventually([this] {
+        keyboard->type({super, shift, digit4});
+        return isOverlayUp();
+    })) << "once the program is there";
+    keyboard->type({super, shift, digit5});
+    ASSERT_TRUE(UserSession::eventually([this] { return painted->pixelAt({910, 410}) == 0xff0000; })) << "lights up";
+    painted->click({1000, 500});
+    QImage composed;
+    ASSERT_TRUE(UserSession::eventually(
+        [&] { return composed.load(session->saveFolder() + "/" + session->savedFiles().value(0)); }));
+    ASSERT_EQ(composed.size(), QSize(200 + 2 * 48, 300 + 2 * 48));
+    EXPECT_EQ(composed.pixelColor(148, 198), QColor(Qt::red));
+    EXPECT_EQ(composed.pixelColor(1, 1).alpha(), 255) << "the desktop picture";
+
+    session->start(OPEN_MENU, {});
+    const QPoint inMenu(20, 10);
+    ASSERT_TRUE(UserSession::eventually([&] { return painted->pixelAt(inMenu) == 0xff0000; }));
+    keyboard->type({super, shift, digit4});
+    ASSERT_TRUE(UserSession::eventually([&] { return painted->pixelAt(inMenu) != 0xff0000 && isOverlayUp(); }));
+    // Keys are the session's again once the menu has let go.
+    ASSERT_TRUE(UserSession::eventually([this] {
+        keyboard->type({escape});
+        return isOverlayGone();
+    }));
+    EXPECT_EQ(session->savedFiles().size(), 1);
+}
+
 TEST(SelectionOnFractionalScales, IsExactToThePixel)
 {
     for (const char* scale : {"1.25", "1.5"}) {

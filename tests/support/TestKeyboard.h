@@ -18,6 +18,7 @@ public:
         escape = 9,
         digit3 = 12, // in the row above the letters
         digit4 = 13,
+        digit5 = 14,
         placeOfC = 54, // on an ANSI keyboard
         placeOfI = 31,
         placeOfS = 39,
