@@ -124,6 +124,16 @@ QImage GreyPicture::softened(const QImage& grey)
     return result;
 }
 
+QImage GreyPicture::sharpened(const QImage& grey, const QImage& soft)
+{
+    QImage result = blank(soft.size());
+    for (int y = 0; y < result.height(); ++y)
+        std::transform(grey.constScanLine(y), grey.constScanLine(y) + grey.width(), soft.constScanLine(y),
+                       result.scanLine(y),
+                       [](uchar sharp, uchar mean) { return uchar(within(2 * sharp - mean, 256)); });
+    return result;
+}
+
 QImage GreyPicture::inverted(const QImage& grey)
 {
     QImage result = grey.copy();

@@ -23,6 +23,9 @@ QImage enlarged(const QImage& grey, int factor);
 // Each pixel the mean of itself and its eight neighbours, which takes the noise out of photographs.
 QImage softened(const QImage& grey);
 
+// The picture with its differences from the softened one added once more, which brings faint and unsharp modules out.
+QImage sharpened(const QImage& grey, const QImage& soft);
+
 // Light for dark.
 QImage inverted(const QImage& grey);
 

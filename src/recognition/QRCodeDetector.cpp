@@ -40,23 +40,36 @@ public:
         return m_error.isEmpty() ? CodeReader::Outcome(m_codes) : std::unexpected(m_error);
     }
 
-    // Light codes on a dark ground stand beside dark ones, so both are always looked for. Enlarged, codes of hardly
-    // a pixel for each module, and blurred ones, become readable.
+    // Light codes on a dark ground stand beside dark ones, so both are always looked for.
     void lookAt(const QImage& grey)
     {
         look(grey, 1);
         look(GreyPicture::inverted(grey), 1);
-        if (!m_codes.empty() || !isSmall(grey))
-            return;
-        look(GreyPicture::softened(grey), 1);
-        const int factor = std::clamp(enlargedSide / std::max(grey.width(), grey.height()), 1, mostEnlarged);
-        const QImage enlarged = m_codes.empty() ? GreyPicture::enlarged(grey, factor) : QImage();
+        if (m_codes.empty() && isSmall(grey))
+            lookFiltered(grey);
+        if (m_codes.empty() && isSmall(grey))
+            lookEnlarged(grey);
+    }
+
+private:
+    void lookFiltered(const QImage& grey)
+    {
+        const QImage soft = GreyPicture::softened(grey);
+        look(soft, 1);
+        if (m_codes.empty())
+            look(GreyPicture::sharpened(grey, soft), 1);
+    }
+
+    // Codes of hardly a pixel for each module, and blurred ones.
+    void lookEnlarged(const QImage& grey)
+    {
+        const int factor = std::min(enlargedSide / std::max(grey.width(), grey.height()), mostEnlarged);
+        const QImage enlarged = GreyPicture::enlarged(grey, factor);
         look(enlarged, factor);
         if (m_codes.empty())
             look(GreyPicture::inverted(enlarged), factor);
     }
 
-private:
     void look(const QImage& grey, int factor)
     {
         const CodeReader::Outcome seen = m_reader.read(grey, m_engine);
