@@ -36,7 +36,7 @@ public:
     size_t runAll()
     {
         size_t count = 0;
-        for (const Lane lane : {Lane::capture, Lane::save, Lane::editorSave, Lane::shutter, Lane::utility})
+        for (const Lane lane : {Lane::capture, Lane::save, Lane::editorSave, Lane::shutter, Lane::codes, Lane::utility})
             count += run(lane);
         return count;
     }
