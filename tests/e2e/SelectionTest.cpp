@@ -363,8 +363,10 @@ TEST_F(SelectionTest, NothingStaysInFrontOfTheOverlayButWhatInsists)
     const xcb_window_t window =
         painted->show({.pixels = {1000, 400, 100, 100}, .colour = Qt::green, .managesItself = true});
     EXPECT_TRUE(UserSession::eventually([this] { return painted->pixelAt({1050, 450}) != 0x00ff00; }));
-    for (int time = 0; time < 30; ++time)
+    EXPECT_TRUE(UserSession::eventually([&] {
         painted->raise(window);
+        return capture->waitForFinished(1);
+    }));
     expectCancelled();
 }
 
