@@ -4,12 +4,14 @@
 #include "tests/support/PictureDifference.h"
 #include "tests/support/TestKeyboard.h"
 
+#include <QDeadlineTimer>
 #include <QJsonDocument>
 #include <QPainter>
 
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <set>
 #include <unistd.h>
 
 namespace Kovrel {
@@ -133,6 +135,22 @@ TEST_F(SelectionTest, ADragIsTheDesktopsOwnPixelsBetweenPressAndRelease)
         painted->drag(c.from, c.to);
         expectPicture(c.pixels, c.scale);
     }
+}
+
+TEST_F(SelectionTest, NothingFlashesBetweenTheScreenAndItsShade)
+{
+    session->startKovrel({"--background"});
+    ASSERT_TRUE(UserSession::eventually([&] { return session->instancePid() != 0; }));
+    capture = &session->startKovrel({"capture", "area", "--wait", "--json"});
+    std::set<QRgb> seen;
+    for (QDeadlineTimer patience(15000); seen.size() < 2 && !patience.hasExpired();)
+        seen.insert(painted->pixelAt({5, 5}));
+    for (QDeadlineTimer rest(200); !rest.hasExpired();)
+        seen.insert(painted->pixelAt({5, 5}));
+    EXPECT_EQ(seen.size(), 2u) << "as it was, and shaded";
+    EXPECT_TRUE(seen.contains(screen.pixel(5, 5) & 0xffffff));
+    keyboard->type({TestKeyboard::escape});
+    expectCancelled();
 }
 
 TEST_F(SelectionTest, WhatSelectsNothingLeavesNoTrace)
@@ -365,7 +383,7 @@ TEST_F(SelectionTest, NothingStaysInFrontOfTheOverlayButWhatInsists)
     EXPECT_TRUE(UserSession::eventually([this] { return painted->pixelAt({1050, 450}) != 0x00ff00; }));
     EXPECT_TRUE(UserSession::eventually([&] {
         painted->raise(window);
-        return capture->waitForFinished(1);
+        return !isShaded({5, 5});
     }));
     expectCancelled();
 }
