@@ -93,7 +93,7 @@ Application::Application(AppDelegate::Launch launch)
       m_selectionCapture(m_loop, m_workers, m_desktop.windows),
       m_coordinator(captureServices()),
       m_delegate(*this, m_preferences, m_loop),
-      m_commands(m_coordinator, m_delegate, m_account, m_preferences, m_trace),
+      m_commands(m_loop, m_workers, m_coordinator, m_delegate, m_account, m_preferences, m_trace),
       m_shortcuts(m_loop, m_workers, m_preferences, DesktopShortcuts::find(),
                   [this] { return m_account.isSignedIn() && mayRecordScreen(); }),
       m_hotkeys(m_desktop.keys, m_preferences, m_trace, hotkeyHandlers())

@@ -1,5 +1,6 @@
 #include "app/AppPaths.h"
 #include "app/Application.h"
+#include "app/CodesCommand.h"
 #include "app/DesktopSession.h"
 #include "app/PreferencesCommand.h"
 
@@ -44,6 +45,8 @@ QStringList toTexts(const std::vector<std::string>& texts)
 int runWithoutInstance(const Command& command, int& argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
+    if (command.name == "codes")
+        return report(CodesCommand::run(command));
     UserDefaults defaults(AppPaths::preferencesFile());
     Preferences::registerDefaults(defaults);
     if (command.name == "preferences")

@@ -24,6 +24,7 @@ struct CommandRule {
     size_t maxOperands;
     const char* synopsis;
     const char* meaning;
+    bool operandsArePaths = false;
 };
 
 const std::vector<CommandRule>& rules()
@@ -35,6 +36,7 @@ const std::vector<CommandRule>& rules()
          1,
          "capture MODE [--rect X,Y,W,H] [--save | --output FILE] [--copy] [--wait] [--json]",
          "MODE: area | window | fullScreen | lastArea | timed"},
+        {"codes", {{"json", false}}, 1, 1, "codes FILE [--json]", "the QR codes in a picture", true},
         {"preferences", {}, 1, 3, "preferences list | get KEY | set KEY VALUE | reset KEY", "the settings"},
         {"sign-in", {{"local", false}}, 0, 0, "sign-in --local", "use the account kept on this computer"},
         {"sign-out", {}, 0, 0, "sign-out", "forget the account"},
@@ -152,7 +154,7 @@ private:
     {
         const std::string& argument = m_arguments[m_next++];
         if (m_onlyOperands || !argument.starts_with("--")) {
-            m_command.operands.push_back(argument);
+            m_command.operands.push_back(m_rule.operandsArePaths ? absolute(argument, m_directory) : argument);
         } else if (argument == "--") {
             m_onlyOperands = true;
         } else {
@@ -238,7 +240,7 @@ std::expected<Command, std::string> CommandLine::parse(const std::vector<std::st
 
 bool CommandLine::runsWithoutInstance(const Command& command)
 {
-    return contains(std::array{"preferences", "sign-in", "sign-out"}, command.name);
+    return contains(std::array{"codes", "preferences", "sign-in", "sign-out"}, command.name);
 }
 
 } // namespace Kovrel
