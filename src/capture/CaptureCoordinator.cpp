@@ -5,9 +5,9 @@
 #include "capture/CaptureHistory.h"
 #include "capture/CaptureTrace.h"
 #include "capture/CardPile.h"
-#include "capture/SelectionGrabber.h"
+#include "capture/PixelSource.h"
+#include "capture/SelectionOverlay.h"
 #include "capture/Toasts.h"
-#include "capture/WindowTiles.h"
 #include "platform/Displays.h"
 #include "preferences/Preferences.h"
 
@@ -30,11 +30,10 @@ void give(CaptureReply reply, CaptureOutcome::Kind kind)
 CaptureCoordinator::CaptureCoordinator(CaptureServices services)
     : m_services(services),
       m_finisher(m_services),
-      m_textCapture(m_services, m_finisher),
       m_selfTimer(m_services),
       m_reopener(m_services),
-      m_composition(m_services),
       m_survey(m_services),
+      m_selection(m_services, m_finisher, m_survey, *this),
       m_scope(m_services.loop, m_services.workers)
 {
 }
@@ -54,7 +53,7 @@ void CaptureCoordinator::capture(CaptureRequest request)
     m_services.history.suspendIndexing();
     if (!m_isCapturing)
         startRun(std::move(request));
-    else if (m_overlayIsUp)
+    else if (m_selection.isOverlayUp())
         arbitrateWithOverlay(std::move(request));
     else
         arbitrateWithoutOverlay(std::move(request));
@@ -102,21 +101,11 @@ void CaptureCoordinator::arbitrateWithoutOverlay(CaptureRequest request)
     }
 }
 
-bool CaptureCoordinator::isSameAsOverlay(CaptureMode mode) const
-{
-    if (mode == CaptureMode::ocrRegion)
-        return m_overlaySessionIsOCR;
-    if (m_overlaySessionIsOCR)
-        return false;
-    return (mode == CaptureMode::area && m_overlayMode == SelectionOverlay::Mode::areaDrag) ||
-           (mode == CaptureMode::window && m_overlayMode == SelectionOverlay::Mode::windowPick);
-}
-
 void CaptureCoordinator::arbitrateWithOverlay(CaptureRequest request)
 {
     const QString mode = rawString(request.mode);
     // A selection made beforehand has nothing to do with the overlay that is up.
-    if (!isSameAsOverlay(request.mode) || request.options.rect) {
+    if (!m_selection.isSameAsOverlay(request.mode) || request.options.rect) {
         queueRequest(std::move(request));
         m_services.trace.mark("  overlay live \u2014 SWITCHING to " + mode);
         m_services.overlay.cancel();
@@ -132,7 +121,7 @@ void CaptureCoordinator::arbitrateWithOverlay(CaptureRequest request)
 
 void CaptureCoordinator::cancelAim()
 {
-    if (m_overlayIsUp)
+    if (m_selection.isOverlayUp())
         m_services.overlay.cancel();
 }
 
@@ -185,22 +174,22 @@ QCoro::Task<> CaptureCoordinator::run(Run run)
 {
     ++m_activeRuns;
     const auto leave = qScopeGuard([this, run] { leaveRun(run); });
-    co_await dispatch(run);
+    co_await m_scope.join(dispatch(run));
 }
 
 QCoro::Task<> CaptureCoordinator::dispatch(Run run)
 {
     switch (run->mode) {
     case CaptureMode::area:
-        return runAreaSelection(run, false);
+        return m_selection.runAreaSelection(run, false);
     case CaptureMode::window:
-        return runWindowSelection(run);
+        return m_selection.runWindowSelection(run);
     case CaptureMode::fullScreen:
         return runFullScreen(run, {}, {});
     case CaptureMode::lastArea:
         return runLastArea(run);
     case CaptureMode::ocrRegion:
-        return runAreaSelection(run, true);
+        return m_selection.runAreaSelection(run, true);
     case CaptureMode::timed:
         return runTimed(run);
     }
@@ -291,187 +280,6 @@ QCoro::Task<> CaptureCoordinator::hideChromeAndRepaint(Run run)
         co_await m_scope.reply<bool>([this](auto done) { m_services.pixels.whenRepainted(done); });
 }
 
-// --- Area and window
-
-void CaptureCoordinator::armOverlayModeTracking(SelectionOverlay::Mode initial, bool isOCR)
-{
-    m_overlayMode = initial;
-    m_overlaySessionIsOCR = isOCR;
-    m_services.overlay.onModeChange([this](SelectionOverlay::Mode mode) { m_overlayMode = mode; });
-}
-
-QCoro::Task<SelectionResult> CaptureCoordinator::select(Run run, SelectionOverlay::Mode mode, bool ocrOnly)
-{
-    const bool isWindowPick = mode == SelectionOverlay::Mode::windowPick;
-    armOverlayModeTracking(mode, ocrOnly);
-    if (!isWindowPick)
-        m_services.trace.mark("t1b runAreaSelection \u2192 overlay");
-    m_overlayIsUp = true;
-    auto result = m_scope.reply<SelectionResult>([&](auto done) { m_services.overlay.begin(mode, done); });
-    m_services.trace.mark(isWindowPick ? "t1c window picker up" : "t1c overlay up");
-    co_await hideChromeAndRepaint(run);
-    m_services.grabber.prewarm();
-    m_services.overlay.applyFrozenImages();
-    // After the displays are frozen: nobody may wait for the desktop picture before that.
-    if (isWindowPick)
-        co_await prewarmWindowBackdrop();
-    SelectionResult selection = co_await result;
-    m_overlayIsUp = false;
-    leaveInteractivePhase(run);
-    co_return selection;
-}
-
-QCoro::Task<> CaptureCoordinator::runAreaSelection(Run run, bool ocrOnly)
-{
-    if (run->options.rect) {
-        co_await runGivenArea(run, ocrOnly);
-        co_return;
-    }
-    SelectionResult selection = co_await select(run, SelectionOverlay::Mode::areaDrag, ocrOnly);
-    co_await takeSelection(run, std::move(selection), ocrOnly);
-}
-
-QCoro::Task<> CaptureCoordinator::runWindowSelection(Run run)
-{
-    SelectionResult selection = co_await select(run, SelectionOverlay::Mode::windowPick, false);
-    if (!std::holds_alternative<SelectedWindows>(selection))
-        m_composition.forgetPrewarm();
-    co_await takeSelection(run, std::move(selection), false);
-}
-
-QCoro::Task<> CaptureCoordinator::prewarmWindowBackdrop()
-{
-    const std::optional<Display> display = co_await m_scope.join(m_survey.screenUnderMouse());
-    if (display)
-        m_composition.prewarm(*display);
-}
-
-QCoro::Task<> CaptureCoordinator::takeSelection(Run run, SelectionResult selection, bool ocrOnly)
-{
-    // The overlay lets the user change between an area and a window.
-    if (const auto* area = std::get_if<SelectedArea>(&selection)) {
-        run->mode = ocrOnly ? CaptureMode::ocrRegion : CaptureMode::area;
-        co_await takeArea(run, area->rootPixels, ocrOnly);
-    } else if (auto* windows = std::get_if<SelectedWindows>(&selection)) {
-        run->mode = ocrOnly ? CaptureMode::ocrRegion : CaptureMode::window;
-        co_await takeWindows(run, std::move(windows->windows), ocrOnly);
-    } else {
-        abandon(run, {});
-    }
-}
-
-QCoro::Task<> CaptureCoordinator::takeArea(Run run, QRect rootPixels, bool ocrOnly)
-{
-    FrozenScreens frozen = m_services.overlay.takeFrozenImages();
-    const auto frozenCount = frozen.size();
-    const std::optional<Display> display = co_await m_scope.join(m_survey.screenUnderMouse());
-    std::optional<QImage> image = co_await m_scope.reply<std::optional<QImage>>(
-        [&](auto done) { m_services.grabber.grab(rootPixels, std::move(frozen), done); });
-    m_services.trace.mark(QString("selection committed \u2192 pixels in hand (frozen %1)").arg(frozenCount));
-    if (!image)
-        image = co_await fallbackAreaGrab(rootPixels);
-    if (!image || !display) {
-        abandon(run, "The selected area could not be captured");
-        co_return;
-    }
-    co_await finishArea(run, *image, rootPixels, *display, ocrOnly);
-}
-
-QCoro::Task<std::optional<QImage>> CaptureCoordinator::fallbackAreaGrab(QRect rootPixels)
-{
-    // The overlay was there a moment ago.
-    co_await m_scope.reply<bool>([this](auto done) { m_services.pixels.whenRepainted(done); });
-    std::optional<PixelSource::Grab> live = co_await m_scope.join(m_services.engine.pixels(rootPixels, false));
-    co_return live ? std::optional(live->image) : std::nullopt;
-}
-
-QCoro::Task<> CaptureCoordinator::runGivenArea(Run run, bool ocrOnly)
-{
-    leaveInteractivePhase(run);
-    co_await hideChromeAndRepaint(run);
-    const DisplayList displays = m_services.displays.all();
-    const Display* primary = primaryDisplay(displays);
-    if (!primary) {
-        abandon(run, "There is no display to capture");
-        co_return;
-    }
-    const Rect& given = *run->options.rect;
-    const Rect rect{given.x, primary->frame.height - given.maxY(), given.width, given.height};
-    const Display* under = displayContaining(displays, rect.centre());
-    const Display display = under ? *under : *primary;
-    const QRect rootPixels = display.toPixels(rect);
-    std::optional<PixelSource::Grab> grab = co_await m_scope.join(m_services.engine.pixels(rootPixels, false));
-    if (!grab) {
-        abandon(run, "The area lies on no display, or could not be captured");
-        co_return;
-    }
-    co_await finishArea(run, grab->image, rootPixels, display, ocrOnly);
-}
-
-QCoro::Task<> CaptureCoordinator::finishArea(Run run, QImage image, QRect rootPixels, Display display, bool ocrOnly)
-{
-    if (!ocrOnly) {
-        m_services.effects.playShutterIfEnabled();
-        m_services.cards.prepareForIncomingCapture(display.id);
-    }
-    selectionEnded(run, DisplayArea{display.id, rootPixels.translated(-display.pixelRect.topLeft())});
-    CaptureFinisher::Pixels pixels{
-        .image = std::move(image),
-        .mode = run->mode,
-        .displayID = display.id,
-        .pixelScale = display.scale,
-        .sourceApp = {},
-    };
-    pixels.sourceApp = co_await m_scope.join(m_survey.sourceAppUnder(rootPixels));
-    if (ocrOnly)
-        co_await m_scope.join(m_textCapture.runOCR(std::move(pixels), run));
-    else
-        co_await m_scope.join(m_finisher.finish(std::move(pixels), run));
-}
-
-QCoro::Task<> CaptureCoordinator::takeWindows(Run run, std::vector<WindowInfo> windows, bool ocrOnly)
-{
-    FrozenScreens frozen = m_services.overlay.takeFrozenImages();
-    const std::optional<Display> display = co_await m_scope.join(m_survey.screenUnderMouse());
-    if (windows.size() > 1 && WindowTiles::liveTileMembers(windows, display ? display->scale : 1).empty())
-        windows.resize(1);
-    std::optional<QImage> image = co_await m_scope.reply<std::optional<QImage>>(
-        [&](auto done) { m_services.grabber.grabWindows(windows, std::move(frozen), done); });
-    m_services.trace.mark(QString("window pick \u2192 pixels in hand (in-process %1)").arg(image ? "true" : "false"));
-    if (!image) {
-        std::optional<PixelSource::Grab> grab = co_await m_scope.join(m_services.engine.window(windows.front().id));
-        if (grab)
-            image = grab->image;
-    }
-    if (!image) { // it was closed meanwhile
-        m_composition.forgetPrewarm();
-        abandon(run, {});
-        co_return;
-    }
-    if (!ocrOnly) {
-        m_services.effects.playShutterIfEnabled();
-        m_services.cards.prepareForIncomingCapture(display ? std::optional(display->id) : std::nullopt);
-    }
-    selectionEnded(run);
-    CaptureFinisher::Pixels picked{
-        .image = *image,
-        .mode = run->mode,
-        .displayID = display ? std::optional(display->id) : std::nullopt,
-        .pixelScale = display ? display->scale : 2.0,
-        .sourceApp = windows.front().app,
-    };
-    if (ocrOnly)
-        co_await m_scope.join(m_textCapture.runOCR(std::move(picked), run));
-    else
-        co_await finishWindowPick(run, std::move(picked));
-}
-
-QCoro::Task<> CaptureCoordinator::finishWindowPick(Run run, CaptureFinisher::Pixels picked)
-{
-    auto composed = m_scope.join(m_composition.compose(picked.image, picked.displayID));
-    co_await m_scope.join(m_finisher.finish(std::move(picked), run, std::move(composed)));
-}
-
 // --- Full screen, last area, timed
 
 QCoro::Task<> CaptureCoordinator::runFullScreen(Run run, std::optional<Display> on, std::optional<Display> previewOn)
@@ -514,7 +322,7 @@ QCoro::Task<> CaptureCoordinator::runLastArea(Run run)
 {
     if (!m_lastArea) {
         run->mode = CaptureMode::area;
-        co_await runAreaSelection(run, false);
+        co_await m_scope.join(m_selection.runAreaSelection(run, false));
         co_return;
     }
     leaveInteractivePhase(run);
@@ -536,7 +344,7 @@ QCoro::Task<> CaptureCoordinator::runLastArea(Run run)
         abandon(run, "The last area could not be captured");
         co_return;
     }
-    co_await finishArea(run, grab->image, rootPixels, *display, false);
+    co_await m_scope.join(m_selection.finishArea(run, grab->image, rootPixels, *display, false));
 }
 
 QCoro::Task<> CaptureCoordinator::runTimed(Run run)

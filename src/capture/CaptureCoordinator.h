@@ -5,12 +5,10 @@
 #include "capture/CaptureRequest.h"
 #include "capture/CaptureRun.h"
 #include "capture/CaptureServices.h"
+#include "capture/CaptureStages.h"
 #include "capture/DesktopSurvey.h"
-#include "capture/PixelSource.h"
-#include "capture/SelectionOverlay.h"
+#include "capture/SelectionFlow.h"
 #include "capture/SelfTimer.h"
-#include "capture/TextCapture.h"
-#include "capture/WindowComposition.h"
 #include "platform/Display.h"
 #include "platform/Scope.h"
 
@@ -21,10 +19,10 @@ namespace Kovrel {
 // Turns capture requests into finished captures, one selection at a time. A request starts a run, waits in the one
 // place behind the run in progress (the last one wins), switches the overlay that is up, or is ignored; each is
 // answered exactly once. A new run may start while the one before is still finishing. Main thread.
-class CaptureCoordinator {
+class CaptureCoordinator : private CaptureStages {
 public:
     explicit CaptureCoordinator(CaptureServices services);
-    ~CaptureCoordinator();
+    ~CaptureCoordinator() override;
 
     // Every trigger ends here. Returns at once.
     void capture(CaptureMode mode) { capture({.mode = mode}); }
@@ -59,50 +57,35 @@ public:
     std::shared_ptr<CaptureSave> lastCaptureSave() const { return m_finisher.lastCaptureSave(); }
 
 private:
-    using Run = std::shared_ptr<CaptureRun>;
-
     void startRun(CaptureRequest request);
     void queueRequest(CaptureRequest request);
     void arbitrateWithoutOverlay(CaptureRequest request);
     void arbitrateWithOverlay(CaptureRequest request);
-    bool isSameAsOverlay(CaptureMode mode) const;
     bool ensurePermission();
 
     QCoro::Task<> run(Run run);
     QCoro::Task<> dispatch(Run run);
     void leaveRun(const Run& run);
-    void leaveInteractivePhase(const Run& run);
-    void selectionEnded(const Run& run, std::optional<DisplayArea> area = {});
-    void abandon(const Run& run, const QString& message);
     void flushDeferredForeground();
 
-    QCoro::Task<> runAreaSelection(Run run, bool ocrOnly);
-    QCoro::Task<> runGivenArea(Run run, bool ocrOnly);
-    QCoro::Task<> runWindowSelection(Run run);
+    // CaptureStages
+    QCoro::Task<> hideChromeAndRepaint(Run run) override;
+    void leaveInteractivePhase(const Run& run) override;
+    void selectionEnded(const Run& run, std::optional<DisplayArea> area = {}) override;
+    void abandon(const Run& run, const QString& message) override;
+
     QCoro::Task<> runFullScreen(Run run, std::optional<Display> on, std::optional<Display> previewOn);
     QCoro::Task<> runLastArea(Run run);
     QCoro::Task<> runTimed(Run run);
 
-    QCoro::Task<SelectionResult> select(Run run, SelectionOverlay::Mode mode, bool ocrOnly);
-    void armOverlayModeTracking(SelectionOverlay::Mode initial, bool isOCR);
-    QCoro::Task<> prewarmWindowBackdrop();
-    QCoro::Task<> takeSelection(Run run, SelectionResult selection, bool ocrOnly);
-    QCoro::Task<> takeArea(Run run, QRect rootPixels, bool ocrOnly);
-    QCoro::Task<std::optional<QImage>> fallbackAreaGrab(QRect rootPixels);
-    QCoro::Task<> takeWindows(Run run, std::vector<WindowInfo> windows, bool ocrOnly);
-    QCoro::Task<> finishArea(Run run, QImage image, QRect rootPixels, Display display, bool ocrOnly);
-    QCoro::Task<> finishWindowPick(Run run, CaptureFinisher::Pixels picked);
-
     bool hideChrome(const Run& run, bool withToasts);
-    QCoro::Task<> hideChromeAndRepaint(Run run);
 
     CaptureServices m_services;
     CaptureFinisher m_finisher;
-    TextCapture m_textCapture;
     SelfTimer m_selfTimer;
     CaptureReopener m_reopener;
-    WindowComposition m_composition;
     DesktopSurvey m_survey;
+    SelectionFlow m_selection;
 
     bool m_isCapturing = false;
     std::optional<CaptureRequest> m_queuedCapture;
@@ -110,10 +93,6 @@ private:
     int m_runGeneration = 0;
     int m_activeRuns = 0;
     Run m_currentRun;
-
-    bool m_overlayIsUp = false;
-    SelectionOverlay::Mode m_overlayMode = SelectionOverlay::Mode::areaDrag;
-    bool m_overlaySessionIsOCR = false;
 
     std::vector<std::function<void()>> m_deferredForeground;
     std::optional<DisplayArea> m_lastArea;
