@@ -1,16 +1,18 @@
-// codes_speed: the search for codes in screens without any, against the same looks of the engine one after the other on
-// one thread. The pictures that are looked at are made beforehand for the latter, but not for the search.
+// codes_speed [PICTURE...]: the search for codes in screens without any, against the same passes one after the other on
+// one thread. Without pictures it makes some.
 
 #include "bench/BenchPictures.h"
 #include "bench/Samples.h"
 #include "platform/PluginCodeReader.h"
+#include "recognition/GreyPicture.h"
 #include "recognition/QRCodeDetector.h"
+#include "recognition/RegionSearch.h"
 
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QGuiApplication>
 
 #include <cstdio>
-#include <mutex>
 
 using namespace Kovrel;
 
@@ -18,35 +20,33 @@ namespace {
 
 constexpr int rounds = 9;
 
-// Keeps what it is asked to look at.
-class Recorder : public CodeReader {
-public:
-    Outcome read(const QImage& grey, Engine engine) const override
-    {
-        const std::lock_guard locked(m_lock);
-        m_looks.push_back(grey.copy());
-        return m_reader.read(grey, engine);
-    }
+const PluginCodeReader reader;
 
-    void repeat() const
-    {
-        for (const QImage& grey : m_looks)
-            m_reader.read(grey, Engine::zxing).value();
-    }
-
-    size_t lookCount() const { return m_looks.size(); }
-
-private:
-    PluginCodeReader m_reader;
-    mutable std::mutex m_lock;
-    mutable std::vector<QImage> m_looks;
-};
-
-void search(const QImage& image, const CodeReader& reader)
+bool search(const QImage& image)
 {
     const auto codes = QRCodeDetector::detectCodesSync(image, true, true, CodeReader::Engine::zxing, reader);
-    if (!codes || !codes->empty())
-        qFatal("This screen has no codes");
+    return codes && codes->empty();
+}
+
+bool searchOnOneThread(const QImage& image)
+{
+    const QImage grey = GreyPicture::of(image);
+    bool isEmpty = true;
+    for (const CodeRegions::Region& region : CodeRegions::regions(image.size(), true, true)) {
+        const auto codes = RegionSearch(reader, CodeReader::Engine::zxing).run(grey, region);
+        isEmpty &= codes && codes->empty();
+    }
+    return isEmpty;
+}
+
+std::vector<Bench::Picture> screens(const QStringList& paths)
+{
+    if (paths.isEmpty())
+        return Bench::pictures();
+    std::vector<Bench::Picture> pictures;
+    for (const QString& path : paths)
+        pictures.push_back({QFileInfo(path).fileName(), QImage(path)});
+    return pictures;
 }
 
 template <class Work>
@@ -64,18 +64,16 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
-    std::printf("%-20s %6s %10s %14s %6s\n", "3840 x 2160", "looks", "kovrel ms", "one thread ms", "ratio");
-    const PluginCodeReader reader;
-    for (const auto& [name, image] : Bench::pictures()) {
-        const Recorder recorder;
-        search(image, recorder);
+    std::printf("%-28s %12s %10s %14s %6s\n", "screen", "size", "kovrel ms", "one thread ms", "ratio");
+    for (const auto& [name, image] : screens(application.arguments().mid(1))) {
         Bench::Samples ours;
         Bench::Samples serial;
+        bool isEmpty = true;
         for (int round = 0; round < rounds; ++round) {
-            ours.add(milliseconds([&] { search(image, reader); }));
-            serial.add(milliseconds([&] { recorder.repeat(); }));
+            ours.add(milliseconds([&] { isEmpty &= search(image); }));
+            serial.add(milliseconds([&] { isEmpty &= searchOnOneThread(image); }));
         }
-        std::printf("%-20s %6d %10.1f %14.1f %6.2f\n", qUtf8Printable(name), int(recorder.lookCount()), ours.median(),
-                    serial.median(), ours.median() / serial.median());
+        std::printf("%-28s %5d x %4d %10.1f %14.1f %6.2f %s\n", qUtf8Printable(name), image.width(), image.height(),
+                    ours.best(), serial.best(), ours.best() / serial.best(), isEmpty ? "" : "(has codes)");
     }
 }

@@ -27,7 +27,7 @@ QImage softened(const QImage& grey);
 QImage sharpened(const QImage& grey, const QImage& soft);
 
 // Light for dark.
-QImage inverted(const QImage& grey);
+QImage inverted(QImage grey);
 
 } // namespace GreyPicture
 

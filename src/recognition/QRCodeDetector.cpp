@@ -1,7 +1,7 @@
 #include "recognition/QRCodeDetector.h"
 
-#include "recognition/CodeRegions.h"
 #include "recognition/GreyPicture.h"
+#include "recognition/RegionSearch.h"
 #include "recognition/TextLayout.h"
 
 #include <QLoggingCategory>
@@ -16,81 +16,6 @@ namespace {
 Q_LOGGING_CATEGORY(log, "com.kovrel.codes")
 
 using Engine = CodeReader::Engine;
-
-// Up to this side a picture is looked at harder when nothing is seen at first: larger ones take too long.
-constexpr int smallSide = CodeRegions::tileSide;
-constexpr int enlargedSide = 2 * smallSide;
-constexpr int mostEnlarged = 3;
-
-bool isSmall(const QImage& image)
-{
-    return std::max(image.width(), image.height()) <= smallSide;
-}
-
-// One look after the other at a part of a picture.
-class Looks {
-public:
-    Looks(const CodeReader& reader, Engine engine, QPointF origin, double scale)
-        : m_reader(reader), m_engine(engine), m_origin(origin), m_scale(scale)
-    {
-    }
-
-    CodeReader::Outcome result() const
-    {
-        return m_error.isEmpty() ? CodeReader::Outcome(m_codes) : std::unexpected(m_error);
-    }
-
-    // Light codes on a dark ground stand beside dark ones, so both are always looked for.
-    void lookAt(const QImage& grey)
-    {
-        look(grey, 1);
-        look(GreyPicture::inverted(grey), 1);
-        if (m_codes.empty() && isSmall(grey))
-            lookFiltered(grey);
-        if (m_codes.empty() && isSmall(grey))
-            lookEnlarged(grey);
-    }
-
-private:
-    void lookFiltered(const QImage& grey)
-    {
-        const QImage soft = GreyPicture::softened(grey);
-        look(soft, 1);
-        if (m_codes.empty())
-            look(GreyPicture::sharpened(grey, soft), 1);
-    }
-
-    // Codes of hardly a pixel for each module, and blurred ones.
-    void lookEnlarged(const QImage& grey)
-    {
-        const int factor = std::min(enlargedSide / std::max(grey.width(), grey.height()), mostEnlarged);
-        const QImage enlarged = GreyPicture::enlarged(grey, factor);
-        look(enlarged, factor);
-        if (m_codes.empty())
-            look(GreyPicture::inverted(enlarged), factor);
-    }
-
-    void look(const QImage& grey, int factor)
-    {
-        const CodeReader::Outcome seen = m_reader.read(grey, m_engine);
-        if (!seen)
-            m_error = seen.error();
-        for (const CodeReader::Code& code : seen.value_or(std::vector<CodeReader::Code>()))
-            m_codes.push_back({code.payload, inPicture(code.box, m_scale / factor)});
-    }
-
-    QRectF inPicture(const QRectF& box, double scale) const
-    {
-        return {m_origin + box.topLeft() * scale, box.size() * scale};
-    }
-
-    const CodeReader& m_reader;
-    Engine m_engine;
-    QPointF m_origin; // of the part, and the pixels of the picture for each of its pixels
-    double m_scale;
-    std::vector<CodeReader::Code> m_codes;
-    QString m_error;
-};
 
 double area(const QRectF& box)
 {
@@ -129,14 +54,7 @@ private:
     void takeRegions()
     {
         for (size_t i = m_next++; i < m_regions.size(); i = m_next++)
-            m_found[i] = searched(m_regions[i]);
-    }
-
-    CodeReader::Outcome searched(const CodeRegions::Region& region) const
-    {
-        Looks looks(m_reader, m_engine, region.pixels.topLeft(), region.isReduced ? 2 : 1);
-        looks.lookAt(region.isReduced ? GreyPicture::halved(m_grey) : GreyPicture::view(m_grey, region.pixels));
-        return looks.result();
+            m_found[i] = RegionSearch(m_reader, m_engine).run(m_grey, m_regions[i]);
     }
 
     CodeReader::Outcome merged() const
@@ -165,7 +83,7 @@ CodeReader::Outcome search(const QImage& grey, bool fullPass, bool tilePass, std
 {
     const auto regions = CodeRegions::regions(grey.size(), fullPass, tilePass);
     const auto found = Search(grey, regions, engine.value_or(Engine::zxing), reader).run();
-    if (engine || !found || !found->empty() || !isSmall(grey))
+    if (engine || !found || !found->empty() || !RegionSearch::isSmall(grey))
         return found;
     return Search(grey, regions, Engine::zbar, reader).run();
 }

@@ -41,9 +41,20 @@ QString normalizedCharacter(const QString& character)
     return character.front().isSpace() ? QString(u' ') : TextFolding::comparable(character);
 }
 
+// Most text is, and needs no more than lower case. A loop without an exit runs on many units at once.
+bool isPrintableAscii(const QString& text)
+{
+    bool isOther = false;
+    for (const QChar unit : text)
+        isOther |= unit.unicode() < 0x20 || unit.unicode() > 0x7E;
+    return !isOther;
+}
+
 Normalized normalized(const QString& text)
 {
     Normalized result;
+    if (isPrintableAscii(text))
+        return {TextFolding::comparable(text), {}};
     if (isOneUnitPerCharacter(text)) {
         result.text = TextFolding::comparable(text);
         std::ranges::replace_if(result.text, [](QChar unit) { return unit.isSpace(); }, QChar(u' '));
@@ -77,11 +88,14 @@ public:
 
     void append(int line)
     {
-        if (!m_parts.empty())
-            m_text += u' ';
-        const int firstCharacter = m_parts.empty() ? 0 : m_parts.back().firstCharacter + m_parts.back().length() + 1;
-        Part part{line, m_text.size(), firstCharacter, normalized(m_lines[size_t(line)].text)};
-        m_text += part.content.text;
+        Part part{line, 0, 0, normalized(m_lines[size_t(line)].text)};
+        if (m_parts.empty()) {
+            m_text = part.content.text;
+        } else {
+            part.firstUnit = m_text.size() + 1;
+            part.firstCharacter = m_parts.back().firstCharacter + m_parts.back().length() + 1;
+            m_text += u' ' + part.content.text;
+        }
         m_parts.push_back(std::move(part));
     }
 
