@@ -12,5 +12,6 @@ pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
   xkbcommon xkbcommon-x11)
 pkg_check_modules(CODECS REQUIRED IMPORTED_TARGET libdeflate spng libjpeg libtiff-4)
 pkg_check_modules(HEIF REQUIRED IMPORTED_TARGET libheif)
+pkg_check_modules(TESSERACT REQUIRED IMPORTED_TARGET tesseract)
 pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
 pkg_check_modules(SYSTEMD REQUIRED IMPORTED_TARGET libsystemd)

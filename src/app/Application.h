@@ -10,6 +10,7 @@
 #include "app/HomeWindow.h"
 #include "app/SigtermSource.h"
 #include "app/SystemShortcutManager.h"
+#include "app/TextCommand.h"
 #include "app/TrayMenu.h"
 #include "capture/CaptureAccess.h"
 #include "capture/CaptureCoordinator.h"
@@ -111,6 +112,8 @@ private:
     DBusScreenLock m_screenLock;
     SelectionOverlayController m_selectionOverlay;
     SelectionCapture m_selectionCapture;
+    VisionOCREngine m_recognition;
+    TextCommand m_textCommand;
     InstanceBus m_bus; // before the coordinator: its last replies still leave
     CaptureCoordinator m_coordinator;
     AppDelegate m_delegate;

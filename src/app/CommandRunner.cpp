@@ -38,8 +38,13 @@ CaptureOptions optionsOf(const Command& command)
 } // namespace
 
 CommandRunner::CommandRunner(CaptureCoordinator& coordinator, AppDelegate& delegate, Account& account,
-                             Preferences& preferences, CaptureTrace& trace)
-    : m_coordinator(coordinator), m_delegate(delegate), m_account(account), m_preferences(preferences), m_trace(trace)
+                             Preferences& preferences, CaptureTrace& trace, TextCommand& text)
+    : m_coordinator(coordinator),
+      m_delegate(delegate),
+      m_account(account),
+      m_preferences(preferences),
+      m_trace(trace),
+      m_text(text)
 {
 }
 
@@ -54,6 +59,8 @@ void CommandRunner::run(const QStringList& arguments, quint64 requestID, Reply<C
     } else if (command->name == "capture") {
         m_trace.begin();
         m_account.whenKnown([this, command = *command, requestID, reply] { capture(command, requestID, reply); });
+    } else if (command->name == "text") {
+        m_text.run(*command, requestID, reply);
     } else if (command->name == "preferences") {
         reply(PreferencesCommand::run(m_preferences.defaults(), operandsOf(*command)));
     } else if (command->name == "sign-in" || command->name == "sign-out") {
@@ -72,6 +79,7 @@ void CommandRunner::run(const QStringList& arguments, quint64 requestID, Reply<C
 void CommandRunner::cancel(quint64 requestID)
 {
     m_coordinator.cancel(requestID);
+    m_text.cancel(requestID);
 }
 
 void CommandRunner::capture(const Command& command, quint64 requestID, Reply<CommandAnswer> reply)

@@ -24,6 +24,7 @@ struct CommandRule {
     size_t maxOperands;
     const char* synopsis;
     const char* meaning;
+    bool takesPaths = false; // as operands
 };
 
 const std::vector<CommandRule>& rules()
@@ -34,7 +35,14 @@ const std::vector<CommandRule>& rules()
          1,
          1,
          "capture MODE [--rect X,Y,W,H] [--save | --output FILE] [--copy] [--wait] [--json]",
-         "MODE: area | window | fullScreen | lastArea | timed"},
+         "MODE: area | window | fullScreen | lastArea | ocrRegion | timed"},
+        {"text",
+         {{"raw", false}, {"json", false}},
+         1,
+         1,
+         "text FILE [--raw] [--json]",
+         "the text in a picture; --raw does without dictionaries",
+         true},
         {"preferences", {}, 1, 3, "preferences list | get KEY | set KEY VALUE | reset KEY", "the settings"},
         {"sign-in", {{"local", false}}, 0, 0, "sign-in --local", "use the account kept on this computer"},
         {"sign-out", {}, 0, 0, "sign-out", "forget the account"},
@@ -43,7 +51,7 @@ const std::vector<CommandRule>& rules()
     return all;
 }
 
-constexpr std::array captureModes{"area", "window", "fullScreen", "lastArea", "timed"};
+constexpr std::array captureModes{"area", "window", "fullScreen", "lastArea", "ocrRegion", "timed"};
 constexpr std::array outputExtensions{"png", "jpeg", "jpg", "heic", "heif", "tiff", "tif"};
 
 std::string lower(std::string text)
@@ -95,8 +103,8 @@ std::optional<std::string> captureError(const Command& command)
     const std::string& mode = command.operands.front();
     if (!contains(captureModes, mode))
         return "unknown capture mode \"" + mode + "\"";
-    if (command.has("rect") && mode != "area")
-        return "--rect goes with the mode area";
+    if (command.has("rect") && mode != "area" && mode != "ocrRegion")
+        return "--rect goes with the modes area and ocrRegion";
     if (command.has("rect") && !isRectangle(command.options.at("rect")))
         return "--rect takes X,Y,W,H in points, with a width and height above 0";
     if (command.has("save") && command.has("output"))
@@ -152,7 +160,7 @@ private:
     {
         const std::string& argument = m_arguments[m_next++];
         if (m_onlyOperands || !argument.starts_with("--")) {
-            m_command.operands.push_back(argument);
+            m_command.operands.push_back(m_rule.takesPaths ? absolute(argument, m_directory) : argument);
         } else if (argument == "--") {
             m_onlyOperands = true;
         } else {
@@ -238,7 +246,7 @@ std::expected<Command, std::string> CommandLine::parse(const std::vector<std::st
 
 bool CommandLine::runsWithoutInstance(const Command& command)
 {
-    return contains(std::array{"preferences", "sign-in", "sign-out"}, command.name);
+    return contains(std::array{"preferences", "sign-in", "sign-out", "text"}, command.name);
 }
 
 } // namespace Kovrel

@@ -1,0 +1,93 @@
+#include "app/TextCommand.h"
+
+#include "platform/ImageCodec.h"
+#include "recognition/RecognitionError.h"
+
+#include <nlohmann/json.hpp>
+
+namespace Kovrel {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json json(const OCRLine& line)
+{
+    const Rect& box = line.boundingBox;
+    Json quad;
+    if (line.quad)
+        quad = {line.quad->origin.x, line.quad->origin.y, line.quad->xEnd.x,
+                line.quad->xEnd.y,   line.quad->yEnd.x,   line.quad->yEnd.y};
+    return {{"text", line.text.toStdString()},
+            {"confidence", line.confidence},
+            {"box", {box.x, box.y, box.width, box.height}},
+            {"quad", quad}};
+}
+
+QString json(const OCRResult& result)
+{
+    Json lines = Json::array();
+    for (const OCRLine& line : result.lines)
+        lines.push_back(json(line));
+    const Json object{{"fullText", result.fullText.toStdString()},
+                      {"isOriented", result.isOriented},
+                      {"lines", lines},
+                      {"codes", Json::array()}};
+    return QString::fromStdString(object.dump(-1, ' ', false, Json::error_handler_t::replace)) + '\n';
+}
+
+CommandAnswer answer(const OCRResult& result, bool asJson)
+{
+    if (asJson)
+        return {.output = json(result)};
+    if (result.fullText.isEmpty())
+        return {.exitCode = CommandLine::nothingThere, .error = "there is no text in the picture"};
+    return {.output = result.fullText + '\n'};
+}
+
+CommandAnswer failure(const QString& message)
+{
+    return {.exitCode = CommandLine::failed, .error = message};
+}
+
+} // namespace
+
+TextCommand::TextCommand(MainLoop& loop, Workers& workers, VisionOCREngine& engine)
+    : m_engine(engine), m_scope(loop, workers)
+{
+}
+
+void TextCommand::run(const Command& command, quint64 requestID, Reply<CommandAnswer> reply)
+{
+    Scope::start(read(command, requestID, std::move(reply)), "reading text");
+}
+
+void TextCommand::cancel(quint64 requestID)
+{
+    if (const auto running = m_running.find(requestID); running != m_running.end())
+        running->second.request_stop();
+}
+
+QCoro::Task<> TextCommand::read(Command command, quint64 requestID, Reply<CommandAnswer> reply)
+{
+    const std::stop_source stop;
+    m_running.insert_or_assign(requestID, stop);
+    const QString path = QString::fromStdString(command.operands.front());
+    const auto image = co_await m_scope.onWorker(Lane::utility, [path] { return ImageCodec::decodeFile(path); });
+    CommandAnswer result;
+    if (image) {
+        try {
+            const OCRResult text = co_await m_engine.recognize(*image, QualityOfService::userInitiated,
+                                                               !command.has("raw"), stop.get_token());
+            result = answer(text, command.has("json"));
+        } catch (const RecognitionError& error) {
+            result = failure(error.message());
+        }
+    } else {
+        result = failure(image.error().message);
+    }
+    m_running.erase(requestID);
+    reply(result);
+}
+
+} // namespace Kovrel
