@@ -115,8 +115,9 @@ private:
         const int square = m_squares[number];
         if (square >= wideGround)
             return true;
-        const bool isChip = region.height() >= leastChipHeight && region.width() * 10 >= region.height() * 14;
-        return isChip && m_isSurrounding[number] && square * 5 >= region.height();
+        const bool isChip = region.height() >= leastChipHeight && region.width() * 10 >= region.height() * 14 &&
+                            region.area * 10 >= region.width() * region.height() * 6;
+        return isChip && m_isSurrounding[number] && square * 4 >= region.height();
     }
 
     QSize m_size;

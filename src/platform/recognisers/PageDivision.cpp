@@ -53,7 +53,9 @@ public:
 
     void divide(QRect area, Blobs blobs)
     {
-        if (blobs.size() <= m_enough || !(cutBetweenColumns(area, blobs) || cutBetweenRows(area, blobs)))
+        const bool isCut = (blobs.size() >= fewestBlobs && cutBetweenColumns(area, blobs)) ||
+                           (blobs.size() > m_enough && cutBetweenRows(area, blobs));
+        if (!isCut)
             parts.push_back(area);
     }
 

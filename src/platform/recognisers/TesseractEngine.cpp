@@ -16,8 +16,10 @@ namespace Kovrel {
 namespace {
 
 constexpr int dotsPerInch = 300;        // what the models were made for; it sets nothing but expectations of sizes
-constexpr double runGap = 2.5;          // heights of a word: a wider gap begins a new run
-constexpr double leastConfidence = 0.2; // of a run; below lies what was read out of icons
+constexpr double runGap = 2;            // heights of a word: a wider gap begins a new run
+constexpr float leastConfidence = 0.3f; // of a run of a few characters; below lies what was read out of icons
+constexpr int fewCharacters = 3;
+constexpr int darkInk = 128;
 
 using tesseract::RIL_SYMBOL;
 using tesseract::RIL_TEXTLINE;
@@ -71,19 +73,46 @@ std::optional<QRectF> boxAt(const tesseract::PageIterator& at, tesseract::PageIt
     return QRectF(left, top, right - left, bottom - top);
 }
 
+// The box of what is dark in an area, and how much of it.
+struct DarkArea {
+    QRect box;
+    int pixels = 0;
+
+    DarkArea(const QImage& ink, const QRect& area)
+    {
+        for (int y = area.top(); y <= area.bottom(); ++y)
+            for (int x = area.left(); x <= area.right(); ++x)
+                if (ink.constScanLine(y)[x] < darkInk) {
+                    box |= QRect(x, y, 1, 1);
+                    ++pixels;
+                }
+    }
+
+    // As wide as high, and filled like a circle or a square.
+    bool isDot() const
+    {
+        const int side = std::max(box.width(), box.height());
+        return pixels > 0 && std::abs(box.width() - box.height()) * 4 <= side && pixels * 10 >= side * side * 7;
+    }
+};
+
 // Puts the words of a page together to runs.
 class RunBuilder {
 public:
+    explicit RunBuilder(const QImage& ink) : m_ink(ink) {}
+
     std::vector<TesseractEngine::Run> runs;
 
     void addWord(const tesseract::ResultIterator& at)
     {
-        const QString text = textAt(at, RIL_WORD).trimmed();
+        QString text = textAt(at, RIL_WORD).trimmed();
         const auto box = boxAt(at, RIL_WORD);
         if (text.isEmpty() || !box)
             return;
         if (at.IsAtBeginningOf(RIL_TEXTLINE) || box->left() - m_run.box.right() > runGap * box->height())
             finish();
+        if (m_run.text.isEmpty() && isBullet(text, at, *box))
+            text = bullet;
         if (!m_run.text.isEmpty()) {
             m_run.text += ' ';
             m_run.characterBoxes.push_back(std::nullopt);
@@ -102,13 +131,27 @@ public:
         m_run.confidence = std::clamp(m_run.confidence / m_weight, 0.0f, 1.0f);
         if (qsizetype(m_run.characterBoxes.size()) != graphemeCount(m_run.text))
             m_run.characterBoxes.clear();
-        if (m_run.confidence >= leastConfidence)
+        if (!isNoise())
             runs.push_back(std::move(m_run));
         m_run = {};
         m_weight = 0;
     }
 
 private:
+    static constexpr QChar bullet{0x2022};
+
+    // The models know no bullets and see letters in them.
+    bool isBullet(const QString& text, const tesseract::ResultIterator& at, const QRectF& box) const
+    {
+        if (text.size() != 1 || text == "." || at.IsAtFinalElement(RIL_TEXTLINE, RIL_WORD))
+            return false;
+        const DarkArea dark(m_ink, box.toAlignedRect().intersected(m_ink.rect()));
+        const auto line = boxAt(at, RIL_TEXTLINE);
+        return dark.isDot() && line && dark.box.height() * 2 <= line->height();
+    }
+
+    bool isNoise() const { return m_run.text.size() <= fewCharacters && m_run.confidence < leastConfidence; }
+
     void addSymbols(tesseract::ResultIterator at)
     {
         do {
@@ -118,6 +161,7 @@ private:
         } while (!at.IsAtFinalElement(RIL_WORD, RIL_SYMBOL) && at.Next(RIL_SYMBOL));
     }
 
+    const QImage& m_ink;
     TesseractEngine::Run m_run;
     float m_weight = 0;
 };
@@ -155,13 +199,13 @@ bool TesseractEngine::load()
 
 std::vector<TesseractEngine::Run> TesseractEngine::read(const QImage& ink, const std::stop_token& stop)
 {
-    m_library->SetPageSegMode(tesseract::PSM_AUTO);
+    m_library->SetPageSegMode(tesseract::PSM_SINGLE_COLUMN);
     m_library->SetImage(ink.constBits(), ink.width(), ink.height(), 1, int(ink.bytesPerLine()));
     m_library->SetSourceResolution(dotsPerInch);
     tesseract::ETEXT_DESC monitor;
     monitor.cancel = &isStopped;
     monitor.cancel_this = const_cast<std::stop_token*>(&stop);
-    RunBuilder builder;
+    RunBuilder builder(ink);
     m_library->Recognize(&monitor);
     if (const std::unique_ptr<tesseract::ResultIterator> at{m_library->GetIterator()}) {
         do

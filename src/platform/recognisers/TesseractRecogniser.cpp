@@ -17,7 +17,8 @@ namespace Kovrel {
 
 namespace {
 
-constexpr double wantedLetterHeight = 20; // of small letters, in pixels: what the models read best
+const double wantedLetterHeight =
+    qEnvironmentVariable("HCLH", "20").toDouble(); // TMP// of small letters, in pixels: what the models read best
 constexpr double largestScale = 3;
 constexpr double mostPixels = 60e6;         // of a page that is read
 constexpr int longestSide = 30000;          // the library counts in 16 bits
@@ -162,13 +163,12 @@ TesseractRecogniser::Reading TesseractRecogniser::readPage(const Page& page, con
     const auto work = [&](TesseractEngine& engine) {
         for (size_t part = next++; part < page.parts.size() && !stop.stop_requested(); part = next++) {
             const QRect area = page.parts[part];
-            QTransform toPart = QTransform::fromTranslate(-area.left(), -area.top());
-            toPart *= QTransform::fromScale(page.scale, page.scale);
-            toPart *= QTransform::fromTranslate(margin, margin);
+            const QTransform toPart =
+                QTransform::fromScale(page.scale, page.scale) * QTransform::fromTranslate(margin, margin);
             const QSize size = (QSizeF(area.size()) * page.scale).toSize() + QSize(2 * margin, 2 * margin);
-            QImage ink = transformed(page.ink, toPart, size);
+            const QImage ink = transformed(page.ink.copy(area), toPart, size);
             runs[part] = engine.read(ink, stop);
-            const QTransform back = toPart.inverted();
+            const QTransform back = toPart.inverted() * QTransform::fromTranslate(area.left(), area.top());
             for (Run& run : runs[part]) {
                 run.box = back.mapRect(run.box);
                 for (auto& box : run.characterBoxes)
