@@ -7,12 +7,13 @@ build_packages="
   libxcb-damage0-dev libxcb-shape0-dev libxcb-render0-dev libxcb-xtest0-dev libxcb-xinput-dev libxcb-xkb-dev
   libxkbcommon-x11-dev x11proto-dev
   libspng-dev libdeflate-dev zlib1g-dev libturbojpeg0-dev libjpeg62-turbo-dev libtiff-dev libheif-dev libpulse-dev
-  libtesseract-dev tesseract-ocr-eng
+  libtesseract-dev tesseract-ocr-eng libzxing-dev libzbar-dev
   libgtest-dev libgmock-dev qt6-qpa-plugins qt6-image-formats-plugins"
 display_packages="xvfb openbox hsetroot xterm dbus-daemon x11-utils x11-xserver-utils fonts-dejavu-core"
 test_packages="
   xserver-xorg-core xserver-xorg-video-dummy x11-utils x11-xkb-utils xdotool xclip tint2 xfce4-clipman picom imagemagick
   libclang-rt-19-dev python3-dbus python3-gi libglib2.0-bin gnome-keyring libsecret-tools
+  qrencode
   pulseaudio pulseaudio-utils
   desktop-file-utils appstream groff-base bash-completion fish zsh"
 

@@ -26,6 +26,11 @@ _kovrel() {
     --output) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -f -- "$cur"); return ;;
     --rect) return ;;
   esac
+  if [ "$cword" -gt 1 ] && [[ $cur != -* ]] && _kovrel_synopses | grep -q "^${words[1]} FILE"; then
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -f -- "$cur")
+    return
+  fi
   mapfile -t COMPREPLY < <(compgen -W "$(_kovrel_words)" -- "$cur")
 }
 

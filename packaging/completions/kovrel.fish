@@ -14,6 +14,11 @@ function __kovrel_options
     __kovrel_synopses | string match -r "^$words[2](?: .*)?\$" | string match -ar -- '--[a-z-]+'
 end
 
+function __kovrel_takes_file
+    set -l words (commandline -opc)
+    test (count $words) -ge 2; and __kovrel_synopses | string match -rq "^$words[2] FILE"
+end
+
 function __kovrel_modes
     kovrel --help 2>/dev/null | string replace -rf '^ *MODE: ' '' | string replace -ar '\([^)]*\)' '' |
         string split '|' | string trim
@@ -37,3 +42,4 @@ complete -c kovrel -n '__kovrel_at preferences 1' -a 'list get set reset'
 complete -c kovrel -n '__kovrel_at preferences 2' -a '(__kovrel_keys)'
 complete -c kovrel -n 'string match -q -- "-*" (commandline -ct)' -a '(__kovrel_options)'
 complete -c kovrel -n 'test (commandline -opc)[-1] = --output' -F
+complete -c kovrel -n '__kovrel_takes_file' -F

@@ -94,10 +94,11 @@ Application::Application(AppDelegate::Launch launch)
       m_selectionCapture(m_loop, m_workers, m_desktop.windows),
       m_recognition(m_loop, m_workers, std::make_unique<PluginTextRecogniser>(),
                     [this] { return m_defaults.textList("textLanguages"); }),
-      m_textCommand(m_loop, m_workers, m_recognition),
+      m_codes(m_loop, m_workers, m_codeReader),
+      m_textCommand(m_loop, m_workers, m_recognition, m_codes),
       m_coordinator(captureServices()),
       m_delegate(*this, m_preferences, m_loop),
-      m_commands(m_coordinator, m_delegate, m_account, m_preferences, m_trace, m_textCommand),
+      m_commands(m_loop, m_workers, m_coordinator, m_delegate, m_account, m_preferences, m_trace, m_textCommand),
       m_shortcuts(m_loop, m_workers, m_preferences, DesktopShortcuts::find(),
                   [this] { return m_account.isSignedIn(); }),
       m_hotkeys(m_desktop.keys, m_preferences, m_trace, hotkeyHandlers())

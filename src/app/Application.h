@@ -20,6 +20,7 @@
 #include "capture/SelectionCapture.h"
 #include "capture/SelectionOverlayController.h"
 #include "capture/WindowBackdropCompositor.h"
+#include "platform/PluginCodeReader.h"
 #include "platform/SpawnedToolProcess.h"
 #include "platform/desktop/DBusScreenLock.h"
 #include "platform/desktop/FileTokenStore.h"
@@ -113,6 +114,8 @@ private:
     SelectionOverlayController m_selectionOverlay;
     SelectionCapture m_selectionCapture;
     VisionOCREngine m_recognition;
+    PluginCodeReader m_codeReader;
+    QRCodeDetector m_codes;
     TextCommand m_textCommand;
     InstanceBus m_bus; // before the coordinator: its last replies still leave
     CaptureCoordinator m_coordinator;

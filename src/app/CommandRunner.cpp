@@ -1,6 +1,7 @@
 #include "app/CommandRunner.h"
 
 #include "app/CaptureReport.h"
+#include "app/CodesCommand.h"
 #include "app/DesktopSession.h"
 #include "app/PreferencesCommand.h"
 
@@ -37,9 +38,11 @@ CaptureOptions optionsOf(const Command& command)
 
 } // namespace
 
-CommandRunner::CommandRunner(CaptureCoordinator& coordinator, AppDelegate& delegate, Account& account,
-                             Preferences& preferences, CaptureTrace& trace, TextCommand& text)
-    : m_coordinator(coordinator),
+CommandRunner::CommandRunner(MainLoop& loop, Workers& workers, CaptureCoordinator& coordinator, AppDelegate& delegate,
+                             Account& account, Preferences& preferences, CaptureTrace& trace, TextCommand& text)
+    : m_loop(loop),
+      m_workers(workers),
+      m_coordinator(coordinator),
       m_delegate(delegate),
       m_account(account),
       m_preferences(preferences),
@@ -61,6 +64,8 @@ void CommandRunner::run(const QStringList& arguments, quint64 requestID, Reply<C
         m_account.whenKnown([this, command = *command, requestID, reply] { capture(command, requestID, reply); });
     } else if (command->name == "text") {
         m_text.run(*command, requestID, reply);
+    } else if (command->name == "codes") {
+        runOnWorker(Lane::codes, [command = *command] { return CodesCommand::run(command); }, reply);
     } else if (command->name == "preferences") {
         reply(PreferencesCommand::run(m_preferences.defaults(), operandsOf(*command)));
     } else if (command->name == "sign-in" || command->name == "sign-out") {
@@ -95,6 +100,13 @@ void CommandRunner::capture(const Command& command, quint64 requestID, Reply<Com
             reply(CaptureReport::answer(outcome, waited, asJson));
         }),
         .id = requestID,
+    });
+}
+
+void CommandRunner::runOnWorker(Lane lane, std::function<CommandAnswer()> job, Reply<CommandAnswer> reply)
+{
+    m_workers.submit(lane, [loop = &m_loop, job = std::move(job), reply] {
+        loop->post([reply, answer = job()] { reply(answer); });
     });
 }
 

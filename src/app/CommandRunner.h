@@ -13,8 +13,8 @@ namespace Kovrel {
 // Runs the commands of the command line in the running program. Main thread; answers once.
 class CommandRunner {
 public:
-    CommandRunner(CaptureCoordinator& coordinator, AppDelegate& delegate, Account& account, Preferences& preferences,
-                  CaptureTrace& trace, TextCommand& text);
+    CommandRunner(MainLoop& loop, Workers& workers, CaptureCoordinator& coordinator, AppDelegate& delegate,
+                  Account& account, Preferences& preferences, CaptureTrace& trace, TextCommand& text);
 
     // `requestID` is what `cancel` takes when nobody waits for the answer any more.
     void run(const QStringList& arguments, quint64 requestID, Reply<CommandAnswer> reply);
@@ -27,6 +27,10 @@ public:
 private:
     void capture(const Command& command, quint64 requestID, Reply<CommandAnswer> reply);
 
+    void runOnWorker(Lane lane, std::function<CommandAnswer()> job, Reply<CommandAnswer> reply);
+
+    MainLoop& m_loop;
+    Workers& m_workers;
     CaptureCoordinator& m_coordinator;
     AppDelegate& m_delegate;
     Account& m_account;

@@ -1,5 +1,7 @@
 #include "app/TextCommand.h"
 
+#include "app/CodesCommand.h"
+
 #include "platform/ImageCodec.h"
 #include "recognition/RecognitionError.h"
 
@@ -24,7 +26,7 @@ Json json(const OCRLine& line)
             {"quad", quad}};
 }
 
-QString json(const OCRResult& result)
+QString json(const OCRResult& result, const std::vector<QRCode>& codes)
 {
     Json lines = Json::array();
     for (const OCRLine& line : result.lines)
@@ -32,17 +34,26 @@ QString json(const OCRResult& result)
     const Json object{{"fullText", result.fullText.toStdString()},
                       {"isOriented", result.isOriented},
                       {"lines", lines},
-                      {"codes", Json::array()}};
+                      {"codes", CodesCommand::json(codes)}};
     return QString::fromStdString(object.dump(-1, ' ', false, Json::error_handler_t::replace)) + '\n';
 }
 
-CommandAnswer answer(const OCRResult& result, bool asJson)
+QString plain(const OCRResult& result, const std::vector<QRCode>& codes)
 {
-    if (asJson)
-        return {.output = json(result)};
-    if (result.fullText.isEmpty())
-        return {.exitCode = CommandLine::nothingThere, .error = "there is no text in the picture"};
-    return {.output = result.fullText + '\n'};
+    QString text = result.fullText.isEmpty() ? QString() : result.fullText + '\n';
+    for (const QRCode& code : codes)
+        text += code.payload + '\n';
+    return text;
+}
+
+CommandAnswer answer(const OCRResult& result, const std::vector<QRCode>& codes, const Command& command)
+{
+    CommandAnswer answer{.output = command.has("json") ? json(result, codes) : plain(result, codes)};
+    if (result.fullText.isEmpty() && codes.empty()) {
+        answer.exitCode = CommandLine::nothingThere;
+        answer.error = "there is no text in " + QString::fromStdString(command.operands.front());
+    }
+    return answer;
 }
 
 CommandAnswer failure(const QString& message)
@@ -52,8 +63,8 @@ CommandAnswer failure(const QString& message)
 
 } // namespace
 
-TextCommand::TextCommand(MainLoop& loop, Workers& workers, VisionOCREngine& engine)
-    : m_engine(engine), m_scope(loop, workers)
+TextCommand::TextCommand(MainLoop& loop, Workers& workers, VisionOCREngine& engine, QRCodeDetector& codes)
+    : m_engine(engine), m_codes(codes), m_scope(loop, workers)
 {
 }
 
@@ -79,7 +90,8 @@ QCoro::Task<> TextCommand::read(Command command, quint64 requestID, Reply<Comman
         try {
             const OCRResult text = co_await m_engine.recognize(*image, QualityOfService::userInitiated,
                                                                !command.has("raw"), stop.get_token());
-            result = answer(text, command.has("json"));
+            const auto codes = co_await m_codes.detectCodes(*image);
+            result = codes ? answer(text, *codes, command) : failure(codes.error());
         } catch (const RecognitionError& error) {
             result = failure(error.message());
         }

@@ -1,8 +1,10 @@
 #include "app/AppPaths.h"
 #include "app/Application.h"
+#include "app/CodesCommand.h"
 #include "app/DesktopSession.h"
 #include "app/PreferencesCommand.h"
 #include "app/TextCommand.h"
+#include "platform/PluginCodeReader.h"
 #include "platform/PluginTextRecogniser.h"
 
 #include <QApplication>
@@ -46,6 +48,8 @@ QStringList toTexts(const std::vector<std::string>& texts)
 int runWithoutInstance(const Command& command, int& argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
+    if (command.name == "codes")
+        return report(CodesCommand::run(command));
     UserDefaults defaults(AppPaths::preferencesFile());
     Preferences::registerDefaults(defaults);
     if (command.name == "preferences")
@@ -57,7 +61,9 @@ int runWithoutInstance(const Command& command, int& argc, char** argv)
     Account account(tokens, secrets);
     VisionOCREngine recognition(loop, workers, std::make_unique<PluginTextRecogniser>(),
                                 [&defaults] { return defaults.textList("textLanguages"); });
-    TextCommand text(loop, workers, recognition);
+    const PluginCodeReader codeReader;
+    QRCodeDetector codes(loop, workers, codeReader);
+    TextCommand text(loop, workers, recognition, codes);
     CommandAnswer result;
     const auto finish = [&](const CommandAnswer& answer) {
         result = answer;

@@ -24,7 +24,7 @@ struct CommandRule {
     size_t maxOperands;
     const char* synopsis;
     const char* meaning;
-    bool takesPaths = false; // as operands
+    bool operandsArePaths = false;
 };
 
 const std::vector<CommandRule>& rules()
@@ -43,6 +43,7 @@ const std::vector<CommandRule>& rules()
          "text FILE [--raw] [--json]",
          "the text in a picture; --raw does without dictionaries",
          true},
+        {"codes", {{"json", false}}, 1, 1, "codes FILE [--json]", "the QR codes in a picture", true},
         {"preferences", {}, 1, 3, "preferences list | get KEY | set KEY VALUE | reset KEY", "the settings"},
         {"sign-in", {{"local", false}}, 0, 0, "sign-in --local", "use the account kept on this computer"},
         {"sign-out", {}, 0, 0, "sign-out", "forget the account"},
@@ -160,7 +161,7 @@ private:
     {
         const std::string& argument = m_arguments[m_next++];
         if (m_onlyOperands || !argument.starts_with("--")) {
-            m_command.operands.push_back(m_rule.takesPaths ? absolute(argument, m_directory) : argument);
+            m_command.operands.push_back(m_rule.operandsArePaths ? absolute(argument, m_directory) : argument);
         } else if (argument == "--") {
             m_onlyOperands = true;
         } else {
@@ -246,7 +247,7 @@ std::expected<Command, std::string> CommandLine::parse(const std::vector<std::st
 
 bool CommandLine::runsWithoutInstance(const Command& command)
 {
-    return contains(std::array{"preferences", "sign-in", "sign-out", "text"}, command.name);
+    return contains(std::array{"codes", "preferences", "sign-in", "sign-out", "text"}, command.name);
 }
 
 } // namespace Kovrel

@@ -10,6 +10,7 @@ enum class Lane {
     save,       // encoding and writing files
     editorSave, // "com.kovrel.editor-save"
     shutter,    // "com.kovrel.shutter"
+    codes,      // codes in a picture, while somebody waits
     utility,    // everything that nobody waits for
     visionOCR,  // "com.kovrel.vision-ocr"
 };

@@ -1,17 +1,85 @@
 #include "recognition/TextLayout.h"
 
+#include "recognition/ColumnGap.h"
+
 #include <algorithm>
 
 namespace Kovrel {
 
 namespace {
 
-bool isInRowOf(const TextFragment& first, const TextFragment& fragment)
+using Fragments = std::vector<TextFragment*>;
+
+// Columns within columns; deeper ones belong to no page.
+constexpr int deepest = 16;
+// The narrowest strip between columns, in line heights.
+constexpr double narrowestGap = 0.5;
+// How much of their heights fragments of a row share, and lines of columns beside each other at the least, which keep
+// to lines of their own.
+constexpr double shareOfRows = 0.5;
+constexpr double shareOfColumns = 0.15;
+
+double medianHeight(const std::vector<TextFragment>& fragments)
 {
-    const double overlap =
-        std::min(first.box.maxY(), fragment.box.maxY()) - std::max(first.box.minY(), fragment.box.minY());
-    return overlap >= std::min(first.box.height, fragment.box.height) / 2;
+    std::vector<double> heights;
+    std::ranges::transform(fragments, std::back_inserter(heights), [](const auto& f) { return f.box.height; });
+    const auto middle = heights.begin() + qsizetype(heights.size() / 2);
+    std::ranges::nth_element(heights, middle);
+    return *middle;
 }
+
+// Numbers the fragments' rows and columns.
+class Arrangement {
+public:
+    explicit Arrangement(double gapWidth) : m_gapWidth(gapWidth) {}
+
+    void arrange(const Fragments& fragments, int depth = 0)
+    {
+        const auto rows = TextRows::rowBands(fragments, shareOfColumns);
+        const auto gaps = depth < deepest ? ColumnGaps::find(rows, m_gapWidth) : std::vector<ColumnGap>();
+        size_t next = 0;
+        for (const ColumnGap& gap : gaps) {
+            appendRows(fragmentsOf(rows, next, gap.firstRow));
+            arrangeSides(fragmentsOf(rows, gap.firstRow, gap.lastRow + 1), gap, depth);
+            next = gap.lastRow + 1;
+        }
+        appendRows(fragmentsOf(rows, next, rows.size()));
+    }
+
+private:
+    static Fragments fragmentsOf(const std::vector<TextRow>& rows, size_t first, size_t end)
+    {
+        Fragments fragments;
+        for (size_t row = first; row < end; ++row)
+            fragments.insert(fragments.end(), rows[row].fragments.begin(), rows[row].fragments.end());
+        return fragments;
+    }
+
+    void arrangeSides(Fragments fragments, const ColumnGap& gap, int depth)
+    {
+        const auto isLeft = [&](const TextFragment* f) { return f->box.centre().x < gap.centre(); };
+        const auto right = std::ranges::partition(fragments, isLeft).begin();
+        arrange({fragments.begin(), right}, depth + 1);
+        arrange({right, fragments.end()}, depth + 1);
+    }
+
+    // Rows that are read as they stand: a column of their own.
+    void appendRows(Fragments fragments)
+    {
+        int number = 0;
+        for (const TextRow& row : TextRows::rowBands(std::move(fragments), shareOfRows)) {
+            for (TextFragment* fragment : row.fragments) {
+                fragment->row = number;
+                fragment->column = m_column;
+            }
+            ++number;
+        }
+        m_column += number > 0;
+    }
+
+    double m_gapWidth;
+    int m_column = 0;
+};
 
 QString separator(const TextFragment& before, const TextFragment& after)
 {
@@ -25,18 +93,14 @@ QString separator(const TextFragment& before, const TextFragment& after)
 
 void TextLayout::emit(std::vector<TextFragment>& fragments)
 {
-    std::ranges::sort(fragments, std::greater(), [](const TextFragment& f) { return f.box.centre().y; });
-    const TextFragment* first = nullptr;
-    int row = -1;
-    for (TextFragment& fragment : fragments) {
-        if (!first || !isInRowOf(*first, fragment)) {
-            first = &fragment;
-            ++row;
-        }
-        fragment.row = row;
-        fragment.column = 0;
-    }
-    std::ranges::sort(fragments, {}, [](const TextFragment& f) { return std::pair(f.row, f.box.minX()); });
+    if (fragments.empty())
+        return;
+    Fragments all;
+    for (TextFragment& fragment : fragments)
+        all.push_back(&fragment);
+    Arrangement(narrowestGap * medianHeight(fragments)).arrange(all);
+    std::ranges::sort(fragments, {},
+                      [](const auto& f) { return std::tuple(f.column, f.row, f.box.minX(), f.sourceIndex); });
 }
 
 QString TextLayout::plainText(const std::vector<TextFragment>& fragments)

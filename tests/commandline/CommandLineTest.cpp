@@ -12,6 +12,7 @@ TEST(CommandLine, ArgumentsSurviveBeingHandedOn)
         {"kovrel://auth-callback?state=1"},
         {"capture", "area", "--rect", "-10,2.5,30,40", "--copy", "--wait", "--json"},
         {"capture", "--output=/a b/c=d.png", "fullScreen"},
+        {"codes", "--json", "--", "--dashes.png"},
         {"preferences", "set", "fileNameTemplate", "--", "--dashes"},
         {"preferences", "set", "annotationColorHex.arrow", ""},
         {"sign-in", "--local"},
@@ -34,6 +35,7 @@ TEST(CommandLine, PathsBecomeAbsoluteWhereTheCommandWasGiven)
     EXPECT_EQ(output("a.png"), "/home/me/a.png");
     EXPECT_EQ(output("../b.JPG"), "/home/me/../b.JPG");
     EXPECT_EQ(output("/c.heif"), "/c.heif");
+    EXPECT_EQ(CommandLine::parse({"codes", "a.png"}, "/home/me")->operands.front(), "/home/me/a.png");
     for (const char* bad : {"a", "a.gif", ".png/x", "png"})
         EXPECT_FALSE(CommandLine::parse({"capture", "fullScreen", "--output", bad}, "/home/me")) << bad;
 }

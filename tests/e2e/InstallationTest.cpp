@@ -132,7 +132,8 @@ TEST_F(InstallationTest, ShellsCompleteWhatTheProgramOffers)
 
     for (const Case& c :
          {Case{"kovrel", "pref", "preferences"}, Case{"kovrel capture", "fu", "fullScreen"},
-          Case{"kovrel capture area", "--re", "--rect"}, Case{"kovrel preferences get", "jpeg", "jpegQuality"}}) {
+          Case{"kovrel capture area", "--re", "--rect"}, Case{"kovrel codes", "/etc/hostn", "/etc/hostname"},
+          Case{"kovrel preferences get", "jpeg", "jpegQuality"}}) {
         const auto answerOfBash = session.run("bash", {"-c", inBash, "bash", prefix, bash, c.before, c.begun});
         EXPECT_EQ(answerOfBash.output.trimmed(), c.expected) << answerOfBash.error.constData();
         const auto answerOfFish = session.run("fish", {"-c", inFish, prefix, fish, c.before, c.begun});

@@ -45,7 +45,7 @@ public:
     {
         size_t count = 0;
         for (const Lane lane :
-             {Lane::capture, Lane::save, Lane::editorSave, Lane::shutter, Lane::utility, Lane::visionOCR})
+             {Lane::capture, Lane::save, Lane::editorSave, Lane::shutter, Lane::codes, Lane::utility, Lane::visionOCR})
             count += run(lane);
         return count;
     }

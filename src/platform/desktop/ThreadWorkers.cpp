@@ -21,6 +21,8 @@ const char* threadName(Lane lane)
         return "kovrel.editsave";
     case Lane::shutter:
         return "kovrel.shutter";
+    case Lane::codes:
+        return "kovrel.codes";
     case Lane::utility:
         return "kovrel.utility";
     case Lane::visionOCR:

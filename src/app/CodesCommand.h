@@ -1,0 +1,24 @@
+#pragma once
+
+#include "commandline/CommandLine.h"
+#include "model/QRCode.h"
+#include "platform/desktop/InstanceBus.h"
+
+#include <nlohmann/json.hpp>
+
+#include <vector>
+
+namespace Kovrel {
+
+// `kovrel codes FILE [--json]`. Any thread; blocks for as long as reading the file and looking for codes takes.
+namespace CodesCommand {
+
+CommandAnswer run(const Command& command);
+
+// As the command prints them: an array of "payload" and "box", which is x, y, width and height of the normalised box
+// with five decimals.
+nlohmann::ordered_json json(const std::vector<QRCode>& codes);
+
+} // namespace CodesCommand
+
+} // namespace Kovrel
