@@ -13,6 +13,7 @@ enum class Lane {
     codes,      // codes in a picture, while somebody waits
     utility,    // everything that nobody waits for
     visionOCR,  // "com.kovrel.vision-ocr"
+    ocrFiles,   // recognised text on disk
 };
 
 // Who waits for a job; of those that wait in a lane the most urgent is run first.

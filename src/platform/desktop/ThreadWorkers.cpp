@@ -27,6 +27,8 @@ const char* threadName(Lane lane)
         return "kovrel.utility";
     case Lane::visionOCR:
         return "kovrel.ocr";
+    case Lane::ocrFiles:
+        return "kovrel.ocrfiles";
     }
     return "kovrel.worker";
 }
