@@ -12,6 +12,7 @@ pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
   xkbcommon xkbcommon-x11)
 pkg_check_modules(CODECS REQUIRED IMPORTED_TARGET libdeflate spng libjpeg libtiff-4)
 pkg_check_modules(HEIF REQUIRED IMPORTED_TARGET libheif)
+pkg_check_modules(TESSERACT REQUIRED IMPORTED_TARGET tesseract)
 pkg_check_modules(ZXING REQUIRED IMPORTED_TARGET zxing)
 pkg_check_modules(ZBAR REQUIRED IMPORTED_TARGET zbar)
 pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)

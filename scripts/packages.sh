@@ -7,7 +7,7 @@ build_packages="
   libxcb-damage0-dev libxcb-shape0-dev libxcb-render0-dev libxcb-xtest0-dev libxcb-xinput-dev libxcb-xkb-dev
   libxkbcommon-x11-dev x11proto-dev
   libspng-dev libdeflate-dev zlib1g-dev libturbojpeg0-dev libjpeg62-turbo-dev libtiff-dev libheif-dev libpulse-dev
-  libzxing-dev libzbar-dev
+  libtesseract-dev tesseract-ocr-eng libzxing-dev libzbar-dev
   libgtest-dev libgmock-dev qt6-qpa-plugins qt6-image-formats-plugins"
 display_packages="xvfb openbox hsetroot xterm xdotool dbus-daemon x11-utils x11-xserver-utils fonts-dejavu-core"
 test_packages="

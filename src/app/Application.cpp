@@ -4,6 +4,7 @@
 #include "app/AppStyle.h"
 #include "app/DesktopSession.h"
 #include "platform/PluginSoundPlayer.h"
+#include "platform/PluginTextRecogniser.h"
 #include "platform/desktop/DesktopShortcuts.h"
 #include "saving/DragFiles.h"
 #include "saving/PrivateFolder.h"
@@ -91,9 +92,13 @@ Application::Application(AppDelegate::Launch launch)
       m_selectionOverlay({m_loop, m_preferences, m_trace, m_desktop.displays, m_desktop.pointer, m_desktop.windows,
                           m_desktop.keys, m_screenLock, m_desktop.overlay}),
       m_selectionCapture(m_loop, m_workers, m_desktop.windows),
+      m_recognition(m_loop, m_workers, std::make_unique<PluginTextRecogniser>(),
+                    [this] { return m_defaults.textList("textLanguages"); }),
+      m_codes(m_loop, m_workers, m_codeReader),
+      m_textCommand(m_loop, m_workers, m_recognition, m_codes),
       m_coordinator(captureServices()),
       m_delegate(*this, m_preferences, m_loop),
-      m_commands(m_loop, m_workers, m_coordinator, m_delegate, m_account, m_preferences, m_trace),
+      m_commands(m_loop, m_workers, m_coordinator, m_delegate, m_account, m_preferences, m_trace, m_textCommand),
       m_shortcuts(m_loop, m_workers, m_preferences, DesktopShortcuts::find(),
                   [this] { return m_account.isSignedIn() && mayRecordScreen(); }),
       m_hotkeys(m_desktop.keys, m_preferences, m_trace, hotkeyHandlers())

@@ -10,6 +10,7 @@
 #include "app/HomeWindow.h"
 #include "app/SigtermSource.h"
 #include "app/SystemShortcutManager.h"
+#include "app/TextCommand.h"
 #include "app/TrayMenu.h"
 #include "capture/CaptureAccess.h"
 #include "capture/CaptureCoordinator.h"
@@ -19,6 +20,7 @@
 #include "capture/SelectionCapture.h"
 #include "capture/SelectionOverlayController.h"
 #include "capture/WindowBackdropCompositor.h"
+#include "platform/PluginCodeReader.h"
 #include "platform/SpawnedToolProcess.h"
 #include "platform/desktop/DBusScreenLock.h"
 #include "platform/desktop/FileTokenStore.h"
@@ -111,6 +113,10 @@ private:
     DBusScreenLock m_screenLock;
     SelectionOverlayController m_selectionOverlay;
     SelectionCapture m_selectionCapture;
+    VisionOCREngine m_recognition;
+    PluginCodeReader m_codeReader;
+    QRCodeDetector m_codes;
+    TextCommand m_textCommand;
     InstanceBus m_bus; // before the coordinator: its last replies still leave
     CaptureCoordinator m_coordinator;
     AppDelegate m_delegate;

@@ -39,14 +39,15 @@ CaptureOptions optionsOf(const Command& command)
 } // namespace
 
 CommandRunner::CommandRunner(MainLoop& loop, Workers& workers, CaptureCoordinator& coordinator, AppDelegate& delegate,
-                             Account& account, Preferences& preferences, CaptureTrace& trace)
+                             Account& account, Preferences& preferences, CaptureTrace& trace, TextCommand& text)
     : m_loop(loop),
       m_workers(workers),
       m_coordinator(coordinator),
       m_delegate(delegate),
       m_account(account),
       m_preferences(preferences),
-      m_trace(trace)
+      m_trace(trace),
+      m_text(text)
 {
 }
 
@@ -61,6 +62,8 @@ void CommandRunner::run(const QStringList& arguments, quint64 requestID, Reply<C
     } else if (command->name == "capture") {
         m_trace.begin();
         m_account.whenKnown([this, command = *command, requestID, reply] { capture(command, requestID, reply); });
+    } else if (command->name == "text") {
+        m_text.run(*command, requestID, reply);
     } else if (command->name == "codes") {
         runOnWorker(Lane::codes, [command = *command] { return CodesCommand::run(command); }, reply);
     } else if (command->name == "preferences") {
@@ -81,6 +84,7 @@ void CommandRunner::run(const QStringList& arguments, quint64 requestID, Reply<C
 void CommandRunner::cancel(quint64 requestID)
 {
     m_coordinator.cancel(requestID);
+    m_text.cancel(requestID);
 }
 
 void CommandRunner::capture(const Command& command, quint64 requestID, Reply<CommandAnswer> reply)

@@ -2,6 +2,7 @@
 
 #include "app/Account.h"
 #include "app/AppDelegate.h"
+#include "app/TextCommand.h"
 #include "capture/CaptureCoordinator.h"
 #include "capture/CaptureTrace.h"
 #include "commandline/CommandLine.h"
@@ -13,7 +14,7 @@ namespace Kovrel {
 class CommandRunner {
 public:
     CommandRunner(MainLoop& loop, Workers& workers, CaptureCoordinator& coordinator, AppDelegate& delegate,
-                  Account& account, Preferences& preferences, CaptureTrace& trace);
+                  Account& account, Preferences& preferences, CaptureTrace& trace, TextCommand& text);
 
     // `requestID` is what `cancel` takes when nobody waits for the answer any more.
     void run(const QStringList& arguments, quint64 requestID, Reply<CommandAnswer> reply);
@@ -35,6 +36,7 @@ private:
     Account& m_account;
     Preferences& m_preferences;
     CaptureTrace& m_trace;
+    TextCommand& m_text;
 };
 
 } // namespace Kovrel

@@ -3,6 +3,9 @@
 #include "app/CodesCommand.h"
 #include "app/DesktopSession.h"
 #include "app/PreferencesCommand.h"
+#include "app/TextCommand.h"
+#include "platform/PluginCodeReader.h"
+#include "platform/PluginTextRecogniser.h"
 
 #include <QApplication>
 
@@ -56,11 +59,20 @@ int runWithoutInstance(const Command& command, int& argc, char** argv)
     FileTokenStore tokens(loop, workers, AppPaths::dataFolder());
     KeychainTokenStore secrets(loop, std::chrono::seconds(5));
     Account account(tokens, secrets);
+    VisionOCREngine recognition(loop, workers, std::make_unique<PluginTextRecogniser>(),
+                                [&defaults] { return defaults.textList("textLanguages"); });
+    const PluginCodeReader codeReader;
+    QRCodeDetector codes(loop, workers, codeReader);
+    TextCommand text(loop, workers, recognition, codes);
     CommandAnswer result;
-    CommandRunner::runAccountCommand(command, account, defaults, [&](const CommandAnswer& answer) {
+    const auto finish = [&](const CommandAnswer& answer) {
         result = answer;
         QCoreApplication::quit();
-    });
+    };
+    if (command.name == "text")
+        text.run(command, 0, finish);
+    else
+        CommandRunner::runAccountCommand(command, account, defaults, finish);
     QCoreApplication::exec();
     return report(result);
 }

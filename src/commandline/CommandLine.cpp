@@ -35,7 +35,14 @@ const std::vector<CommandRule>& rules()
          1,
          1,
          "capture MODE [--rect X,Y,W,H] [--save | --output FILE] [--copy] [--wait] [--json]",
-         "MODE: area | window | fullScreen | lastArea | timed"},
+         "MODE: area | window | fullScreen | lastArea | ocrRegion | timed"},
+        {"text",
+         {{"raw", false}, {"json", false}},
+         1,
+         1,
+         "text FILE [--raw] [--json]",
+         "the text in a picture; --raw does without dictionaries",
+         true},
         {"codes", {{"json", false}}, 1, 1, "codes FILE [--json]", "the QR codes in a picture", true},
         {"preferences", {}, 1, 3, "preferences list | get KEY | set KEY VALUE | reset KEY", "the settings"},
         {"sign-in", {{"local", false}}, 0, 0, "sign-in --local", "use the account kept on this computer"},
@@ -45,7 +52,7 @@ const std::vector<CommandRule>& rules()
     return all;
 }
 
-constexpr std::array captureModes{"area", "window", "fullScreen", "lastArea", "timed"};
+constexpr std::array captureModes{"area", "window", "fullScreen", "lastArea", "ocrRegion", "timed"};
 constexpr std::array outputExtensions{"png", "jpeg", "jpg", "heic", "heif", "tiff", "tif"};
 
 std::string lower(std::string text)
@@ -97,8 +104,8 @@ std::optional<std::string> captureError(const Command& command)
     const std::string& mode = command.operands.front();
     if (!contains(captureModes, mode))
         return "unknown capture mode \"" + mode + "\"";
-    if (command.has("rect") && mode != "area")
-        return "--rect goes with the mode area";
+    if (command.has("rect") && mode != "area" && mode != "ocrRegion")
+        return "--rect goes with the modes area and ocrRegion";
     if (command.has("rect") && !isRectangle(command.options.at("rect")))
         return "--rect takes X,Y,W,H in points, with a width and height above 0";
     if (command.has("save") && command.has("output"))
@@ -240,7 +247,7 @@ std::expected<Command, std::string> CommandLine::parse(const std::vector<std::st
 
 bool CommandLine::runsWithoutInstance(const Command& command)
 {
-    return contains(std::array{"codes", "preferences", "sign-in", "sign-out"}, command.name);
+    return contains(std::array{"codes", "preferences", "sign-in", "sign-out", "text"}, command.name);
 }
 
 } // namespace Kovrel

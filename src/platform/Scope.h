@@ -94,10 +94,16 @@ public:
     template <class Job>
     auto onWorker(Lane lane, Job job)
     {
+        return onWorker(lane, QualityOfService::userInitiated, std::move(job));
+    }
+
+    template <class Job>
+    auto onWorker(Lane lane, QualityOfService qos, Job job)
+    {
         using T = std::invoke_result_t<Job>;
         using Value = std::conditional_t<std::is_void_v<T>, Nothing, T>;
         auto outcome = add<Value>();
-        m_workers.submit(lane, [outcome, job = std::move(job), loop = &m_loop]() mutable {
+        m_workers.submit(lane, qos, [outcome, job = std::move(job), loop = &m_loop]() mutable {
             auto value = std::make_shared<std::variant<std::monostate, Value, std::exception_ptr>>();
             try {
                 if constexpr (std::is_void_v<T>) {

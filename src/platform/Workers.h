@@ -12,14 +12,22 @@ enum class Lane {
     shutter,    // "com.kovrel.shutter"
     codes,      // codes in a picture, while somebody waits
     utility,    // everything that nobody waits for
+    visionOCR,  // "com.kovrel.vision-ocr"
+    ocrFiles,   // recognised text on disk
 };
 
-// The door to background threads. Submitting is done on the main thread; a lane runs its jobs one at a time in
-// order of submission. A job that was submitted is run, also when the program ends.
+// Who waits for a job; of those that wait in a lane the most urgent is run first.
+enum class QualityOfService { background, utility, userInitiated, userInteractive };
+
+// The door to background threads. Submitting is done on the main thread; a lane runs its jobs one at a time, equally
+// urgent ones in order of submission. A job that was submitted is run, also when the program ends.
 class Workers {
 public:
     virtual ~Workers() = default;
-    virtual void submit(Lane lane, std::function<void()> job) = 0;
+
+    void submit(Lane lane, std::function<void()> job) { submit(lane, QualityOfService::userInitiated, std::move(job)); }
+
+    virtual void submit(Lane lane, QualityOfService qos, std::function<void()> job) = 0;
 };
 
 } // namespace Kovrel

@@ -107,6 +107,7 @@ const std::vector<Setting>& table()
         {"backdropColorsHidden", textList, {}, "hidden backdrop colours"},
         {"backdropGradientsHidden", textList, {}, "hidden backdrop gradients"},
         {"savedSwatches", textList, {}, "favourite colours"},
+        {"textLanguages", textList, {}, "languages of recognised text, like en, de; none: those of the desktop"},
         {"NSInitialToolTipDelay", integer, {}, "milliseconds before a tool tip shows"},
         {"selectionHintShownCount", integer, {}, "how often the selection's hint was shown"},
         {"kovrelDisabledNativeHotKeys", textList, {}, "the desktop's screenshot shortcuts that are switched off"},

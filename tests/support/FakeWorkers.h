@@ -2,6 +2,7 @@
 
 #include "platform/Workers.h"
 
+#include <algorithm>
 #include <deque>
 #include <map>
 
@@ -10,7 +11,14 @@ namespace Kovrel::Testing {
 // Lanes whose jobs run when the test says so, on the test's thread.
 class FakeWorkers : public Workers {
 public:
-    void submit(Lane lane, std::function<void()> job) override { m_jobs[lane].push_back(std::move(job)); }
+    using Workers::submit;
+
+    void submit(Lane lane, QualityOfService qos, std::function<void()> job) override
+    {
+        auto& jobs = m_jobs[lane];
+        const auto place = std::ranges::upper_bound(jobs, qos, std::greater(), &Job::qos);
+        jobs.insert(place, {qos, std::move(job)});
+    }
 
     size_t pending(Lane lane) { return m_jobs[lane].size(); }
 
@@ -19,7 +27,7 @@ public:
     {
         auto jobs = std::exchange(m_jobs[lane], {});
         for (const auto& job : jobs)
-            job();
+            job.work();
         return jobs.size();
     }
 
@@ -28,7 +36,7 @@ public:
     {
         if (m_jobs[lane].empty())
             return;
-        const auto job = std::move(m_jobs[lane].front());
+        const auto job = std::move(m_jobs[lane].front().work);
         m_jobs[lane].pop_front();
         job();
     }
@@ -36,13 +44,19 @@ public:
     size_t runAll()
     {
         size_t count = 0;
-        for (const Lane lane : {Lane::capture, Lane::save, Lane::editorSave, Lane::shutter, Lane::codes, Lane::utility})
+        for (const Lane lane : {Lane::capture, Lane::save, Lane::editorSave, Lane::shutter, Lane::codes, Lane::utility,
+                                Lane::visionOCR, Lane::ocrFiles})
             count += run(lane);
         return count;
     }
 
 private:
-    std::map<Lane, std::deque<std::function<void()>>> m_jobs;
+    struct Job {
+        QualityOfService qos;
+        std::function<void()> work;
+    };
+
+    std::map<Lane, std::deque<Job>> m_jobs;
 };
 
 } // namespace Kovrel::Testing

@@ -2,6 +2,7 @@
 
 #include <pthread.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace Kovrel {
@@ -24,6 +25,10 @@ const char* threadName(Lane lane)
         return "kovrel.codes";
     case Lane::utility:
         return "kovrel.utility";
+    case Lane::visionOCR:
+        return "kovrel.ocr";
+    case Lane::ocrFiles:
+        return "kovrel.ocrfiles";
     }
     return "kovrel.worker";
 }
@@ -53,7 +58,7 @@ bool ThreadWorkers::finish(std::chrono::milliseconds patience)
     return allDone;
 }
 
-void ThreadWorkers::submit(Lane lane, std::function<void()> job)
+void ThreadWorkers::submit(Lane lane, QualityOfService qos, std::function<void()> job)
 {
     auto& queue = m_queues[lane];
     if (!queue) {
@@ -61,7 +66,8 @@ void ThreadWorkers::submit(Lane lane, std::function<void()> job)
         queue->thread = std::thread([queue, lane] { work(queue, lane); });
     }
     const std::lock_guard locked(queue->lock);
-    queue->jobs.push_back(std::move(job));
+    const auto place = std::ranges::upper_bound(queue->jobs, qos, std::greater(), &Job::qos);
+    queue->jobs.insert(place, {qos, std::move(job)});
     queue->wake.notify_one();
 }
 
@@ -73,7 +79,7 @@ void ThreadWorkers::work(const std::shared_ptr<Queue>& queue, Lane lane)
         queue->wake.wait(locked, [&queue] { return !queue->jobs.empty() || queue->isClosing; });
         if (queue->jobs.empty())
             break;
-        auto job = std::move(queue->jobs.front());
+        auto job = std::move(queue->jobs.front().work);
         queue->jobs.pop_front();
         locked.unlock();
         job();

@@ -20,14 +20,20 @@ public:
     // Runs what was submitted and ends the threads; a later job starts its lane again. False when a job still hangs
     // after `patience`: its lane is then left behind, and with it whatever the job uses.
     bool finish(std::chrono::milliseconds patience);
-    void submit(Lane lane, std::function<void()> job) override;
+    using Workers::submit;
+    void submit(Lane lane, QualityOfService qos, std::function<void()> job) override;
 
 private:
+    struct Job {
+        QualityOfService qos;
+        std::function<void()> work;
+    };
+
     struct Queue {
         std::mutex lock;
         std::condition_variable wake;
         std::condition_variable ended;
-        std::deque<std::function<void()>> jobs;
+        std::deque<Job> jobs; // the next one first
         bool isClosing = false;
         bool isDone = false;
         std::thread thread;

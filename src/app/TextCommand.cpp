@@ -1,0 +1,105 @@
+#include "app/TextCommand.h"
+
+#include "app/CodesCommand.h"
+
+#include "platform/ImageCodec.h"
+#include "recognition/RecognitionError.h"
+
+#include <nlohmann/json.hpp>
+
+namespace Kovrel {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json json(const OCRLine& line)
+{
+    const Rect& box = line.boundingBox;
+    Json quad;
+    if (line.quad)
+        quad = {line.quad->origin.x, line.quad->origin.y, line.quad->xEnd.x,
+                line.quad->xEnd.y,   line.quad->yEnd.x,   line.quad->yEnd.y};
+    return {{"text", line.text.toStdString()},
+            {"confidence", line.confidence},
+            {"box", {box.x, box.y, box.width, box.height}},
+            {"quad", quad}};
+}
+
+QString json(const OCRResult& result, const std::vector<QRCode>& codes)
+{
+    Json lines = Json::array();
+    for (const OCRLine& line : result.lines)
+        lines.push_back(json(line));
+    const Json object{{"fullText", result.fullText.toStdString()},
+                      {"isOriented", result.isOriented},
+                      {"lines", lines},
+                      {"codes", CodesCommand::json(codes)}};
+    return QString::fromStdString(object.dump(-1, ' ', false, Json::error_handler_t::replace)) + '\n';
+}
+
+QString plain(const OCRResult& result, const std::vector<QRCode>& codes)
+{
+    QString text = result.fullText.isEmpty() ? QString() : result.fullText + '\n';
+    for (const QRCode& code : codes)
+        text += code.payload + '\n';
+    return text;
+}
+
+CommandAnswer answer(const OCRResult& result, const std::vector<QRCode>& codes, const Command& command)
+{
+    CommandAnswer answer{.output = command.has("json") ? json(result, codes) : plain(result, codes)};
+    if (result.fullText.isEmpty() && codes.empty()) {
+        answer.exitCode = CommandLine::nothingThere;
+        answer.error = "there is no text in " + QString::fromStdString(command.operands.front());
+    }
+    return answer;
+}
+
+CommandAnswer failure(const QString& message)
+{
+    return {.exitCode = CommandLine::failed, .error = message};
+}
+
+} // namespace
+
+TextCommand::TextCommand(MainLoop& loop, Workers& workers, VisionOCREngine& engine, QRCodeDetector& codes)
+    : m_engine(engine), m_codes(codes), m_scope(loop, workers)
+{
+}
+
+void TextCommand::run(const Command& command, quint64 requestID, Reply<CommandAnswer> reply)
+{
+    Scope::start(read(command, requestID, std::move(reply)), "reading text");
+}
+
+void TextCommand::cancel(quint64 requestID)
+{
+    if (const auto running = m_running.find(requestID); running != m_running.end())
+        running->second.request_stop();
+}
+
+QCoro::Task<> TextCommand::read(Command command, quint64 requestID, Reply<CommandAnswer> reply)
+{
+    const std::stop_source stop;
+    m_running.insert_or_assign(requestID, stop);
+    const QString path = QString::fromStdString(command.operands.front());
+    const auto image = co_await m_scope.onWorker(Lane::utility, [path] { return ImageCodec::decodeFile(path); });
+    CommandAnswer result;
+    if (image) {
+        try {
+            const OCRResult text = co_await m_engine.recognize(*image, QualityOfService::userInitiated,
+                                                               !command.has("raw"), stop.get_token());
+            const auto codes = co_await m_codes.detectCodes(*image);
+            result = codes ? answer(text, *codes, command) : failure(codes.error());
+        } catch (const RecognitionError& error) {
+            result = failure(error.message());
+        }
+    } else {
+        result = failure(image.error().message);
+    }
+    m_running.erase(requestID);
+    reply(result);
+}
+
+} // namespace Kovrel

@@ -1,0 +1,154 @@
+#include "platform/recognisers/LanguageData.h"
+
+#include <QDir>
+#include <QLocale>
+
+#include <tesseract/baseapi.h>
+
+#include <cstring>
+
+namespace Kovrel {
+
+namespace {
+
+// A model begins with the number of its parts (32 bits) and their offsets (64 bits, -1: not there).
+constexpr size_t wordListParts[] = {6, 7, 8, 9, 14, 15, 18, 19, 20};
+
+template <class Number>
+Number numberAt(const std::vector<char>& data, size_t offset)
+{
+    Number number{};
+    std::memcpy(&number, data.data() + offset, sizeof number);
+    return number;
+}
+
+template <class Number>
+void append(std::vector<char>& data, Number number)
+{
+    const auto* const bytes = reinterpret_cast<const char*>(&number);
+    data.insert(data.end(), bytes, bytes + sizeof number);
+}
+
+// The offsets of a model's parts, and its end behind them; empty for what is no model.
+std::vector<qint64> partOffsets(const std::vector<char>& data)
+{
+    if (data.size() < sizeof(qint32))
+        return {};
+    const auto count = numberAt<qint32>(data, 0);
+    if (count <= 0 || data.size() < sizeof(qint32) + size_t(count) * sizeof(qint64))
+        return {};
+    std::vector<qint64> offsets;
+    for (size_t part = 0; part < size_t(count); ++part)
+        offsets.push_back(numberAt<qint64>(data, sizeof(qint32) + part * sizeof(qint64)));
+    offsets.push_back(qint64(data.size()));
+    return offsets;
+}
+
+qint64 endOfPart(const std::vector<qint64>& offsets, size_t part)
+{
+    const auto next =
+        std::find_if(offsets.begin() + qsizetype(part) + 1, offsets.end(), [](qint64 o) { return o >= 0; });
+    return *next;
+}
+
+bool holds(const std::vector<char>& data, qint64 begin, qint64 end)
+{
+    return begin >= 0 && begin <= end && end <= qint64(data.size());
+}
+
+bool isWordList(size_t part)
+{
+    return std::ranges::find(wordListParts, part) != std::end(wordListParts);
+}
+
+std::vector<char> withoutWordLists(const std::vector<char>& data)
+{
+    const std::vector<qint64> offsets = partOffsets(data);
+    if (offsets.empty())
+        return data;
+    const size_t count = offsets.size() - 1;
+    std::vector<char> head;
+    std::vector<char> body;
+    append(head, qint32(count));
+    for (size_t part = 0; part < count; ++part) {
+        const bool stays = !isWordList(part) && holds(data, offsets[part], endOfPart(offsets, part));
+        append(head, stays ? qint64(sizeof(qint32) + count * sizeof(qint64) + body.size()) : qint64(-1));
+        if (stays)
+            body.insert(body.end(), data.begin() + offsets[part], data.begin() + endOfPart(offsets, part));
+    }
+    head.insert(head.end(), body.begin(), body.end());
+    return head;
+}
+
+// Where the library looks of itself is told after it has looked.
+QString builtInFolder()
+{
+    tesseract::TessBaseAPI library;
+    library.SetVariable("debug_file", "/dev/null");
+    library.Init(nullptr, "eng");
+    return QString::fromUtf8(library.GetDatapath());
+}
+
+// The name of the model for a language, "de-AT" or "deu" say.
+QString modelName(const QString& language)
+{
+    QString tag = language.trimmed();
+    tag.replace('_', '-');
+    const QString code = tag.section('-', 0, 0).toLower();
+    if (code == "zh")
+        return tag.contains("TW") || tag.contains("HK") || tag.contains("Hant") ? "chi_tra" : "chi_sim";
+    if (code == "nb" || code == "nn" || code == "no")
+        return "nor";
+    const QString threeLetters = QLocale::languageToCode(QLocale::codeToLanguage(code), QLocale::ISO639Part2T);
+    return code.size() == 2 && !threeLetters.isEmpty() ? threeLetters : language.trimmed();
+}
+
+QStringList modelsOf(const QStringList& languages, const QStringList& available)
+{
+    QStringList models;
+    for (const QString& language : languages)
+        if (const QString model = modelName(language); available.contains(model) && !models.contains(model))
+            models << model;
+    return models;
+}
+
+} // namespace
+
+QString LanguageData::folder()
+{
+    if (qEnvironmentVariableIsSet("TESSDATA_PREFIX"))
+        return qEnvironmentVariable("TESSDATA_PREFIX");
+    static const QString folder = builtInFolder();
+    return folder;
+}
+
+QStringList LanguageData::installed()
+{
+    QStringList models;
+    for (const QString& file : QDir(folder()).entryList({"*.traineddata"}, QDir::Files, QDir::Name))
+        models << file.chopped(qsizetype(std::strlen(".traineddata")));
+    models.removeAll("osd"); // tells scripts apart, nothing more
+    models.removeAll("equ");
+    return models;
+}
+
+QStringList LanguageData::chosen(const QStringList& wanted)
+{
+    const QStringList available = installed();
+    const QStringList models = modelsOf(wanted.isEmpty() ? QLocale::system().uiLanguages() : wanted, available);
+    if (!models.isEmpty() || available.isEmpty())
+        return models;
+    return {available.contains("eng") ? QString("eng") : available.first()};
+}
+
+bool LanguageData::readWithoutWordLists(const char* path, std::vector<char>* data)
+{
+    QFile file(QFile::decodeName(path));
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray bytes = file.readAll();
+    *data = withoutWordLists({bytes.begin(), bytes.end()});
+    return true;
+}
+
+} // namespace Kovrel

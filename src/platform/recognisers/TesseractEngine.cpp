@@ -1,0 +1,220 @@
+#include "platform/recognisers/TesseractEngine.h"
+
+#include "platform/recognisers/LanguageData.h"
+
+#include <QTextBoundaryFinder>
+
+#include <tesseract/baseapi.h>
+#include <tesseract/ocrclass.h>
+#include <tesseract/resultiterator.h>
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr int dotsPerInch = 300;        // what the models were made for; it sets nothing but expectations of sizes
+constexpr double runGap = 2;            // heights of a word: a wider gap begins a new run
+constexpr float leastConfidence = 0.3f; // of a run of a few characters; below lies what was read out of icons
+constexpr int fewCharacters = 3;
+constexpr int darkInk = 128;
+
+using tesseract::RIL_SYMBOL;
+using tesseract::RIL_TEXTLINE;
+using tesseract::RIL_WORD;
+
+// The library reads word lists from files only.
+class WordListFile {
+public:
+    explicit WordListFile(const QStringList& words) : m_descriptor(::memfd_create("words", MFD_CLOEXEC))
+    {
+        const QByteArray lines = (words.join('\n') + '\n').toUtf8();
+        m_isWritten = m_descriptor >= 0 && ::write(m_descriptor, lines, size_t(lines.size())) == lines.size();
+    }
+
+    ~WordListFile() { ::close(m_descriptor); }
+
+    WordListFile(const WordListFile&) = delete;
+    WordListFile& operator=(const WordListFile&) = delete;
+
+    std::string path() const { return m_isWritten ? "/proc/self/fd/" + std::to_string(m_descriptor) : std::string(); }
+
+private:
+    int m_descriptor;
+    bool m_isWritten = false;
+};
+
+qsizetype graphemeCount(const QString& text)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    qsizetype count = 0;
+    while (finder.toNextBoundary() >= 0)
+        ++count;
+    return count;
+}
+
+template <class Iterator>
+QString textAt(const Iterator& at, tesseract::PageIteratorLevel level)
+{
+    const std::unique_ptr<char[]> text(at.GetUTF8Text(level));
+    return text ? QString::fromUtf8(text.get()) : QString();
+}
+
+std::optional<QRectF> boxAt(const tesseract::PageIterator& at, tesseract::PageIteratorLevel level)
+{
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+    if (!at.BoundingBox(level, &left, &top, &right, &bottom))
+        return std::nullopt;
+    return QRectF(left, top, right - left, bottom - top);
+}
+
+// The box of what is dark in an area, and how much of it.
+struct DarkArea {
+    QRect box;
+    int pixels = 0;
+
+    DarkArea(const QImage& ink, const QRect& area)
+    {
+        for (int y = area.top(); y <= area.bottom(); ++y)
+            for (int x = area.left(); x <= area.right(); ++x)
+                if (ink.constScanLine(y)[x] < darkInk) {
+                    box |= QRect(x, y, 1, 1);
+                    ++pixels;
+                }
+    }
+
+    // As wide as high, and filled like a circle or a square.
+    bool isDot() const
+    {
+        const int side = std::max(box.width(), box.height());
+        return pixels > 0 && std::abs(box.width() - box.height()) * 4 <= side && pixels * 10 >= side * side * 7;
+    }
+};
+
+// Puts the words of a page together to runs.
+class RunBuilder {
+public:
+    explicit RunBuilder(const QImage& ink) : m_ink(ink) {}
+
+    std::vector<TesseractEngine::Run> runs;
+
+    void addWord(const tesseract::ResultIterator& at)
+    {
+        QString text = textAt(at, RIL_WORD).trimmed();
+        const auto box = boxAt(at, RIL_WORD);
+        if (text.isEmpty() || !box)
+            return;
+        if (at.IsAtBeginningOf(RIL_TEXTLINE) || box->left() - m_run.box.right() > runGap * box->height())
+            finish();
+        if (m_run.text.isEmpty() && isBullet(text, at, *box))
+            text = bullet;
+        if (!m_run.text.isEmpty()) {
+            m_run.text += ' ';
+            m_run.characterBoxes.push_back(std::nullopt);
+        }
+        m_run.text += text;
+        m_run.box = m_run.box.united(*box);
+        m_weight += float(text.size());
+        m_run.confidence += at.Confidence(RIL_WORD) / 100 * float(text.size());
+        addSymbols(at);
+    }
+
+    void finish()
+    {
+        if (m_run.text.isEmpty())
+            return;
+        m_run.confidence = std::clamp(m_run.confidence / m_weight, 0.0f, 1.0f);
+        if (qsizetype(m_run.characterBoxes.size()) != graphemeCount(m_run.text))
+            m_run.characterBoxes.clear();
+        if (!isNoise())
+            runs.push_back(std::move(m_run));
+        m_run = {};
+        m_weight = 0;
+    }
+
+private:
+    static constexpr QChar bullet{0x2022};
+
+    // The models know no bullets and see letters in them.
+    bool isBullet(const QString& text, const tesseract::ResultIterator& at, const QRectF& box) const
+    {
+        if (text.size() != 1 || text == "." || at.IsAtFinalElement(RIL_TEXTLINE, RIL_WORD))
+            return false;
+        const DarkArea dark(m_ink, box.toAlignedRect().intersected(m_ink.rect()));
+        const auto line = boxAt(at, RIL_TEXTLINE);
+        return dark.isDot() && line && dark.box.height() * 2 <= line->height();
+    }
+
+    bool isNoise() const { return m_run.text.size() <= fewCharacters && m_run.confidence < leastConfidence; }
+
+    void addSymbols(tesseract::ResultIterator at)
+    {
+        do {
+            const auto box = boxAt(at, RIL_SYMBOL);
+            for (qsizetype count = graphemeCount(textAt(at, RIL_SYMBOL)); count > 0; --count)
+                m_run.characterBoxes.push_back(box);
+        } while (!at.IsAtFinalElement(RIL_WORD, RIL_SYMBOL) && at.Next(RIL_SYMBOL));
+    }
+
+    const QImage& m_ink;
+    TesseractEngine::Run m_run;
+    float m_weight = 0;
+};
+
+bool isStopped(void* stop, int)
+{
+    return static_cast<const std::stop_token*>(stop)->stop_requested();
+}
+
+} // namespace
+
+TesseractEngine::TesseractEngine(Kind kind) : m_kind(std::move(kind)), m_library(new tesseract::TessBaseAPI) {}
+
+TesseractEngine::~TesseractEngine() = default;
+
+std::expected<std::unique_ptr<TesseractEngine>, QString> TesseractEngine::make(const Kind& kind)
+{
+    std::unique_ptr<TesseractEngine> engine(new TesseractEngine(kind));
+    if (!engine->load())
+        return std::unexpected("The language data for text recognition (" + kind.models.join(", ") + ") in " +
+                               LanguageData::folder() + " can't be used.");
+    return engine;
+}
+
+bool TesseractEngine::load()
+{
+    const WordListFile words(m_kind.customWords);
+    const std::vector<std::string> names{"debug_file", "user_words_file", "tessedit_do_invert"};
+    const std::vector<std::string> values{"/dev/null", m_kind.correctsLanguage ? words.path() : "", "0"};
+    m_library->SetVariable("debug_file", "/dev/null");
+    return m_library->Init(LanguageData::folder().toUtf8(), 0, m_kind.models.join('+').toUtf8(),
+                           tesseract::OEM_LSTM_ONLY, nullptr, 0, &names, &values, false,
+                           m_kind.correctsLanguage ? nullptr : &LanguageData::readWithoutWordLists) == 0;
+}
+
+std::vector<TesseractEngine::Run> TesseractEngine::read(const QImage& ink, const std::stop_token& stop)
+{
+    m_library->SetPageSegMode(tesseract::PSM_SINGLE_COLUMN);
+    m_library->SetImage(ink.constBits(), ink.width(), ink.height(), 1, int(ink.bytesPerLine()));
+    m_library->SetSourceResolution(dotsPerInch);
+    tesseract::ETEXT_DESC monitor;
+    monitor.cancel = &isStopped;
+    monitor.cancel_this = const_cast<std::stop_token*>(&stop);
+    RunBuilder builder(ink);
+    m_library->Recognize(&monitor);
+    if (const std::unique_ptr<tesseract::ResultIterator> at{m_library->GetIterator()}) {
+        do
+            builder.addWord(*at);
+        while (at->Next(RIL_WORD));
+    }
+    builder.finish();
+    m_library->Clear();
+    return std::move(builder.runs);
+}
+
+} // namespace Kovrel

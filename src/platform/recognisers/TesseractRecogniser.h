@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/recognisers/TesseractEngine.h"
+
+namespace Kovrel {
+
+// Reads text with Tesseract. What it needs for that is done here: pages are cleaned, turned upright, enlarged and cut
+// into parts, which two threads read with a library instance each.
+class TesseractRecogniser : public TextRecogniser {
+public:
+    Outcome recognise(const QImage& picture, const Request& request) override;
+
+private:
+    static constexpr size_t threadCount = 2;
+
+    std::optional<Failure> prepareEngines(const Request& request, size_t count);
+
+    struct Page;
+    struct Reading;
+    Reading readPage(const Page& page, const std::stop_token& stop);
+
+    TesseractEngine::Kind m_kind;
+    std::vector<std::unique_ptr<TesseractEngine>> m_engines; // of that kind, loaded as they are needed
+};
+
+} // namespace Kovrel

@@ -1,0 +1,326 @@
+#include "recognition/CaptureOCRStore.h"
+
+#include "saving/AtomicFile.h"
+
+#include <QFile>
+#include <QLoggingCategory>
+
+namespace Kovrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.ocr")
+
+using Key = CaptureOCRStore::Key;
+using Kind = CaptureOCRStore::Kind;
+
+constexpr const char* name(Kind kind)
+{
+    return kind == Kind::base ? "base" : "edited";
+}
+
+QByteArray name(QUuid id)
+{
+    return id.toByteArray(QUuid::WithoutBraces).toUpper();
+}
+
+const char* suffix(bool corrected)
+{
+    return corrected ? "" : " raw";
+}
+
+QString fileName(const Key& key)
+{
+    return QString::fromLatin1(name(key.id)) + (key.kind == Kind::base ? "_ocr.json" : "_edited_ocr.json");
+}
+
+// --- On the worker lane
+
+std::optional<OCRFile> readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? OCRFile::decoded(file.readAll()) : std::nullopt;
+}
+
+struct Written {
+    OCRFile file;
+    std::optional<QString> error;
+};
+
+Written changeFile(const QString& path, const std::optional<OCRFile>& remembered,
+                   const std::function<void(OCRFile&)>& change)
+{
+    const std::optional<OCRFile> existing = readFile(path);
+    Written written{existing ? *existing : remembered.value_or(OCRFile{}), {}};
+    change(written.file);
+    if (const auto outcome = AtomicFile::write(path, written.file.encoded(), AtomicFile::Access::onlyOwner); !outcome)
+        written.error = outcome.error().message;
+    return written;
+}
+
+// A raw text never takes the place of a corrected one that found something.
+void putText(OCRFile& file, const OCRFile::TextPart& part)
+{
+    const bool isBetter = file.text && file.text->corrected && !file.text->result.lines.empty();
+    if (part.corrected || !isBetter)
+        file.text = part;
+}
+
+} // namespace
+
+// A recognition under way.
+struct CaptureOCRStore::Run {
+    using Outcome = std::variant<OCRResult, std::exception_ptr>;
+
+    int token = 0; // when it began
+    int waiters = 0;
+    std::stop_source stop;
+    std::vector<Reply<Outcome>> askers;
+    std::optional<Outcome> outcome; // once it has ended
+};
+
+CaptureOCRStore::CaptureOCRStore(MainLoop& loop, Workers& workers, QString directory, StatusOf status,
+                                 Recognize recognize)
+    : m_directory(std::move(directory)),
+      m_status(std::move(status)),
+      m_recognize(std::move(recognize)),
+      m_scope(loop, workers)
+{
+}
+
+CaptureOCRStore::~CaptureOCRStore()
+{
+    for (const auto& [read, run] : m_inFlight)
+        run->stop.request_stop();
+}
+
+QStringList CaptureOCRStore::sidecarURLs(QUuid id, const QString& directory)
+{
+    return {directory + '/' + fileName({id, Kind::base}), directory + '/' + fileName({id, Kind::edited})};
+}
+
+QString CaptureOCRStore::path(const Key& key) const
+{
+    return m_directory + '/' + fileName(key);
+}
+
+int CaptureOCRStore::token(QUuid id) const
+{
+    const auto generation = m_generation.find(id.toRfc4122());
+    return generation == m_generation.end() ? 0 : generation->second;
+}
+
+bool CaptureOCRStore::mayKeep(const Key& key, int token) const
+{
+    return token == this->token(key.id) && m_status(key.id) == Status::recorded;
+}
+
+// --- Asking
+
+QCoro::Task<OCRResult> CaptureOCRStore::text(Key key, QualityOfService qos, bool corrected, Pixels pixels,
+                                             std::stop_token stop)
+{
+    const std::optional<OCRFile> file = co_await stored(key);
+    if (stop.stop_requested())
+        throw Cancelled{};
+    if (file && file->text && (file->text->corrected || !corrected))
+        co_return file->text->result;
+
+    const Read read{key, corrected};
+    std::shared_ptr<Run> run = m_inFlight[read];
+    if (run) {
+        qCInfo(log, "text %s %s: joining the read in flight", name(key.id).constData(), name(key.kind));
+    } else {
+        run = m_inFlight[read] = std::make_shared<Run>(Run{.token = token(key.id)});
+        Scope::start(perform(read, run, qos, std::move(pixels)), "keeping recognised text");
+    }
+    OCRResult result = co_await join(read, run, stop);
+    co_return result;
+}
+
+QCoro::Task<std::optional<OCRFile>> CaptureOCRStore::stored(Key key)
+{
+    if (const auto remembered = m_memo.find(key); remembered != m_memo.end())
+        co_return remembered->second;
+    const int token = this->token(key.id);
+    std::optional<OCRFile> file =
+        co_await m_scope.onWorker(Lane::ocrFiles, [path = path(key)] { return readFile(path); });
+    if (const auto remembered = m_memo.find(key); remembered != m_memo.end())
+        co_return remembered->second;
+    if (file && token == this->token(key.id))
+        remember(key, *file);
+    co_return file;
+}
+
+QCoro::Task<OCRResult> CaptureOCRStore::join(Read read, std::shared_ptr<Run> run, std::stop_token stop)
+{
+    ++run->waiters;
+    std::optional<std::stop_callback<std::function<void()>>> leaving;
+    const Run::Outcome outcome = co_await m_scope.reply<Run::Outcome>([&](Reply<Run::Outcome> done) {
+        if (run->outcome)
+            return done(*run->outcome);
+        run->askers.push_back(done);
+        leaving.emplace(stop, [done] { done(std::make_exception_ptr(Cancelled{})); });
+    });
+    if (stop.stop_requested())
+        waiterLeft(read, run);
+    if (const auto* const error = std::get_if<std::exception_ptr>(&outcome))
+        std::rethrow_exception(*error);
+    co_return std::get<OCRResult>(outcome);
+}
+
+// Nobody waits any more: a raw read is not worth its time then, a corrected one is for later.
+void CaptureOCRStore::waiterLeft(const Read& read, const std::shared_ptr<Run>& run)
+{
+    if (--run->waiters > 0 || read.corrected || run->outcome)
+        return;
+    qCInfo(log, "text %s %s: raw read cancelled with its last asker", name(read.key.id).constData(),
+           name(read.key.kind));
+    endOf(read, run);
+    run->stop.request_stop();
+}
+
+// Later requests begin a run of their own.
+void CaptureOCRStore::endOf(const Read& read, const std::shared_ptr<Run>& run)
+{
+    if (const auto place = m_inFlight.find(read); place != m_inFlight.end() && place->second == run)
+        m_inFlight.erase(place);
+}
+
+// --- Reading
+
+QCoro::Task<> CaptureOCRStore::perform(Read read, std::shared_ptr<Run> run, QualityOfService qos, Pixels pixels)
+{
+    Run::Outcome outcome;
+    try {
+        outcome = co_await recognized(read, run, qos, std::move(pixels));
+    } catch (...) {
+        outcome = std::current_exception();
+    }
+    endOf(read, run);
+    run->outcome = outcome;
+    for (const auto& asker : std::exchange(run->askers, {}))
+        asker(outcome);
+}
+
+QCoro::Task<OCRResult> CaptureOCRStore::recognized(Read read, std::shared_ptr<Run> run, QualityOfService qos,
+                                                   Pixels pixels)
+{
+    const QImage image = co_await m_scope.join(pixels());
+    if (image.isNull())
+        throw ReadError::noPixels;
+    OCRResult result = co_await m_scope.join(m_recognize(image, qos, read.corrected, run->stop.get_token()));
+    const Key& key = read.key;
+    const bool isKept = mayKeep(key, run->token);
+    qCInfo(log, "text %s %s: read %ld lines at %ldx%ld%s, %s", name(key.id).constData(), name(key.kind),
+           long(result.lines.size()), long(image.width()), long(image.height()), suffix(read.corrected),
+           isKept ? "kept" : "not kept");
+    if (!isKept)
+        co_return result;
+    const OCRFile::TextPart part{image.size(), read.corrected, result};
+    const std::optional<QString> error = co_await keep(key, run->token, [part](OCRFile& file) { putText(file, part); });
+    if (error)
+        qCWarning(log, "text %s %s: not written: %s", name(key.id).constData(), name(key.kind), qUtf8Printable(*error));
+    else
+        qCInfo(log, "text %s %s: kept, %ld lines%s", name(key.id).constData(), name(key.kind),
+               long(result.lines.size()), suffix(read.corrected));
+    co_return result;
+}
+
+// Changes the file of an image, and what is remembered of it. The answer is why it could not be written.
+QCoro::Task<std::optional<QString>> CaptureOCRStore::keep(Key key, int token, std::function<void(OCRFile&)> change)
+{
+    const auto remembered = m_memo.find(key);
+    const std::optional<OCRFile> known = remembered == m_memo.end() ? std::nullopt : std::optional(remembered->second);
+    const Written written = co_await m_scope.onWorker(
+        Lane::ocrFiles, [path = path(key), known, change] { return changeFile(path, known, change); });
+    if (token == this->token(key.id))
+        remember(key, written.file);
+    co_return written.error;
+}
+
+// --- Codes
+
+QCoro::Task<std::optional<std::vector<QRCode>>> CaptureOCRStore::codes(Key key)
+{
+    const std::optional<OCRFile> file = co_await stored(key);
+    if (!file || !file->qr)
+        co_return std::nullopt;
+    co_return file->qr->codes;
+}
+
+void CaptureOCRStore::storeCodes(std::vector<QRCode> codes, bool complete, Key key, int token)
+{
+    if (mayKeep(key, token))
+        Scope::start(keepCodes(std::move(codes), complete, key, token), "keeping codes");
+}
+
+QCoro::Task<> CaptureOCRStore::keepCodes(std::vector<QRCode> codes, bool complete, Key key, int token)
+{
+    const OCRFile::QRPart part{codes, complete};
+    const std::optional<QString> error = co_await keep(key, token, [part](OCRFile& file) { file.qr = part; });
+    if (error)
+        qCWarning(log, "codes %s %s: not written: %s", name(key.id).constData(), name(key.kind),
+                  qUtf8Printable(*error));
+    else
+        qCInfo(log, "codes %s %s: kept, %ld codes", name(key.id).constData(), name(key.kind), long(codes.size()));
+}
+
+// --- Images that change and go
+
+void CaptureOCRStore::invalidate(QUuid id, std::set<Kind> kinds)
+{
+    ++m_generation[id.toRfc4122()];
+    std::vector<Key> keys;
+    for (const Kind kind : kinds) {
+        const Key key{id, kind};
+        keys.push_back(key);
+        drop(key);
+        m_removing.insert(key);
+    }
+    Scope::start(removeFiles(std::move(keys)), "removing recognised text");
+}
+
+QCoro::Task<> CaptureOCRStore::removeFiles(std::vector<Key> keys)
+{
+    QStringList paths;
+    for (const Key& key : keys)
+        paths << path(key);
+    co_await m_scope.onWorker(Lane::ocrFiles, [paths] {
+        for (const QString& path : paths)
+            QFile::remove(path);
+    });
+    for (const Key& key : keys)
+        m_removing.erase(m_removing.find(key));
+}
+
+void CaptureOCRStore::forget(QUuid id)
+{
+    ++m_generation[id.toRfc4122()];
+    for (const Kind kind : {Kind::base, Kind::edited})
+        drop({id, kind});
+}
+
+// Who is still reading the old image gets its text; who asks from now on does not.
+void CaptureOCRStore::drop(const Key& key)
+{
+    m_memo.erase(key);
+    std::erase(m_memoOrder, key);
+    for (const bool corrected : {false, true})
+        m_inFlight.erase({key, corrected});
+}
+
+void CaptureOCRStore::remember(const Key& key, OCRFile file)
+{
+    if (m_removing.contains(key))
+        return;
+    std::erase(m_memoOrder, key);
+    m_memoOrder.push_back(key);
+    while (m_memoOrder.size() > memoSize) {
+        m_memo.erase(m_memoOrder.front());
+        m_memoOrder.erase(m_memoOrder.begin());
+    }
+    m_memo.insert_or_assign(key, std::move(file));
+}
+
+} // namespace Kovrel

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "model/OCRResult.h"
+#include "model/QRCode.h"
+#include "platform/Scope.h"
+#include "recognition/OCRFile.h"
+
+#include <QUuid>
+
+#include <map>
+#include <set>
+
+namespace Kovrel {
+
+// The text and the codes of each capture, read once: kept in memory and, for recorded captures, in a file beside them.
+// Main thread; files are read and written on a worker lane.
+class CaptureOCRStore {
+public:
+    enum class Kind { base, edited }; // the capture as taken, the flattened edited image
+
+    struct Key {
+        QUuid id; // of the capture
+        Kind kind = Kind::base;
+
+        std::weak_ordering operator<=>(const Key& other) const
+        {
+            return std::pair(id.toRfc4122(), kind) <=> std::pair(other.id.toRfc4122(), other.kind);
+        }
+
+        bool operator==(const Key&) const = default;
+    };
+
+    // Whether a capture is in the history. Only recorded ones get files.
+    enum class Status { none, pending, recorded };
+
+    // What a text request throws when there is no picture.
+    enum class ReadError { noPixels };
+
+    using StatusOf = std::function<Status(QUuid)>;
+    // Throws what `text` throws.
+    using Recognize = std::function<QCoro::Task<OCRResult>(QImage, QualityOfService, bool corrected, std::stop_token)>;
+    // A null image: there is none.
+    using Pixels = std::function<QCoro::Task<QImage>()>;
+
+    // The most keys that are kept in memory.
+    static constexpr size_t memoSize = 12;
+
+    CaptureOCRStore(MainLoop& loop, Workers& workers, QString directory, StatusOf status, Recognize recognize);
+    ~CaptureOCRStore();
+
+    // The text of a capture. It is recognised only when neither memory nor file has it: a corrected text answers both
+    // kinds of request, a raw one only raw ones. Requests at the same time share one recognition. `stop` is how an
+    // asker leaves, and throws Cancelled; with its last asker a raw recognition ends, a corrected one goes on. Throws
+    // ReadError::noPixels and what the recogniser throws.
+    QCoro::Task<OCRResult> text(Key key, QualityOfService qos, bool corrected, Pixels pixels,
+                                std::stop_token stop = {});
+
+    // The codes that were stored; none when nobody looked yet.
+    QCoro::Task<std::optional<std::vector<QRCode>>> codes(Key key);
+    // Keeps codes unless the image has changed since `token` was read. `complete`: the whole image was looked at.
+    void storeCodes(std::vector<QRCode> codes, bool complete, Key key, int token);
+    int token(QUuid id) const;
+
+    // An image of these kinds was replaced.
+    void invalidate(QUuid id, std::set<Kind> kinds);
+    // The capture was deleted, with its files.
+    void forget(QUuid id);
+
+    // Where the files of both kinds lie, `base` first.
+    static QStringList sidecarURLs(QUuid id, const QString& directory);
+
+private:
+    struct Read {
+        Key key;
+        bool corrected = false;
+        auto operator<=>(const Read&) const = default;
+    };
+
+    struct Run;
+
+    QCoro::Task<std::optional<OCRFile>> stored(Key key);
+    QCoro::Task<OCRResult> join(Read read, std::shared_ptr<Run> run, std::stop_token stop);
+    QCoro::Task<> perform(Read read, std::shared_ptr<Run> run, QualityOfService qos, Pixels pixels);
+    QCoro::Task<OCRResult> recognized(Read read, std::shared_ptr<Run> run, QualityOfService qos, Pixels pixels);
+    QCoro::Task<std::optional<QString>> keep(Key key, int token, std::function<void(OCRFile&)> change);
+    QCoro::Task<> keepCodes(std::vector<QRCode> codes, bool complete, Key key, int token);
+    QCoro::Task<> removeFiles(std::vector<Key> keys);
+    void waiterLeft(const Read& read, const std::shared_ptr<Run>& run);
+    void endOf(const Read& read, const std::shared_ptr<Run>& run);
+    bool mayKeep(const Key& key, int token) const;
+    void remember(const Key& key, OCRFile file);
+    void drop(const Key& key);
+    QString path(const Key& key) const;
+
+    QString m_directory;
+    StatusOf m_status;
+    Recognize m_recognize;
+    std::map<QByteArray, int> m_generation; // by the id's bytes
+    std::map<Read, std::shared_ptr<Run>> m_inFlight;
+    std::multiset<Key> m_removing;
+    std::map<Key, OCRFile> m_memo;
+    std::vector<Key> m_memoOrder; // least recently remembered first
+    Scope m_scope;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,143 @@
+#include "recognition/OCRFile.h"
+
+#include <nlohmann/json.hpp>
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace Kovrel {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr double coordinateSteps = 100000;
+constexpr double centreSteps = 10000;
+
+double rounded(double value)
+{
+    return std::round(value * coordinateSteps) / coordinateSteps;
+}
+
+Json numbers(std::initializer_list<double> values)
+{
+    Json list = Json::array();
+    for (const double value : values)
+        list.push_back(rounded(value));
+    return list;
+}
+
+Json toJson(const Rect& box)
+{
+    return numbers({box.x, box.y, box.width, box.height});
+}
+
+Rect boxFrom(const Json& list)
+{
+    const auto values = list.get<std::vector<double>>();
+    return values.size() == 4 ? Rect{values[0], values[1], values[2], values[3]} : Rect{};
+}
+
+// The shortest decimals that read back as the same 32-bit number.
+double shortest(float value)
+{
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+    return QByteArray(text.data(), end - text.data()).toDouble();
+}
+
+Json toJson(const OCRLine& line)
+{
+    Json object{{"t", line.text.toStdString()}, {"c", shortest(line.confidence)}, {"b", toJson(line.boundingBox)}};
+    if (const auto& quad = line.quad)
+        object["q"] = numbers({quad->origin.x, quad->origin.y, quad->xEnd.x, quad->xEnd.y, quad->yEnd.x, quad->yEnd.y});
+    if (!line.characterCenters.empty()) {
+        Json& centres = object["cc"] = Json::array();
+        for (const double centre : line.characterCenters)
+            centres.push_back(std::lround(centre * centreSteps));
+    }
+    return object;
+}
+
+OCRLine lineFrom(const Json& object)
+{
+    OCRLine line{.text = QString::fromStdString(object.at("t").get<std::string>()),
+                 .confidence = object.at("c").get<float>(),
+                 .boundingBox = boxFrom(object.at("b"))};
+    if (const auto list = object.find("q"); list != object.end() && !list->is_null()) {
+        const auto q = list->get<std::vector<double>>();
+        if (q.size() == 6)
+            line.quad = OCRQuad{{q[0], q[1]}, {q[2], q[3]}, {q[4], q[5]}};
+    }
+    if (const auto list = object.find("cc"); list != object.end() && !list->is_null())
+        for (const Json& centre : *list)
+            line.characterCenters.push_back(double(centre.get<qint64>()) / centreSteps);
+    return line;
+}
+
+Json toJson(const OCRFile::TextPart& part)
+{
+    Json lines = Json::array();
+    for (const OCRLine& line : part.result.lines)
+        lines.push_back(toJson(line));
+    return {{"w", part.pixels.width()},           {"h", part.pixels.height()},
+            {"corrected", part.corrected},        {"full", part.result.fullText.toStdString()},
+            {"oriented", part.result.isOriented}, {"lines", lines}};
+}
+
+OCRFile::TextPart textPartFrom(const Json& object)
+{
+    OCRFile::TextPart part{.pixels = {object.at("w").get<int>(), object.at("h").get<int>()},
+                           .corrected = object.at("corrected").get<bool>()};
+    part.result.fullText = QString::fromStdString(object.at("full").get<std::string>());
+    part.result.isOriented = object.at("oriented").get<bool>();
+    for (const Json& line : object.at("lines"))
+        part.result.lines.push_back(lineFrom(line));
+    return part;
+}
+
+Json toJson(const OCRFile::QRPart& part)
+{
+    Json codes = Json::array();
+    for (const QRCode& code : part.codes)
+        codes.push_back({{"p", code.payload.toStdString()}, {"b", toJson(code.boundingBox)}});
+    return {{"codes", codes}, {"complete", part.complete}};
+}
+
+OCRFile::QRPart qrPartFrom(const Json& object)
+{
+    OCRFile::QRPart part{.complete = object.at("complete").get<bool>()};
+    for (const Json& code : object.at("codes"))
+        part.codes.push_back({QString::fromStdString(code.at("p").get<std::string>()), boxFrom(code.at("b"))});
+    return part;
+}
+
+} // namespace
+
+QByteArray OCRFile::encoded() const
+{
+    Json object{{"v", version}};
+    if (text)
+        object["text"] = toJson(*text);
+    if (qr)
+        object["qr"] = toJson(*qr);
+    return QByteArray::fromStdString(object.dump(-1, ' ', false, Json::error_handler_t::replace));
+}
+
+std::optional<OCRFile> OCRFile::decoded(const QByteArray& json)
+{
+    try {
+        const Json object = Json::parse(json.begin(), json.end());
+        OCRFile file{.version = object.at("v").get<int>()};
+        if (const auto part = object.find("text"); part != object.end() && !part->is_null())
+            file.text = textPartFrom(*part);
+        if (const auto part = object.find("qr"); part != object.end() && !part->is_null())
+            file.qr = qrPartFrom(*part);
+        return file;
+    } catch (const Json::exception&) {
+        return std::nullopt;
+    }
+}
+
+} // namespace Kovrel
