@@ -3,14 +3,13 @@
 #include "capture/CaptureHistory.h"
 #include "capture/CardPile.h"
 #include "capture/ReopenLedger.h"
-#include "capture/TextReader.h"
 #include "platform/MainLoop.h"
 
 namespace Kovrel {
 
 // Stands where a part of the program is absent, and answers as a part that has nothing to give: no card can be
 // shown, nothing is recorded.
-class AbsentParts : public CardPile, public CaptureHistory, public ReopenLedger, public TextReader {
+class AbsentParts : public CardPile, public CaptureHistory, public ReopenLedger {
 public:
     explicit AbsentParts(MainLoop& loop) : m_loop(loop) {}
 
@@ -45,11 +44,6 @@ public:
     void rememberSavedFile(QUuid, const QString&) override {}
 
     std::optional<QUuid> takeLastClosed() override { return std::nullopt; }
-
-    void read(QImage, double, Reply<Reading> reply) override
-    {
-        m_loop.post([reply] { reply({}); });
-    }
 
 private:
     template <class T>

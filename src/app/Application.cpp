@@ -95,6 +95,7 @@ Application::Application(AppDelegate::Launch launch)
       m_recognition(m_loop, m_workers, std::make_unique<PluginTextRecogniser>(),
                     [this] { return m_defaults.textList("textLanguages"); }),
       m_codes(m_loop, m_workers, m_codeReader),
+      m_textReader(m_loop, m_workers, m_recognition, m_codes),
       m_textCommand(m_loop, m_workers, m_recognition, m_codes),
       m_coordinator(captureServices()),
       m_delegate(*this, m_preferences, m_loop),
@@ -155,7 +156,7 @@ CaptureServices Application::captureServices()
         .grabber = m_selectionCapture,
         .backdrop = m_backdrop,
         .effects = m_sounds,
-        .textReader = m_absent,
+        .textReader = m_textReader,
         .cards = m_absent,
         .historyWindow = m_absent,
         .toasts = m_toasts,
@@ -245,7 +246,7 @@ GlobalHotkeyManager::Handlers Application::hotkeyHandlers()
 bool Application::isEnabled(const CaptureCommands::Entry& entry) const
 {
     const bool canCapture = m_account.isSignedIn() && mayRecordScreen();
-    return entry.action == CaptureCommands::Action::capture && canCapture && entry.mode != CaptureMode::ocrRegion;
+    return entry.action == CaptureCommands::Action::capture && canCapture;
 }
 
 void Application::perform(const CaptureCommands::Entry& entry, bool fromMenu)
@@ -303,6 +304,8 @@ void Application::prewarm()
 {
     m_selectionOverlay.prewarm();
     m_desktop.keys.onModifiersHeld([this] { m_selectionOverlay.expectSession(); });
+    m_recognition.prewarm();
+    m_codes.prewarm();
 }
 
 void Application::prewarmDelayed() {}

@@ -17,6 +17,7 @@
 #include "capture/CaptureSounds.h"
 #include "capture/CaptureTrace.h"
 #include "capture/NativeScreenCapture.h"
+#include "capture/RecognitionTextReader.h"
 #include "capture/SelectionCapture.h"
 #include "capture/SelectionOverlayController.h"
 #include "capture/WindowBackdropCompositor.h"
@@ -116,6 +117,7 @@ private:
     VisionOCREngine m_recognition;
     PluginCodeReader m_codeReader;
     QRCodeDetector m_codes;
+    RecognitionTextReader m_textReader;
     TextCommand m_textCommand;
     InstanceBus m_bus; // before the coordinator: its last replies still leave
     CaptureCoordinator m_coordinator;

@@ -88,9 +88,9 @@ QCoro::Task<> TextCommand::read(Command command, quint64 requestID, Reply<Comman
     CommandAnswer result;
     if (image) {
         try {
-            const OCRResult text = co_await m_engine.recognize(*image, QualityOfService::userInitiated,
-                                                               !command.has("raw"), stop.get_token());
-            const auto codes = co_await m_codes.detectCodes(*image);
+            const OCRResult text = co_await m_scope.join(
+                m_engine.recognize(*image, QualityOfService::userInitiated, !command.has("raw"), stop.get_token()));
+            const auto codes = co_await m_scope.join(m_codes.detectCodes(*image));
             result = codes ? answer(text, *codes, command) : failure(codes.error());
         } catch (const RecognitionError& error) {
             result = failure(error.message());

@@ -27,6 +27,7 @@ struct Recognized {
     std::optional<OCRQuad> quad;
     double tilt = 0; // degrees, 0 to 90
     std::vector<double> centers;
+    bool isUpsideDown = false;
 };
 
 double distance(Point a, Point b)
@@ -142,6 +143,7 @@ std::vector<Recognized> recognized(const std::vector<Observation>& observations)
         Recognized line{.text = best.text.trimmed(), .confidence = best.confidence, .box = observation.boundingBox};
         if (line.text.isEmpty())
             continue;
+        line.isUpsideDown = observation.bottomRight.x < observation.bottomLeft.x;
         addGeometry(observation, line);
         if (!line.quad)
             line.centers = characterCenters(best, line.text);
@@ -159,6 +161,15 @@ bool areOriented(const std::vector<Recognized>& lines)
     return !tilts.empty() && tilts[tilts.size() / 2] > orientedTilt;
 }
 
+// Where most lines stand on their heads, the page is read as it lies when it is turned.
+void turnUpsideDown(std::vector<TextFragment>& fragments, QSize pixels)
+{
+    for (TextFragment& fragment : fragments) {
+        fragment.box.x = pixels.width() - fragment.box.maxX();
+        fragment.box.y = pixels.height() - fragment.box.maxY();
+    }
+}
+
 // Rotated lines stay in the recogniser's order, each a column of its own: upright boxes can't tell columns there.
 std::vector<TextFragment> fragmentsInOrder(const std::vector<Recognized>& lines, QSize pixels, bool isOriented)
 {
@@ -172,6 +183,8 @@ std::vector<TextFragment> fragmentsInOrder(const std::vector<Recognized>& lines,
                              .sourceIndex = index,
                              .characterCenters = line.centers});
     }
+    if (std::ranges::count(lines, true, &Recognized::isUpsideDown) * 2 > std::ssize(lines))
+        turnUpsideDown(fragments, pixels);
     if (!isOriented)
         TextLayout::emit(fragments);
     return fragments;

@@ -103,8 +103,11 @@ private:
     {
         auto blobs = InkPage::blobs(ink);
         const int letterHeight = InkPage::letterHeight(blobs);
-        if (letterHeight == 0)
+        if (letterHeight == 0) {
+            if (!blobs.empty())
+                parts = {ink.rect()};
             return;
+        }
         scale = scaleFor(letterHeight);
         if (const double angle = TextDirection::of(blobs, letterHeight); angle != 0) {
             turn(-angle, scale);
