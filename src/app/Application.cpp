@@ -304,8 +304,6 @@ void Application::prewarm()
 {
     m_selectionOverlay.prewarm();
     m_desktop.keys.onModifiersHeld([this] { m_selectionOverlay.expectSession(); });
-    m_recognition.prewarm();
-    m_codes.prewarm();
 }
 
 void Application::prewarmDelayed() {}

@@ -18,6 +18,12 @@ RecognitionTextReader::RecognitionTextReader(MainLoop& loop, Workers& workers, V
 {
 }
 
+void RecognitionTextReader::expectReading()
+{
+    m_engine.prewarm();
+    m_codes.prewarm();
+}
+
 void RecognitionTextReader::read(QImage image, double, Reply<Reading> reply)
 {
     Scope::start(readBoth(std::move(image), std::move(reply)), "reading a capture");

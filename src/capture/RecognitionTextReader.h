@@ -11,6 +11,7 @@ class RecognitionTextReader : public TextReader {
 public:
     RecognitionTextReader(MainLoop& loop, Workers& workers, VisionOCREngine& engine, QRCodeDetector& codes);
 
+    void expectReading() override;
     void read(QImage image, double pixelScale, Reply<Reading> reply) override;
 
 private:

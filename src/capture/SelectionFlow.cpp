@@ -5,6 +5,7 @@
 #include "capture/CardPile.h"
 #include "capture/PixelSource.h"
 #include "capture/SelectionGrabber.h"
+#include "capture/TextReader.h"
 #include "capture/WindowTiles.h"
 #include "platform/Displays.h"
 #include "platform/ScreenPixels.h"
@@ -52,9 +53,11 @@ QCoro::Task<SelectionResult> SelectionFlow::select(Run run, SelectionOverlay::Mo
     co_await m_scope.join(m_stages.hideChromeAndRepaint(run));
     m_services.grabber.prewarm();
     m_services.overlay.applyFrozenImages();
-    // After the displays are frozen: nobody may wait for the desktop picture before that.
+    // After the displays are frozen, which nothing may delay, and while the user still aims.
     if (isWindowPick)
         co_await prewarmWindowBackdrop();
+    if (ocrOnly)
+        m_services.textReader.expectReading();
     SelectionResult selection = co_await result;
     m_overlayIsUp = false;
     m_stages.leaveInteractivePhase(run);

@@ -16,6 +16,8 @@ public:
     };
 
     virtual ~TextReader() = default;
+    // A picture is likely to come in a moment: loads what takes time.
+    virtual void expectReading() = 0;
     virtual void read(QImage image, double pixelScale, Reply<Reading> reply) = 0;
 };
 

@@ -214,6 +214,8 @@ struct FakeCaptureServices {
     struct Reader : TextReader, CaptureEffects, WindowBackdrop {
         explicit Reader(FakeCaptureServices& f) : fake(f) {}
 
+        void expectReading() override { fake.say("text: expect"); }
+
         void read(QImage image, double pixelScale, Reply<Reading> reply) override;
 
         void prewarm() override { fake.say("effects: prewarm"); }
