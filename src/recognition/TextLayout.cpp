@@ -1,6 +1,7 @@
 #include "recognition/TextLayout.h"
 
 #include "recognition/ColumnGap.h"
+#include "recognition/Median.h"
 
 #include <algorithm>
 
@@ -23,9 +24,7 @@ double medianHeight(const std::vector<TextFragment>& fragments)
 {
     std::vector<double> heights;
     std::ranges::transform(fragments, std::back_inserter(heights), [](const auto& f) { return f.box.height; });
-    const auto middle = heights.begin() + qsizetype(heights.size() / 2);
-    std::ranges::nth_element(heights, middle);
-    return *middle;
+    return median(std::move(heights));
 }
 
 // Numbers the fragments' rows and columns.
