@@ -1,5 +1,7 @@
 #include "recognition/ColumnGap.h"
 
+#include "recognition/Median.h"
+
 #include <algorithm>
 #include <limits>
 #include <map>
@@ -92,13 +94,6 @@ private:
     std::vector<ColumnGap> m_open;
     std::vector<ColumnGap> m_closed;
 };
-
-double median(std::vector<double> values)
-{
-    const auto middle = values.begin() + qsizetype(values.size() / 2);
-    std::ranges::nth_element(values, middle);
-    return *middle;
-}
 
 // What stands on both sides of a strip, right beside it.
 class Sides {

@@ -14,8 +14,6 @@ struct ColumnGap {
     double centre() const { return (left + right) / 2; }
 
     size_t rowCount() const { return lastRow - firstRow + 1; }
-
-    bool operator==(const ColumnGap&) const = default;
 };
 
 // Stateless; any thread.

@@ -23,6 +23,8 @@ bool lieAboveEachOther(const Rect& one, const Rect& other)
 }
 
 struct FromTheLeft {
+    using is_transparent = void;
+
     bool operator()(const TextFragment* one, const TextFragment* other) const
     {
         return std::pair(one->box.minX(), one->sourceIndex) < std::pair(other->box.minX(), other->sourceIndex);
@@ -50,7 +52,7 @@ public:
 private:
     bool hasRoomFor(const TextFragment& fragment) const
     {
-        const auto right = m_fragments.lower_bound(const_cast<TextFragment*>(&fragment));
+        const auto right = m_fragments.lower_bound(&fragment);
         const bool fitsRight = right == m_fragments.end() || !lieAboveEachOther((*right)->box, fragment.box);
         return fitsRight &&
                (right == m_fragments.begin() || !lieAboveEachOther((*std::prev(right))->box, fragment.box));
