@@ -1,11 +1,11 @@
 // decode_images FOLDER: decodes every file that FOLDER/manifest.tsv names and compares with what it expects. Ends with
 // 1 when one of them differs.
 
+#include "bench/Manifest.h"
 #include "platform/ImageCodec.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QPainter>
 
 #include <cstdio>
@@ -15,23 +15,6 @@ using namespace Kovrel;
 namespace {
 
 using Row = QHash<QString, QString>;
-
-QList<Row> readManifest(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const QStringList names = QString::fromUtf8(file.readLine()).trimmed().split(u'\t');
-    QList<Row> rows;
-    while (!file.atEnd()) {
-        const QStringList cells = QString::fromUtf8(file.readLine()).split(u'\t');
-        Row row;
-        for (qsizetype index = 0; index < qMin(names.size(), cells.size()); ++index)
-            row[names[index]] = cells[index];
-        rows << row;
-    }
-    return rows;
-}
 
 QColor meanColour(const QImage& image, const QRect& area)
 {
@@ -100,7 +83,7 @@ int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
     const QDir folder(application.arguments().value(1));
-    const auto rows = readManifest(folder.filePath("manifest.tsv"));
+    const auto rows = Bench::readManifest(folder.filePath("manifest.tsv"));
     int wrong = 0;
     for (const Row& row : rows) {
         const auto result = ImageCodec::decodeFile(folder.filePath(row["file"]));

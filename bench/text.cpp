@@ -1,0 +1,156 @@
+// text FOLDER [SCREENSHOT]: reads every picture that FOLDER/manifest.tsv names with `kovrel text` and with `tesseract`,
+// in the same languages, and compares their character error rates; then both times for the screenshot, side by side,
+// Kovrel's in a running instance. Ends with 1 when a bound is missed.
+
+#include "bench/Manifest.h"
+#include "bench/Samples.h"
+#include "tests/e2e/UserSession.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+
+#include <cstdio>
+
+using namespace Kovrel;
+using Testing::UserSession;
+
+namespace {
+
+constexpr double uprightBound = 0.7;  // of tesseract's errors, all upright files together
+constexpr double fileBound = 0.005;   // above tesseract's rate, on any file
+constexpr double rotatedBound = 0.02; // the rate of a rotated page
+constexpr double timeBound = 0.8;     // of tesseract's time
+constexpr int rounds = 5;
+
+// White space, quotes, dashes and bullets count as one of their kind.
+QString normal(QString text)
+{
+    text = text.normalized(QString::NormalizationForm_C);
+    for (const auto& [from, to] : std::initializer_list<std::pair<QStringView, const char*>>{
+             {u"“”„", "\""}, {u"‘’‚", "'"}, {u"–—−", "-"}, {u"•·\u00a0", " "}})
+        for (const QChar c : from)
+            text.replace(c, QString::fromLatin1(to));
+    text.replace(QString::fromUtf8("…"), QString("..."));
+    text.replace("''", "\"");
+    return text.simplified();
+}
+
+int editDistance(const QString& a, const QString& b)
+{
+    std::vector<int> row(size_t(b.size()) + 1);
+    for (size_t j = 0; j < row.size(); ++j)
+        row[j] = int(j);
+    for (const QChar c : a) {
+        int diagonal = row[0]++;
+        for (size_t j = 1; j < row.size(); ++j) {
+            const int changed = diagonal + (c != b[qsizetype(j) - 1]);
+            diagonal = row[j];
+            row[j] = std::min({row[j] + 1, row[j - 1] + 1, changed});
+        }
+    }
+    return row.back();
+}
+
+struct Score {
+    int errors = 0;
+    int length = 0;
+
+    double rate() const { return double(errors) / std::max(length, 1); }
+
+    void operator+=(const Score& other)
+    {
+        errors += other.errors;
+        length += other.length;
+    }
+};
+
+Score score(const QString& truth, const QByteArray& read)
+{
+    const QString expected = normal(truth);
+    return {editDistance(expected, normal(QString::fromUtf8(read))), int(expected.size())};
+}
+
+QString contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+bool compareAccuracy(UserSession& session, const QDir& folder)
+{
+    Score ours;
+    Score theirs;
+    bool isGood = true;
+    std::printf("%-28s %8s %10s\n", "file", "kovrel", "tesseract");
+    for (const auto& row : Bench::readManifest(folder.filePath("manifest.tsv"))) {
+        const QString file = folder.filePath(row["file"]);
+        const QString truth = contentOf(folder.filePath(row["truth_file"]));
+        session.prepare({"textLanguages=" + QString(row["languages"]).replace('+', ',')});
+        const Score our = score(truth, session.kovrel({"text", file}).output);
+        const Score their = score(truth, session.run("tesseract", {file, "-", "-l", row["languages"]}).output);
+        const bool isUpright = row["rotation_clockwise"].toInt() == 0;
+        const bool isFileGood = our.rate() <= their.rate() + fileBound && (isUpright || our.rate() <= rotatedBound);
+        std::printf("%-28s %8.4f %10.4f %s\n", qUtf8Printable(row["file"]), our.rate(), their.rate(),
+                    isFileGood ? "" : "MISSED");
+        isGood &= isFileGood;
+        if (isUpright) {
+            ours += our;
+            theirs += their;
+        }
+    }
+    const double ratio = double(ours.errors) / std::max(theirs.errors, 1);
+    std::printf("%-28s %8.4f %10.4f ratio %.2f, at most %.2f\n", "upright together", ours.rate(), theirs.rate(), ratio,
+                uprightBound);
+    return isGood && ours.length > 0 && ratio <= uprightBound;
+}
+
+template <class Work>
+double milliseconds(Work work)
+{
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    return double(timer.nsecsElapsed()) / 1e6;
+}
+
+bool compareTimes(UserSession& session, const QString& screenshot)
+{
+    session.prepare({"textLanguages=eng"});
+    session.startKovrel({"--background"});
+    if (!UserSession::eventually([&session] { return session.instancePid() != 0; }))
+        return false;
+    session.kovrel({"text", screenshot});
+    Bench::Samples ours;
+    Bench::Samples theirs;
+    for (int round = 0; round < rounds; ++round) {
+        ours.add(milliseconds([&] { session.kovrel({"text", screenshot}); }));
+        theirs.add(milliseconds([&] { session.run("tesseract", {screenshot, "-", "-l", "eng"}); }));
+    }
+    const double ratio = ours.median() / theirs.median();
+    std::printf("%-28s %6.0fms %8.0fms ratio %.2f, at most %.2f\n", "time, median", ours.median(), theirs.median(),
+                ratio, timeBound);
+    return ratio <= timeBound;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    bool isGood = true;
+    {
+        UserSession session(nullptr, false);
+        session.setVariable("OMP_THREAD_LIMIT", "1");
+        isGood &= compareAccuracy(session, QDir(arguments.value(1)));
+    }
+    if (arguments.size() > 2) {
+        const Testing::VirtualDisplay display;
+        UserSession session(&display);
+        session.setVariable("OMP_THREAD_LIMIT", "1");
+        isGood &= compareTimes(session, arguments[2]);
+    }
+    return isGood ? 0 : 1;
+}
