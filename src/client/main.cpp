@@ -3,6 +3,7 @@
 
 #include <climits>
 #include <cstdio>
+#include <cstdlib>
 #include <dlfcn.h>
 #include <unistd.h>
 
@@ -22,9 +23,34 @@ int complain(const std::string& line, int exitCode)
     return exitCode;
 }
 
+// The text recogniser's own threads cost six times what they save. The OpenMP library, which comes with the
+// application, reads this once, when it is loaded; programs that we start shall not inherit it.
+class SingleThreadedOpenMP {
+public:
+    SingleThreadedOpenMP()
+    {
+        if (!m_wasSet)
+            setenv(name, "1", 1);
+    }
+
+    ~SingleThreadedOpenMP()
+    {
+        if (!m_wasSet)
+            unsetenv(name);
+    }
+
+    SingleThreadedOpenMP(const SingleThreadedOpenMP&) = delete;
+    SingleThreadedOpenMP& operator=(const SingleThreadedOpenMP&) = delete;
+
+private:
+    static constexpr const char* name = "OMP_THREAD_LIMIT";
+    const bool m_wasSet = std::getenv(name);
+};
+
 // The application library lies beside the program in a build folder, in lib/kovrel when installed.
 void* loadApplication()
 {
+    const SingleThreadedOpenMP environment;
     char path[PATH_MAX];
     const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
     const std::string program(path, size_t(length > 0 ? length : 0));

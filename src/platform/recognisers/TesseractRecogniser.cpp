@@ -19,11 +19,11 @@ namespace {
 
 const double wantedLetterHeight =
     qEnvironmentVariable("HCLH", "20").toDouble(); // TMP// of small letters, in pixels: what the models read best
-constexpr double largestScale = 3;
+constexpr double largestScale = 2;
 constexpr double mostPixels = 60e6;         // of a page that is read
 constexpr int longestSide = 30000;          // the library counts in 16 bits
 constexpr int margin = 12;                  // white around a part, in pixels
-constexpr float doubtfulConfidence = 0.75f; // a page read with less may stand on its head
+constexpr float doubtfulConfidence = 0.6f; // a page read with less may stand on its head
 
 using Run = TesseractEngine::Run;
 
