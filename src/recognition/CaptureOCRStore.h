@@ -9,6 +9,7 @@
 
 #include <map>
 #include <set>
+#include <stop_token>
 
 namespace Kovrel {
 
