@@ -1,6 +1,7 @@
 #include "tests/e2e/UserSession.h"
 
 #include <QFile>
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 
