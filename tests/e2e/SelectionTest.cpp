@@ -422,6 +422,31 @@ TEST_F(SelectionTest, TheHotkeysOpenItAndSwitchItAlsoFromAMenu)
     EXPECT_EQ(session->savedFiles().size(), 1);
 }
 
+TEST_F(SelectionTest, PressesWhileACaptureIsFinishingAreTakenOrDroppedAndNothingHangs)
+{
+    using enum TestKeyboard::Key;
+    session->prepare({"afterCaptureActions=4"});
+    session->startKovrel({"--background"});
+    ASSERT_TRUE(UserSession::eventually([this] {
+        keyboard->type({super, shift, digit4});
+        return isOverlayUp();
+    }));
+    painted->drag({1000, 400}, {1100, 450});
+    ASSERT_TRUE(UserSession::eventually([this] { return isOverlayGone(); }));
+    for (int press = 0; press < 3; ++press)
+        keyboard->type({super, shift, digit3});
+    const auto sizes = [this] {
+        std::multiset<int> widths;
+        for (const QString& name : session->savedFiles())
+            widths.insert(QImage(session->saveFolder() + "/" + name).width());
+        return widths;
+    };
+    EXPECT_TRUE(
+        UserSession::eventually([&] { return sizes().contains(100) && sizes().contains(mainMonitor.width()); }));
+    expectNextCaptureWorks();
+    EXPECT_LE(sizes().count(mainMonitor.width()), 3u);
+}
+
 TEST(SelectionOnFractionalScales, IsExactToThePixel)
 {
     for (const char* scale : {"1.25", "1.5"}) {
