@@ -226,8 +226,11 @@ void CaptureCoordinator::selectionEnded(const Run& run, std::optional<DisplayAre
     if (run->generation != m_runGeneration)
         return;
     m_selectionUIDone = true;
-    if (std::exchange(m_isCapturing, false) && m_queuedCapture)
+    if (std::exchange(m_isCapturing, false) && m_queuedCapture) {
+        // What the overlay covered a moment ago may not be painted again yet.
+        m_queuedCapture->options.waitsForRepaint = true;
         capture(*std::exchange(m_queuedCapture, std::nullopt));
+    }
     flushDeferredForeground();
 }
 

@@ -352,6 +352,15 @@ TEST_F(CoordinatorTest, FailedGrabsSettleAndFreeTheNextPress)
     }
 }
 
+TEST_F(CoordinatorTest, WhatFollowsAnOverlayWaitsUntilTheScreenIsRepainted)
+{
+    fake.chromeIsVisible = false;
+    captureAndSettle(CaptureMode::area);
+    EXPECT_FALSE(fake.logged("wait for repaint")) << "nothing was taken off the screen";
+    captureAndSettle(CaptureMode::window);
+    EXPECT_TRUE(fake.logged("wait for repaint"));
+}
+
 TEST_F(CoordinatorTest, LostFrozenPixelsAreGrabbedLive)
 {
     fake.frozenGrabSucceeds = fake.windowGrabSucceeds = false;
