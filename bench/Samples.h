@@ -1,9 +1,21 @@
 #pragma once
 
+#include <QElapsedTimer>
+
 #include <algorithm>
 #include <vector>
 
 namespace Kovrel::Bench {
+
+// How long a piece of work takes, by the clock on the wall.
+template <class Work>
+double milliseconds(Work work)
+{
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    return double(timer.nsecsElapsed()) / 1e6;
+}
 
 // What several runs of the same thing took.
 class Samples {

@@ -8,7 +8,6 @@
 #include "recognition/QRCodeDetector.h"
 #include "recognition/RegionSearch.h"
 
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QGuiApplication>
 
@@ -49,15 +48,6 @@ std::vector<Bench::Picture> screens(const QStringList& paths)
     return pictures;
 }
 
-template <class Work>
-double milliseconds(Work work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -70,8 +60,8 @@ int main(int argc, char** argv)
         Bench::Samples serial;
         bool isEmpty = true;
         for (int round = 0; round < rounds; ++round) {
-            ours.add(milliseconds([&] { isEmpty &= search(image); }));
-            serial.add(milliseconds([&] { isEmpty &= searchOnOneThread(image); }));
+            ours.add(Bench::milliseconds([&] { isEmpty &= search(image); }));
+            serial.add(Bench::milliseconds([&] { isEmpty &= searchOnOneThread(image); }));
         }
         std::printf("%-28s %5d x %4d %10.1f %14.1f %6.2f %s\n", qUtf8Printable(name), image.width(), image.height(),
                     ours.best(), serial.best(), ours.best() / serial.best(), isEmpty ? "" : "(has codes)");

@@ -6,8 +6,6 @@
 #include "recognition/TextFind.h"
 #include "recognition/TextLayout.h"
 
-#include <QElapsedTimer>
-
 #include <cmath>
 #include <cstdio>
 #include <random>
@@ -21,15 +19,6 @@ constexpr int rounds = 15;
 constexpr double mostOfOnePass = 3;
 // Memory gets slower on the way from 500 to 50,000 fragments; n squared would be 57.
 constexpr double mostGrowth = 2;
-
-template <class Work>
-double milliseconds(Work work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
 
 QString sentence(const QStringList& words, std::mt19937& random)
 {
@@ -65,8 +54,8 @@ bool measureFind(const char* name, const QStringList& words, const QString& quer
     size_t found = 0;
     volatile int seen = 0;
     for (int round = 0; round < rounds; ++round) {
-        find.add(milliseconds([&] { found = TextFind::matches(query, all, lineCount).size(); }));
-        scan.add(milliseconds([&] { seen = foldAndScan(query, all); }));
+        find.add(Bench::milliseconds([&] { found = TextFind::matches(query, all, lineCount).size(); }));
+        scan.add(Bench::milliseconds([&] { seen = foldAndScan(query, all); }));
     }
     const double ratio = find.best() / scan.best();
     std::printf("%-28s %-12s %8d %10.3f %10.3f %6.2f\n", name, qUtf8Printable(query), int(found), find.best(),
@@ -110,7 +99,7 @@ bool measureLayout(const char* name, std::vector<TextFragment> (*page)(int))
         Bench::Samples samples;
         for (int round = 0; round < rounds; ++round) {
             auto copy = fragments;
-            samples.add(milliseconds([&] { TextLayout::emit(copy); }));
+            samples.add(Bench::milliseconds([&] { TextLayout::emit(copy); }));
         }
         last = samples.best() * 1e6 / (count * std::log2(count));
         first = first > 0 ? first : last;

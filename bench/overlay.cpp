@@ -14,7 +14,6 @@
 #include "tests/support/TestKeyboard.h"
 #include "tests/support/VirtualDisplay.h"
 
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QThread>
 
@@ -30,14 +29,6 @@ constexpr QSize displaySize(3840, 2160);
 constexpr QRect left({0, 0}, displaySize);
 constexpr QRect right({3840, 0}, displaySize);
 constexpr QSize desktopSize(7680, 2160);
-
-double millisecondsOf(const std::function<void()>& work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
 
 // The same pixels from the screen and back with the fewest requests, by segments and windows that are kept.
 class BareCopy {
@@ -128,7 +119,7 @@ public:
 
     double pressToPainted()
     {
-        const double milliseconds = millisecondsOf([this] {
+        const double milliseconds = Bench::milliseconds([this] {
             press();
             while (!isUp()) {
             }
@@ -218,13 +209,13 @@ void measureMoves(const QByteArray& displayName, int rounds)
         const QPoint pointer = QPoint(2600 + 12 * round, 1500 + 7 * round);
         const OverlayScene scene = OverlayScene::of(
             display, {.area = QRect(QPoint(400, 300), pointer), .isDragging = true, .pointer = pointer});
-        const double move = millisecondsOf([&] {
+        const double move = Bench::milliseconds([&] {
             view.show(scene);
             surfaces.wait();
         });
         if (round > 0) // the first one shows all of it
             moves.add(move);
-        wholes.add(millisecondsOf([&] {
+        wholes.add(Bench::milliseconds([&] {
             surfaces.put({0, 0}, view.compose(left));
             surfaces.wait();
         }));
@@ -257,10 +248,10 @@ int main(int argc, char** argv)
         for (int round = -2; round < rounds; ++round) {
             const double painting = program.pressToPainted();
             bare.show(true);
-            const double copying = millisecondsOf([&] { bare.getAndPut(); });
+            const double copying = Bench::milliseconds([&] { bare.getAndPut(); });
             bare.show(false);
             QThread::msleep(100);
-            const double showing = millisecondsOf([&] { bare.firstFrame(painted); });
+            const double showing = Bench::milliseconds([&] { bare.firstFrame(painted); });
             bare.show(false);
             QThread::msleep(100);
             if (round < 0)

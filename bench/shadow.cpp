@@ -3,7 +3,6 @@
 #include "bench/Samples.h"
 #include "imaging/GaussianBlur.h"
 
-#include <QElapsedTimer>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -85,15 +84,6 @@ int greatestDifference(const QImage& ours, const cv::Mat& theirs)
     return greatest;
 }
 
-template <class Work>
-double milliseconds(Work work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
-
 } // namespace
 
 int main()
@@ -110,12 +100,12 @@ int main()
         QImage result;
         cv::Mat expected;
         for (int round = 0; round < rounds; ++round) {
-            ours.add(
-                milliseconds([&] { result = GaussianBlur::blurred(alpha, sigma, GaussianBlur::Edges::transparent); }));
+            ours.add(Bench::milliseconds(
+                [&] { result = GaussianBlur::blurred(alpha, sigma, GaussianBlur::Edges::transparent); }));
             cv::setNumThreads(1);
-            single.add(milliseconds([&] { expected = blurredByOpenCv(alpha); }));
+            single.add(Bench::milliseconds([&] { expected = blurredByOpenCv(alpha); }));
             cv::setNumThreads(allThreads);
-            all.add(milliseconds([&] { expected = blurredByOpenCv(alpha); }));
+            all.add(Bench::milliseconds([&] { expected = blurredByOpenCv(alpha); }));
         }
         std::printf("%-28s %9.2f %14.2f %9.3f %14.2f %9.3f %10d\n", name, ours.median(), single.median(),
                     ours.median() / single.median(), all.median(), ours.median() / all.median(),

@@ -8,7 +8,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 
 #include <cstdio>
@@ -106,15 +105,6 @@ bool compareAccuracy(UserSession& session, const QDir& folder)
     return isGood && ours.length > 0 && ratio <= uprightBound;
 }
 
-template <class Work>
-double milliseconds(Work work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
-
 bool compareTimes(UserSession& session, const QString& screenshot)
 {
     session.prepare({"textLanguages=eng"});
@@ -125,8 +115,8 @@ bool compareTimes(UserSession& session, const QString& screenshot)
     Bench::Samples ours;
     Bench::Samples theirs;
     for (int round = 0; round < rounds; ++round) {
-        ours.add(milliseconds([&] { session.kovrel({"text", screenshot}); }));
-        theirs.add(milliseconds([&] { session.run("tesseract", {screenshot, "-", "-l", "eng"}); }));
+        ours.add(Bench::milliseconds([&] { session.kovrel({"text", screenshot}); }));
+        theirs.add(Bench::milliseconds([&] { session.run("tesseract", {screenshot, "-", "-l", "eng"}); }));
     }
     const double ratio = ours.median() / theirs.median();
     std::printf("%-28s %6.0fms %8.0fms ratio %.2f, at most %.2f\n", "time, median", ours.median(), theirs.median(),
