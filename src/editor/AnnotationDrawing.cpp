@@ -1,0 +1,312 @@
+#include "editor/AnnotationDrawing.h"
+
+#include "editor/AnnotationExtent.h"
+#include "editor/AnnotationInk.h"
+#include "editor/HighlighterInk.h"
+#include "editor/LabelInk.h"
+#include "editor/LabelText.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace Kovrel {
+
+using AnnotationDrawing::Scene;
+
+namespace {
+
+using Kind = Annotation::Kind;
+using Marks = std::vector<const Annotation*>;
+
+constexpr double translucentFill = 0.25;
+// Of the hatching, in image points.
+constexpr double hatchDistance = 8;
+constexpr double hatchWidth = 1.5;
+
+bool isRedaction(const Annotation& mark)
+{
+    return mark.kind == Kind::blur || mark.kind == Kind::pixelate || mark.kind == Kind::blackout;
+}
+
+bool isHighlighter(const Annotation& mark)
+{
+    return mark.kind == Kind::highlighter;
+}
+
+bool isSpotlight(const Annotation& mark)
+{
+    return mark.kind == Kind::spotlight;
+}
+
+bool isOther(const Annotation& mark)
+{
+    return !isRedaction(mark) && !isHighlighter(mark) && !isSpotlight(mark);
+}
+
+// The marks to draw of those that belong, in their order. A spotlight darkens everything else, so none is culled.
+template <class Belongs>
+Marks drawn(const std::vector<Annotation>& annotations, const Scene& scene, Belongs belongs)
+{
+    Marks marks;
+    for (const Annotation& mark : annotations) {
+        if (!belongs(mark) || (mark.kind == Kind::text && scene.excludingTextID == mark.id))
+            continue;
+        const QRectF bound = AnnotationExtent::cullBound(mark, scene.scale);
+        const bool isCulled = scene.culledTo && !isSpotlight(mark) && !scene.culledTo->intersects(bound);
+        if (!bound.isNull() && !isCulled)
+            marks.push_back(&mark);
+    }
+    return marks;
+}
+
+// A painter whose state comes back.
+class Painting {
+public:
+    explicit Painting(QPainter& painter) : m_painter(painter)
+    {
+        m_painter.save();
+        m_painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    }
+
+    ~Painting() { m_painter.restore(); }
+
+    Painting(const Painting&) = delete;
+    Painting& operator=(const Painting&) = delete;
+
+private:
+    QPainter& m_painter;
+};
+
+// The painter in pixels, y down, clipped to whole ones.
+QRect clipToPixels(QPainter& painter, const QRectF& rect, const std::optional<QPainterPath>& clip)
+{
+    const QRect pixels = painter.combinedTransform().mapRect(rect).toAlignedRect();
+    if (clip) {
+        QPainterPath path = *clip;
+        path.setFillRule(Qt::WindingFill);
+        painter.setClipPath(path, Qt::IntersectClip);
+    }
+    painter.resetTransform();
+    painter.setClipRect(pixels, Qt::IntersectClip);
+    return pixels;
+}
+
+void hatch(QPainter& painter, const QPainterPath& shape, const QColor& color, double scale)
+{
+    painter.save();
+    painter.setClipPath(shape, Qt::IntersectClip);
+    const QRectF area = shape.boundingRect() & painter.clipBoundingRect();
+    const double distance = hatchDistance * std::numbers::sqrt2 * scale;
+    QPainterPath lines;
+    // Where x - y is the same, counted from the capture's origin: the hatching of neighbours meets.
+    const double last = area.right() - area.top();
+    for (double k = std::floor((area.left() - area.bottom()) / distance); k * distance <= last; ++k) {
+        lines.moveTo(area.top() + k * distance, area.top());
+        lines.lineTo(area.bottom() + k * distance, area.bottom());
+    }
+    painter.strokePath(lines, QPen(color, hatchWidth * scale, Qt::SolidLine, Qt::FlatCap));
+    painter.restore();
+}
+
+void drawShape(QPainter& painter, const Annotation& mark, double scale)
+{
+    painter.save();
+    painter.setTransform(AnnotationInk::rotation(mark, scale), true);
+    const QPainterPath shape = AnnotationInk::shapePath(mark, scale);
+    const QColor color = AnnotationInk::colorOf(mark);
+    if (mark.fillStyle == Annotation::FillStyle::filled)
+        painter.fillPath(shape, color);
+    if (mark.fillStyle == Annotation::FillStyle::translucent) {
+        QColor light = color;
+        light.setAlphaF(float(translucentFill * color.alphaF()));
+        painter.fillPath(shape, light);
+    }
+    if (mark.fillStyle == Annotation::FillStyle::hatched)
+        hatch(painter, shape, color, scale);
+    if (mark.lineWidth > 0)
+        painter.strokePath(shape, AnnotationInk::pen(mark, scale));
+    painter.restore();
+}
+
+void drawSticker(QPainter& painter, const Annotation& mark, double scale)
+{
+    const QRectF rect = AnnotationInk::scaled(mark.boundingRect(), scale);
+    if (!mark.image || mark.image->isNull() || rect.isEmpty())
+        return;
+    painter.save();
+    painter.setTransform(AnnotationInk::rotation(mark, scale), true);
+    painter.translate(rect.left(), rect.bottom());
+    painter.scale(1, -1);
+    const QSize pixels = rect.size().toSize().expandedTo({1, 1});
+    const QImage& image = *mark.image;
+    // Interpolation alone skips pixels where a picture is made less than half as large.
+    const bool isMuchSmaller = 2 * pixels.width() < image.width() || 2 * pixels.height() < image.height();
+    const QImage fitting =
+        isMuchSmaller ? image.scaled(pixels.boundedTo(image.size()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                      : image;
+    painter.drawImage(QRectF({}, rect.size()), fitting);
+    painter.restore();
+}
+
+// The spotlights within the region, each place once: by the even-odd rule it would be dark where two overlap, and where
+// one reaches out of the region.
+QPainterPath litHoles(const Marks& spotlights, const QPainterPath& region, double scale)
+{
+    QPainterPath holes;
+    for (const Annotation* const spotlight : spotlights) {
+        const QRectF rect = AnnotationInk::scaled(spotlight->boundingRect(), scale);
+        if (rect.width() <= 1 || rect.height() <= 1)
+            continue;
+        QPainterPath hole = AnnotationInk::shapePath(*spotlight, scale);
+        if (!region.contains(rect))
+            hole = hole.intersected(region);
+        if (holes.intersects(rect))
+            holes = holes.united(hole);
+        else
+            holes.addPath(hole);
+    }
+    return holes;
+}
+
+void drawStroke(QPainter& painter, const Annotation& mark, double scale)
+{
+    if (mark.points.size() == 1)
+        painter.fillPath(AnnotationInk::inkPath(mark, scale), AnnotationInk::colorOf(mark));
+    else if (mark.lineWidth > 0)
+        painter.strokePath(AnnotationInk::strokeInkPath(mark, scale), AnnotationInk::pen(mark, scale));
+}
+
+void drawOne(QPainter& painter, const Annotation& mark, const Scene& scene)
+{
+    const QRectF rect = AnnotationInk::scaled(mark.boundingRect(), scene.scale);
+    const QColor color = AnnotationInk::colorOf(mark);
+    switch (mark.kind) {
+    case Kind::blur:
+        return AnnotationDrawing::drawRegion(painter, scene.blurredFull, rect, scene.fullRect, scene.regionClip);
+    case Kind::pixelate:
+        return AnnotationDrawing::drawRegion(painter, scene.pixelatedFull, rect, scene.fullRect, scene.regionClip);
+    case Kind::blackout:
+        return AnnotationDrawing::drawBlackout(painter, rect & scene.fullRect, scene.regionClip);
+    case Kind::highlighter:
+        return HighlighterInk::drawHighlightLayer(painter, {&mark}, scene.scale);
+    case Kind::spotlight:
+        return AnnotationDrawing::drawSpotlightShade(painter, {&mark}, scene.shadeRegion, scene.scale);
+    case Kind::pen:
+    case Kind::line:
+        return drawStroke(painter, mark, scene.scale);
+    case Kind::arrow:
+        return painter.fillPath(AnnotationInk::inkPath(mark, scene.scale), color);
+    case Kind::rectangle:
+    case Kind::ellipse:
+        return drawShape(painter, mark, scene.scale);
+    case Kind::text:
+        return LabelInk::drawText(painter, mark, scene.scale);
+    case Kind::step:
+        return AnnotationDrawing::drawStep(painter, mark, scene.scale, color);
+    case Kind::measure:
+        return MeasureInk::drawMeasure(painter, mark, scene.scale, scene.reading);
+    case Kind::image:
+        return drawSticker(painter, mark, scene.scale);
+    }
+}
+
+} // namespace
+
+void AnnotationDrawing::drawAll(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene)
+{
+    drawOnCapture(painter, annotations, scene);
+    drawAbove(painter, annotations, scene);
+}
+
+void AnnotationDrawing::drawOnCapture(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene)
+{
+    const Painting painting(painter);
+    for (const Annotation* const mark : drawn(annotations, scene, isRedaction))
+        drawOne(painter, *mark, scene);
+    HighlighterInk::drawHighlightLayer(painter, drawn(annotations, scene, isHighlighter), scene.scale);
+    drawSpotlightShade(painter, drawn(annotations, scene, isSpotlight), scene.shadeRegion, scene.scale);
+}
+
+void AnnotationDrawing::drawAbove(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene)
+{
+    const Painting painting(painter);
+    for (const Annotation* const mark : drawn(annotations, scene, isOther))
+        drawOne(painter, *mark, scene);
+}
+
+void AnnotationDrawing::draw(QPainter& painter, const Annotation& annotation, const Scene& scene)
+{
+    const Painting painting(painter);
+    if (AnnotationInk::isDrawable(annotation, scene.scale))
+        drawOne(painter, annotation, scene);
+}
+
+void AnnotationDrawing::drawRegion(QPainter& painter, const QImage& source, const QRectF& rect, const QRectF& fullRect,
+                                   const std::optional<QPainterPath>& clip)
+{
+    if (source.isNull() || fullRect.isEmpty())
+        return;
+    const double sx = source.width() / fullRect.width();
+    const double sy = source.height() / fullRect.height();
+    const QRectF wanted((rect.left() - fullRect.left()) * sx, source.height() - sy * (rect.bottom() - fullRect.top()),
+                        rect.width() * sx, rect.height() * sy);
+    const QRect piece = wanted.toAlignedRect() & source.rect();
+    if (piece.isEmpty() || rect.isEmpty())
+        return;
+    const QRectF place(fullRect.left() + piece.left() / sx,
+                       fullRect.top() + (source.height() - piece.top() - piece.height()) / sy, piece.width() / sx,
+                       piece.height() / sy);
+    painter.save();
+    const QRectF target = painter.combinedTransform().mapRect(place);
+    clipToPixels(painter, rect & fullRect, clip);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(target, source, piece);
+    painter.restore();
+}
+
+void AnnotationDrawing::drawBlackout(QPainter& painter, const QRectF& rect, const std::optional<QPainterPath>& clip)
+{
+    if (rect.isEmpty())
+        return;
+    painter.save();
+    const QRect pixels = clipToPixels(painter, rect, clip);
+    painter.fillRect(pixels, Qt::black);
+    painter.restore();
+}
+
+void AnnotationDrawing::drawStep(QPainter& painter, const Annotation& step, double scale, const QColor& color)
+{
+    const QPointF centre = AnnotationInk::scaled(step.points.back(), scale);
+    const double radius = AnnotationInk::stepRadius(step, scale);
+    painter.setBrush(color);
+    painter.setPen(Qt::NoPen);
+    painter.drawEllipse(centre, radius, radius);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(Qt::white, AnnotationInk::stepRingWidth(step, scale)));
+    painter.drawEllipse(centre, radius, radius);
+    const LabelText number(QString::number(step.stepNumber), boldTextAttributes(radius, std::nullopt), std::nullopt);
+    number.draw(painter, {centre.x() - number.size().width / 2, centre.y() + number.size().height / 2}, 1, Qt::white);
+}
+
+void AnnotationDrawing::drawSpotlightShade(QPainter& painter, const std::vector<const Annotation*>& spotlights,
+                                           const std::vector<QRectF>& shadeRegion, double scale)
+{
+    if (spotlights.empty())
+        return;
+    QPainterPath path;
+    path.setFillRule(Qt::OddEvenFill);
+    for (const QRectF& rect : shadeRegion)
+        path.addRect(rect);
+    path.addPath(litHoles(spotlights, path, scale));
+    QColor shade(Qt::black);
+    shade.setAlphaF(float(std::clamp(spotlights.back()->dimLevel, 0.0, 1.0)));
+    painter.save();
+    painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+    painter.fillPath(path, shade);
+    painter.restore();
+}
+
+} // namespace Kovrel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "editor/Annotation.h"
+#include "editor/MeasureInk.h"
+
+#include <QImage>
+#include <QMargins>
+
+namespace Kovrel {
+
+// Makes the final picture of an edited capture. Any thread but the main one.
+//
+// The order, from below: the matte, the capture, redactions, highlighters, the shade around spotlights, all other
+// marks; on a backdrop its fill, shadow and frame come first, and the capture with all that changes it is clipped to
+// its rounded corners. The canvas of the editor draws the same in the same order.
+namespace AnnotationFlattener {
+
+struct Input {
+    QImage base; // the capture
+    std::vector<Annotation> annotations;
+    double exportScale = 1;  // pixels of an image point
+    QImage blurredFull = {}; // as RedactionSources makes them; made here where they are needed and null
+    QImage pixelatedFull = {};
+    std::optional<QColor> matte = {}; // laid under what is transparent in the capture
+    MeasureUnit measureUnit = MeasureUnit::pixels;
+};
+
+// By how many pixels the picture grows on each side so that marks which stick out a little stay whole: 0 to 8.
+QMargins exportPadding(const std::vector<Annotation>& annotations, QSize pixels, double exportScale);
+
+// The finished picture, with the capture's colour profile and density and nothing else that it knew. A null picture
+// when the capture is null or memory is short.
+QImage render(const Input& input);
+
+} // namespace AnnotationFlattener
+
+} // namespace Kovrel

@@ -1,0 +1,120 @@
+#include "editor/MeasureInk.h"
+
+#include "editor/AnnotationInk.h"
+#include "editor/LabelText.h"
+
+#include <QPainter>
+#include <QPainterPathStroker>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Kovrel {
+
+namespace {
+
+// Image points.
+constexpr double badgeFontSize = 12;
+constexpr double badgeSide = 7;
+constexpr double badgeUpper = 3;
+constexpr double besideLine = 6;
+
+double lineWidth(const Annotation& measure)
+{
+    return std::max(measure.lineWidth, 1.0);
+}
+
+double fontSize(const Annotation& measure)
+{
+    return badgeFontSize + lineWidth(measure);
+}
+
+double tickLength(const Annotation& measure)
+{
+    return 6 + 3 * lineWidth(measure);
+}
+
+QPointF acrossLine(const Annotation& measure)
+{
+    const Point& from = measure.points.front();
+    const Point& to = measure.points.back();
+    const double length = std::hypot(to.x - from.x, to.y - from.y);
+    return length > 0 ? QPointF(from.y - to.y, to.x - from.x) / length : QPointF(0, 1);
+}
+
+QPainterPath lines(const Annotation& measure, double scale)
+{
+    const QPointF from = AnnotationInk::scaled(measure.points.front(), scale);
+    const QPointF to = AnnotationInk::scaled(measure.points.back(), scale);
+    const QPointF tick = acrossLine(measure) * (tickLength(measure) * scale / 2);
+    QPainterPath path(from);
+    path.lineTo(to);
+    for (const QPointF& end : {from, to}) {
+        path.moveTo(end - tick);
+        path.lineTo(end + tick);
+    }
+    return path;
+}
+
+QPen pen(const Annotation& measure, double scale)
+{
+    return {AnnotationInk::colorOf(measure), lineWidth(measure) * scale, Qt::SolidLine, Qt::FlatCap};
+}
+
+QPainterPath badge(const Annotation& measure, double scale, const MeasureInk::Reading& reading)
+{
+    const QRectF rect = MeasureInk::measureBadgeRect(measure, scale, reading);
+    QPainterPath path;
+    path.addRoundedRect(rect, rect.height() / 2, rect.height() / 2);
+    return path;
+}
+
+} // namespace
+
+QString MeasureInk::badgeText(const Annotation& measure, const Reading& reading)
+{
+    const Rect box = measure.boundingRect();
+    const double points = std::hypot(box.width, box.height);
+    const bool inPixels = reading.unit == MeasureUnit::pixels;
+    const double length = inPixels ? std::round(points * reading.pixelsToPoint) : std::round(points * 10) / 10;
+    return QString::number(length, 'g', 10) + ' ' + rawString(reading.unit);
+}
+
+QRectF MeasureInk::measureBadgeRect(const Annotation& measure, double scale, const Reading& reading)
+{
+    const Size text = LabelText(badgeText(measure, reading), fontSize(measure), std::nullopt).size();
+    const double width = text.width + 2 * badgeSide;
+    const double height = text.height + 2 * badgeUpper;
+    const Rect box = measure.boundingRect();
+    const Point middle = *measure.segmentMidpoint();
+    QPointF centre(middle.x, middle.y);
+    const QPointF across = acrossLine(measure);
+    // How much of the line the badge would cover, by the direction in which the line runs.
+    const double covered = std::abs(across.y()) * width + std::abs(across.x()) * height;
+    if (std::hypot(box.width, box.height) < covered + 2 * besideLine) {
+        const double away = std::abs(across.x()) * width / 2 + std::abs(across.y()) * height / 2;
+        centre += (across.y() < 0 ? -across : across) * (away + tickLength(measure) / 2 + besideLine);
+    }
+    return AnnotationInk::scaled({centre.x() - width / 2, centre.y() - height / 2, width, height}, scale);
+}
+
+void MeasureInk::drawMeasure(QPainter& painter, const Annotation& measure, double scale, const Reading& reading)
+{
+    painter.strokePath(lines(measure, scale), pen(measure, scale));
+    const QColor color = AnnotationInk::colorOf(measure);
+    painter.fillPath(badge(measure, scale, reading), color);
+    const QRectF rect = measureBadgeRect(measure, scale, reading);
+    const LabelText text(badgeText(measure, reading), fontSize(measure), std::nullopt);
+    text.draw(painter, {rect.left() + badgeSide * scale, rect.bottom() - badgeUpper * scale}, scale,
+              textColorOn(color));
+}
+
+QPainterPath MeasureInk::inkPath(const Annotation& measure, double scale)
+{
+    QPainterPath path = QPainterPathStroker(pen(measure, scale)).createStroke(lines(measure, scale));
+    path.setFillRule(Qt::WindingFill);
+    path.addPath(badge(measure, scale, {}));
+    return path;
+}
+
+} // namespace Kovrel
