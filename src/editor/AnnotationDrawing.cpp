@@ -5,8 +5,9 @@
 #include "editor/HighlighterInk.h"
 #include "editor/LabelInk.h"
 #include "editor/LabelText.h"
+#include "imaging/PainterPixels.h"
 
-#include <QPainter>
+#include <QPainterPathStroker>
 
 #include <algorithm>
 #include <cmath>
@@ -25,6 +26,7 @@ constexpr double translucentFill = 0.25;
 // Of the hatching, in image points.
 constexpr double hatchDistance = 8;
 constexpr double hatchWidth = 1.5;
+constexpr int bandHeight = 64; // pixels
 
 bool isRedaction(const Annotation& mark)
 {
@@ -94,21 +96,35 @@ QRect clipToPixels(QPainter& painter, const QRectF& rect, const std::optional<QP
     return pixels;
 }
 
+// Strips where x - y is the same, counted from the capture's origin: the hatching of neighbours meets.
 void hatch(QPainter& painter, const QPainterPath& shape, const QColor& color, double scale)
 {
     painter.save();
     painter.setClipPath(shape, Qt::IntersectClip);
-    const QRectF area = shape.boundingRect() & painter.clipBoundingRect();
+    const QRectF area = shape.boundingRect();
+    const QRectF visible = area & painter.clipBoundingRect();
     const double distance = hatchDistance * std::numbers::sqrt2 * scale;
-    QPainterPath lines;
-    // Where x - y is the same, counted from the capture's origin: the hatching of neighbours meets.
-    const double last = area.right() - area.top();
-    for (double k = std::floor((area.left() - area.bottom()) / distance); k * distance <= last; ++k) {
-        lines.moveTo(area.top() + k * distance, area.top());
-        lines.lineTo(area.bottom() + k * distance, area.bottom());
+    const double half = hatchWidth * std::numbers::sqrt2 * scale / 2;
+    QPainterPath strips;
+    const double last = (visible.right() - visible.top()) / distance + 1;
+    for (double k = std::floor((visible.left() - visible.bottom()) / distance) - 1; k <= last; ++k) {
+        const double lower = area.top() + k * distance;
+        const double upper = area.bottom() + k * distance;
+        strips.addPolygon(QPolygonF{{lower - half, area.top()},
+                                    {lower + half, area.top()},
+                                    {upper + half, area.bottom()},
+                                    {upper - half, area.bottom()}});
+        strips.closeSubpath();
     }
-    painter.strokePath(lines, QPen(color, hatchWidth * scale, Qt::SolidLine, Qt::FlatCap));
+    painter.fillPath(strips, color);
     painter.restore();
+}
+
+// Filling the outline of a stroke gives the same pixels however the painter is clipped; a stroke does not.
+void stroke(QPainter& painter, const QPainterPath& path, const QPen& pen)
+{
+    if (pen.widthF() > 0)
+        painter.fillPath(QPainterPathStroker(pen).createStroke(path), pen.color());
 }
 
 void drawShape(QPainter& painter, const Annotation& mark, double scale)
@@ -116,19 +132,45 @@ void drawShape(QPainter& painter, const Annotation& mark, double scale)
     painter.save();
     painter.setTransform(AnnotationInk::rotation(mark, scale), true);
     const QPainterPath shape = AnnotationInk::shapePath(mark, scale);
-    const QColor color = AnnotationInk::colorOf(mark);
-    if (mark.fillStyle == Annotation::FillStyle::filled)
-        painter.fillPath(shape, color);
-    if (mark.fillStyle == Annotation::FillStyle::translucent) {
-        QColor light = color;
-        light.setAlphaF(float(translucentFill * color.alphaF()));
-        painter.fillPath(shape, light);
-    }
+    QColor color = AnnotationInk::colorOf(mark);
     if (mark.fillStyle == Annotation::FillStyle::hatched)
         hatch(painter, shape, color, scale);
-    if (mark.lineWidth > 0)
-        painter.strokePath(shape, AnnotationInk::pen(mark, scale));
+    if (mark.fillStyle == Annotation::FillStyle::translucent)
+        color.setAlphaF(float(translucentFill * color.alphaF()));
+    if (mark.fillStyle == Annotation::FillStyle::filled || mark.fillStyle == Annotation::FillStyle::translucent)
+        painter.fillPath(shape, color);
+    stroke(painter, shape, AnnotationInk::pen(mark, scale));
     painter.restore();
+}
+
+// Interpolation alone skips pixels where a picture is made less than half as large.
+QImage fitting(const QImage& image, QSize pixels)
+{
+    if (2 * pixels.width() >= image.width() && 2 * pixels.height() >= image.height())
+        return image;
+    return image.scaled(pixels.boundedTo(image.size()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+// In bands that begin where the picture begins: interpolated pixels depend a little on where drawing begins, and a clip
+// may begin anywhere.
+void drawTransformed(QPainter& painter, const QImage& image, const QSizeF& size)
+{
+    const QTransform toDevice = painter.combinedTransform();
+    const QRect place = toDevice.mapRect(QRectF({}, size)).toAlignedRect() & PainterPixels::all(painter);
+    const QRect clip = PainterPixels::clip(painter);
+    painter.resetTransform();
+    for (QRect band(place.left(), place.top(), place.width(), bandHeight); band.top() <= place.bottom();
+         band.translate(0, bandHeight)) {
+        if (!band.intersects(clip))
+            continue;
+        QImage layer(band.size(), QImage::Format_ARGB32_Premultiplied);
+        layer.fill(Qt::transparent);
+        QPainter layerPainter(&layer);
+        layerPainter.setRenderHints(painter.renderHints());
+        layerPainter.setTransform(toDevice * QTransform::fromTranslate(-band.left(), -band.top()));
+        layerPainter.drawImage(QRectF({}, size), image);
+        painter.drawImage(band.topLeft(), layer);
+    }
 }
 
 void drawSticker(QPainter& painter, const Annotation& mark, double scale)
@@ -140,14 +182,7 @@ void drawSticker(QPainter& painter, const Annotation& mark, double scale)
     painter.setTransform(AnnotationInk::rotation(mark, scale), true);
     painter.translate(rect.left(), rect.bottom());
     painter.scale(1, -1);
-    const QSize pixels = rect.size().toSize().expandedTo({1, 1});
-    const QImage& image = *mark.image;
-    // Interpolation alone skips pixels where a picture is made less than half as large.
-    const bool isMuchSmaller = 2 * pixels.width() < image.width() || 2 * pixels.height() < image.height();
-    const QImage fitting =
-        isMuchSmaller ? image.scaled(pixels.boundedTo(image.size()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                      : image;
-    painter.drawImage(QRectF({}, rect.size()), fitting);
+    drawTransformed(painter, fitting(*mark.image, rect.size().toSize().expandedTo({1, 1})), rect.size());
     painter.restore();
 }
 
@@ -171,14 +206,6 @@ QPainterPath litHoles(const Marks& spotlights, const QPainterPath& region, doubl
     return holes;
 }
 
-void drawStroke(QPainter& painter, const Annotation& mark, double scale)
-{
-    if (mark.points.size() == 1)
-        painter.fillPath(AnnotationInk::inkPath(mark, scale), AnnotationInk::colorOf(mark));
-    else if (mark.lineWidth > 0)
-        painter.strokePath(AnnotationInk::strokeInkPath(mark, scale), AnnotationInk::pen(mark, scale));
-}
-
 void drawOne(QPainter& painter, const Annotation& mark, const Scene& scene)
 {
     const QRectF rect = AnnotationInk::scaled(mark.boundingRect(), scene.scale);
@@ -196,7 +223,6 @@ void drawOne(QPainter& painter, const Annotation& mark, const Scene& scene)
         return AnnotationDrawing::drawSpotlightShade(painter, {&mark}, scene.shadeRegion, scene.scale);
     case Kind::pen:
     case Kind::line:
-        return drawStroke(painter, mark, scene.scale);
     case Kind::arrow:
         return painter.fillPath(AnnotationInk::inkPath(mark, scene.scale), color);
     case Kind::rectangle:
@@ -284,9 +310,9 @@ void AnnotationDrawing::drawStep(QPainter& painter, const Annotation& step, doub
     painter.setBrush(color);
     painter.setPen(Qt::NoPen);
     painter.drawEllipse(centre, radius, radius);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(Qt::white, AnnotationInk::stepRingWidth(step, scale)));
-    painter.drawEllipse(centre, radius, radius);
+    QPainterPath ring;
+    ring.addEllipse(centre, radius, radius);
+    stroke(painter, ring, QPen(Qt::white, AnnotationInk::stepRingWidth(step, scale)));
     const LabelText number(QString::number(step.stepNumber), boldTextAttributes(radius, std::nullopt), std::nullopt);
     number.draw(painter, {centre.x() - number.size().width / 2, centre.y() + number.size().height / 2}, 1, Qt::white);
 }

@@ -32,13 +32,22 @@ bool isUsableSize(double value, double scale)
 
 QPainterPath stroked(const QPainterPath& path, const QPen& pen)
 {
-    return QPainterPathStroker(pen).createStroke(path);
+    return pen.widthF() > 0 ? QPainterPathStroker(pen).createStroke(path) : QPainterPath();
 }
 
 double cornerRadius(const Annotation& mark, const QRectF& rect, double scale)
 {
     const double wanted = mark.kind == Kind::spotlight ? spotlightRadius : mark.rounded ? 8 + mark.lineWidth : 0;
     return std::min(wanted * scale, std::min(rect.width(), rect.height()) / 2);
+}
+
+// What a click leaves.
+QPainterPath dotInk(const Annotation& mark, double scale)
+{
+    QPainterPath dot;
+    dot.addEllipse(AnnotationInk::scaled(mark.points[0], scale), mark.lineWidth * scale / 2,
+                   mark.lineWidth * scale / 2);
+    return dot;
 }
 
 QPainterPath stepInk(const Annotation& mark, double scale)
@@ -208,14 +217,9 @@ QPainterPath AnnotationInk::inkPath(const Annotation& mark, double scale)
 {
     switch (mark.kind) {
     case Kind::pen:
-        // A click leaves a dot.
-        if (mark.points.size() == 1) {
-            QPainterPath dot;
-            dot.addEllipse(scaled(mark.points[0], scale), mark.lineWidth * scale / 2, mark.lineWidth * scale / 2);
-            return dot;
-        }
-        return stroked(strokeInkPath(mark, scale), pen(mark, scale));
     case Kind::line:
+        if (mark.points.size() == 1)
+            return dotInk(mark, scale);
         return stroked(strokeInkPath(mark, scale), pen(mark, scale));
     case Kind::highlighter:
         return HighlighterInk::highlighterSweep(mark, HighlighterInk::tip(mark), scale);

@@ -4,6 +4,7 @@
 #include "editor/LabelText.h"
 
 #include <QPainter>
+#include <QPainterPathStroker>
 
 namespace Kovrel {
 
@@ -17,7 +18,7 @@ void drawOutlined(QPainter& painter, const LabelText& text, const Annotation& la
     const QPen pen(textColorOn(color), 2 * outlineWidth * label.fontSize * scale, Qt::SolidLine, Qt::RoundCap,
                    Qt::RoundJoin);
     const QPointF origin = AnnotationInk::scaled(label.textOrigin(), scale);
-    painter.strokePath(text.outline(origin, scale), pen);
+    painter.fillPath(QPainterPathStroker(pen).createStroke(text.outline(origin, scale)), pen.color());
     text.draw(painter, origin, scale, color);
 }
 

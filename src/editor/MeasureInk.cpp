@@ -56,9 +56,12 @@ QPainterPath lines(const Annotation& measure, double scale)
     return path;
 }
 
-QPen pen(const Annotation& measure, double scale)
+QPainterPath lineInk(const Annotation& measure, double scale)
 {
-    return {AnnotationInk::colorOf(measure), lineWidth(measure) * scale, Qt::SolidLine, Qt::FlatCap};
+    const QPen pen(Qt::black, lineWidth(measure) * scale, Qt::SolidLine, Qt::FlatCap);
+    QPainterPath ink = QPainterPathStroker(pen).createStroke(lines(measure, scale));
+    ink.setFillRule(Qt::WindingFill);
+    return ink;
 }
 
 QPainterPath badge(const Annotation& measure, double scale, const MeasureInk::Reading& reading)
@@ -100,8 +103,8 @@ QRectF MeasureInk::measureBadgeRect(const Annotation& measure, double scale, con
 
 void MeasureInk::drawMeasure(QPainter& painter, const Annotation& measure, double scale, const Reading& reading)
 {
-    painter.strokePath(lines(measure, scale), pen(measure, scale));
     const QColor color = AnnotationInk::colorOf(measure);
+    painter.fillPath(lineInk(measure, scale), color);
     painter.fillPath(badge(measure, scale, reading), color);
     const QRectF rect = measureBadgeRect(measure, scale, reading);
     const LabelText text(badgeText(measure, reading), fontSize(measure), std::nullopt);
@@ -111,8 +114,7 @@ void MeasureInk::drawMeasure(QPainter& painter, const Annotation& measure, doubl
 
 QPainterPath MeasureInk::inkPath(const Annotation& measure, double scale)
 {
-    QPainterPath path = QPainterPathStroker(pen(measure, scale)).createStroke(lines(measure, scale));
-    path.setFillRule(Qt::WindingFill);
+    QPainterPath path = lineInk(measure, scale);
     path.addPath(badge(measure, scale, {}));
     return path;
 }

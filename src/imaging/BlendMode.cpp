@@ -1,7 +1,8 @@
 #include "imaging/BlendMode.h"
 
+#include "imaging/PainterPixels.h"
+
 #include <QImage>
-#include <QPainter>
 
 #include <algorithm>
 
@@ -95,13 +96,6 @@ void blendRow(QRgb* pixels, const uchar* coverage, int count, Rgba source, Blend
     }
 }
 
-QRect clipOf(const QPainter& painter, const QImage& image, const QTransform& toDevice)
-{
-    if (!painter.hasClipping())
-        return image.rect();
-    return toDevice.mapRect(painter.clipBoundingRect()).toRect() & image.rect();
-}
-
 } // namespace
 
 Rgba Blending::blended(Rgba backdrop, Rgba source, BlendMode mode)
@@ -129,7 +123,7 @@ void Blending::fillPaths(QPainter& painter, const std::vector<QPainterPath>& pat
         devicePaths.push_back(toDevice.map(path));
         bounds |= devicePaths.back().boundingRect();
     }
-    const QRect area = bounds.toAlignedRect() & clipOf(painter, image, toDevice);
+    const QRect area = bounds.toAlignedRect() & PainterPixels::clip(painter);
     if (area.isEmpty())
         return;
     const QImage coverage = coverageOf(devicePaths, area);

@@ -27,7 +27,8 @@ std::vector<Span> spansOf(int length, double cell)
     const double middle = length / 2.0;
     std::vector<Span> spans;
     for (int index = -int(std::ceil(middle / cell)); middle + index * cell < length; ++index) {
-        const Span span{int(std::lround(middle + index * cell)), int(std::lround(middle + (index + 1) * cell))};
+        const auto border = [&](int number) { return int(std::floor(middle + number * cell + 0.5)); };
+        const Span span{border(index), border(index + 1)};
         if (span.from < length && span.to > 0)
             spans.push_back(span);
     }
