@@ -16,106 +16,106 @@ std::vector<BackdropGradient> madeGradients()
          "Lagoon",
          {{"#2F6BFF", 0}, {"#37C8E6", 1}},
          45,
-         {{"#7B5CFF", 0.05, 0.95, 0.6, 0.75}, {"#8FF3DF", 0.95, 0.9, 0.55, 0.7}}},
+         {{"#7B5CFF", 0.05, 0.95, 0.93, 0.75}, {"#8FF3DF", 0.95, 0.9, 0.85, 0.7}}},
         {"dawn",
          "Dawn",
          {{"#FF9A8B", 0}, {"#FFC3A0", 0.5}, {"#FFE3C2", 1}},
          60,
-         {{"#FF6A95", 0.0, 0.1, 0.6, 0.7}, {"#FFF3DE", 0.9, 0.95, 0.5, 0.8}}},
+         {{"#FF6A95", 0.0, 0.1, 0.93, 0.7}, {"#FFF3DE", 0.9, 0.95, 0.78, 0.8}}},
         {"dusk",
          "Dusk",
          {{"#2B1B5A", 0}, {"#7A3A8C", 0.5}, {"#F2786B", 1}},
          270,
-         {{"#FFB27A", 0.8, 0.0, 0.55, 0.75}, {"#1A1240", 0.1, 0.95, 0.55, 0.7}}},
+         {{"#FFB27A", 0.8, 0.0, 0.85, 0.75}, {"#1A1240", 0.1, 0.95, 0.85, 0.7}}},
         {"orchid",
          "Orchid",
          {{"#8A4DFF", 0}, {"#E36BD6", 1}},
          30,
-         {{"#FF9BC7", 0.95, 0.85, 0.55, 0.8}, {"#5030D8", 0.0, 0.1, 0.6, 0.7}}},
+         {{"#FF9BC7", 0.95, 0.85, 0.85, 0.8}, {"#5030D8", 0.0, 0.1, 0.93, 0.7}}},
         {"meadow",
          "Meadow",
          {{"#3FB27F", 0}, {"#B5E38A", 1}},
          60,
-         {{"#F4F3A8", 0.9, 0.9, 0.5, 0.7}, {"#1E8A7A", 0.05, 0.15, 0.6, 0.7}}},
+         {{"#F4F3A8", 0.9, 0.9, 0.78, 0.7}, {"#1E8A7A", 0.05, 0.15, 0.93, 0.7}}},
         {"glacier",
          "Glacier",
          {{"#BFD9F2", 0}, {"#EAF4FB", 1}},
          70,
-         {{"#A6C4F0", 0.05, 0.1, 0.6, 0.7}, {"#FFFFFF", 0.85, 0.9, 0.5, 0.8}}},
+         {{"#A6C4F0", 0.05, 0.1, 0.93, 0.7}, {"#FFFFFF", 0.85, 0.9, 0.78, 0.8}}},
         {"ember",
          "Ember",
          {{"#D7263D", 0}, {"#F46036", 0.55}, {"#F9A03F", 1}},
          35,
-         {{"#FFD37A", 0.95, 0.95, 0.5, 0.8}, {"#8C1C4B", 0.0, 0.0, 0.55, 0.75}}},
+         {{"#FFD37A", 0.95, 0.95, 0.78, 0.8}, {"#8C1C4B", 0.0, 0.0, 0.85, 0.75}}},
         {"peach",
          "Peach",
          {{"#FFB199", 0}, {"#FFD9C0", 1}},
          120,
-         {{"#FF8FA3", 0.9, 0.1, 0.55, 0.65}, {"#FFF1DB", 0.15, 0.9, 0.5, 0.8}}},
+         {{"#FF8FA3", 0.9, 0.1, 0.85, 0.65}, {"#FFF1DB", 0.15, 0.9, 0.78, 0.8}}},
         {"lavender",
          "Lavender",
          {{"#B9A7F5", 0}, {"#E9D9FB", 1}},
          50,
-         {{"#8FB4FF", 0.0, 0.9, 0.55, 0.7}, {"#FBD3EC", 0.95, 0.2, 0.5, 0.75}}},
+         {{"#8FB4FF", 0.0, 0.9, 0.85, 0.7}, {"#FBD3EC", 0.95, 0.2, 0.78, 0.75}}},
         {"indigo",
          "Indigo",
          {{"#1B1F6B", 0}, {"#4049D9", 1}},
          45,
-         {{"#7C6CFF", 0.9, 0.9, 0.55, 0.75}, {"#0C1040", 0.05, 0.05, 0.55, 0.7}}},
+         {{"#7C6CFF", 0.9, 0.9, 0.85, 0.75}, {"#0C1040", 0.05, 0.05, 0.85, 0.7}}},
         {"midnight",
          "Midnight",
          {{"#0B1020", 0}, {"#1E2A4A", 1}},
          60,
-         {{"#3A4F8F", 0.85, 0.95, 0.55, 0.7}, {"#2A1E52", 0.05, 0.5, 0.5, 0.6}}},
+         {{"#3A4F8F", 0.85, 0.95, 0.85, 0.7}, {"#2A1E52", 0.05, 0.5, 0.78, 0.6}}},
         {"aurora",
          "Northern light",
          {{"#0B2B40", 0}, {"#136F63", 1}},
          80,
-         {{"#4BE3A4", 0.7, 0.9, 0.5, 0.65}, {"#6A5AE0", 0.05, 0.75, 0.55, 0.7}}},
+         {{"#4BE3A4", 0.7, 0.9, 0.78, 0.65}, {"#6A5AE0", 0.05, 0.75, 0.85, 0.7}}},
         {"coral",
          "Coral reef",
          {{"#FF6F61", 0}, {"#FF9E7A", 1}},
          20,
-         {{"#FFC79A", 0.9, 0.95, 0.5, 0.75}, {"#E0457B", 0.0, 0.1, 0.6, 0.75}}},
+         {{"#FFC79A", 0.9, 0.95, 0.78, 0.75}, {"#E0457B", 0.0, 0.1, 0.93, 0.75}}},
         {"mint",
          "Mint",
          {{"#A8E6CF", 0}, {"#E3F9EC", 1}},
          60,
-         {{"#7AD7D0", 0.05, 0.1, 0.6, 0.7}, {"#FBFFE8", 0.9, 0.9, 0.5, 0.7}}},
+         {{"#7AD7D0", 0.05, 0.1, 0.93, 0.7}, {"#FBFFE8", 0.9, 0.9, 0.78, 0.7}}},
         {"honey",
          "Honey",
          {{"#F6B73C", 0}, {"#FFE29A", 1}},
          55,
-         {{"#F08A3C", 0.0, 0.1, 0.55, 0.7}, {"#FFF6D6", 0.9, 0.9, 0.5, 0.75}}},
+         {{"#F08A3C", 0.0, 0.1, 0.85, 0.7}, {"#FFF6D6", 0.9, 0.9, 0.78, 0.75}}},
         {"berry",
          "Berry",
          {{"#5B1160", 0}, {"#B0256F", 0.6}, {"#F0567A", 1}},
          40,
-         {{"#FF9A8F", 0.98, 0.95, 0.45, 0.7}, {"#2E0B52", 0.0, 0.05, 0.55, 0.7}}},
+         {{"#FF9A8F", 0.98, 0.95, 0.7, 0.7}, {"#2E0B52", 0.0, 0.05, 0.85, 0.7}}},
         {"iris",
          "Iris",
          {{"#5566F5", 0}, {"#A27BF2", 0.5}, {"#F3A6C8", 1}},
          315,
-         {{"#FFD6C9", 0.95, 0.05, 0.5, 0.8}, {"#3FA9F5", 0.05, 0.95, 0.5, 0.7}}},
+         {{"#FFD6C9", 0.95, 0.05, 0.78, 0.8}, {"#3FA9F5", 0.05, 0.95, 0.78, 0.7}}},
         {"sand",
          "Sand",
          {{"#E6D5B8", 0}, {"#F7EEDD", 1}},
          60,
-         {{"#D9BFA0", 0.05, 0.1, 0.55, 0.65}, {"#FFFBF2", 0.9, 0.95, 0.5, 0.8}}},
+         {{"#D9BFA0", 0.05, 0.1, 0.85, 0.65}, {"#FFFBF2", 0.9, 0.95, 0.78, 0.8}}},
         {"fog",
          "Fog",
          {{"#C9D0D8", 0}, {"#EEF1F4", 1}},
          75,
-         {{"#B4BFCC", 0.05, 0.1, 0.6, 0.7}, {"#FFFFFF", 0.85, 0.95, 0.5, 0.7}}},
+         {{"#B4BFCC", 0.05, 0.1, 0.93, 0.7}, {"#FFFFFF", 0.85, 0.95, 0.78, 0.7}}},
         {"graphite",
          "Graphite",
          {{"#1D1F24", 0}, {"#3B3F47", 1}},
          60,
-         {{"#5A606B", 0.9, 0.95, 0.5, 0.6}, {"#121317", 0.05, 0.05, 0.5, 0.6}}},
+         {{"#5A606B", 0.9, 0.95, 0.78, 0.6}, {"#121317", 0.05, 0.05, 0.78, 0.6}}},
     };
 }
 
-Picture::Ridge dune(double level, double slope, double phase, const char* crest, const char* foot)
+Picture::Ridge dune(double level, double slope, double phase, const char* crest, const char* foot, double shade = 0.16)
 {
     return {.level = level,
             .slope = slope,
@@ -123,7 +123,8 @@ Picture::Ridge dune(double level, double slope, double phase, const char* crest,
             .crest = crest,
             .foot = foot,
             .depth = 0.4,
-            .shade = 0.16,
+            .followsWaves = true,
+            .shade = shade,
             .shadeReach = 0.12};
 }
 
@@ -132,7 +133,7 @@ Picture dunes()
     return {"dunes",
             "Dunes",
             {"", "", {{"#F7D9B8", 0}, {"#F2B999", 0.5}, {"#C98FA0", 1}}, 90, {{"#FFF0D0", 0.7, 0.62, 0.35, 0.9}}},
-            {dune(0.52, 0.06, 0.1, "#E9A983", "#D98E75"), dune(0.42, -0.12, 0.45, "#E0946E", "#C4735F"),
+            {dune(0.52, 0.06, 0.1, "#E9A983", "#D98E75", 0), dune(0.42, -0.12, 0.45, "#E0946E", "#C4735F"),
              dune(0.24, 0.16, 0.8, "#CC7A5C", "#9E5450"), dune(0.14, -0.16, 0.25, "#A95B4E", "#6E3744")}};
 }
 
@@ -144,8 +145,8 @@ Picture::Ridge sheet(double level, double phase, const char* crest, const char* 
             .crest = crest,
             .foot = foot,
             .depth = 0.3,
-            .shade = 0.34,
-            .shadeReach = 0.06};
+            .shade = 0.2,
+            .shadeReach = 0.08};
 }
 
 Picture paper()
@@ -158,7 +159,7 @@ Picture paper()
              sheet(-0.01, 0.5, "#5B5878", "#4C4A68")}};
 }
 
-Picture::Ridge wave(double level, double phase, const char* crest, const char* foot)
+Picture::Ridge wave(double level, double phase, const char* crest, const char* foot, double shade = 0.12)
 {
     return {.level = level,
             .slope = -0.05,
@@ -166,7 +167,7 @@ Picture::Ridge wave(double level, double phase, const char* crest, const char* f
             .crest = crest,
             .foot = foot,
             .depth = 0.2,
-            .shade = 0.12,
+            .shade = shade,
             .shadeReach = 0.05};
 }
 
@@ -175,7 +176,7 @@ Picture waves()
     return {"waves",
             "Waves",
             {"", "", {{"#CFEFF3", 0}, {"#F3FBF6", 1}}, 90, {{"#FFE9C9", 0.75, 0.95, 0.4, 0.8}}},
-            {wave(0.66, 0.0, "#B3E5EA", "#8FD3DE"), wave(0.53, 0.3, "#82CBDB", "#5DB4CE"),
+            {wave(0.66, 0.0, "#B3E5EA", "#8FD3DE", 0), wave(0.53, 0.3, "#82CBDB", "#5DB4CE"),
              wave(0.39, 0.65, "#4FA6C8", "#3589B4"), wave(0.25, 0.15, "#2C7BAA", "#1F5F92"),
              wave(0.1, 0.5, "#1C5588", "#123A66")}};
 }
@@ -209,6 +210,7 @@ Picture::Ridge curtain(double level, double slope, double phase, const char* cre
             .crest = crest,
             .foot = foot,
             .depth = 0.5,
+            .followsWaves = true,
             .softness = 0.22};
 }
 
@@ -234,8 +236,9 @@ Picture::Ridge fold(double level, double phase, const char* crest, const char* f
             .crest = crest,
             .foot = foot,
             .depth = 0.3,
+            .followsWaves = true,
             .softness = 0.05,
-            .shade = 0.3,
+            .shade = 0.24,
             .shadeReach = 0.22};
 }
 
@@ -256,11 +259,11 @@ Picture mesh()
              "",
              {{"#F6E7FF", 0}, {"#DDEBFF", 1}},
              30,
-             {{"#FF9EC4", 0.15, 0.85, 0.42, 0.95},
-              {"#8FB8FF", 0.85, 0.8, 0.45, 0.95},
-              {"#A7F0DA", 0.8, 0.15, 0.42, 0.9},
-              {"#FFD59A", 0.2, 0.15, 0.4, 0.95},
-              {"#C9A7FF", 0.5, 0.52, 0.3, 0.9}}},
+             {{"#FF9EC4", 0.15, 0.85, 0.63, 0.95},
+              {"#8FB8FF", 0.85, 0.8, 0.68, 0.95},
+              {"#A7F0DA", 0.8, 0.15, 0.63, 0.9},
+              {"#FFD59A", 0.2, 0.15, 0.6, 0.95},
+              {"#C9A7FF", 0.5, 0.52, 0.45, 0.75}}},
             {}};
 }
 

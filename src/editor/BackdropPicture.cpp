@@ -46,9 +46,13 @@ public:
         for (int x = 0; x < canvas.width(); ++x) {
             const double place = (x + 0.5) / canvas.width();
             double height = ridge.level + ridge.slope * place;
-            for (const auto& [amplitude, length, phase] : ridge.waves)
+            double top = height;
+            for (const auto& [amplitude, length, phase] : ridge.waves) {
                 height += amplitude * std::sin(2 * std::numbers::pi * (place / length + phase));
+                top += amplitude;
+            }
             m_crests.push_back(float((1 - height) * canvas.height()));
+            m_tops.push_back(ridge.followsWaves ? m_crests.back() : float((1 - top) * canvas.height()));
         }
         m_top = *std::ranges::min_element(m_crests) - std::max(m_softness, m_shadeReach);
     }
@@ -60,15 +64,15 @@ public:
         for (size_t x = 0; x < m_crests.size(); ++x) {
             const float below = float(y) + 0.5f - m_crests[x];
             if (below > -std::max(m_softness, m_shadeReach))
-                paintPixel(line, x, below);
+                paintPixel(line, x, below, float(y) + 0.5f - m_tops[x]);
         }
     }
 
 private:
-    void paintPixel(Line& line, size_t x, float below) const
+    void paintPixel(Line& line, size_t x, float below, float belowTop) const
     {
         const float covering = smoothStep(below / m_softness);
-        const float depth = std::clamp(below / m_depth, 0.0f, 1.0f);
+        const float depth = std::clamp(belowTop / m_depth, 0.0f, 1.0f);
         const float alpha = covering * (m_crest.alpha + depth * (m_foot.alpha - m_crest.alpha));
         const float lit = below < 0 ? 1 - m_shade * shadeAt(-below) : 1 - m_shade;
         for (size_t channel = 0; channel < line.size(); ++channel) {
@@ -91,6 +95,7 @@ private:
     float m_shade;
     float m_shadeReach;
     std::vector<float> m_crests; // of each column
+    std::vector<float> m_tops;   // where its depth begins
     float m_top = 0;             // above it the ridge changes nothing
 };
 

@@ -27,9 +27,10 @@ struct BackdropPicture {
         QString crest; // the colour at the crest,
         QString foot;  // and at `depth` below it and deeper
         double depth = 0.3;
-        double softness = 0;      // over how much the crest fades in; crisp when zero
-        double shade = 0;         // how dark a shadow the ridge throws on what is behind it, 0 to 1,
-        double shadeReach = 0.05; // fading out so far above the crest
+        bool followsWaves = false; // below the waves, as in folds of cloth, or below their highest tops, as in mist
+        double softness = 0;       // over how much the crest fades in; crisp when zero
+        double shade = 0;          // how dark a shadow the ridge throws on what is behind it, 0 to 1,
+        double shadeReach = 0.05;  // fading out so far above the crest
         bool operator==(const Ridge&) const = default;
     };
 

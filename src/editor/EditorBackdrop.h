@@ -19,7 +19,7 @@ namespace Kovrel {
 // is exported at), so that a backdrop made for one capture suits any other.
 struct EditorBackdrop {
     BackdropFill fill{BackdropFill::Kind::gradient, "lagoon"};
-    double padding = 0.15; // the space around the image is 0.8 times this fraction
+    double padding = 0.2; // the space around the image is 0.8 times this fraction
     bool autoBalance = false;
     Shadow shadow = Shadow::soft();
     ShadowLight shadowLight;
