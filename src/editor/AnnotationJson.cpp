@@ -1,5 +1,6 @@
 #include "editor/AnnotationJson.h"
 
+#include "editor/JSONNumber.h"
 #include "platform/ImageCodec.h"
 
 #include <QBuffer>
@@ -32,18 +33,9 @@ struct NotAnAnnotation {};
 
 // --- Writing
 
-// Whole numbers are written without a fraction.
-Json number(double value)
-{
-    constexpr double mostExact = 1e15;
-    if (std::abs(value) < mostExact && value == std::trunc(value))
-        return qint64(value);
-    return value;
-}
-
 Json toJson(Point point)
 {
-    return Json::array({number(point.x), number(point.y)});
+    return Json::array({jsonNumber(point.x), jsonNumber(point.y)});
 }
 
 Json toJson(const std::vector<Point>& points)
@@ -65,22 +57,22 @@ Json toJson(const Annotation& mark)
     Json object{{"kind", raw(mark.kind)},
                 {"points", toJson(mark.points)},
                 {"colorHex", mark.colorHex.toStdString()},
-                {"lineWidth", number(mark.lineWidth)},
+                {"lineWidth", jsonNumber(mark.lineWidth)},
                 {"text", mark.text.toStdString()},
-                {"fontSize", number(mark.fontSize)},
+                {"fontSize", jsonNumber(mark.fontSize)},
                 {"stepNumber", mark.stepNumber},
                 {"fillStyle", raw(mark.fillStyle)},
                 {"textStyle", raw(mark.textStyle)},
                 {"rounded", mark.rounded},
-                {"dimLevel", number(mark.dimLevel)}};
+                {"dimLevel", jsonNumber(mark.dimLevel)}};
     if (mark.curveControl)
         object["curveControl"] = toJson(*mark.curveControl);
     object["highlightOnDark"] = mark.highlightOnDark;
-    object["highlightPageLuma"] = number(mark.highlightPageLuma);
-    object["tipScale"] = number(mark.tipScale);
-    object["rotation"] = number(mark.rotation);
+    object["highlightPageLuma"] = jsonNumber(mark.highlightPageLuma);
+    object["tipScale"] = jsonNumber(mark.tipScale);
+    object["rotation"] = jsonNumber(mark.rotation);
     if (mark.wrapCap)
-        object["wrapCap"] = number(*mark.wrapCap);
+        object["wrapCap"] = jsonNumber(*mark.wrapCap);
     if (mark.image)
         if (const auto png = ImageCodec::encode(*mark.image, ImageFormat::png, 1))
             object["sticker"] = png->toBase64().toStdString();

@@ -19,27 +19,27 @@ QString toolKey(const char* key, EditorTool tool)
     return QString::fromLatin1(key) + '.' + rawString(tool);
 }
 
-QString orderKey(BackdropCatalogue catalogue)
+QString orderKey(BackdropChips chips)
 {
-    switch (catalogue) {
-    case BackdropCatalogue::pictures:
+    switch (chips) {
+    case BackdropChips::pictures:
         return "backdropPictureOrder";
-    case BackdropCatalogue::colors:
+    case BackdropChips::colors:
         return "backdropColorOrder";
-    case BackdropCatalogue::gradients:
+    case BackdropChips::gradients:
         return "backdropGradientOrder";
     }
     return {};
 }
 
-QString hiddenKey(BackdropCatalogue catalogue)
+QString hiddenKey(BackdropChips chips)
 {
-    switch (catalogue) {
-    case BackdropCatalogue::pictures:
+    switch (chips) {
+    case BackdropChips::pictures:
         return "backdropPicturesHidden";
-    case BackdropCatalogue::colors:
+    case BackdropChips::colors:
         return "backdropColorsHidden";
-    case BackdropCatalogue::gradients:
+    case BackdropChips::gradients:
         return "backdropGradientsHidden";
     }
     return {};
@@ -192,24 +192,24 @@ QStringList Preferences::backdropCustomColors() const
     return m_defaults.textList("backdropCustomColors");
 }
 
-QStringList Preferences::backdropRowOrder(BackdropCatalogue catalogue) const
+QStringList Preferences::backdropRowOrder(BackdropChips chips) const
 {
-    return m_defaults.textList(orderKey(catalogue));
+    return m_defaults.textList(orderKey(chips));
 }
 
-void Preferences::setBackdropRowOrder(const QStringList& order, BackdropCatalogue catalogue)
+void Preferences::setBackdropRowOrder(const QStringList& order, BackdropChips chips)
 {
-    m_defaults.set(orderKey(catalogue), order);
+    m_defaults.set(orderKey(chips), order);
 }
 
-QStringList Preferences::hiddenBackdropChips(BackdropCatalogue catalogue) const
+QStringList Preferences::hiddenBackdropChips(BackdropChips chips) const
 {
-    return m_defaults.textList(hiddenKey(catalogue));
+    return m_defaults.textList(hiddenKey(chips));
 }
 
-void Preferences::setHiddenBackdropChips(const QStringList& chips, BackdropCatalogue catalogue)
+void Preferences::setHiddenBackdropChips(const QStringList& hidden, BackdropChips chips)
 {
-    m_defaults.set(hiddenKey(catalogue), chips);
+    m_defaults.set(hiddenKey(chips), hidden);
 }
 
 QString Preferences::defaultSaveDirectory()

@@ -4,7 +4,7 @@
 #include "model/AnnotationFillStyle.h"
 #include "model/AnnotationTextStyle.h"
 #include "model/AutoCloseAction.h"
-#include "model/BackdropCatalogue.h"
+#include "model/BackdropChips.h"
 #include "model/CaptureSound.h"
 #include "model/EditorTool.h"
 #include "model/ImageFormat.h"
@@ -55,10 +55,10 @@ public:
     QByteArray lastBackdrop() const;
     void setLastBackdrop(const QByteArray& json);
     QStringList backdropCustomColors() const;
-    QStringList backdropRowOrder(BackdropCatalogue catalogue) const;
-    void setBackdropRowOrder(const QStringList& order, BackdropCatalogue catalogue);
-    QStringList hiddenBackdropChips(BackdropCatalogue catalogue) const;
-    void setHiddenBackdropChips(const QStringList& chips, BackdropCatalogue catalogue);
+    QStringList backdropRowOrder(BackdropChips chips) const;
+    void setBackdropRowOrder(const QStringList& order, BackdropChips chips);
+    QStringList hiddenBackdropChips(BackdropChips chips) const;
+    void setHiddenBackdropChips(const QStringList& hidden, BackdropChips chips);
 
     // "Kovrel" in the user's documents folder.
     static QString defaultSaveDirectory();

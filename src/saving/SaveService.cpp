@@ -1,6 +1,6 @@
 #include "saving/SaveService.h"
 
-#include "saving/AreaAverage.h"
+#include "imaging/Resampling.h"
 #include "saving/FileNameFormatter.h"
 #include "saving/SaveLog.h"
 
@@ -26,7 +26,7 @@ Picture reducedAsWanted(const SaveSettings& settings, const QImage& image, std::
 {
     const double scale = pixelScale.value_or(settings.mainScreenScale);
     if (settings.downscale)
-        if (auto reduced = AreaAverage::reduced(image, scale))
+        if (auto reduced = Resampling::reduced(image, scale))
             return {std::move(*reduced), true};
     return {image, false};
 }

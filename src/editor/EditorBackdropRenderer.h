@@ -1,0 +1,50 @@
+#pragma once
+
+#include "editor/BackdropFillCache.h"
+#include "editor/BackdropLayout.h"
+#include "editor/BackdropMargins.h"
+#include "editor/EditorBackdrop.h"
+#include "editor/ShadowTile.h"
+#include "model/CaptureSubject.h"
+
+#include <QColor>
+#include <QImage>
+#include <QPainter>
+
+#include <optional>
+
+namespace Kovrel {
+
+// Draws backdrops, on screen and into files alike: the same layout gives the same pixels. It keeps what it has prepared
+// for the next time, so an editor has one of its own. One thread at a time.
+//
+// A painter's coordinates are pixels of the canvas, origin top-left, and whatever it is clipped to is drawn alone. The
+// order is fill, shadow, frame, capture; marks come on top.
+class EditorBackdropRenderer {
+public:
+    // The fill covers the canvas.
+    void drawFill(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
+    // Only around the card, so that what shines through a capture is the fill.
+    void drawShadow(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
+    // Nothing where the frame has no width.
+    void drawFrame(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
+    // The capture within the card's rounded corners, as it is where its size is the layout's, else scaled to it.
+    static void drawCapture(QPainter& painter, const BackdropLayout& layout, const QImage& capture);
+
+    // A canvas with fill, shadow and frame: Format_RGB32, or Format_ARGB32_Premultiplied where the fill lets something
+    // through or is none. A null image when memory is short.
+    QImage canvas(const BackdropLayout& layout, const EditorBackdrop& backdrop);
+
+    // The whole picture of a capture at its own scale, with its profile and density; subject and margins in its pixels.
+    // A null image when memory is short or the canvas would be too large.
+    QImage render(const QImage& capture, double exportScale, const EditorBackdrop& backdrop,
+                  const std::optional<CaptureSubject>& subject = {}, const BackdropMargins& margins = {});
+
+private:
+    QColor frameColor(const BackdropLayout& layout, const EditorBackdrop& backdrop);
+
+    BackdropFillCache m_fills;
+    ShadowTileCache m_shadows;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,12 @@
+#include "editor/EditorBackdrop.h"
+
+#include <gtest/gtest.h>
+
+namespace Kovrel {
+
+TEST(EditorBackdrop, ReadsWhatItWrote)
+{
+    EXPECT_EQ(EditorBackdrop::decode(EditorBackdrop().encode()), EditorBackdrop());
+}
+
+} // namespace Kovrel
