@@ -219,7 +219,8 @@ QImage markSheet(double scale, bool isDark)
     for (size_t index = 0; index < all.size(); ++index)
         for (const Annotation& annotation : all[index].marks)
             input.annotations.push_back(moved(annotation, corner(index, all.size())));
-    return AnnotationFlattener::render(input);
+    EditorBackdropRenderer renderer;
+    return AnnotationFlattener::render(input, renderer);
 }
 
 QImage spotlightSheet(double scale, bool isDark)
@@ -227,11 +228,13 @@ QImage spotlightSheet(double scale, bool isDark)
     const std::vector<Cell> texts(columns * 2);
     const Annotation second =
         with(mark(Kind::spotlight, {{430, 40}, {660, 100}}), [](Annotation& spotlight) { spotlight.dimLevel = 0.6; });
+    EditorBackdropRenderer renderer;
     return AnnotationFlattener::render({.base = page(scale, isDark, texts),
                                         .annotations = {mark(Kind::spotlight, {{250, 20}, {470, 125}}), second,
                                                         highlighter({{720, 95}, {1180, 95}}, yellow, isDark),
                                                         mark(Kind::arrow, {{760, 40}, {670, 70}})},
-                                        .exportScale = scale});
+                                        .exportScale = scale},
+                                       renderer);
 }
 
 } // namespace Kovrel::Bench

@@ -2,6 +2,7 @@
 
 #include "editor/AnnotationDrawing.h"
 #include "editor/AnnotationExtent.h"
+#include "editor/EditorBackdropMetrics.h"
 #include "editor/RedactionSources.h"
 
 #include <QColorSpace>
@@ -32,22 +33,32 @@ bool has(const std::vector<Annotation>& annotations, Annotation::Kind kind)
     return std::ranges::any_of(annotations, [kind](const Annotation& mark) { return mark.kind == kind; });
 }
 
-// The capture on its matte, in the middle of what it is padded with.
-QImage paddedCapture(const Input& input, const QMargins& padding)
+// In a format that can be painted on. A matte makes it opaque before anything else is done to it, so that redactions
+// are made of what is seen.
+QImage paintable(const QImage& base, const std::optional<QColor>& matte)
 {
-    const bool isOpaque = !input.base.hasAlphaChannel() && padding.isNull();
-    const QSize size = input.base.size().grownBy(padding);
-    QImage picture(size, isOpaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+    if (!base.hasAlphaChannel() || !matte)
+        return base.convertToFormat(base.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                           : QImage::Format_RGB32);
+    QImage picture(base.size(), QImage::Format_RGB32);
     if (picture.isNull())
         return {};
-    const QPoint origin(padding.left(), padding.top());
-    if (!isOpaque)
-        picture.fill(Qt::transparent);
+    picture.fill(*matte);
+    QPainter(&picture).drawImage(0, 0, base);
+    return picture;
+}
+
+QImage padded(const QImage& capture, const QMargins& padding)
+{
+    if (padding.isNull())
+        return capture;
+    QImage picture(capture.size().grownBy(padding), QImage::Format_ARGB32_Premultiplied);
+    if (picture.isNull())
+        return {};
+    picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    if (input.matte)
-        painter.fillRect(QRect(origin, input.base.size()), *input.matte);
-    painter.setCompositionMode(isOpaque ? QPainter::CompositionMode_Source : QPainter::CompositionMode_SourceOver);
-    painter.drawImage(origin, input.base);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(padding.left(), padding.top(), capture);
     return picture;
 }
 
@@ -57,9 +68,9 @@ QTransform captureTransform(QPoint captureOrigin, int captureHeight)
     return QTransform(1, 0, 0, -1, captureOrigin.x(), captureOrigin.y() + captureHeight);
 }
 
-AnnotationDrawing::Scene sceneOf(const Input& input)
+AnnotationDrawing::Scene sceneOf(const Input& input, const QImage& capture)
 {
-    const QRectF full(QPointF(), input.base.size());
+    const QRectF full(QPointF(), capture.size());
     AnnotationDrawing::Scene scene{.scale = input.exportScale,
                                    .blurredFull = input.blurredFull,
                                    .pixelatedFull = input.pixelatedFull,
@@ -67,10 +78,41 @@ AnnotationDrawing::Scene sceneOf(const Input& input)
                                    .shadeRegion = {full},
                                    .reading = {input.measureUnit, input.exportScale}};
     if (scene.blurredFull.isNull() && has(input.annotations, Annotation::Kind::blur))
-        scene.blurredFull = RedactionSources::blurred(input.base, input.exportScale);
+        scene.blurredFull = RedactionSources::blurred(capture, input.exportScale);
     if (scene.pixelatedFull.isNull() && has(input.annotations, Annotation::Kind::pixelate))
-        scene.pixelatedFull = RedactionSources::pixelated(input.base, input.exportScale);
+        scene.pixelatedFull = RedactionSources::pixelated(capture, input.exportScale);
     return scene;
+}
+
+QImage onNothing(const Input& input, const QImage& capture)
+{
+    const QMargins padding = AnnotationFlattener::exportPadding(input.annotations, capture.size(), input.exportScale);
+    QImage picture = padded(capture, padding);
+    if (picture.isNull())
+        return {};
+    QPainter painter(&picture);
+    painter.setTransform(captureTransform({padding.left(), padding.top()}, capture.height()));
+    AnnotationDrawing::drawAll(painter, input.annotations, sceneOf(input, capture));
+    return picture;
+}
+
+QImage onBackdrop(const Input& input, QImage capture, EditorBackdropRenderer& renderer)
+{
+    const auto layout = EditorBackdropMetrics::layout(capture.size(), input.exportScale, input.exportScale,
+                                                      input.backdrop, input.subject, input.margins);
+    QImage picture = layout ? renderer.canvas(*layout, input.backdrop) : QImage();
+    if (picture.isNull())
+        return {};
+    const AnnotationDrawing::Scene scene = sceneOf(input, capture);
+    QPainter onCapture(&capture);
+    onCapture.setTransform(captureTransform({}, capture.height()));
+    AnnotationDrawing::drawOnCapture(onCapture, input.annotations, scene);
+    onCapture.end();
+    QPainter painter(&picture);
+    EditorBackdropRenderer::drawCapture(painter, *layout, capture);
+    painter.setTransform(captureTransform(layout->image.topLeft(), capture.height()));
+    AnnotationDrawing::drawAbove(painter, input.annotations, scene);
+    return picture;
 }
 
 } // namespace
@@ -92,18 +134,12 @@ QMargins AnnotationFlattener::exportPadding(const std::vector<Annotation>& annot
             padding(covered.right() - image.right()), padding(image.top() - covered.top())};
 }
 
-QImage AnnotationFlattener::render(const Input& input)
+QImage AnnotationFlattener::render(const Input& input, EditorBackdropRenderer& renderer)
 {
-    if (input.base.isNull())
+    const QImage capture = paintable(input.base, input.matte);
+    if (capture.isNull())
         return {};
-    const QMargins padding = exportPadding(input.annotations, input.base.size(), input.exportScale);
-    QImage picture = paddedCapture(input, padding);
-    if (picture.isNull())
-        return {};
-    QPainter painter(&picture);
-    painter.setTransform(captureTransform({padding.left(), padding.top()}, input.base.height()));
-    AnnotationDrawing::drawAll(painter, input.annotations, sceneOf(input));
-    painter.end();
+    QImage picture = input.backdrop.isNone() ? onNothing(input, capture) : onBackdrop(input, capture, renderer);
     picture.setColorSpace(input.base.colorSpace());
     picture.setDotsPerMeterX(input.base.dotsPerMeterX());
     picture.setDotsPerMeterY(input.base.dotsPerMeterY());

@@ -1,7 +1,11 @@
 #pragma once
 
 #include "editor/Annotation.h"
+#include "editor/BackdropMargins.h"
+#include "editor/EditorBackdrop.h"
+#include "editor/EditorBackdropRenderer.h"
 #include "editor/MeasureInk.h"
+#include "model/CaptureSubject.h"
 
 #include <QImage>
 #include <QMargins>
@@ -22,15 +26,19 @@ struct Input {
     QImage blurredFull = {}; // as RedactionSources makes them; made here where they are needed and null
     QImage pixelatedFull = {};
     std::optional<QColor> matte = {}; // laid under what is transparent in the capture
+    EditorBackdrop backdrop = EditorBackdrop::none;
+    std::optional<CaptureSubject> subject = {}; // pixels of the capture
+    BackdropMargins margins = {};               // pixels of the capture, as measured on it
     MeasureUnit measureUnit = MeasureUnit::pixels;
 };
 
-// By how many pixels the picture grows on each side so that marks which stick out a little stay whole: 0 to 8.
+// By how many pixels the picture grows on each side so that marks which stick out a little stay whole: 0 to 8. On a
+// backdrop it does not grow.
 QMargins exportPadding(const std::vector<Annotation>& annotations, QSize pixels, double exportScale);
 
-// The finished picture, with the capture's colour profile and density and nothing else that it knew. A null picture
-// when the capture is null or memory is short.
-QImage render(const Input& input);
+// The finished picture, with the capture's colour profile and density. A null picture when the capture is null, the
+// canvas would be too large or memory is short. The renderer keeps what it has prepared for the next time.
+QImage render(const Input& input, EditorBackdropRenderer& renderer);
 
 } // namespace AnnotationFlattener
 

@@ -138,9 +138,7 @@ TEST(AnnotationDrawingTest, ShapesAreWhereTheyBelong)
     } cases[] = {
         {"line", mark(Kind::line, {{20, 50}, {180, 50}}), {{{100, 50.5}, red}, {{100, 53}, white}, {{19, 50}, red}}},
         {"curved line", curved, {{{100, 80}, red}, {{100, 20}, white}}},
-        {"pen",
-         mark(Kind::pen, {{20, 20}, {100, 80}, {180, 20}}),
-         {{{100, 79}, red}, {{100, 50}, white}}},
+        {"pen", mark(Kind::pen, {{20, 20}, {100, 80}, {180, 20}}), {{{100, 79}, red}, {{100, 50}, white}}},
         {"a click of the pen", mark(Kind::pen, {{20, 20}}), {{{20, 20}, red}, {{23, 20}, white}}},
         {"rectangle",
          mark(Kind::rectangle, {{50, 90}, {150, 10}}),

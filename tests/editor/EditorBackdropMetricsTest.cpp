@@ -47,6 +47,7 @@ TEST(EditorBackdropMetrics, TheCanvasOfWorkedFigures)
         // 16 points, 0.4 of the padding, stay to the left and above.
         {"top left", pushed, {-16, -264, 480, 480}},
     };
+
     for (const auto& [name, backdrop, canvas] : cases)
         expectNear(EditorBackdropMetrics::canvasRect({400, 200}, backdrop), canvas, name);
 }
