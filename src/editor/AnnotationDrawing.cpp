@@ -48,20 +48,36 @@ bool isOther(const Annotation& mark)
     return !isRedaction(mark) && !isHighlighter(mark) && !isSpotlight(mark);
 }
 
-// The marks to draw of those that belong, in their order. A spotlight darkens everything else, so none is culled.
-template <class Belongs>
-Marks drawn(const std::vector<Annotation>& annotations, const Scene& scene, Belongs belongs)
+// Whether nothing of the mark would be seen. A spotlight darkens everything else, so none is culled; a label is drawn
+// so much more slowly than it is measured that it is measured first.
+bool isCulled(const Annotation& mark, const Scene& scene)
+{
+    if (!scene.culledTo || isSpotlight(mark))
+        return false;
+    if (!scene.culledTo->intersects(AnnotationExtent::cullBound(mark, scene.scale)))
+        return true;
+    return mark.kind == Kind::text &&
+           !scene.culledTo->intersects(AnnotationExtent::rotatedVisualExtent(mark, scene.scale));
+}
+
+// The marks to draw, in their order.
+Marks drawn(const std::vector<Annotation>& annotations, const Scene& scene)
 {
     Marks marks;
     for (const Annotation& mark : annotations) {
-        if (!belongs(mark) || (mark.kind == Kind::text && scene.excludingTextID == mark.id))
-            continue;
-        const QRectF bound = AnnotationExtent::cullBound(mark, scene.scale);
-        const bool isCulled = scene.culledTo && !isSpotlight(mark) && !scene.culledTo->intersects(bound);
-        if (!bound.isNull() && !isCulled)
+        const bool isExcluded = mark.kind == Kind::text && scene.excludingTextID == mark.id;
+        if (!isExcluded && AnnotationInk::isDrawable(mark, scene.scale) && !isCulled(mark, scene))
             marks.push_back(&mark);
     }
     return marks;
+}
+
+template <class Belongs>
+Marks chosen(const Marks& marks, Belongs belongs)
+{
+    Marks some;
+    std::ranges::copy_if(marks, std::back_inserter(some), [&](const Annotation* mark) { return belongs(*mark); });
+    return some;
 }
 
 // A painter whose state comes back.
@@ -239,28 +255,39 @@ void drawOne(QPainter& painter, const Annotation& mark, const Scene& scene)
     }
 }
 
+void drawMarksOnCapture(QPainter& painter, const Marks& marks, const Scene& scene)
+{
+    const Painting painting(painter);
+    for (const Annotation* const mark : chosen(marks, isRedaction))
+        drawOne(painter, *mark, scene);
+    HighlighterInk::drawHighlightLayer(painter, chosen(marks, isHighlighter), scene.scale);
+    AnnotationDrawing::drawSpotlightShade(painter, chosen(marks, isSpotlight), scene.shadeRegion, scene.scale);
+}
+
+void drawMarksAbove(QPainter& painter, const Marks& marks, const Scene& scene)
+{
+    const Painting painting(painter);
+    for (const Annotation* const mark : chosen(marks, isOther))
+        drawOne(painter, *mark, scene);
+}
+
 } // namespace
 
 void AnnotationDrawing::drawAll(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene)
 {
-    drawOnCapture(painter, annotations, scene);
-    drawAbove(painter, annotations, scene);
+    const Marks marks = drawn(annotations, scene);
+    drawMarksOnCapture(painter, marks, scene);
+    drawMarksAbove(painter, marks, scene);
 }
 
 void AnnotationDrawing::drawOnCapture(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene)
 {
-    const Painting painting(painter);
-    for (const Annotation* const mark : drawn(annotations, scene, isRedaction))
-        drawOne(painter, *mark, scene);
-    HighlighterInk::drawHighlightLayer(painter, drawn(annotations, scene, isHighlighter), scene.scale);
-    drawSpotlightShade(painter, drawn(annotations, scene, isSpotlight), scene.shadeRegion, scene.scale);
+    drawMarksOnCapture(painter, drawn(annotations, scene), scene);
 }
 
 void AnnotationDrawing::drawAbove(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene)
 {
-    const Painting painting(painter);
-    for (const Annotation* const mark : drawn(annotations, scene, isOther))
-        drawOne(painter, *mark, scene);
+    drawMarksAbove(painter, drawn(annotations, scene), scene);
 }
 
 void AnnotationDrawing::draw(QPainter& painter, const Annotation& annotation, const Scene& scene)

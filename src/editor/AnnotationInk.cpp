@@ -67,10 +67,10 @@ QPainterPath labelInk(const Annotation& mark, double scale)
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
     path.addRoundedRect(rect, radius, radius);
-    if (mark.textStyle != Annotation::TextStyle::bubble)
-        return path;
-    const QPointF tip = AnnotationInk::scaled(mark.bubbleTailTip(), scale);
-    return path.united(AnnotationInk::leaderInk(rect, tip, mark.fontSize * scale, radius));
+    if (mark.textStyle == Annotation::TextStyle::bubble)
+        path.addPath(AnnotationInk::leaderInk(rect, AnnotationInk::scaled(mark.bubbleTailTip(), scale),
+                                              mark.fontSize * scale, radius));
+    return path;
 }
 
 QPainterPath outlinedShape(const Annotation& mark, double scale)
@@ -206,9 +206,10 @@ QPainterPath AnnotationInk::leaderInk(const QRectF& chip, QPointF tip, double fo
     const QPointF side = 0.38 * fontSize * QPointF(-forward.y(), forward.x());
     // The sides bend in towards the tip.
     const QPointF waist = foot + 0.3 * reach;
-    path.moveTo(root + side);
-    path.quadTo(waist + 0.35 * side, tip);
-    path.quadTo(waist - 0.35 * side, root - side);
+    // In the direction in which QPainterPath goes around a rectangle: by the winding rule they are then one.
+    path.moveTo(root - side);
+    path.quadTo(waist - 0.35 * side, tip);
+    path.quadTo(waist + 0.35 * side, root + side);
     path.closeSubpath();
     return path;
 }

@@ -72,6 +72,32 @@ QPainterPath badge(const Annotation& measure, double scale, const MeasureInk::Re
     return path;
 }
 
+Size padded(Size text)
+{
+    return {text.width + 2 * badgeSide, text.height + 2 * badgeUpper};
+}
+
+Rect around(QPointF centre, Size size)
+{
+    return {centre.x() - size.width / 2, centre.y() - size.height / 2, size.width, size.height};
+}
+
+Rect middleRect(const Annotation& measure, Size badge)
+{
+    const Point middle = *measure.segmentMidpoint();
+    return around({middle.x, middle.y}, badge);
+}
+
+// On the upper side of the line.
+Rect besideRect(const Annotation& measure, Size badge)
+{
+    const Point middle = *measure.segmentMidpoint();
+    const QPointF across = acrossLine(measure);
+    const double away = std::abs(across.x()) * badge.width / 2 + std::abs(across.y()) * badge.height / 2 +
+                        tickLength(measure) / 2 + besideLine;
+    return around(QPointF(middle.x, middle.y) + (across.y() < 0 ? -across : across) * away, badge);
+}
+
 } // namespace
 
 QString MeasureInk::badgeText(const Annotation& measure, const Reading& reading)
@@ -86,19 +112,22 @@ QString MeasureInk::badgeText(const Annotation& measure, const Reading& reading)
 QRectF MeasureInk::measureBadgeRect(const Annotation& measure, double scale, const Reading& reading)
 {
     const Size text = LabelText(badgeText(measure, reading), fontSize(measure), std::nullopt).size();
-    const double width = text.width + 2 * badgeSide;
-    const double height = text.height + 2 * badgeUpper;
+    const Size badge = padded(text);
     const Rect box = measure.boundingRect();
-    const Point middle = *measure.segmentMidpoint();
-    QPointF centre(middle.x, middle.y);
     const QPointF across = acrossLine(measure);
     // How much of the line the badge would cover, by the direction in which the line runs.
-    const double covered = std::abs(across.y()) * width + std::abs(across.x()) * height;
-    if (std::hypot(box.width, box.height) < covered + 2 * besideLine) {
-        const double away = std::abs(across.x()) * width / 2 + std::abs(across.y()) * height / 2;
-        centre += (across.y() < 0 ? -across : across) * (away + tickLength(measure) / 2 + besideLine);
-    }
-    return AnnotationInk::scaled({centre.x() - width / 2, centre.y() - height / 2, width, height}, scale);
+    const double covered = std::abs(across.y()) * badge.width + std::abs(across.x()) * badge.height;
+    const bool isBeside = std::hypot(box.width, box.height) < covered + 2 * besideLine;
+    return AnnotationInk::scaled(isBeside ? besideRect(measure, badge) : middleRect(measure, badge), scale);
+}
+
+QRectF MeasureInk::badgeBound(const Annotation& measure)
+{
+    // A digit is 0.65 em wide, and a scale above 4 adds none to a length that matters.
+    const Rect box = measure.boundingRect();
+    const double characters = 5 + std::log10(1 + 4 * std::hypot(box.width, box.height));
+    const Size badge = padded({0.7 * characters * fontSize(measure), 1.3 * fontSize(measure)});
+    return AnnotationInk::scaled(middleRect(measure, badge), 1) | AnnotationInk::scaled(besideRect(measure, badge), 1);
 }
 
 void MeasureInk::drawMeasure(QPainter& painter, const Annotation& measure, double scale, const Reading& reading)

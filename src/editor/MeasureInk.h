@@ -21,6 +21,8 @@ struct Reading {
 QString badgeText(const Annotation& measure, const Reading& reading);
 // Where the badge is: on the middle of the line, or beside it when it would cover the whole line.
 QRectF measureBadgeRect(const Annotation& measure, double scale, const Reading& reading = {});
+// In image points: an area that holds the badge, found without measuring its text.
+QRectF badgeBound(const Annotation& measure);
 void drawMeasure(QPainter& painter, const Annotation& measure, double scale, const Reading& reading);
 
 // All that it covers.

@@ -160,7 +160,7 @@ TEST(AnnotationDrawingTest, ShapesAreWhereTheyBelong)
          {{{20, 20}, Qt::black}, {{79, 79}, Qt::black}, {{81, 50}, white}}},
         {"step", mark(Kind::step, {{0, 0}, {100, 50}}), {{{100, 58}, red}, {{100, 63}, white}, {{91, 50}, red}}},
         {"plate", label("i", Annotation::TextStyle::background), {{{62, 50}, red}, {{60.3, 40.3}, white}}},
-        {"bubble", label("bubble", Annotation::TextStyle::bubble), {{{72, 33}, red}, {{100, 33}, white}}},
+        {"bubble", label("bubble", Annotation::TextStyle::bubble), {{{72, 33}, red}, {{72, 42}, red}, {{68, 41}, red}, {{100, 33}, white}}},
         {"measure",
          mark(Kind::measure, {{10, 50}, {190, 50}}, 2),
          {{{20, 50}, red}, {{10, 54}, red}, {{20, 54}, white}, {{100, 58}, red}}},
@@ -329,6 +329,31 @@ TEST(AnnotationDrawingTest, InkStaysWithinItsExtentAndTheExtentWithinTheCullBoun
         blank.fill(white);
         EXPECT_EQ(Testing::firstDifference(outside, blank), "") << qPrintable(rawString(annotation.kind));
     }
+}
+
+TEST(AnnotationDrawingTest, LabelsStayWithinTheirCullBound)
+{
+    const char* const texts[] = {"",
+                                 "i",
+                                 "WWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWW",
+                                 "a b c d e f g h i j k l m n o p q r s t u v w",
+                                 "Donaudampfschifffahrtsgesellschaft und mehr",
+                                 "\n\n\n",
+                                 "漢字漢字漢字漢字漢字漢字漢字漢字",
+                                 "🎉🎉🎉🎉🎉🎉🎉🎉🎉🎉🎉🎉🎉🎉",
+                                 "שלום עולם مرحبا بالعالم",
+                                 "@%@%@% MMM ﷽﷽﷽"};
+    for (const char* const text : texts)
+        for (const double rotation : {0.0, 0.7})
+            for (const std::vector<Point>& points :
+                 {std::vector<Point>{{50, 50}}, {{50, 90}, {75, 20}}, {{50, 90}, {190, 20}}}) {
+                Annotation each = label(text, Annotation::TextStyle::bubble);
+                each.points = points;
+                each.rotation = rotation;
+                EXPECT_TRUE(
+                    AnnotationExtent::cullBound(each, 1).contains(AnnotationExtent::rotatedVisualExtent(each, 1)))
+                    << text << ' ' << rotation << ' ' << points.back().x;
+            }
 }
 
 TEST(AnnotationDrawingTest, TheEditedLabelIsLeftOut)
