@@ -19,7 +19,8 @@ struct Span {
 
 Span within(Span span, double most)
 {
-    return {std::max(0.0, std::min(span.from, span.to)), std::min(most, std::max(span.from, span.to))};
+    const auto [from, to] = std::minmax(span.from, span.to);
+    return {std::max(from, 0.0), std::min(to, most)}; // no number stays none
 }
 
 int rounded(double length)
