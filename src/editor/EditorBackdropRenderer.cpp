@@ -23,7 +23,7 @@ bool isOpaque(const BackdropFill& fill)
     return fill.kind == Kind::color ? fillColor(fill).alpha() == 255 : fill.kind != Kind::none;
 }
 
-QPainterPath rounded(const QRect& rect, double radius)
+QPainterPath rounded(const QRectF& rect, double radius)
 {
     QPainterPath path;
     path.addRoundedRect(rect, radius, radius);
@@ -38,13 +38,16 @@ void fillSmoothly(QPainter& painter, const QPainterPath& path, const QBrush& bru
     painter.setRenderHint(QPainter::Antialiasing, isSmooth);
 }
 
-// The ring around the card. It reaches a pixel under the card's edge, whose pixels are only partly covered.
+// The ring around the card. At round corners, whose pixels the capture covers only partly, it reaches a pixel under it:
+// a hole with rounder corners than the card's leaves as much, or a smaller one where they are round all the way.
 QPainterPath frameRing(const BackdropLayout& layout)
 {
+    constexpr double rounder = 3;
+    const double most = std::min(layout.card.width(), layout.card.height()) / 2.0;
+    const double radius = layout.cardRadius > 0 ? layout.cardRadius + rounder : 0;
+    const double smaller = std::max(0.0, radius - most) / rounder;
     QPainterPath ring = rounded(layout.framed(), layout.framedRadius());
-    const QRect inside = layout.card.adjusted(1, 1, -1, -1);
-    if (!inside.isEmpty())
-        ring.addPath(rounded(inside, std::max(0.0, layout.cardRadius - 1)));
+    ring.addPath(rounded(QRectF(layout.card).adjusted(smaller, smaller, -smaller, -smaller), radius));
     ring.setFillRule(Qt::OddEvenFill);
     return ring;
 }

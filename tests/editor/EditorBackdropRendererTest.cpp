@@ -213,20 +213,36 @@ TEST(EditorBackdropRenderer, TheFrameIsAroundTheCapture)
     EditorBackdrop backdrop = bare();
     backdrop.frame = 1; // a tenth of 100 points
     backdrop.frameColorHex = "#0000FF";
+    for (const double corners : {0.0, 8.0, 50.0}) {
+        backdrop.corners = corners;
+        const QImage canvas = rendered(plain({200, 100}), backdrop);
+        const QRect card = layoutOf({200, 100}, backdrop).card;
+        const int middle = card.center().y();
+        EXPECT_EQ(canvas.pixel(card.left() - 11, middle), white);
+        EXPECT_EQ(canvas.pixel(card.left() - 9, middle), 0xff0000ff);
+        EXPECT_EQ(canvas.pixel(card.left() - 1, middle), 0xff0000ff);
+        EXPECT_EQ(canvas.pixel(card.left() + 1, middle), red);
+        EXPECT_EQ(canvas.pixel(card.left() - 9, card.top() - 9), corners > 0 ? white : 0xff0000ff);
+        // No white shines through between the frame and the capture.
+        for (int y = card.top(); y < card.top() + int(corners); ++y)
+            for (int x = card.left(); x < card.left() + int(corners); ++x)
+                if (std::hypot(x - card.left() - corners, y - card.top() - corners) < corners + 5)
+                    EXPECT_LE(qGreen(canvas.pixel(x, y)), 6) << corners << ": " << x << "," << y;
+    }
+}
+
+// The frame ends where a translucent window begins.
+TEST(EditorBackdropRenderer, TheFrameIsNotBehindTheCapture)
+{
+    EditorBackdrop backdrop = bare();
+    backdrop.frame = 1;
+    backdrop.frameColorHex = "#000000";
     backdrop.corners = 8;
-    const QImage canvas = rendered(plain({200, 100}), backdrop);
+    const QImage canvas = rendered(plain({200, 100}, QColor(255, 0, 0, 128)), backdrop);
     const QRect card = layoutOf({200, 100}, backdrop).card;
-    const int middle = card.center().y();
-    EXPECT_EQ(canvas.pixel(card.left() - 11, middle), white);
-    EXPECT_EQ(canvas.pixel(card.left() - 10, middle), 0xff0000ff);
-    EXPECT_EQ(canvas.pixel(card.left() - 1, middle), 0xff0000ff);
-    EXPECT_EQ(canvas.pixel(card.left(), middle), red);
-    EXPECT_EQ(canvas.pixel(card.left() - 9, card.top() - 9), white);      // the frame's own corner
-    EXPECT_EQ(canvas.pixel(card.left() + 1, card.top() + 1), 0xff0000ff); // and the capture's
-    // No white shines through between them.
-    for (int y = card.top(); y < card.top() + 10; ++y)
-        for (int x = card.left(); x < card.left() + 10; ++x)
-            EXPECT_LE(qGreen(canvas.pixel(x, y)), 1) << x << "," << y;
+    const QRgb middle = canvas.pixel(card.center());
+    for (const QPoint edge : {QPoint(card.left(), card.center().y()), QPoint(card.center().x(), card.bottom())})
+        EXPECT_EQ(canvas.pixel(edge), middle);
 }
 
 TEST(EditorBackdropRenderer, AFrameMayFollowThePage)
