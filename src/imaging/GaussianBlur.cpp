@@ -19,6 +19,8 @@ namespace {
 constexpr double cellsToSigma = 6;
 // Beyond lies 0.05 percent of a Gaussian: a tenth of a level.
 constexpr double reachInSigmas = 3.5;
+// A narrower one leaves less than a level of 255 of a pixel to its neighbours.
+constexpr double leastSigma = 0.2;
 // A wider one looks the same: next to it the picture is a point.
 constexpr double mostSigmasToLength = 16;
 
@@ -211,7 +213,7 @@ QImage withPlainFormat(const QImage& image)
 QImage GaussianBlur::blurred(const QImage& image, double sigma, Edges edges)
 {
     QImage result = withPlainFormat(image);
-    if (result.isNull() || !(sigma > 0))
+    if (result.isNull() || !(sigma > leastSigma))
         return result;
     sigma = std::min(sigma, mostSigmasToLength * std::max(image.width(), image.height()));
     const int cell = 2 * int(std::max(0.0, sigma / cellsToSigma - 1) / 2) + 1;
