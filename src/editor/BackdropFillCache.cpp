@@ -27,10 +27,8 @@ QImage rendered(const BackdropFill& fill, QSize canvas, double blur)
             return gradientBitmap(PreparedGradient(*gradient), canvas);
     if (fill.kind == BackdropFill::Kind::picture)
         if (const BackdropPicture* const picture = BackdropCatalogue::picture(fill.value))
-            return GaussianBlur::blurred(
-                picture->bitmap(canvas),
-                GaussianBlur::sigmaOfBlurRadius(blur * std::min(canvas.width(), canvas.height())),
-                GaussianBlur::Edges::repeated);
+            return picture->bitmap(canvas,
+                                   GaussianBlur::sigmaOfBlurRadius(blur * std::min(canvas.width(), canvas.height())));
     return plain(canvas);
 }
 

@@ -1,6 +1,7 @@
 #include "editor/GradientBitmap.h"
 #include "editor/BackdropCatalogue.h"
 #include "editor/ColorHex.h"
+#include "imaging/GaussianBlur.h"
 #include "model/Geometry.h"
 
 #include <gtest/gtest.h>
@@ -40,6 +41,22 @@ std::array<double, 3> exactMean(const PreparedGradient& gradient, const QRect& b
                 mean[channel] += double(color[channel]) / 4;
         }
     return mean;
+}
+
+// How much the means over blocks of 8 x 8 pixels bend from one to the next, on average.
+double bend(const QImage& image)
+{
+    double sum = 0;
+    int count = 0;
+    for (int x = 0; x + 8 <= image.width(); x += 40)
+        for (int y = 8; y + 16 <= image.height(); y += 8) {
+            const auto before = meanOf(image, {x, y - 8, 8, 8});
+            const auto mean = meanOf(image, {x, y, 8, 8});
+            const auto after = meanOf(image, {x, y + 8, 8, 8});
+            for (size_t channel = 0; channel < 3; ++channel, ++count)
+                sum += std::abs(before[channel] - 2 * mean[channel] + after[channel]);
+        }
+    return sum / count;
 }
 
 } // namespace
@@ -180,6 +197,14 @@ TEST(BackdropPicture, LooksTheSameAtAnySize)
         EXPECT_LT(sum / (240 * 150), 2) << picture.id.toStdString();
         EXPECT_EQ(large, picture.bitmap({720, 450})) << picture.id.toStdString();
     }
+}
+
+// A band's edge is a bend of up to a level.
+TEST(BackdropPicture, HasNoBandsWhenItIsBlurred)
+{
+    const BackdropPicture& picture = *BackdropCatalogue::picture("aurora");
+    const QImage rounded = GaussianBlur::blurred(picture.bitmap({800, 600}), 300, GaussianBlur::Edges::repeated);
+    EXPECT_LT(bend(picture.bitmap({800, 600}, 300)), bend(rounded) / 3);
 }
 
 } // namespace Kovrel

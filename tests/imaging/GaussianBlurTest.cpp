@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace Kovrel {
 
 using GaussianBlur::Edges;
@@ -120,6 +122,21 @@ TEST(GaussianBlurTest, IsTheExactOneToTheLevel)
                     << name << ", sigma " << sigma << (edges == Edges::transparent ? ", transparent" : ", repeated");
             }
         }
+    }
+}
+
+TEST(GaussianBlurTest, FineColoursStayFine)
+{
+    const QImage image = Testing::testPicture({101, 67}, Testing::Texture::noise);
+    for (const double sigma : {2.0, 13.0}) {
+        const QImage coarse = GaussianBlur::blurred(image, sigma, Edges::repeated);
+        const QImage fine = GaussianBlur::blurred(image.convertToFormat(QImage::Format_RGBX64), sigma, Edges::repeated);
+        ASSERT_EQ(fine.format(), QImage::Format_RGBX64);
+        EXPECT_LE(Testing::largestDifference(fine.convertToFormat(QImage::Format_RGB32), coarse), 1) << sigma;
+        std::set<int> levels;
+        for (int x = 0; x < fine.width(); ++x)
+            levels.insert(fine.pixelColor(x, 30).rgba64().red() % 257);
+        EXPECT_GT(levels.size(), 30u) << sigma; // between those of 8 bits
     }
 }
 
