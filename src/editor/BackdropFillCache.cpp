@@ -3,6 +3,7 @@
 #include "editor/BackdropCatalogue.h"
 #include "editor/GradientBitmap.h"
 #include "imaging/GaussianBlur.h"
+#include "imaging/Resampling.h"
 
 #include <algorithm>
 
@@ -20,19 +21,48 @@ QImage plain(QSize canvas)
     return image;
 }
 
-QImage rendered(const BackdropFill& fill, QSize canvas, double blur)
+// A picture of the user's that covers the canvas.
+QImage covering(const QImage& picture, QSize canvas, double sigma)
 {
-    if (fill.kind == BackdropFill::Kind::gradient)
-        if (const BackdropGradient* const gradient = BackdropCatalogue::gradient(fill.value))
-            return gradientBitmap(PreparedGradient(*gradient), canvas);
-    if (fill.kind == BackdropFill::Kind::picture)
-        if (const BackdropPicture* const picture = BackdropCatalogue::picture(fill.value))
-            return picture->bitmap(canvas,
-                                   GaussianBlur::sigmaOfBlurRadius(blur * std::min(canvas.width(), canvas.height())));
-    return plain(canvas);
+    const QRect part = Resampling::coveringPart(picture.size(), canvas);
+    const auto resampled = Resampling::resampledExactly(picture.copy(part), canvas);
+    if (!resampled)
+        return {};
+    return DitheredImage::paintedSoftly(canvas, sigma, [pixels = *resampled](DitheredImage::Line& line, int y) {
+        const auto* const row = reinterpret_cast<const QRgb*>(pixels.constScanLine(y));
+        for (size_t x = 0; x < line[0].size(); ++x) {
+            line[0][x] = float(qRed(row[x]));
+            line[1][x] = float(qGreen(row[x]));
+            line[2][x] = float(qBlue(row[x]));
+        }
+    });
 }
 
 } // namespace
+
+void BackdropFillCache::setPicture(const QString& value, const QImage& picture)
+{
+    if (m_pictureValue == value && m_picture.cacheKey() == picture.cacheKey())
+        return;
+    m_pictureValue = value;
+    m_picture = picture;
+    m_entries.remove_if([&](const Entry& entry) { return entry.fill.value == value; });
+}
+
+QImage BackdropFillCache::rendered(const BackdropFill& fill, QSize canvas, double blur) const
+{
+    const double sigma = GaussianBlur::sigmaOfBlurRadius(blur * std::min(canvas.width(), canvas.height()));
+    if (fill.kind == BackdropFill::Kind::gradient)
+        if (const BackdropGradient* const gradient = BackdropCatalogue::gradient(fill.value))
+            return gradientBitmap(PreparedGradient(*gradient), canvas);
+    if (fill.kind == BackdropFill::Kind::picture) {
+        if (const BackdropPicture* const picture = BackdropCatalogue::picture(fill.value))
+            return picture->bitmap(canvas, sigma);
+        if (fill.value == m_pictureValue && !m_picture.isNull())
+            return covering(m_picture, canvas, sigma);
+    }
+    return plain(canvas);
+}
 
 QImage BackdropFillCache::bitmap(const BackdropFill& fill, QSize canvas, double blur)
 {

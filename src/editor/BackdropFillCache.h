@@ -12,8 +12,13 @@ namespace Kovrel {
 // Keeps the pixels of the fills that were used last, so that a redraw copies them. One thread at a time.
 class BackdropFillCache {
 public:
+    // What a picture of this value shows where the catalogue has none: one of the user's own, which whoever may wait
+    // for a file has read. It covers the canvas, what is too much cut off evenly; transparent pixels are black. The one
+    // before it is forgotten.
+    void setPicture(const QString& value, const QImage& picture);
+
     // The pixels of a gradient or picture for a canvas; `blur` is a fraction of its shorter side and softens pictures.
-    // What the catalogue does not know is a plain grey. A null image when memory is short.
+    // What nobody knows is a plain grey. A null image when memory is short.
     QImage bitmap(const BackdropFill& fill, QSize canvas, double blur);
 
 private:
@@ -24,6 +29,10 @@ private:
         QImage image;
     };
 
+    QImage rendered(const BackdropFill& fill, QSize canvas, double blur) const;
+
+    QString m_pictureValue;
+    QImage m_picture;
     std::list<Entry> m_entries; // the one that was used last first
 };
 

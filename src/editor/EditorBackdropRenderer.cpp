@@ -2,6 +2,7 @@
 
 #include "editor/ColorHex.h"
 #include "editor/EditorBackdropMetrics.h"
+#include "imaging/Resampling.h"
 
 #include <QColorSpace>
 
@@ -106,10 +107,10 @@ void EditorBackdropRenderer::drawFrame(QPainter& painter, const BackdropLayout& 
 
 void EditorBackdropRenderer::drawCapture(QPainter& painter, const BackdropLayout& layout, const QImage& capture)
 {
-    const QImage pixels = capture.size() == layout.image.size()
-                              ? capture
-                              : capture.scaled(layout.image.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    QBrush brush(pixels);
+    const auto pixels = Resampling::resampledExactly(capture, layout.image.size());
+    if (!pixels)
+        return;
+    QBrush brush(*pixels);
     brush.setTransform(QTransform::fromTranslate(layout.image.x(), layout.image.y()));
     fillSmoothly(painter, layout.captureClip(), brush);
 }

@@ -356,6 +356,25 @@ TEST(EditorBackdropRenderer, ProfileAndDensityAreTheCaptures)
     EXPECT_EQ(canvas.dotsPerMeterY(), 4321);
 }
 
+// Red in the middle, where the square canvas cuts its part out, blue beside it.
+TEST(BackdropFillCache, ShowsAPictureOfTheUsers)
+{
+    QImage picture = plain({300, 100}, Qt::blue);
+    QPainter(&picture).fillRect(100, 0, 100, 100, Qt::red);
+    BackdropFillCache cache;
+    const BackdropFill fill{Kind::picture, "/home/user/page.png"};
+    EXPECT_EQ(cache.bitmap(fill, {50, 50}, 0).pixelColor(25, 25), QColor(Qt::gray));
+    cache.setPicture(fill.value, picture);
+    QImage all(50, 50, QImage::Format_RGB32);
+    all.fill(Qt::red);
+    EXPECT_EQ(cache.bitmap(fill, {50, 50}, 0), all);
+    EXPECT_EQ(cache.bitmap(fill, {30, 10}, 0).pixelColor(2, 5), QColor(Qt::blue));
+    const QColor seam = cache.bitmap(fill, {300, 100}, 0.5).pixelColor(100, 50);
+    EXPECT_NEAR(seam.red(), seam.blue(), 12);
+    cache.setPicture(fill.value, plain({10, 10}, Qt::green));
+    EXPECT_EQ(cache.bitmap(fill, {50, 50}, 0).pixelColor(25, 25), QColor(Qt::green));
+}
+
 TEST(BackdropFillCache, KeepsWhatWasUsedLast)
 {
     BackdropFillCache cache;
