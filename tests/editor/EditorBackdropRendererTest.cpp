@@ -241,6 +241,7 @@ TEST(EditorBackdropRenderer, TheFrameIsNotBehindTheCapture)
     const QImage canvas = rendered(plain({200, 100}, QColor(255, 0, 0, 128)), backdrop);
     const QRect card = layoutOf({200, 100}, backdrop).card;
     const QRgb middle = canvas.pixel(card.center());
+    EXPECT_NEAR(qGreen(middle), 127, 1);
     for (const QPoint edge : {QPoint(card.left(), card.center().y()), QPoint(card.center().x(), card.bottom())})
         EXPECT_EQ(canvas.pixel(edge), middle);
 }
@@ -302,6 +303,21 @@ TEST(EditorBackdropRenderer, AFillMayBeTransparentUnknownOrNone)
     const QImage capture = testPicture({20, 10}, Texture::noise);
     EXPECT_EQ(rendered(capture, EditorBackdrop::none), capture);
     EXPECT_TRUE(rendered(QImage(), bare()).isNull());
+}
+
+TEST(EditorBackdropRenderer, TheSmallestCapturesHaveBackdropsToo)
+{
+    EditorBackdrop backdrop = shadowed();
+    backdrop.shadow = Shadow::deep();
+    backdrop.aspect = AspectRatio{16, 9};
+    backdrop.padding = 10;
+    backdrop.frame = 10;
+    for (const QSize size : {QSize(1, 1), QSize(1, 9), QSize(5, 2), QSize(400, 1)})
+        for (const Kind kind : {Kind::color, Kind::gradient, Kind::picture}) {
+            backdrop.fill = {kind, kind == Kind::color ? "#FFFFFF" : kind == Kind::gradient ? "dawn" : "silk"};
+            const QImage canvas = rendered(plain(size), backdrop);
+            EXPECT_EQ(canvas.pixel(layoutOf(size, backdrop).card.center()), red) << size.width();
+        }
 }
 
 TEST(EditorBackdropRenderer, AClippedRedrawGivesTheSamePixels)

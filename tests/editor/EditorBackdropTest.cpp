@@ -55,6 +55,8 @@ TEST(EditorBackdrop, WhatIsMissingIsTheDefault)
     EXPECT_EQ(EditorBackdrop::decode("{}"), EditorBackdrop());
     EXPECT_EQ(EditorBackdrop::decode(R"({"later": [1, {"unknown": 2}]})"), EditorBackdrop());
     EXPECT_EQ(EditorBackdrop::decode(R"({"aspect": null})"), EditorBackdrop());
+    EXPECT_EQ(EditorBackdrop::decode(R"({"fill": {"kind": "color"}})")->fill,
+              (BackdropFill{BackdropFill::Kind::color, ""}));
     EditorBackdrop square;
     square.aspect = AspectRatio{1, 1};
     square.shadowLight = {1, 1};

@@ -199,6 +199,22 @@ TEST(BackdropPicture, LooksTheSameAtAnySize)
     }
 }
 
+TEST(BackdropPicture, ARidgeCoversWhatIsBelowItAndShadesWhatIsAbove)
+{
+    const BackdropPicture picture{
+        "id",
+        "Name",
+        between("#C0C0C0", "#C0C0C0"),
+        {{.level = 0.5, .crest = "#FF0000", .foot = "#0000FF", .depth = 0.25, .shade = 0.5, .shadeReach = 0.1}}};
+    const QImage image = picture.bitmap({20, 200});
+    EXPECT_EQ(image.pixelColor(10, 70), QColor("#C0C0C0"));
+    EXPECT_NEAR(image.pixelColor(10, 99).red(), 0x60, 8);
+    EXPECT_NEAR(image.pixelColor(10, 90).red(), 0xC0 * (1 - 0.5 / 4), 6);
+    EXPECT_NEAR(image.pixelColor(10, 101).red(), 0xFF, 10);
+    EXPECT_NEAR(image.pixelColor(10, 125).red(), 0x80, 4);
+    EXPECT_EQ(image.pixelColor(10, 170), QColor("#0000FF"));
+}
+
 // A band's edge is a bend of up to a level.
 TEST(BackdropPicture, HasNoBandsWhenItIsBlurred)
 {
