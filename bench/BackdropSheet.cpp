@@ -178,7 +178,7 @@ std::vector<Cell> shadowCells(double scale)
     return cells;
 }
 
-std::vector<Cell> shapeCells(double scale)
+std::vector<Cell> alignmentCells(double scale)
 {
     std::vector<Cell> cells;
     const QImage light = capture(scale, false);
@@ -188,6 +188,13 @@ std::vector<Cell> shapeCells(double scale)
             backdrop.aspect = AspectRatio{4, 3};
             backdrop.fill = {Kind::gradient, "iris"};
         }));
+    return cells;
+}
+
+std::vector<Cell> aspectCells(double scale)
+{
+    std::vector<Cell> cells;
+    const QImage light = capture(scale, false);
     for (const auto& [width, height] : {std::pair{1, 1}, {16, 9}, {4, 5}, {2, 1}})
         cells.push_back(changed(QString("%1:%2").arg(width).arg(height), light, [&](EditorBackdrop& backdrop) {
             backdrop.aspect = AspectRatio{width, height};
@@ -236,7 +243,8 @@ std::vector<BackdropSheet::Sheet> BackdropSheet::sheets(double scale)
         all.push_back({"pictures" + on, sheet(pictureCells(scale, isDark), scale)});
     }
     all.push_back({"shadows", sheet(shadowCells(scale), scale)});
-    all.push_back({"shapes", sheet(shapeCells(scale), scale)});
+    all.push_back({"alignments", sheet(alignmentCells(scale), scale)});
+    all.push_back({"aspects", sheet(aspectCells(scale), scale)});
     all.push_back({"frames", sheet(frameCells(scale), scale)});
     return all;
 }

@@ -38,6 +38,12 @@ QImage covering(const QImage& picture, QSize canvas, double sigma)
     });
 }
 
+QColor meanColor(const QImage& image)
+{
+    const auto one = Resampling::resampledExactly(image, {1, 1});
+    return one ? one->pixelColor(0, 0) : QColor(Qt::gray);
+}
+
 } // namespace
 
 void BackdropFillCache::setPicture(const QString& value, const QImage& picture)
@@ -46,7 +52,7 @@ void BackdropFillCache::setPicture(const QString& value, const QImage& picture)
         return;
     m_pictureValue = value;
     m_picture = picture;
-    m_entries.remove_if([&](const Entry& entry) { return entry.fill.value == value; });
+    m_entries.remove_if([&](const Entry& kept) { return kept.fill.value == value; });
 }
 
 QImage BackdropFillCache::rendered(const BackdropFill& fill, QSize canvas, double blur) const
@@ -64,10 +70,10 @@ QImage BackdropFillCache::rendered(const BackdropFill& fill, QSize canvas, doubl
     return plain(canvas);
 }
 
-QImage BackdropFillCache::bitmap(const BackdropFill& fill, QSize canvas, double blur)
+BackdropFillCache::Entry& BackdropFillCache::entry(const BackdropFill& fill, QSize canvas, double blur)
 {
-    const auto isWanted = [&](const Entry& entry) {
-        return entry.fill == fill && entry.canvas == canvas && entry.blur == blur;
+    const auto isWanted = [&](const Entry& kept) {
+        return kept.fill == fill && kept.canvas == canvas && kept.blur == blur;
     };
     const auto found = std::ranges::find_if(m_entries, isWanted);
     if (found != m_entries.end()) {
@@ -76,7 +82,20 @@ QImage BackdropFillCache::bitmap(const BackdropFill& fill, QSize canvas, double 
         m_entries.push_front({fill, canvas, blur, rendered(fill, canvas, blur)});
         m_entries.resize(std::min(m_entries.size(), mostEntries));
     }
-    return m_entries.front().image;
+    return m_entries.front();
+}
+
+QImage BackdropFillCache::bitmap(const BackdropFill& fill, QSize canvas, double blur)
+{
+    return entry(fill, canvas, blur).image;
+}
+
+QColor BackdropFillCache::mean(const BackdropFill& fill, QSize canvas, double blur)
+{
+    Entry& kept = entry(fill, canvas, blur);
+    if (!kept.mean)
+        kept.mean = meanColor(kept.image);
+    return *kept.mean;
 }
 
 } // namespace Kovrel

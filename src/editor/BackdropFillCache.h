@@ -6,6 +6,7 @@
 #include <QImage>
 
 #include <list>
+#include <optional>
 
 namespace Kovrel {
 
@@ -21,13 +22,19 @@ public:
     // What nobody knows is a plain grey. A null image when memory is short.
     QImage bitmap(const BackdropFill& fill, QSize canvas, double blur);
 
+    // The mean of those pixels, which is what the page looks like from afar.
+    QColor mean(const BackdropFill& fill, QSize canvas, double blur);
+
 private:
     struct Entry {
         BackdropFill fill;
         QSize canvas;
         double blur;
         QImage image;
+        std::optional<QColor> mean = {};
     };
+
+    Entry& entry(const BackdropFill& fill, QSize canvas, double blur);
 
     QImage rendered(const BackdropFill& fill, QSize canvas, double blur) const;
 

@@ -53,13 +53,6 @@ QPainterPath frameRing(const BackdropLayout& layout)
     return ring;
 }
 
-QColor meanColor(const QImage& image)
-{
-    const QImage one = image.scaled(16, 16, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                           .scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    return one.isNull() ? QColor(Qt::gray) : one.pixelColor(0, 0);
-}
-
 // A neighbour of the page's colour: lighter, or darker where the page is nearly white, so that the frame is seen.
 QColor besidePage(const QColor& page)
 {
@@ -95,7 +88,7 @@ QColor EditorBackdropRenderer::frameColor(const BackdropLayout& layout, const Ed
         return ColorHex::color(backdrop.frameColorHex).value_or(QColor(Qt::white));
     if (backdrop.fill.kind == Kind::color)
         return besidePage(fillColor(backdrop.fill));
-    return besidePage(meanColor(m_fills.bitmap(backdrop.fill, layout.canvas, backdrop.blur)));
+    return besidePage(m_fills.mean(backdrop.fill, layout.canvas, backdrop.blur));
 }
 
 void EditorBackdropRenderer::drawFrame(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop)
