@@ -52,27 +52,33 @@ QImage capture(double scale, bool isDark)
 }
 
 constexpr QRectF windowInMargins(24, 12, 252, 150);
+constexpr double windowCorners = 12;
 
-// A window with round corners in the transparent surroundings that a capture of it has.
+// A translucent window with round corners in the transparent surroundings that a capture of it has.
 QImage windowCapture(double scale)
 {
-    QImage image((capturePoints * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    QImage content((capturePoints * scale).toSize(), QImage::Format_RGB32);
+    QPainter contentPainter(&content);
+    contentPainter.setRenderHint(QPainter::Antialiasing);
+    contentPainter.scale(scale, scale);
+    drawContent(contentPainter, windowInMargins, false);
+    contentPainter.end();
+
+    QImage image(content.size(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(scale, scale);
+    painter.setOpacity(0.88);
     QPainterPath window;
-    window.addRoundedRect(windowInMargins, 12, 12);
-    painter.fillPath(window, QColor(255, 255, 255, 215));
-    painter.setClipRect(windowInMargins.adjusted(14, 36, -14, -14));
-    drawContent(painter, windowInMargins, false);
+    window.addRoundedRect(windowInMargins, windowCorners, windowCorners);
+    painter.fillPath(QTransform::fromScale(scale, scale).map(window), QBrush(content));
     return image;
 }
 
 CaptureSubject windowSubject(double scale)
 {
     const QRectF& rect = windowInMargins;
-    return {{rect.x() * scale, rect.y() * scale, rect.width() * scale, rect.height() * scale}, 12 * scale};
+    return {{rect.x() * scale, rect.y() * scale, rect.width() * scale, rect.height() * scale}, windowCorners * scale};
 }
 
 QImage rendered(const Cell& cell, double scale)
@@ -121,29 +127,29 @@ Cell filled(const QString& name, const BackdropFill& fill, const QImage& image)
     return changed(name, image, [&](EditorBackdrop& backdrop) { backdrop.fill = fill; });
 }
 
-std::vector<Cell> gradientCells(double scale)
+std::vector<Cell> gradientCells(double scale, bool isDark)
 {
     std::vector<Cell> cells;
     for (const auto& gradient : BackdropCatalogue::gradients())
-        cells.push_back(filled(gradient.name, {Kind::gradient, gradient.id}, capture(scale, cells.size() % 2 == 1)));
+        cells.push_back(filled(gradient.name, {Kind::gradient, gradient.id}, capture(scale, isDark)));
     return cells;
 }
 
-std::vector<Cell> colorCells(double scale)
+std::vector<Cell> colorCells(double scale, bool isDark)
 {
     std::vector<Cell> cells;
     for (const auto& color : BackdropCatalogue::colors())
-        cells.push_back(filled(color.name, {Kind::color, color.hex}, capture(scale, cells.size() % 2 == 1)));
+        cells.push_back(filled(color.name, {Kind::color, color.hex}, capture(scale, isDark)));
     return cells;
 }
 
-std::vector<Cell> pictureCells(double scale)
+std::vector<Cell> pictureCells(double scale, bool isDark)
 {
     std::vector<Cell> cells;
     for (const double blur : {0.0, 0.1})
         for (const auto& picture : BackdropCatalogue::pictures()) {
             const QString caption = blur > 0 ? picture.name + ", blurred" : picture.name;
-            cells.push_back(filled(caption, {Kind::picture, picture.id}, capture(scale, cells.size() % 2 == 1)));
+            cells.push_back(filled(caption, {Kind::picture, picture.id}, capture(scale, isDark)));
             cells.back().backdrop.blur = blur;
         }
     return cells;
@@ -172,7 +178,7 @@ std::vector<Cell> shadowCells(double scale)
     return cells;
 }
 
-std::vector<Cell> shapeCells(double scale)
+std::vector<Cell> alignmentCells(double scale)
 {
     std::vector<Cell> cells;
     const QImage light = capture(scale, false);
@@ -182,6 +188,13 @@ std::vector<Cell> shapeCells(double scale)
             backdrop.aspect = AspectRatio{4, 3};
             backdrop.fill = {Kind::gradient, "iris"};
         }));
+    return cells;
+}
+
+std::vector<Cell> aspectCells(double scale)
+{
+    std::vector<Cell> cells;
+    const QImage light = capture(scale, false);
     for (const auto& [width, height] : {std::pair{1, 1}, {16, 9}, {4, 5}, {2, 1}})
         cells.push_back(changed(QString("%1:%2").arg(width).arg(height), light, [&](EditorBackdrop& backdrop) {
             backdrop.aspect = AspectRatio{width, height};
@@ -222,9 +235,18 @@ std::vector<Cell> frameCells(double scale)
 
 std::vector<BackdropSheet::Sheet> BackdropSheet::sheets(double scale)
 {
-    return {{"gradients", sheet(gradientCells(scale), scale)}, {"colors", sheet(colorCells(scale), scale)},
-            {"pictures", sheet(pictureCells(scale), scale)},   {"shadows", sheet(shadowCells(scale), scale)},
-            {"shapes", sheet(shapeCells(scale), scale)},       {"frames", sheet(frameCells(scale), scale)}};
+    std::vector<Sheet> all;
+    for (const bool isDark : {false, true}) {
+        const QString on = isDark ? "-dark" : "-light";
+        all.push_back({"gradients" + on, sheet(gradientCells(scale, isDark), scale)});
+        all.push_back({"colors" + on, sheet(colorCells(scale, isDark), scale)});
+        all.push_back({"pictures" + on, sheet(pictureCells(scale, isDark), scale)});
+    }
+    all.push_back({"shadows", sheet(shadowCells(scale), scale)});
+    all.push_back({"alignments", sheet(alignmentCells(scale), scale)});
+    all.push_back({"aspects", sheet(aspectCells(scale), scale)});
+    all.push_back({"frames", sheet(frameCells(scale), scale)});
+    return all;
 }
 
 } // namespace Kovrel::Bench

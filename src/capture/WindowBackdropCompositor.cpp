@@ -1,6 +1,7 @@
 #include "capture/WindowBackdropCompositor.h"
 
 #include "imaging/GaussianBlur.h"
+#include "imaging/Resampling.h"
 
 #include <QColorSpace>
 #include <QLinearGradient>
@@ -180,8 +181,7 @@ QImage WindowBackdropCompositor::composite(const QImage& window, const Backgroun
 
 void WindowBackdropCompositor::drawScaledToFill(const QImage& image, const QRect& rect, QPainter& painter)
 {
-    QRect part({0, 0}, rect.size().scaled(image.size(), Qt::KeepAspectRatio));
-    part.moveCenter(image.rect().center());
+    const QRect part = Resampling::coveringPart(image.size(), rect.size());
     painter.drawImage(rect.topLeft(),
                       image.copy(part).scaled(rect.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }

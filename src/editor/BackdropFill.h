@@ -11,7 +11,7 @@ struct BackdropFill {
     enum class Kind { none, color, gradient, picture };
 
     Kind kind = Kind::none;
-    QString value; // hex of a colour, id of a gradient or picture of the catalogue
+    QString value; // hex of a colour; id of a gradient or picture of the catalogue, or the path of the user's own
     bool operator==(const BackdropFill&) const = default;
 };
 

@@ -101,7 +101,7 @@ private:
 
 } // namespace
 
-QImage BackdropPicture::bitmap(QSize size) const
+QImage BackdropPicture::bitmap(QSize size, double sigma) const
 {
     if (size.isEmpty())
         return {};
@@ -109,7 +109,7 @@ QImage BackdropPicture::bitmap(QSize size) const
     std::vector<PlacedRidge> placed;
     for (const Ridge& ridge : ridges)
         placed.emplace_back(ridge, size);
-    return DitheredImage::painted(size, [&](Line& line, int y) {
+    return DitheredImage::paintedSoftly(size, sigma, [&](Line& line, int y) {
         gradient.fill(line, y);
         for (const PlacedRidge& ridge : placed)
             ridge.paint(line, y);

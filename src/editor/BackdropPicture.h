@@ -40,8 +40,9 @@ struct BackdropPicture {
     std::vector<Ridge> ridges; // the farthest first
     bool operator==(const BackdropPicture&) const = default;
 
-    // Format_RGB32, the same on every machine; dithered like a gradient. A null image when memory is short.
-    QImage bitmap(QSize size) const;
+    // Softened by a Gaussian of standard deviation `sigma` pixels. Format_RGB32, dithered like a gradient. A null image
+    // when memory is short.
+    QImage bitmap(QSize size, double sigma = 0) const;
 };
 
 } // namespace Kovrel

@@ -10,10 +10,9 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr qsizetype mostBytes = 4 << 20;
-constexpr int mostDepth = 10;
+constexpr qsizetype mostBytes = 1 << 20;
 
-std::optional<BackdropPreset> presetFrom(const Json& entry)
+std::optional<BackdropPreset> presetFrom(const nlohmann::json& entry)
 {
     if (!entry.is_object() || !entry.contains("name") || !entry["name"].is_string() || !entry.contains("backdrop"))
         return std::nullopt;
@@ -28,9 +27,9 @@ std::optional<BackdropPreset> presetFrom(const Json& entry)
 std::vector<BackdropPreset> BackdropPresets::stored(const Preferences& preferences)
 {
     std::vector<BackdropPreset> presets;
-    const Json list = boundedJSON(preferences.backdropPresets(), mostBytes, mostDepth);
+    const auto list = boundedJSON(preferences.backdropPresets(), mostBytes);
     if (list.is_array())
-        for (const Json& entry : list)
+        for (const auto& entry : list)
             if (auto preset = presetFrom(entry))
                 presets.push_back(*std::move(preset));
     return presets;

@@ -9,10 +9,10 @@ namespace Kovrel {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = nlohmann::ordered_json; // written
+using Parsed = nlohmann::json;
 
-constexpr qsizetype mostBytes = 1 << 20;
-constexpr int mostDepth = 8;
+constexpr qsizetype mostBytes = 1 << 18;
 constexpr size_t mostLayers = 16;
 
 // Greater than anybody wants, small enough to reckon with.
@@ -48,7 +48,7 @@ std::string rawText(Enum value)
 
 // --- Read: each of them leaves the value as it is where its key is missing
 
-const Json* member(const Json& object, const char* key)
+const Parsed* member(const Parsed& object, const char* key)
 {
     if (!object.is_object())
         throw WrongKind{};
@@ -56,27 +56,27 @@ const Json* member(const Json& object, const char* key)
     return found == object.end() ? nullptr : &*found;
 }
 
-void read(const Json& object, const char* key, double& value, double least, double most)
+void read(const Parsed& object, const char* key, double& value, double least, double most)
 {
-    if (const Json* const found = member(object, key)) {
+    if (const Parsed* const found = member(object, key)) {
         if (!found->is_number())
             throw WrongKind{};
         value = std::clamp(found->get<double>(), least, most);
     }
 }
 
-void read(const Json& object, const char* key, bool& value)
+void read(const Parsed& object, const char* key, bool& value)
 {
-    if (const Json* const found = member(object, key)) {
+    if (const Parsed* const found = member(object, key)) {
         if (!found->is_boolean())
             throw WrongKind{};
         value = found->get<bool>();
     }
 }
 
-void read(const Json& object, const char* key, QString& value)
+void read(const Parsed& object, const char* key, QString& value)
 {
-    if (const Json* const found = member(object, key)) {
+    if (const Parsed* const found = member(object, key)) {
         if (!found->is_string())
             throw WrongKind{};
         value = QString::fromStdString(found->get_ref<const std::string&>());
@@ -84,7 +84,7 @@ void read(const Json& object, const char* key, QString& value)
 }
 
 template <class Enum>
-void read(const Json& object, const char* key, Enum& value)
+void read(const Parsed& object, const char* key, Enum& value)
 {
     QString text = rawString(value);
     read(object, key, text);
@@ -94,7 +94,7 @@ void read(const Json& object, const char* key, Enum& value)
     value = *named;
 }
 
-void read(const Json& object, const char* key, int& value)
+void read(const Parsed& object, const char* key, int& value)
 {
     double number = value;
     read(object, key, number, 1, mostRatio);
@@ -103,7 +103,7 @@ void read(const Json& object, const char* key, int& value)
     value = int(number);
 }
 
-Shadow::Layer layerFrom(const Json& object)
+Shadow::Layer layerFrom(const Parsed& object)
 {
     Shadow::Layer layer;
     read(object, "offset", layer.offset, -mostFraction, mostFraction);
@@ -112,10 +112,10 @@ Shadow::Layer layerFrom(const Json& object)
     return layer;
 }
 
-void read(const Json& object, const char* key, Shadow& shadow)
+void read(const Parsed& object, const char* key, Shadow& shadow)
 {
-    const Json* const found = member(object, key);
-    const Json* const layers = found ? member(*found, "layers") : nullptr;
+    const Parsed* const found = member(object, key);
+    const Parsed* const layers = found ? member(*found, "layers") : nullptr;
     if (!layers)
         return;
     if (!layers->is_array())
@@ -125,26 +125,26 @@ void read(const Json& object, const char* key, Shadow& shadow)
         shadow.layers.push_back(layerFrom((*layers)[index]));
 }
 
-void read(const Json& object, const char* key, ShadowLight& light)
+void read(const Parsed& object, const char* key, ShadowLight& light)
 {
-    if (const Json* const found = member(object, key)) {
+    if (const Parsed* const found = member(object, key)) {
         read(*found, "x", light.x, -1, 1);
         read(*found, "y", light.y, -1, 1);
     }
 }
 
-void read(const Json& object, const char* key, BackdropFill& fill)
+void read(const Parsed& object, const char* key, BackdropFill& fill)
 {
-    if (const Json* const found = member(object, key)) {
+    if (const Parsed* const found = member(object, key)) {
         read(*found, "kind", fill.kind);
         fill.value.clear(); // another kind's value says nothing
         read(*found, "value", fill.value);
     }
 }
 
-void read(const Json& object, const char* key, std::optional<AspectRatio>& aspect)
+void read(const Parsed& object, const char* key, std::optional<AspectRatio>& aspect)
 {
-    const Json* const found = member(object, key);
+    const Parsed* const found = member(object, key);
     if (!found || found->is_null())
         return;
     AspectRatio ratio;
@@ -153,7 +153,7 @@ void read(const Json& object, const char* key, std::optional<AspectRatio>& aspec
     aspect = ratio;
 }
 
-EditorBackdrop backdropFrom(const Json& object)
+EditorBackdrop backdropFrom(const Parsed& object)
 {
     EditorBackdrop backdrop;
     read(object, "fill", backdrop.fill);
@@ -204,7 +204,7 @@ Json EditorBackdrop::toJson() const
     return object;
 }
 
-std::optional<EditorBackdrop> EditorBackdrop::fromJson(const Json& object)
+std::optional<EditorBackdrop> EditorBackdrop::fromJson(const Parsed& object)
 {
     try {
         return backdropFrom(object);
@@ -220,7 +220,7 @@ QByteArray EditorBackdrop::encode() const
 
 std::optional<EditorBackdrop> EditorBackdrop::decode(const QByteArray& json)
 {
-    return fromJson(boundedJSON(json, mostBytes, mostDepth));
+    return fromJson(boundedJSON(json, mostBytes));
 }
 
 } // namespace Kovrel

@@ -45,12 +45,12 @@ struct EditorBackdrop {
     QByteArray encode() const;
     // A missing key reads as the default; numbers out of range are brought into it. Nothing for what is no JSON
     // object, for a key of the wrong kind, an unknown name of a fill's kind or an alignment, and for more than a
-    // megabyte.
+    // quarter of a megabyte.
     static std::optional<EditorBackdrop> decode(const QByteArray& json);
 
-    // The same as a part of other JSON.
+    // The same as a part of other JSON; the order of keys matters to what is written alone.
     nlohmann::ordered_json toJson() const;
-    static std::optional<EditorBackdrop> fromJson(const nlohmann::ordered_json& object);
+    static std::optional<EditorBackdrop> fromJson(const nlohmann::json& object);
 };
 
 } // namespace Kovrel

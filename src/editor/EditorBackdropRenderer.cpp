@@ -1,6 +1,7 @@
 #include "editor/EditorBackdropRenderer.h"
 
 #include "editor/EditorBackdropMetrics.h"
+#include "imaging/Resampling.h"
 #include "model/HexColor.h"
 
 #include <QColorSpace>
@@ -23,7 +24,7 @@ bool isOpaque(const BackdropFill& fill)
     return fill.kind == Kind::color ? fillColor(fill).alpha() == 255 : fill.kind != Kind::none;
 }
 
-QPainterPath rounded(const QRect& rect, double radius)
+QPainterPath rounded(const QRectF& rect, double radius)
 {
     QPainterPath path;
     path.addRoundedRect(rect, radius, radius);
@@ -38,22 +39,18 @@ void fillSmoothly(QPainter& painter, const QPainterPath& path, const QBrush& bru
     painter.setRenderHint(QPainter::Antialiasing, isSmooth);
 }
 
-// The ring around the card. It reaches a pixel under the card's edge, whose pixels are only partly covered.
+// The ring around the card. At round corners, whose pixels the capture covers only partly, it reaches a pixel under it:
+// a hole with rounder corners than the card's leaves as much, or a smaller one where they are round all the way.
 QPainterPath frameRing(const BackdropLayout& layout)
 {
+    constexpr double rounder = 3;
+    const double most = std::min(layout.card.width(), layout.card.height()) / 2.0;
+    const double radius = layout.cardRadius > 0 ? layout.cardRadius + rounder : 0;
+    const double smaller = std::max(0.0, radius - most) / rounder;
     QPainterPath ring = rounded(layout.framed(), layout.framedRadius());
-    const QRect inside = layout.card.adjusted(1, 1, -1, -1);
-    if (!inside.isEmpty())
-        ring.addPath(rounded(inside, std::max(0.0, layout.cardRadius - 1)));
+    ring.addPath(rounded(QRectF(layout.card).adjusted(smaller, smaller, -smaller, -smaller), radius));
     ring.setFillRule(Qt::OddEvenFill);
     return ring;
-}
-
-QColor meanColor(const QImage& image)
-{
-    const QImage one = image.scaled(16, 16, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                           .scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    return one.isNull() ? QColor(Qt::gray) : one.pixelColor(0, 0);
 }
 
 // A neighbour of the page's colour: lighter, or darker where the page is nearly white, so that the frame is seen.
@@ -91,7 +88,7 @@ QColor EditorBackdropRenderer::frameColor(const BackdropLayout& layout, const Ed
         return HexColor::parse(backdrop.frameColorHex).value_or(QColor(Qt::white));
     if (backdrop.fill.kind == Kind::color)
         return besidePage(fillColor(backdrop.fill));
-    return besidePage(meanColor(m_fills.bitmap(backdrop.fill, layout.canvas, backdrop.blur)));
+    return besidePage(m_fills.mean(backdrop.fill, layout.canvas, backdrop.blur));
 }
 
 void EditorBackdropRenderer::drawFrame(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop)
@@ -103,10 +100,10 @@ void EditorBackdropRenderer::drawFrame(QPainter& painter, const BackdropLayout& 
 
 void EditorBackdropRenderer::drawCapture(QPainter& painter, const BackdropLayout& layout, const QImage& capture)
 {
-    const QImage pixels = capture.size() == layout.image.size()
-                              ? capture
-                              : capture.scaled(layout.image.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    QBrush brush(pixels);
+    const auto pixels = Resampling::resampledExactly(capture, layout.image.size());
+    if (!pixels)
+        return;
+    QBrush brush(*pixels);
     brush.setTransform(QTransform::fromTranslate(layout.image.x(), layout.image.y()));
     fillSmoothly(painter, layout.captureClip(), brush);
 }

@@ -22,13 +22,17 @@ namespace Kovrel {
 // order is fill, shadow, frame, capture; marks come on top.
 class EditorBackdropRenderer {
 public:
+    // What a picture fill shows whose value is none of the catalogue's, as one of the user's own.
+    void setPicture(const QString& value, const QImage& picture) { m_fills.setPicture(value, picture); }
+
     // The fill covers the canvas.
     void drawFill(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
     // Only around the card, so that what shines through a capture is the fill.
     void drawShadow(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
     // Nothing where the frame has no width.
     void drawFrame(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
-    // The capture within the card's rounded corners, as it is where its size is the layout's, else scaled to it.
+    // The capture within the card's rounded corners. One whose size is not the layout's is resampled each time, so who
+    // redraws often has it resampled before.
     static void drawCapture(QPainter& painter, const BackdropLayout& layout, const QImage& capture);
 
     // A canvas with fill, shadow and frame: Format_RGB32, or Format_ARGB32_Premultiplied where the fill lets something

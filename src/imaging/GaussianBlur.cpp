@@ -19,6 +19,8 @@ namespace {
 constexpr double cellsToSigma = 6;
 // Beyond lies 0.05 percent of a Gaussian: a tenth of a level.
 constexpr double reachInSigmas = 3.5;
+// A narrower one leaves less than a level of 255 of a pixel to its neighbours.
+constexpr double leastSigma = 0.2;
 // A wider one looks the same: next to it the picture is a point.
 constexpr double mostSigmasToLength = 16;
 
@@ -68,9 +70,10 @@ void forShares(const Grid& grid, int index, int length, Edges edges, Take take)
     }
 }
 
+template <class Value>
 Plane cellsOf(const QImage& image, int cell, Edges edges)
 {
-    const int channels = image.depth() / 8;
+    const int channels = image.depth() / 8 / int(sizeof(Value));
     const Grid columns(image.width(), cell);
     const Grid rows(image.height(), cell);
     Plane cells(columns.count, rows.count, channels);
@@ -78,7 +81,7 @@ Plane cellsOf(const QImage& image, int cell, Edges edges)
     for (int row = 0; row < rows.count; ++row) {
         std::fill(line.begin(), line.end(), 0.0f);
         forShares(rows, row, image.height(), edges, [&](int y, float share) {
-            const uchar* const pixels = image.constScanLine(y);
+            const auto* const pixels = reinterpret_cast<const Value*>(image.constScanLine(y));
             for (size_t index = 0; index < line.size(); ++index)
                 line[index] += share * float(pixels[index]);
         });
@@ -167,16 +170,18 @@ struct Between {
     }
 };
 
-void storePixels(const std::vector<float>& cells, const std::vector<Between>& columns, int channels, uchar* pixels)
+template <class Value>
+void storePixels(const std::vector<float>& cells, const std::vector<Between>& columns, int channels, Value* pixels)
 {
     for (const Between& column : columns) {
         const float* const cell = cells.data() + column.first * channels;
         for (int channel = 0; channel < channels; ++channel)
             *pixels++ =
-                uchar(cell[channel] + column.fraction * (cell[channel + channels] - cell[channel]) + 0.5f); // nearest
+                Value(cell[channel] + column.fraction * (cell[channel + channels] - cell[channel]) + 0.5f); // nearest
     }
 }
 
+template <class Value>
 void interpolate(const Plane& plane, int cell, QImage& image)
 {
     std::vector<Between> columns;
@@ -189,7 +194,7 @@ void interpolate(const Plane& plane, int cell, QImage& image)
         const float* const lower = plane.row(row.first + 1);
         for (size_t index = 0; index < cells.size(); ++index)
             cells[index] = upper[index] + row.fraction * (lower[index] - upper[index]);
-        storePixels(cells, columns, plane.channels, image.scanLine(y));
+        storePixels(cells, columns, plane.channels, reinterpret_cast<Value*>(image.scanLine(y)));
     }
 }
 
@@ -200,10 +205,24 @@ QImage withPlainFormat(const QImage& image)
     case QImage::Format_Grayscale8:
     case QImage::Format_RGB32:
     case QImage::Format_ARGB32_Premultiplied:
+    case QImage::Format_RGBX64:
         return image;
     default:
         return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     }
+}
+
+template <class Value>
+void blur(QImage& image, double sigma, Edges edges)
+{
+    const int cell = 2 * int(std::max(0.0, sigma / cellsToSigma - 1) / 2) + 1;
+    // Sharing out and interpolating are blurs too, of a variance of (cell^2 - 1) / 6 each.
+    const double variance = sigma * sigma - double(cell * cell - 1) / 3;
+    const std::vector<float> half = halfKernel(std::sqrt(variance) / cell);
+    Plane cells = cellsOf<Value>(image, cell, edges);
+    convolveColumns(cells, half);
+    convolveRows(cells, half);
+    interpolate<Value>(cells, cell, image);
 }
 
 } // namespace
@@ -211,18 +230,14 @@ QImage withPlainFormat(const QImage& image)
 QImage GaussianBlur::blurred(const QImage& image, double sigma, Edges edges)
 {
     QImage result = withPlainFormat(image);
-    if (result.isNull() || !(sigma > 0))
+    if (result.isNull() || !(sigma > leastSigma))
         return result;
     sigma = std::min(sigma, mostSigmasToLength * std::max(image.width(), image.height()));
-    const int cell = 2 * int(std::max(0.0, sigma / cellsToSigma - 1) / 2) + 1;
-    // Sharing out and interpolating are blurs too, of a variance of (cell^2 - 1) / 6 each.
-    const double variance = sigma * sigma - double(cell * cell - 1) / 3;
-    const std::vector<float> half = halfKernel(std::sqrt(variance) / cell);
     try {
-        Plane cells = cellsOf(result, cell, edges);
-        convolveColumns(cells, half);
-        convolveRows(cells, half);
-        interpolate(cells, cell, result);
+        if (result.format() == QImage::Format_RGBX64)
+            blur<quint16>(result, sigma, edges);
+        else
+            blur<uchar>(result, sigma, edges);
     } catch (const std::bad_alloc&) {
         return {};
     }

@@ -21,9 +21,9 @@ constexpr double sigmaOfBlurRadius(double radius)
 }
 
 // The picture convolved with a Gaussian of standard deviation `sigma` pixels, at its own size; every 8-bit value is
-// within one level of the exact one. Formats Alpha8, Grayscale8, RGB32 and ARGB32_Premultiplied are kept, any other
-// becomes ARGB32_Premultiplied. A sigma that is not above zero leaves the pixels alone. A null picture when memory is
-// short.
+// within one level of the exact one. Formats Alpha8, Grayscale8, RGB32, ARGB32_Premultiplied and, for colours finer
+// than 8 bits, RGBX64 are kept, any other becomes ARGB32_Premultiplied. A sigma that is not above zero leaves the
+// pixels alone. A null picture when memory is short.
 QImage blurred(const QImage& image, double sigma, Edges edges);
 
 } // namespace GaussianBlur

@@ -127,12 +127,12 @@ std::optional<QImage> Resampling::resampledExactly(const QImage& image, QSize to
 {
     if (image.isNull() || !canBeMade(to))
         return std::nullopt;
-    QImage source =
+    if (image.size() == to)
+        return image;
+    const QImage source =
         image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
-    if (source.isNull() || source.size() == to)
-        return source.isNull() ? std::nullopt : std::optional(source);
     QImage result = emptyLike(source, to);
-    if (result.isNull())
+    if (source.isNull() || result.isNull())
         return std::nullopt;
     try {
         resample(source, result);
@@ -140,6 +140,13 @@ std::optional<QImage> Resampling::resampledExactly(const QImage& image, QSize to
         return std::nullopt;
     }
     return result;
+}
+
+QRect Resampling::coveringPart(QSize image, QSize to)
+{
+    QRect part({0, 0}, to.scaled(image, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    part.moveCenter(QRect({0, 0}, image).center());
+    return part;
 }
 
 std::optional<QImage> Resampling::reduced(const QImage& image, double factor)

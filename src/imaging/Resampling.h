@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QRect>
 
 #include <optional>
 
@@ -18,13 +19,16 @@ namespace Resampling {
 inline constexpr int longestSide = 32767;
 inline constexpr qint64 mostPixels = 500'000'000;
 
-// The picture at a size; its own pixels where it has that size. Nothing for a null picture, a size that is empty or too
-// large, or when memory is short.
+// The picture at a size; itself, as it is, where it has that size. Nothing for a null picture, a size that is empty or
+// too large, or when memory is short.
 std::optional<QImage> resampledExactly(const QImage& image, QSize to);
 
 // The picture with its sides divided by `factor` (above 1, also a fraction), rounded to whole pixels, at least one.
 // Nothing for a null picture, a factor that does not reduce, or when memory is short.
 std::optional<QImage> reduced(const QImage& image, double factor);
+
+// The middle part of a picture that covers `to` when it is resampled to that size, nothing of it out of shape.
+QRect coveringPart(QSize image, QSize to);
 
 } // namespace Resampling
 

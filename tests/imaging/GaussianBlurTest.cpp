@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace Kovrel {
 
 using GaussianBlur::Edges;
@@ -123,10 +125,25 @@ TEST(GaussianBlurTest, IsTheExactOneToTheLevel)
     }
 }
 
+TEST(GaussianBlurTest, FineColoursStayFine)
+{
+    const QImage image = Testing::testPicture({101, 67}, Testing::Texture::noise);
+    for (const double sigma : {2.0, 13.0}) {
+        const QImage coarse = GaussianBlur::blurred(image, sigma, Edges::repeated);
+        const QImage fine = GaussianBlur::blurred(image.convertToFormat(QImage::Format_RGBX64), sigma, Edges::repeated);
+        ASSERT_EQ(fine.format(), QImage::Format_RGBX64);
+        EXPECT_LE(Testing::largestDifference(fine.convertToFormat(QImage::Format_RGB32), coarse), 1) << sigma;
+        std::set<int> levels;
+        for (int x = 0; x < fine.width(); ++x)
+            levels.insert(fine.pixelColor(x, 30).rgba64().red() % 257);
+        EXPECT_GT(levels.size(), 30u) << sigma; // between those of 8 bits
+    }
+}
+
 TEST(GaussianBlurTest, ASigmaThatIsNoneChangesNothing)
 {
     const QImage image = Testing::testPicture({20, 10}, Testing::Texture::noise);
-    for (const double sigma : {0.0, -1.0, std::nan("")})
+    for (const double sigma : {0.0, -1.0, 1e-200, 0.2, std::nan("")})
         EXPECT_EQ(GaussianBlur::blurred(image, sigma, Edges::repeated), image) << sigma;
     EXPECT_TRUE(GaussianBlur::blurred(QImage(), 5, Edges::repeated).isNull());
 }
