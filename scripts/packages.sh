@@ -8,6 +8,7 @@ build_packages="
   libxkbcommon-x11-dev x11proto-dev
   libspng-dev libdeflate-dev zlib1g-dev libturbojpeg0-dev libjpeg62-turbo-dev libtiff-dev libheif-dev libpulse-dev
   libtesseract-dev tesseract-ocr-eng libzxing-dev libzbar-dev
+  fonts-inter fonts-noto-color-emoji
   libgtest-dev libgmock-dev qt6-qpa-plugins qt6-image-formats-plugins"
 display_packages="xvfb openbox hsetroot xterm xdotool dbus-daemon x11-utils x11-xserver-utils fonts-dejavu-core"
 test_packages="

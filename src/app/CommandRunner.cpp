@@ -1,5 +1,6 @@
 #include "app/CommandRunner.h"
 
+#include "app/AnnotateCommand.h"
 #include "app/CaptureReport.h"
 #include "app/CodesCommand.h"
 #include "app/DesktopSession.h"
@@ -66,6 +67,13 @@ void CommandRunner::run(const QStringList& arguments, quint64 requestID, Reply<C
         m_text.run(*command, requestID, reply);
     } else if (command->name == "codes") {
         runOnWorker(Lane::codes, [command = *command] { return CodesCommand::run(command); }, reply);
+    } else if (command->name == "annotate") {
+        runOnWorker(
+            Lane::utility,
+            [command = *command, settings = AnnotateCommand::settings(m_preferences.defaults())] {
+                return AnnotateCommand::run(command, settings);
+            },
+            reply);
     } else if (command->name == "preferences") {
         reply(PreferencesCommand::run(m_preferences.defaults(), operandsOf(*command)));
     } else if (command->name == "sign-in" || command->name == "sign-out") {

@@ -1,3 +1,4 @@
+#include "app/AnnotateCommand.h"
 #include "app/AppPaths.h"
 #include "app/Application.h"
 #include "app/CodesCommand.h"
@@ -44,14 +45,25 @@ QStringList toTexts(const std::vector<std::string>& texts)
     return result;
 }
 
+// Labels need fonts, which come with a platform; the one without a display looks for no server.
+std::unique_ptr<QCoreApplication> applicationFor(const Command& command, int& argc, char** argv)
+{
+    if (command.name != "annotate")
+        return std::make_unique<QCoreApplication>(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 // Commands that need neither a display nor the rest of the program.
 int runWithoutInstance(const Command& command, int& argc, char** argv)
 {
-    const QCoreApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = applicationFor(command, argc, argv);
     if (command.name == "codes")
         return report(CodesCommand::run(command));
     UserDefaults defaults(AppPaths::preferencesFile());
     Preferences::registerDefaults(defaults);
+    if (command.name == "annotate")
+        return report(AnnotateCommand::run(command, AnnotateCommand::settings(defaults)));
     if (command.name == "preferences")
         return report(PreferencesCommand::run(defaults, toTexts(command.operands)));
     QtMainLoop loop;

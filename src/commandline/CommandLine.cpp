@@ -44,6 +44,18 @@ const std::vector<CommandRule>& rules()
          "the text in a picture; --raw does without dictionaries",
          true},
         {"codes", {{"json", false}}, 1, 1, "codes FILE [--json]", "the QR codes in a picture", true},
+        {"annotate",
+         {{"annotations", true, true},
+          {"backdrop", true, true},
+          {"subject", true},
+          {"scale", true},
+          {"output", true, true}},
+         1,
+         1,
+         "annotate IMAGE [--annotations A.json] [--backdrop B.json] [--subject X,Y,W,H,RADIUS] [--scale S] --output "
+         "FILE",
+         "a picture with its marks, on its backdrop",
+         true},
         {"preferences", {}, 1, 3, "preferences list | get KEY | set KEY VALUE | reset KEY", "the settings"},
         {"sign-in", {{"local", false}}, 0, 0, "sign-in --local", "use the account kept on this computer"},
         {"sign-out", {}, 0, 0, "sign-out", "forget the account"},
@@ -79,24 +91,49 @@ std::string fileExtension(const std::string& path)
     return dot == std::string::npos ? std::string() : lower(name.substr(dot + 1));
 }
 
+// Numbers with commas between them; nothing when there are not `count` or one is beyond all screens.
+std::optional<std::vector<double>> numbers(const std::string& text, size_t count)
+{
+    std::vector<double> all;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    while (all.size() < count) {
+        if (!all.empty() && (at == end || *at++ != ','))
+            return std::nullopt;
+        double number = 0;
+        const auto [next, error] = std::from_chars(at, end, number);
+        if (error != std::errc() || !(std::abs(number) < 1e6))
+            return std::nullopt;
+        all.push_back(number);
+        at = next;
+    }
+    return at == end ? std::optional(all) : std::nullopt;
+}
+
 // "X,Y,W,H" with a width and height above 0.
 bool isRectangle(const std::string& text)
 {
-    std::array<double, 4> numbers{};
-    const char* at = text.data();
-    const char* end = at + text.size();
-    for (size_t i = 0; i < numbers.size(); ++i) {
-        if (i > 0) {
-            if (at == end || *at != ',')
-                return false;
-            ++at;
-        }
-        const auto [next, error] = std::from_chars(at, end, numbers[i]);
-        if (error != std::errc() || !(std::abs(numbers[i]) < 1e6))
-            return false;
-        at = next;
-    }
-    return at == end && numbers[2] > 0 && numbers[3] > 0;
+    const auto four = numbers(text, 4);
+    return four && (*four)[2] > 0 && (*four)[3] > 0;
+}
+
+bool isSubject(const std::string& text)
+{
+    const auto five = numbers(text, 5);
+    return five && (*five)[2] > 0 && (*five)[3] > 0 && (*five)[4] >= 0;
+}
+
+bool isScale(const std::string& text)
+{
+    const auto one = numbers(text, 1);
+    return one && one->front() >= 0.25 && one->front() <= 16;
+}
+
+std::optional<std::string> outputError(const Command& command)
+{
+    if (command.has("output") && !contains(outputExtensions, fileExtension(command.options.at("output"))))
+        return "--output takes a file ending in .png, .jpeg, .heic or .tiff";
+    return std::nullopt;
 }
 
 std::optional<std::string> captureError(const Command& command)
@@ -110,9 +147,18 @@ std::optional<std::string> captureError(const Command& command)
         return "--rect takes X,Y,W,H in points, with a width and height above 0";
     if (command.has("save") && command.has("output"))
         return "--save and --output exclude each other";
-    if (command.has("output") && !contains(outputExtensions, fileExtension(command.options.at("output"))))
-        return "--output takes a file ending in .png, .jpeg, .heic or .tiff";
-    return std::nullopt;
+    return outputError(command);
+}
+
+std::optional<std::string> annotateError(const Command& command)
+{
+    if (!command.has("output"))
+        return "annotate takes --output FILE";
+    if (command.has("subject") && !isSubject(command.options.at("subject")))
+        return "--subject takes X,Y,W,H,RADIUS in pixels, with a width and height above 0";
+    if (command.has("scale") && !isScale(command.options.at("scale")))
+        return "--scale takes the pixels to a point, 0.25 to 16";
+    return outputError(command);
 }
 
 std::optional<std::string> preferencesError(const Command& command)
@@ -128,6 +174,8 @@ std::optional<std::string> semanticError(const Command& command)
 {
     if (command.name == "capture")
         return captureError(command);
+    if (command.name == "annotate")
+        return annotateError(command);
     if (command.name == "preferences")
         return preferencesError(command);
     if (command.name == "sign-in" && !command.has("local"))
@@ -247,7 +295,7 @@ std::expected<Command, std::string> CommandLine::parse(const std::vector<std::st
 
 bool CommandLine::runsWithoutInstance(const Command& command)
 {
-    return contains(std::array{"codes", "preferences", "sign-in", "sign-out", "text"}, command.name);
+    return contains(std::array{"annotate", "codes", "preferences", "sign-in", "sign-out", "text"}, command.name);
 }
 
 } // namespace Kovrel

@@ -1,7 +1,7 @@
 #include "editor/BackdropPicture.h"
 
-#include "editor/ColorHex.h"
 #include "editor/GradientBitmap.h"
+#include "model/HexColor.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,7 +21,7 @@ struct Paint {
 
 Paint paintOf(const QString& hex)
 {
-    const QColor color = ColorHex::color(hex).value_or(QColor(Qt::gray));
+    const QColor color = HexColor::parse(hex).value_or(QColor(Qt::gray));
     return {{float(color.red()), float(color.green()), float(color.blue())}, float(color.alphaF())};
 }
 

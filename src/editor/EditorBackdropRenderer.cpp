@@ -1,8 +1,8 @@
 #include "editor/EditorBackdropRenderer.h"
 
-#include "editor/ColorHex.h"
 #include "editor/EditorBackdropMetrics.h"
 #include "imaging/Resampling.h"
+#include "model/HexColor.h"
 
 #include <QColorSpace>
 
@@ -16,7 +16,7 @@ using Kind = BackdropFill::Kind;
 
 QColor fillColor(const BackdropFill& fill)
 {
-    return ColorHex::color(fill.value).value_or(QColor(Qt::white));
+    return HexColor::parse(fill.value).value_or(QColor(Qt::white));
 }
 
 bool isOpaque(const BackdropFill& fill)
@@ -65,7 +65,8 @@ QColor besidePage(const QColor& page)
 
 } // namespace
 
-void EditorBackdropRenderer::drawFill(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop)
+void EditorBackdropRenderer::fillPainter(QPainter& painter, const BackdropLayout& layout,
+                                         const EditorBackdrop& backdrop)
 {
     if (backdrop.fill.kind == Kind::color)
         painter.fillRect(QRect({0, 0}, layout.canvas), fillColor(backdrop.fill));
@@ -85,7 +86,7 @@ void EditorBackdropRenderer::drawShadow(QPainter& painter, const BackdropLayout&
 QColor EditorBackdropRenderer::frameColor(const BackdropLayout& layout, const EditorBackdrop& backdrop)
 {
     if (!backdrop.frameFollowsPage)
-        return ColorHex::color(backdrop.frameColorHex).value_or(QColor(Qt::white));
+        return HexColor::parse(backdrop.frameColorHex).value_or(QColor(Qt::white));
     if (backdrop.fill.kind == Kind::color)
         return besidePage(fillColor(backdrop.fill));
     return besidePage(m_fills.mean(backdrop.fill, layout.canvas, backdrop.blur));
@@ -117,7 +118,7 @@ QImage EditorBackdropRenderer::canvas(const BackdropLayout& layout, const Editor
     if (!opaque)
         image.fill(Qt::transparent);
     QPainter painter(&image);
-    drawFill(painter, layout, backdrop);
+    fillPainter(painter, layout, backdrop);
     drawShadow(painter, layout, backdrop);
     drawFrame(painter, layout, backdrop);
     return image;

@@ -1,6 +1,6 @@
 #include "editor/PreparedGradient.h"
 
-#include "editor/ColorHex.h"
+#include "model/HexColor.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,7 +23,7 @@ float encoded(float linearValue)
 
 OklabColor oklab(const QString& hex)
 {
-    const QColor color = ColorHex::color(hex).value_or(QColor(Qt::gray));
+    const QColor color = HexColor::parse(hex).value_or(QColor(Qt::gray));
     const float red = linear(color.redF());
     const float green = linear(color.greenF());
     const float blue = linear(color.blueF());

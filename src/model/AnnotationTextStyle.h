@@ -22,4 +22,10 @@ struct RawStrings<AnnotationTextStyle> {
     };
 };
 
+// Whether the text stands on a filled plate.
+constexpr bool isChip(AnnotationTextStyle style)
+{
+    return style == AnnotationTextStyle::background || style == AnnotationTextStyle::bubble;
+}
+
 } // namespace Kovrel

@@ -46,4 +46,15 @@ struct RawStrings<EditorTool> {
     };
 };
 
+// The symbol on the tool's button.
+constexpr const char* symbolName(EditorTool tool)
+{
+    constexpr std::array names{
+        "cursorarrow", "crop",      "arrow.up.right",        "line.diagonal",  "scribble.variable",
+        "highlighter", "rectangle", "rectangle.fill",        "circle",         "1.circle.fill",
+        "textformat",  "drop.fill", "squareshape.split.3x3", "rectangle.fill", "rays",
+        "ruler"};
+    return names[size_t(tool)];
+}
+
 } // namespace Kovrel

@@ -13,6 +13,7 @@ TEST(CommandLine, ArgumentsSurviveBeingHandedOn)
         {"capture", "area", "--rect", "-10,2.5,30,40", "--copy", "--wait", "--json"},
         {"capture", "--output=/a b/c=d.png", "fullScreen"},
         {"codes", "--json", "--", "--dashes.png"},
+        {"annotate", "a.png", "--annotations", "a.json", "--subject=1,2,3,4,0.5", "--scale", "1.5", "--output=b.png"},
         {"preferences", "set", "fileNameTemplate", "--", "--dashes"},
         {"preferences", "set", "annotationColorHex.arrow", ""},
         {"sign-in", "--local"},
@@ -38,6 +39,27 @@ TEST(CommandLine, PathsBecomeAbsoluteWhereTheCommandWasGiven)
     EXPECT_EQ(CommandLine::parse({"codes", "a.png"}, "/home/me")->operands.front(), "/home/me/a.png");
     for (const char* bad : {"a", "a.gif", ".png/x", "png"})
         EXPECT_FALSE(CommandLine::parse({"capture", "fullScreen", "--output", bad}, "/home/me")) << bad;
+}
+
+TEST(CommandLine, AnnotateRefusesWhatMakesNoSense)
+{
+    const std::vector<std::string> lines[] = {
+        {"annotate", "a.png"},
+        {"annotate", "--output=b.png"},
+        {"annotate", "a.png", "--output=b.gif"},
+        {"annotate", "a.png", "--output=b.png", "--scale=0"},
+        {"annotate", "a.png", "--output=b.png", "--scale=2x"},
+        {"annotate", "a.png", "--output=b.png", "--subject=1,2,3,4"},
+        {"annotate", "a.png", "--output=b.png", "--subject=1,2,0,4,5"},
+        {"annotate", "a.png", "--output=b.png", "--subject=1,2,3,4,5,6"},
+        {"annotate", "a.png", "--output=b.png", "--subject=1,2,3,4,nan"},
+    };
+    for (const auto& line : lines)
+        EXPECT_FALSE(CommandLine::parse(line, "/home/me")) << line.back();
+    const auto command = CommandLine::parse({"annotate", "a.png", "--backdrop", "b.json", "--output", "o.tif"}, "/h");
+    ASSERT_TRUE(command) << command.error();
+    EXPECT_EQ(command->options.at("backdrop"), "/h/b.json");
+    EXPECT_EQ(command->options.at("output"), "/h/o.tif");
 }
 
 } // namespace Kovrel

@@ -1,8 +1,8 @@
 #include "editor/GradientBitmap.h"
 #include "editor/BackdropCatalogue.h"
-#include "editor/ColorHex.h"
 #include "imaging/GaussianBlur.h"
 #include "model/Geometry.h"
+#include "model/HexColor.h"
 
 #include <gtest/gtest.h>
 
@@ -160,7 +160,7 @@ TEST(BackdropCatalogue, HasFillsWithNamesOfTheirOwn)
 
 TEST(BackdropCatalogue, AllColoursCanBeRead)
 {
-    const auto expectColor = [](const QString& hex) { EXPECT_TRUE(ColorHex::color(hex)) << hex.toStdString(); };
+    const auto expectColor = [](const QString& hex) { EXPECT_TRUE(HexColor::parse(hex)) << hex.toStdString(); };
     const auto expectGradient = [&](const BackdropGradient& gradient) {
         double location = -1;
         for (const auto& stop : gradient.stops) {

@@ -1,6 +1,7 @@
 #include "platform/ImageCodec.h"
 
 #include "platform/Plugins.h"
+#include "platform/RegularFile.h"
 #include "platform/codecs/CodecLimits.h"
 #include "platform/codecs/HeifCodec.h"
 #include "platform/codecs/JpegEncoder.h"
@@ -12,8 +13,6 @@
 #include <QFile>
 #include <QImageReader>
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <tiffio.h>
 #include <unistd.h>
 
@@ -90,21 +89,6 @@ std::expected<QImage, Failure> decodeWithToolkit(const QByteArray& data)
     return withPlainPixels(std::move(image));
 }
 
-// Opened without waiting for a pipe's other end.
-std::expected<void, Failure> openRegular(QFile& file, const QString& path)
-{
-    const int descriptor = ::open(QFile::encodeName(path), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-    if (descriptor < 0)
-        return std::unexpected(Failure{path + ": " + qt_error_string(errno)});
-    file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
-    struct stat status{};
-    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
-        return std::unexpected(Failure{path + " is not a regular file."});
-    if (status.st_size > CodecLimits::mostFileBytes)
-        return std::unexpected(Failure{path + " is too large."});
-    return {};
-}
-
 } // namespace
 
 std::expected<QByteArray, Failure> ImageCodec::encode(const QImage& image, ImageFormat format, double quality)
@@ -135,13 +119,10 @@ std::expected<QImage, Failure> ImageCodec::decode(const QByteArray& data)
 
 std::expected<QImage, Failure> ImageCodec::decodeFile(const QString& path)
 {
-    QFile file;
-    if (const auto opened = openRegular(file, path); !opened)
-        return std::unexpected(opened.error());
-    const QByteArray data = file.read(CodecLimits::mostFileBytes);
-    if (file.error() != QFileDevice::NoError)
-        return std::unexpected(Failure{path + ": " + file.errorString()});
-    return decode(data);
+    const auto data = RegularFile::read(path, CodecLimits::mostFileBytes);
+    if (!data)
+        return std::unexpected(Failure{data.error()});
+    return decode(*data);
 }
 
 } // namespace Kovrel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "commandline/CommandLine.h"
+#include "model/MeasureUnit.h"
+#include "platform/UserDefaults.h"
+#include "platform/desktop/InstanceBus.h"
+
+namespace Kovrel {
+
+// `kovrel annotate IMAGE … --output FILE`. Decodes, draws and encodes: any thread but that of an instance's windows.
+namespace AnnotateCommand {
+
+struct Settings {
+    double quality = 0.9; // of lossy formats, 0 to 1
+    MeasureUnit measureUnit = MeasureUnit::pixels;
+};
+
+Settings settings(const UserDefaults& defaults);
+
+CommandAnswer run(const Command& command, const Settings& settings);
+
+} // namespace AnnotateCommand
+
+} // namespace Kovrel

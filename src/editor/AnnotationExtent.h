@@ -1,0 +1,24 @@
+#pragma once
+
+#include "editor/Annotation.h"
+
+#include <QRectF>
+
+namespace Kovrel {
+
+// The areas that marks cover, in target points. A mark that is not drawable covers nothing. Pure.
+namespace AnnotationExtent {
+
+// What all points of a mark span, in image points.
+QRectF pointsBox(const Annotation& mark);
+
+// The area that the ink covers, before and after it is turned.
+QRectF visualExtent(const Annotation& mark, double scale);
+QRectF rotatedVisualExtent(const Annotation& mark, double scale);
+
+// An area that holds all of the ink and is found without making it: no text is measured, no path is built.
+QRectF cullBound(const Annotation& mark, double scale);
+
+} // namespace AnnotationExtent
+
+} // namespace Kovrel

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "model/Geometry.h"
+
+#include <QPainterPath>
+
+#include <optional>
+
+namespace Kovrel {
+
+// The outline of an arrow: a shaft that widens from the tail to the head. Pure.
+namespace ArrowInk {
+
+// Ends in image points, the path in target points: everything is multiplied by `scale`. With a control point the shaft
+// follows the quadratic curve. `tipScale` enlarges the head. The path is filled by its winding rule.
+QPainterPath arrowInkPath(Point from, Point to, std::optional<Point> control, double lineWidth, double scale,
+                          double tipScale = 1);
+
+} // namespace ArrowInk
+
+} // namespace Kovrel

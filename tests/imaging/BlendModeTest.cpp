@@ -1,0 +1,82 @@
+#include "imaging/BlendMode.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+namespace Kovrel {
+
+namespace {
+
+QPainterPath rectPath(const QRectF& rect)
+{
+    QPainterPath path;
+    path.addRect(rect);
+    return path;
+}
+
+QRgb filled(QRgb backdrop, QRgb source, BlendMode mode)
+{
+    QImage image(1, 1, QImage::Format_ARGB32_Premultiplied);
+    image.setPixel(0, 0, qPremultiply(backdrop));
+    QPainter painter(&image);
+    Blending::fillPaths(painter, {rectPath({0, 0, 1, 1})}, QColor::fromRgba(source), mode);
+    return image.pixel(0, 0);
+}
+
+QString hex(QRgb pixel)
+{
+    return QString::number(pixel, 16);
+}
+
+} // namespace
+
+// Worked by hand from the formulas. Opaque on opaque is exact.
+TEST(BlendModeTest, KnownColours)
+{
+    const struct {
+        BlendMode mode;
+        QRgb backdrop;
+        QRgb source;
+        QRgb result;
+    } cases[] = {
+        {BlendMode::multiply, 0xffffffff, 0xff336699, 0xff336699},
+        {BlendMode::multiply, 0xff808080, 0xffff8000, 0xff804000},
+        {BlendMode::multiply, 0xff000000, 0xffffffff, 0xff000000},
+        // Half over white: (255 + 51) / 2.
+        {BlendMode::multiply, 0xffffffff, 0x80330000, 0xff997f7f},
+        {BlendMode::multiply, 0x00000000, 0xff336699, 0xff336699},
+        // A grey takes the hue and keeps its lightness: red of luminosity 0.3 is raised by 0.2 and cut to the gamut.
+        {BlendMode::color, 0xff808080, 0xffff0000, 0xffff4a4a},
+        {BlendMode::color, 0xffffffff, 0xff123456, 0xffffffff},
+        {BlendMode::color, 0xff000000, 0xffffd60a, 0xff000000},
+        {BlendMode::color, 0xff808080, 0x00ff0000, 0xff808080},
+        {BlendMode::plusLighter, 0xff404040, 0xff102030, 0xff506070},
+        {BlendMode::plusLighter, 0xffc0c0c0, 0xff808080, 0xffffffff},
+        {BlendMode::plusLighter, 0xff404040, 0x33ff0000, 0xff734040},
+    };
+
+    for (const auto& [mode, backdrop, source, result] : cases)
+        EXPECT_EQ(hex(filled(backdrop, source, mode)), hex(result)) << qPrintable(hex(backdrop) + ' ' + hex(source));
+}
+
+TEST(BlendModeTest, OverlappingPathsCountOnceAndTheClipHolds)
+{
+    QImage image(40, 40, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setTransform(QTransform(2, 0, 0, -2, 0, 40));
+    painter.setClipRect(QRect(0, 0, 10, 20));
+    Blending::fillPaths(painter, {rectPath({0, 0, 8, 8}), rectPath({4, 4, 16, 16})}, QColor(255, 0, 0, 128),
+                        BlendMode::multiply);
+    painter.end();
+    const QRgb once = image.pixel(2, 38);
+    EXPECT_EQ(hex(once), "ffff7f7f");
+    EXPECT_EQ(image.pixel(12, 26), once); // in both
+    EXPECT_EQ(image.pixel(18, 10), once);
+    EXPECT_EQ(hex(image.pixel(30, 10)), "ffffffff"); // beyond the clip
+    EXPECT_EQ(hex(image.pixel(2, 2)), "ffffffff");
+}
+
+} // namespace Kovrel
