@@ -46,7 +46,7 @@ void redraw(EditorBackdropRenderer& renderer, const BackdropLayout& layout, cons
 {
     QPainter painter(&canvas);
     painter.setClipRect(layout.card.right() - 200, layout.card.bottom() - 200, 400, 400);
-    renderer.drawFill(painter, layout, backdrop());
+    renderer.fillPainter(painter, layout, backdrop());
     renderer.drawShadow(painter, layout, backdrop());
     renderer.drawFrame(painter, layout, backdrop());
     EditorBackdropRenderer::drawCapture(painter, layout, image);

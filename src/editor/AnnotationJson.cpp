@@ -201,8 +201,15 @@ private:
         if (event == Event::key && depth == 1) {
             const std::string& key = value.get_ref<const std::string&>();
             m_isInPoints = key == "points";
-            return std::ranges::any_of(keys, [&](const char* known) { return key == known; });
+            m_mayBeList = m_isInPoints || key == "curveControl";
+            m_isKnown = std::ranges::any_of(keys, [&](const char* known) { return key == known; });
+            return m_isKnown;
         }
+        // An object of which only points are lists: the library would take quadratic time for a list of objects.
+        const bool isList = event == Event::array_start;
+        if ((isList && depth == 0) || (isList && depth == 1 && m_isKnown && !m_mayBeList) ||
+            (event == Event::object_start && depth > 0 && m_isKnown))
+            throw NotAnAnnotation();
         if (event == Event::array_end && depth == 2 && m_isInPoints) {
             m_points.push_back(toPoint(value));
             return false;
@@ -213,6 +220,8 @@ private:
     Json m_object;
     std::vector<Point> m_points;
     bool m_isInPoints = false;
+    bool m_isKnown = false;
+    bool m_mayBeList = false;
 };
 
 Annotation toAnnotation(const Entry& entry, qint64& pixels)

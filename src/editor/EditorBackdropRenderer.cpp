@@ -65,7 +65,8 @@ QColor besidePage(const QColor& page)
 
 } // namespace
 
-void EditorBackdropRenderer::drawFill(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop)
+void EditorBackdropRenderer::fillPainter(QPainter& painter, const BackdropLayout& layout,
+                                         const EditorBackdrop& backdrop)
 {
     if (backdrop.fill.kind == Kind::color)
         painter.fillRect(QRect({0, 0}, layout.canvas), fillColor(backdrop.fill));
@@ -117,7 +118,7 @@ QImage EditorBackdropRenderer::canvas(const BackdropLayout& layout, const Editor
     if (!opaque)
         image.fill(Qt::transparent);
     QPainter painter(&image);
-    drawFill(painter, layout, backdrop);
+    fillPainter(painter, layout, backdrop);
     drawShadow(painter, layout, backdrop);
     drawFrame(painter, layout, backdrop);
     return image;

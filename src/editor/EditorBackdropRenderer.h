@@ -26,7 +26,7 @@ public:
     void setPicture(const QString& value, const QImage& picture) { m_fills.setPicture(value, picture); }
 
     // The fill covers the canvas.
-    void drawFill(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
+    void fillPainter(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
     // Only around the card, so that what shines through a capture is the fill.
     void drawShadow(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
     // Nothing where the frame has no width.

@@ -183,6 +183,20 @@ TEST(AnnotationJsonTest, ImagesThatDoNotFitIntoMemoryAreLeftOut)
     EXPECT_FALSE(second.annotation->image);
 }
 
+// Megabytes that are no mark, in shapes for which a parser may take quadratic time or much memory.
+TEST(AnnotationJsonTest, MuchOfNothingTakesNoTime)
+{
+    const QByteArray fillers[] = {QByteArray("{},").repeated(600'000), QByteArray("[],").repeated(600'000),
+                                  QByteArray("1,").repeated(1'000'000)};
+    for (const QByteArray& filler : fillers) {
+        const QByteArray list = '[' + filler.chopped(1) + ']';
+        for (const QByteArray& entry :
+             std::initializer_list<QByteArray>{list, QByteArray("{\"points\":" + list + "}"),
+                                               arrowWith("\"text\":" + list), arrowWith("\"unknown\":" + list)})
+            EXPECT_GE(read('[' + arrow + ',' + entry + ',' + arrow + ']').size(), 2u) << entry.left(30).constData();
+    }
+}
+
 TEST(AnnotationJsonTest, AMillionPointsAreRead)
 {
     Annotation pen{.kind = Kind::pen};

@@ -335,7 +335,7 @@ TEST(EditorBackdropRenderer, AClippedRedrawGivesTheSamePixels)
         for (int x = 0; x < layout.canvas.width(); x += 83) {
             QPainter painter(&pieces);
             painter.setClipRect(x, y, 83, 61);
-            renderer.drawFill(painter, layout, backdrop);
+            renderer.fillPainter(painter, layout, backdrop);
             renderer.drawShadow(painter, layout, backdrop);
             renderer.drawFrame(painter, layout, backdrop);
             EditorBackdropRenderer::drawCapture(painter, layout, capture);
