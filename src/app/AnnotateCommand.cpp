@@ -95,6 +95,14 @@ CommandAnswer AnnotateCommand::run(const Command& command, const Settings& setti
     if (!parts)
         return failure(parts.error());
     EditorBackdropRenderer renderer;
+    // A path names a picture of the user's own.
+    if (const BackdropFill& fill = parts->backdrop.fill;
+        fill.kind == BackdropFill::Kind::picture && fill.value.startsWith('/')) {
+        const auto own = ImageCodec::decodeFile(fill.value);
+        if (!own)
+            return failure(own.error().message);
+        renderer.setPicture(fill.value, *own);
+    }
     const QImage picture = AnnotationFlattener::render(*parts, renderer);
     if (picture.isNull())
         return failure("the picture is too large to be drawn");

@@ -5,6 +5,7 @@
 #include "editor/HighlighterInk.h"
 #include "editor/LabelInk.h"
 #include "editor/LabelText.h"
+#include "imaging/BlendMode.h"
 #include "imaging/PainterPixels.h"
 
 #include <QPainterPathStroker>
@@ -222,6 +223,15 @@ QPainterPath litHoles(const Marks& spotlights, const QPainterPath& region, doubl
     return holes;
 }
 
+void drawPen(QPainter& painter, const Annotation& mark, double scale)
+{
+    const auto pieces = AnnotationInk::penInk(mark, scale);
+    if (pieces.size() == 1)
+        painter.fillPath(pieces.front(), AnnotationInk::colorOf(mark));
+    else
+        Blending::fillPaths(painter, pieces, AnnotationInk::colorOf(mark), BlendMode::normal);
+}
+
 void drawOne(QPainter& painter, const Annotation& mark, const Scene& scene)
 {
     const QRectF rect = AnnotationInk::scaled(mark.boundingRect(), scene.scale);
@@ -238,6 +248,7 @@ void drawOne(QPainter& painter, const Annotation& mark, const Scene& scene)
     case Kind::spotlight:
         return AnnotationDrawing::drawSpotlightShade(painter, {&mark}, scene.shadeRegion, scene.scale);
     case Kind::pen:
+        return drawPen(painter, mark, scene.scale);
     case Kind::line:
     case Kind::arrow:
         return painter.fillPath(AnnotationInk::inkPath(mark, scene.scale), color);

@@ -134,6 +134,14 @@ QRectF labelBound(const Annotation& mark, const QRectF& box)
     return {box.left() - 1, lower - tail, width, height + tail};
 }
 
+// Round ends and joins reach as far to each side.
+QRectF penExtent(const Annotation& mark, double scale)
+{
+    const QRectF box = AnnotationExtent::pointsBox(mark);
+    const double half = mark.lineWidth * scale / 2;
+    return QRectF(box.topLeft() * scale, box.size() * scale).adjusted(-half, -half, half, half);
+}
+
 // However it is turned.
 QRectF turnedBound(const Annotation& mark, QRectF box)
 {
@@ -157,13 +165,17 @@ QRectF AnnotationExtent::pointsBox(const Annotation& mark)
 
 QRectF AnnotationExtent::visualExtent(const Annotation& mark, double scale)
 {
-    return AnnotationInk::isDrawable(mark, scale) ? AnnotationInk::inkPath(mark, scale).boundingRect() : QRectF();
+    if (!AnnotationInk::isDrawable(mark, scale))
+        return {};
+    if (mark.kind == Kind::pen)
+        return penExtent(mark, scale);
+    return AnnotationInk::inkPath(mark, scale).boundingRect();
 }
 
 QRectF AnnotationExtent::rotatedVisualExtent(const Annotation& mark, double scale)
 {
-    if (!AnnotationInk::isDrawable(mark, scale))
-        return {};
+    if (!AnnotationInk::isDrawable(mark, scale) || !mark.isRotatable() || mark.rotation == 0)
+        return visualExtent(mark, scale);
     return AnnotationInk::rotation(mark, scale).map(AnnotationInk::inkPath(mark, scale)).boundingRect();
 }
 

@@ -19,6 +19,7 @@ using Kind = Annotation::Kind;
 
 constexpr double mostTargetPoints = 1e6;
 constexpr double spotlightRadius = 6;
+constexpr size_t pointsInPiece = 256;
 
 bool isUsable(double value, double scale)
 {
@@ -130,6 +131,20 @@ QPainterPath AnnotationInk::strokeInkPath(const Annotation& mark, double scale)
     else
         path.lineTo(scaled(mark.points.back(), scale));
     return path;
+}
+
+std::vector<QPainterPath> AnnotationInk::penInk(const Annotation& mark, double scale)
+{
+    if (mark.points.size() <= pointsInPiece)
+        return {inkPath(mark, scale)};
+    std::vector<QPainterPath> pieces;
+    Annotation piece = mark;
+    for (size_t from = 0; from + 1 < mark.points.size(); from += pointsInPiece - 1) {
+        const size_t to = std::min(from + pointsInPiece, mark.points.size());
+        piece.points.assign(mark.points.begin() + ptrdiff_t(from), mark.points.begin() + ptrdiff_t(to));
+        pieces.push_back(inkPath(piece, scale));
+    }
+    return pieces;
 }
 
 QPainterPath AnnotationInk::shapePath(const Annotation& mark, double scale)

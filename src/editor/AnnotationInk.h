@@ -25,6 +25,8 @@ bool isDrawable(const Annotation& mark, double scale);
 QPainterPath freehandPath(const Annotation& mark, double scale);
 // The line along which a pen or a line is stroked; empty for other kinds.
 QPainterPath strokeInkPath(const Annotation& mark, double scale);
+// The ink of a pen in pieces that overlap at their ends. A path of a million points takes minutes to fill.
+std::vector<QPainterPath> penInk(const Annotation& mark, double scale);
 // The outline of a rectangle, an ellipse, a redaction, a spotlight or an image.
 QPainterPath shapePath(const Annotation& mark, double scale);
 // What strokes the lines and outlines of a mark.

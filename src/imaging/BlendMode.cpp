@@ -43,6 +43,8 @@ Rgba withLuminosity(const Rgba& c, float light)
 
 Rgba mixed(const Rgba& backdrop, const Rgba& source, BlendMode mode)
 {
+    if (mode == BlendMode::normal)
+        return source;
     if (mode == BlendMode::color)
         return withLuminosity(source, luminosity(backdrop));
     return {backdrop.red * source.red, backdrop.green * source.green, backdrop.blue * source.blue, 1};

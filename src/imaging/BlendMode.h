@@ -9,9 +9,9 @@ class QPainter;
 
 namespace Kovrel {
 
-// The ways in which ink mixes with what is below it that QPainter lacks, or has only roughly.
-// W3C Compositing and Blending Level 1 (multiply, color) and Level 2 (plus-lighter).
-enum class BlendMode { multiply, color, plusLighter };
+// The ways in which ink mixes with what is below it: laid over it, or as QPainter can't do it, or only roughly.
+// W3C Compositing and Blending Level 1 (normal, multiply, color) and Level 2 (plus-lighter).
+enum class BlendMode { normal, multiply, color, plusLighter };
 
 // Blends one colour into pictures. Any thread.
 namespace Blending {

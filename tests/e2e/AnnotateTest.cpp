@@ -93,6 +93,29 @@ TEST(AnnotateCommand, WritesEachFormatAndCoversWhatIsBlackedOut)
         EXPECT_EQ(picture.pixelColor(pixel), QColor(Qt::black)) << pixel.x();
 }
 
+TEST(AnnotateCommand, SetsAWindowOnAPictureOfTheUsersOwn)
+{
+    UserSession session(nullptr);
+    putCapture(session);
+    QImage own(50, 50, QImage::Format_RGB32);
+    own.fill(QColor(10, 200, 30));
+    ASSERT_TRUE(own.save(session.path("home/own.png")));
+    const QByteArray path = session.path("home/own.png").toUtf8();
+    put(session, "b.json", R"({"fill":{"kind":"picture","value":")" + path + R"("},"shadow":{"layers":[]}})");
+    const auto result =
+        session.kovrel({"annotate", "shot.png", "--backdrop=b.json", "--subject=40,20,560,280,16", "--output=o.png"});
+    ASSERT_EQ(result.exitCode, 0) << result.error.constData();
+    const QImage picture(session.path("home/o.png"));
+    const QPoint window((picture.width() - 640) / 2 + 40, (picture.height() - 320) / 2 + 20);
+    EXPECT_EQ(picture.pixelColor(5, 5).name(), "#0ac81e");
+    EXPECT_EQ(picture.pixelColor(window + QPoint(1, 1)).name(), "#0ac81e"); // its round corner
+    EXPECT_EQ(picture.pixelColor(window - QPoint(1, -140)).name(), "#0ac81e");
+    EXPECT_EQ(picture.pixelColor(window + QPoint(280, 140)).rgb(),
+              QImage(session.path("home/shot.png")).pixelColor(320, 160).rgb());
+    put(session, "b.json", R"({"fill":{"kind":"picture","value":"/missing.png"}})");
+    EXPECT_EQ(session.kovrel({"annotate", "shot.png", "--backdrop=b.json", "--output=p.png"}).exitCode, 4);
+}
+
 TEST(AnnotateCommand, SaysWhatIsWrongAndWritesNothing)
 {
     UserSession session(nullptr);

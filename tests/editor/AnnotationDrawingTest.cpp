@@ -358,6 +358,18 @@ TEST(AnnotationDrawingTest, LabelsStayWithinTheirCullBound)
             }
 }
 
+TEST(AnnotationDrawingTest, ALongStrokeHasNoJoints)
+{
+    Annotation pen = mark(Kind::pen, {}, 9);
+    for (int k = 0; k < 1000; ++k)
+        pen.points.push_back({20 + k * 0.15, 50.5});
+    pen.colorHex = "#FF000080";
+    Page page(1, white);
+    page.draw({pen});
+    for (double x = 21; x < 169; ++x)
+        ASSERT_EQ(page.at(x, 50).name(), QColor(255, 127, 127).name()) << x;
+}
+
 TEST(AnnotationDrawingTest, TheEditedLabelIsLeftOut)
 {
     const Annotation edited = label("edited");

@@ -41,6 +41,7 @@ TEST(BlendModeTest, KnownColours)
         QRgb source;
         QRgb result;
     } cases[] = {
+        {BlendMode::normal, 0xff000000, 0x80ff0000, 0xff800000},
         {BlendMode::multiply, 0xffffffff, 0xff336699, 0xff336699},
         {BlendMode::multiply, 0xff808080, 0xffff8000, 0xff804000},
         {BlendMode::multiply, 0xff000000, 0xffffffff, 0xff000000},
