@@ -45,6 +45,17 @@ TEST(TextTest, ATextCaptureCopiesWhatTheScreenSays)
     EXPECT_TRUE(session.savedFiles().isEmpty());
 }
 
+TEST(TextTest, ATextCaptureWithoutLanguageDataSaysWhatIsMissing)
+{
+    const Testing::VirtualDisplay display({700, 120});
+    UserSession session(&display);
+    session.setVariable("TESSDATA_PREFIX", session.path("home"));
+    session.prepare();
+    const auto result = session.kovrel({"capture", "ocrRegion", "--rect", "0,0,700,120", "--wait"});
+    EXPECT_EQ(result.exitCode, 4);
+    EXPECT_TRUE(result.error.contains("tesseract-ocr-eng")) << result.error.constData();
+}
+
 TEST(TextTest, PicturesOfEveryKindAreRead)
 {
     UserSession session(nullptr, false);

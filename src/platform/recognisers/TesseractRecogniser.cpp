@@ -237,8 +237,9 @@ std::optional<TextRecogniser::Failure> TesseractRecogniser::prepareEngines(const
     const TesseractEngine::Kind kind{LanguageData::chosen(request.languages), request.correctsLanguage,
                                      request.customWords};
     if (kind.models.isEmpty())
-        return Failure{"There is no language data for text recognition; install the package tesseract-ocr-eng or that "
-                       "of another language."};
+        return Failure{
+            "Install the package tesseract-ocr-eng, or that of another language: there is no language data for "
+            "text recognition."};
     if (kind != m_kind)
         m_engines.clear();
     m_kind = kind;
