@@ -24,7 +24,7 @@ constexpr double wantedLetterHeight = 20; // of small letters, in pixels: what t
 constexpr double largestScale = 2;
 constexpr double mostPixels = 60e6;        // of a page that is read
 constexpr int longestSide = 30000;         // the library counts in 16 bits
-constexpr double lineMargin = 0.25;        // letter heights around a line
+constexpr double lineMargin = 0.3;         // letter heights around a line
 constexpr float doubtfulConfidence = 0.6f; // a page read with less may stand on its head
 constexpr size_t sampleSize = 8;           // lines that tell whether it does
 
