@@ -59,8 +59,9 @@ CommandAnswer failure(const QString& message)
 
 } // namespace
 
-TextCommand::TextCommand(MainLoop& loop, Workers& workers, VisionOCREngine& engine, QRCodeDetector& codes)
-    : m_engine(engine), m_codes(codes), m_scope(loop, workers)
+TextCommand::TextCommand(MainLoop& loop, Workers& workers, VisionOCREngine& engine, QRCodeDetector& codes,
+                         std::function<void(double)> progress)
+    : m_engine(engine), m_codes(codes), m_progress(std::move(progress)), m_scope(loop, workers)
 {
 }
 
@@ -85,8 +86,8 @@ QCoro::Task<> TextCommand::read(Command command, quint64 requestID, Reply<Comman
     if (image) {
         try {
             auto codesRead = m_scope.join(m_codes.detectCodes(*image)); // at the same time as the text
-            const OCRResult text = co_await m_scope.join(
-                m_engine.recognize(*image, QualityOfService::userInitiated, !command.has("raw"), stop.get_token()));
+            const OCRResult text = co_await m_scope.join(m_engine.recognize(
+                *image, QualityOfService::userInitiated, !command.has("raw"), stop.get_token(), m_progress));
             const auto codes = co_await codesRead;
             result = codes ? answer(text, *codes, command) : failure(codes.error());
         } catch (const RecognitionError& error) {
@@ -96,6 +97,8 @@ QCoro::Task<> TextCommand::read(Command command, quint64 requestID, Reply<Comman
         result = failure(image.error().message);
     }
     m_running.erase(requestID);
+    if (m_progress)
+        m_progress(1);
     reply(result);
 }
 

@@ -19,24 +19,25 @@ using Blobs = std::vector<QRect>;
 
 using Cut = size_t; // blobs before it
 
-// The clean cut that halves the blobs best, along one axis, on which they are sorted then. `from` and `to` are the ends
-// of a blob on it.
+// The widest clean cut along one axis, on which the blobs are sorted then. `from` and `to` are the ends of a blob on
+// it.
 template <class From, class To>
-std::optional<Cut> bestCut(Blobs& blobs, double leastGap, From from, To to)
+std::optional<Cut> widestCut(Blobs& blobs, double leastGap, From from, To to)
 {
     std::ranges::sort(blobs, {}, from);
-    std::optional<Cut> best;
-    size_t mostBalanced = size_t(double(blobs.size()) * leastSide);
+    std::optional<Cut> widest;
+    double widestGap = leastGap;
+    const auto fewest = size_t(double(blobs.size()) * leastSide);
     int reached = std::invoke(to, blobs.front());
     for (size_t index = 1; index < blobs.size(); ++index) {
-        const size_t smallerSide = std::min(index, blobs.size() - index);
-        if (std::invoke(from, blobs[index]) - reached > leastGap && smallerSide > mostBalanced) {
-            mostBalanced = smallerSide;
-            best = index;
+        const int gap = std::invoke(from, blobs[index]) - reached;
+        if (gap > widestGap && std::min(index, blobs.size() - index) > fewest) {
+            widestGap = gap;
+            widest = index;
         }
         reached = std::max(reached, std::invoke(to, blobs[index]));
     }
-    return best;
+    return widest;
 }
 
 class Divider {
@@ -52,9 +53,9 @@ public:
     {
         std::optional<Cut> cut;
         if (blobs.size() >= fewestBlobs)
-            cut = bestCut(blobs, columnGap * m_height, &QRect::left, &QRect::right);
+            cut = widestCut(blobs, columnGap * m_height, &QRect::left, &QRect::right);
         if (!cut && blobs.size() > m_enough)
-            cut = bestCut(blobs, rowGap * m_height, &QRect::top, &QRect::bottom);
+            cut = widestCut(blobs, rowGap * m_height, &QRect::top, &QRect::bottom);
         if (!cut) {
             parts.push_back(std::move(blobs));
             return;

@@ -204,7 +204,7 @@ private:
 };
 
 // The engines take one line after the other, the longest first, so that they finish together.
-std::vector<Run> TesseractRecogniser::readPage(const Page& page, const std::stop_token& stop)
+std::vector<Run> TesseractRecogniser::readPage(const Page& page, const Request& request)
 {
     std::vector<size_t> order(page.lines.size());
     std::iota(order.begin(), order.end(), size_t(0));
@@ -213,9 +213,13 @@ std::vector<Run> TesseractRecogniser::readPage(const Page& page, const std::stop
     });
     std::vector<std::optional<Run>> found(page.lines.size());
     std::atomic<size_t> next = 0;
+    std::atomic<size_t> done = 0;
     const auto work = [&](TesseractEngine& engine) {
-        for (size_t place = next++; place < order.size() && !stop.stop_requested(); place = next++)
+        for (size_t place = next++; place < order.size() && !request.stop.stop_requested(); place = next++) {
             found[order[place]] = read(engine, page.ink, page.lines[order[place]]);
+            if (request.progress)
+                request.progress(double(++done) / double(order.size()));
+        }
     };
     {
         std::vector<std::jthread> threads;
@@ -259,11 +263,11 @@ TextRecogniser::Outcome TesseractRecogniser::recognise(const QImage& picture, co
     Page page = Page::of(picture);
     if (const auto failure = prepareEngines(request, page.lines.size() == 1 ? 1 : threadCount))
         return std::unexpected(*failure);
-    std::vector<Run> runs = readPage(page, request.stop);
+    std::vector<Run> runs = readPage(page, request);
     if (!runs.empty() && confidenceIn(runs) < doubtfulConfidence) {
         const Page reversed = page.reversed();
-        if (confidenceIn(readPage(reversed.sample(), request.stop)) > confidenceIn(runs)) {
-            runs = readPage(reversed, request.stop);
+        if (confidenceIn(readPage(reversed.sample(), request)) > confidenceIn(runs)) {
+            runs = readPage(reversed, request);
             page = reversed;
         }
     }

@@ -10,13 +10,15 @@ class TesseractRecogniser : public TextRecogniser {
 public:
     Outcome recognise(const QImage& picture, const Request& request) override;
 
+    void releaseMemory() override { m_engines.clear(); }
+
 private:
     static constexpr size_t threadCount = 2;
 
     std::optional<Failure> prepareEngines(const Request& request, size_t count);
 
     struct Page;
-    std::vector<TesseractEngine::Run> readPage(const Page& page, const std::stop_token& stop);
+    std::vector<TesseractEngine::Run> readPage(const Page& page, const Request& request);
 
     TesseractEngine::Kind m_kind;
     std::vector<std::unique_ptr<TesseractEngine>> m_engines; // of that kind, loaded as they are needed
