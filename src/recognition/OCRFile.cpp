@@ -35,6 +35,12 @@ Json toJson(const OCRLine& line)
     return object;
 }
 
+// Throws for 1e300 as for "1", neither of which fits.
+qint64 whole(const Json& value)
+{
+    return value.get_ref<const Json::number_integer_t&>();
+}
+
 OCRLine lineFrom(const Json& object)
 {
     OCRLine line{.text = QString::fromStdString(object.at("t").get<std::string>()),
@@ -47,7 +53,7 @@ OCRLine lineFrom(const Json& object)
     }
     if (const auto list = object.find("cc"); list != object.end() && !list->is_null())
         for (const Json& centre : *list)
-            line.characterCenters.push_back(double(centre.get<qint64>()) / centreSteps);
+            line.characterCenters.push_back(double(whole(centre)) / centreSteps);
     return line;
 }
 
@@ -63,7 +69,7 @@ Json toJson(const OCRFile::TextPart& part)
 
 OCRFile::TextPart textPartFrom(const Json& object)
 {
-    OCRFile::TextPart part{.pixels = {object.at("w").get<int>(), object.at("h").get<int>()},
+    OCRFile::TextPart part{.pixels = {int(whole(object.at("w"))), int(whole(object.at("h")))},
                            .corrected = object.at("corrected").get<bool>()};
     part.result.fullText = QString::fromStdString(object.at("full").get<std::string>());
     part.result.isOriented = object.at("oriented").get<bool>();
@@ -104,7 +110,7 @@ std::optional<OCRFile> OCRFile::decoded(const QByteArray& json)
 {
     try {
         const Json object = Json::parse(json.begin(), json.end());
-        OCRFile file{.version = object.at("v").get<int>()};
+        OCRFile file{.version = int(whole(object.at("v")))};
         if (const auto part = object.find("text"); part != object.end() && !part->is_null())
             file.text = textPartFrom(*part);
         if (const auto part = object.find("qr"); part != object.end() && !part->is_null())

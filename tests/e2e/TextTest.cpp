@@ -95,6 +95,8 @@ TEST(TextTest, WhatCannotBeReadEndsInOneLine)
     empty.save(session.path("empty.png"));
     session.run("truncate", {"-s", "200", page(session, "cut.png", {"xc:white"})});
     ::mkfifo(session.path("pipe").toUtf8(), 0600);
+    session.run("truncate", {"-s", "0", session.path("void.png")});
+    session.run("cp", {"/etc/passwd", session.path("words.png")});
 
     struct Case {
         const char* file;
@@ -102,7 +104,7 @@ TEST(TextTest, WhatCannotBeReadEndsInOneLine)
     };
 
     for (const Case& c : {Case{"one.png", 1}, Case{"empty.png", 1}, Case{"cut.png", 4}, Case{"pipe", 4},
-                          Case{"home", 4}, Case{"missing.png", 4}}) {
+                          Case{"home", 4}, Case{"missing.png", 4}, Case{"void.png", 4}, Case{"words.png", 4}}) {
         const auto result = session.kovrel({"text", session.path(c.file)});
         EXPECT_EQ(result.exitCode, c.exitCode) << c.file;
         EXPECT_EQ(result.error.count('\n'), 1) << c.file << ": " << result.error.constData();
