@@ -85,6 +85,17 @@ TEST(TextTest, PicturesOfEveryKindAreRead)
     }
 }
 
+TEST(TextTest, ProgressIsShownOnATerminalOnly)
+{
+    UserSession session(nullptr, false);
+    const QString file = page(session, "page.png", {"xc:white"});
+    const QString command = QString("'%1' text '%2'").arg(KOVREL_PROGRAM, file);
+    const QByteArray terminal = session.run("script", {"-qec", command, "/dev/null"}).output;
+    EXPECT_TRUE(terminal.contains("Reading the text: 50 %")) << terminal.constData();
+    EXPECT_TRUE(terminal.contains("liquor jugs"));
+    EXPECT_TRUE(session.kovrel({"text", file}).error.isEmpty());
+}
+
 TEST(TextTest, WhatCannotBeReadEndsInOneLine)
 {
     UserSession session(nullptr, false);
