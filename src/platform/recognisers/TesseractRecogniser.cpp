@@ -13,6 +13,7 @@
 #include <atomic>
 #include <cmath>
 #include <functional>
+#include <malloc.h>
 #include <numeric>
 #include <thread>
 
@@ -277,6 +278,13 @@ TextRecogniser::Outcome TesseractRecogniser::recognise(const QImage& picture, co
     for (const Run& run : runs)
         observations.push_back(observation(run, page.toPicture, picture.size()));
     return observations;
+}
+
+// The models are made of small pieces, which the allocator would keep: 80 MB of a program of 36, instead of 46.
+void TesseractRecogniser::releaseMemory()
+{
+    m_engines.clear();
+    ::malloc_trim(0);
 }
 
 } // namespace Kovrel

@@ -10,7 +10,7 @@ class TesseractRecogniser : public TextRecogniser {
 public:
     Outcome recognise(const QImage& picture, const Request& request) override;
 
-    void releaseMemory() override { m_engines.clear(); }
+    void releaseMemory() override;
 
 private:
     static constexpr size_t threadCount = 2;
