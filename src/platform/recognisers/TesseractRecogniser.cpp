@@ -161,12 +161,14 @@ struct TesseractRecogniser::Page {
         return page;
     }
 
-    // The same with its widest lines only.
+    // The same with its widest lines only, each by itself.
     Page sample() const
     {
         Page page = *this;
         std::ranges::sort(page.lines, std::greater(), [](const auto& line) { return line.box.width(); });
         page.lines.resize(std::min(page.lines.size(), sampleSize));
+        for (TextLines::Line& line : page.lines)
+            line.continues = false;
         return page;
     }
 

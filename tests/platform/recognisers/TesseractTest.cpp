@@ -1,6 +1,7 @@
 #include "platform/PluginTextRecogniser.h"
 
 #include <QProcess>
+#include <QTransform>
 
 #include <gtest/gtest.h>
 
@@ -10,17 +11,22 @@ namespace Kovrel {
 
 namespace {
 
+QImage pageOf(const QStringList& lines)
+{
+    QProcess convert;
+    convert.start("convert",
+                  {"-size", QString("500x%1").arg(lines.size() * 30 + 40), "xc:white", "-font", "DejaVu-Sans",
+                   "-pointsize", "16", "-interline-spacing", "8", "-annotate", "+20+40", lines.join('\n'), "png:-"});
+    EXPECT_TRUE(convert.waitForFinished()) << "convert is needed";
+    return QImage::fromData(convert.readAllStandardOutput());
+}
+
 QImage pageOfLines(int count)
 {
     QStringList lines;
     for (int line = 1; line <= count; ++line)
         lines << QString("Line number %1 of a page").arg(line);
-    QProcess convert;
-    convert.start("convert",
-                  {"-size", QString("500x%1").arg(count * 30 + 40), "xc:white", "-font", "DejaVu-Sans", "-pointsize",
-                   "16", "-interline-spacing", "8", "-annotate", "+20+40", lines.join('\n'), "png:-"});
-    EXPECT_TRUE(convert.waitForFinished()) << "convert is needed";
-    return QImage::fromData(convert.readAllStandardOutput());
+    return pageOf(lines);
 }
 
 } // namespace
@@ -35,6 +41,19 @@ TEST(Tesseract, EveryLineIsReadAndTold)
     EXPECT_EQ(told, 20);
     EXPECT_EQ((*seen)[16].candidates.front().text, "Line number 17 of a page");
     EXPECT_EQ((*seen)[16].candidates.front().characterBoxes.size(), 24u);
+}
+
+TEST(Tesseract, APageOnItsHeadIsReadWithTheGapsInItsLines)
+{
+    const QImage page = pageOf({"Some      considerably longer ones", "more      words upon this page"});
+    PluginTextRecogniser recogniser;
+    const auto seen = recogniser.recognise(page.transformed(QTransform().rotate(180)), {.languages = {"en"}});
+    ASSERT_TRUE(seen);
+    QStringList texts;
+    for (const auto& observation : *seen)
+        texts << observation.candidates.front().text;
+    EXPECT_EQ(texts, (QStringList{"Some considerably longer ones", "more words upon this page"}));
+    EXPECT_GT(seen->front().bottomLeft.x, seen->front().bottomRight.x);
 }
 
 TEST(Tesseract, StopsAfterOneMoreLine)
