@@ -58,7 +58,7 @@ private:
             }
         }
         for (size_t x = 0; x < lowest.size(); ++x)
-            m_isBusy[index(int(x), y)] = highest[x] - lowest[x] >= leastRange;
+            m_isBusy[index(int(x), y)] = char(highest[x] - lowest[x] >= leastRange);
     }
 
     // The windows whose lowest row this is; `columns` counts the busy blocks in their height.

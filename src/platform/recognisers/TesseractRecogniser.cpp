@@ -231,11 +231,15 @@ std::vector<Run> TesseractRecogniser::readPage(const Page& page, const Request& 
         work(*m_engines.front());
     }
     std::vector<Run> runs;
-    for (size_t line = 0; line < found.size(); ++line)
-        if (found[line] && page.lines[line].continues && found[line - 1])
-            append(runs.back(), std::move(*found[line]));
-        else if (found[line])
-            runs.push_back(std::move(*found[line]));
+    for (size_t line = 0; line < found.size(); ++line) {
+        std::optional<Run>& run = found[line];
+        if (!run)
+            continue;
+        if (page.lines[line].continues && found[line - 1])
+            append(runs.back(), std::move(*run));
+        else
+            runs.push_back(std::move(*run));
+    }
     return runs;
 }
 
@@ -277,6 +281,7 @@ TextRecogniser::Outcome TesseractRecogniser::recognise(const QImage& picture, co
     if (request.stop.stop_requested())
         return std::unexpected(Failure{"The recognition was cancelled.", true});
     std::vector<Observation> observations;
+    observations.reserve(runs.size());
     for (const Run& run : runs)
         observations.push_back(observation(run, page.toPicture, picture.size()));
     return observations;
