@@ -6,6 +6,7 @@
 #include "platform/PluginSoundPlayer.h"
 #include "platform/PluginTextRecogniser.h"
 #include "platform/desktop/DesktopShortcuts.h"
+#include "recognition/PatientRecogniser.h"
 #include "saving/DragFiles.h"
 #include "saving/PrivateFolder.h"
 
@@ -92,7 +93,8 @@ Application::Application(AppDelegate::Launch launch)
       m_selectionOverlay({m_loop, m_preferences, m_trace, m_desktop.displays, m_desktop.pointer, m_desktop.windows,
                           m_desktop.keys, m_screenLock, m_desktop.overlay}),
       m_selectionCapture(m_loop, m_workers, m_desktop.windows),
-      m_recognition(m_loop, m_workers, std::make_unique<PluginTextRecogniser>(),
+      m_recognition(m_loop, m_workers,
+                    std::make_unique<PatientRecogniser>([] { return std::make_unique<PluginTextRecogniser>(); }),
                     [this] { return m_defaults.textList("textLanguages"); }),
       m_codes(m_loop, m_workers, m_codeReader),
       m_textReader(m_loop, m_workers, m_recognition, m_codes),

@@ -3,6 +3,7 @@
 #include "saving/PrivateFolder.h"
 #include "saving/SaveService.h"
 
+#include <QDesktopServices>
 #include <QLoggingCategory>
 
 namespace Kovrel {
@@ -135,6 +136,12 @@ void CaptureOutput::copy(CaptureResult result, std::shared_ptr<EncodedPng> png)
 void CaptureOutput::copyText(const QString& text)
 {
     m_clipboard.copyText(text);
+}
+
+void CaptureOutput::openLink(const QUrl& url)
+{
+    if (!QDesktopServices::openUrl(url))
+        qCWarning(log, "%s could not be opened", qUtf8Printable(url.toString()));
 }
 
 void CaptureOutput::openEditor(CaptureResult)

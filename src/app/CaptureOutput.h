@@ -21,6 +21,7 @@ public:
                                       std::shared_ptr<EncodedPng> png) override;
     void copy(CaptureResult result, std::shared_ptr<EncodedPng> png) override;
     void copyText(const QString& text) override;
+    void openLink(const QUrl& url) override;
     void openEditor(CaptureResult result) override;
     void pin(CaptureResult result) override;
 

@@ -3,22 +3,13 @@
 #include "platform/ImageCodec.h"
 #include "platform/PluginCodeReader.h"
 #include "recognition/QRCodeDetector.h"
-
-#include <cmath>
+#include "recognition/RecognitionJson.h"
 
 namespace Kovrel {
 
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-Json json(const Rect& box)
-{
-    Json numbers = Json::array();
-    for (const double number : {box.x, box.y, box.width, box.height})
-        numbers.push_back(std::round(number * 1e5) / 1e5);
-    return numbers;
-}
 
 QString plain(const std::vector<QRCode>& codes)
 {
@@ -57,7 +48,7 @@ nlohmann::ordered_json CodesCommand::json(const std::vector<QRCode>& codes)
 {
     Json list = Json::array();
     for (const QRCode& code : codes)
-        list.push_back({{"payload", code.payload.toStdString()}, {"box", Kovrel::json(code.boundingBox)}});
+        list.push_back({{"payload", code.payload.toStdString()}, {"box", RecognitionJson::box(code.boundingBox)}});
     return list;
 }
 

@@ -4,6 +4,7 @@
 
 #include "platform/ImageCodec.h"
 #include "recognition/RecognitionError.h"
+#include "recognition/RecognitionJson.h"
 
 #include <nlohmann/json.hpp>
 
@@ -15,15 +16,10 @@ using Json = nlohmann::ordered_json;
 
 Json json(const OCRLine& line)
 {
-    const Rect& box = line.boundingBox;
-    Json quad;
-    if (line.quad)
-        quad = {line.quad->origin.x, line.quad->origin.y, line.quad->xEnd.x,
-                line.quad->xEnd.y,   line.quad->yEnd.x,   line.quad->yEnd.y};
     return {{"text", line.text.toStdString()},
-            {"confidence", line.confidence},
-            {"box", {box.x, box.y, box.width, box.height}},
-            {"quad", quad}};
+            {"confidence", RecognitionJson::confidence(line.confidence)},
+            {"box", RecognitionJson::box(line.boundingBox)},
+            {"quad", line.quad ? RecognitionJson::quad(*line.quad) : Json()}};
 }
 
 QString json(const OCRResult& result, const std::vector<QRCode>& codes)
@@ -63,8 +59,9 @@ CommandAnswer failure(const QString& message)
 
 } // namespace
 
-TextCommand::TextCommand(MainLoop& loop, Workers& workers, VisionOCREngine& engine, QRCodeDetector& codes)
-    : m_engine(engine), m_codes(codes), m_scope(loop, workers)
+TextCommand::TextCommand(MainLoop& loop, Workers& workers, VisionOCREngine& engine, QRCodeDetector& codes,
+                         std::function<void(double)> progress)
+    : m_engine(engine), m_codes(codes), m_progress(std::move(progress)), m_scope(loop, workers)
 {
 }
 
@@ -88,9 +85,10 @@ QCoro::Task<> TextCommand::read(Command command, quint64 requestID, Reply<Comman
     CommandAnswer result;
     if (image) {
         try {
-            const OCRResult text = co_await m_scope.join(
-                m_engine.recognize(*image, QualityOfService::userInitiated, !command.has("raw"), stop.get_token()));
-            const auto codes = co_await m_scope.join(m_codes.detectCodes(*image));
+            auto codesRead = m_scope.join(m_codes.detectCodes(*image)); // at the same time as the text
+            const OCRResult text = co_await m_scope.join(m_engine.recognize(
+                *image, QualityOfService::userInitiated, !command.has("raw"), stop.get_token(), m_progress));
+            const auto codes = co_await codesRead;
             result = codes ? answer(text, *codes, command) : failure(codes.error());
         } catch (const RecognitionError& error) {
             result = failure(error.message());
@@ -99,6 +97,8 @@ QCoro::Task<> TextCommand::read(Command command, quint64 requestID, Reply<Comman
         result = failure(image.error().message);
     }
     m_running.erase(requestID);
+    if (m_progress)
+        m_progress(1);
     reply(result);
 }
 

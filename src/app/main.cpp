@@ -7,6 +7,7 @@
 #include "app/TextCommand.h"
 #include "platform/PluginCodeReader.h"
 #include "platform/PluginTextRecogniser.h"
+#include "recognition/PatientRecogniser.h"
 
 #include <QApplication>
 
@@ -35,6 +36,15 @@ int report(const CommandAnswer& answer)
     if (!answer.error.isEmpty())
         complain(answer.error);
     return answer.exitCode;
+}
+
+// A line on a terminal that goes when the work is done.
+void showProgress(double share)
+{
+    if (share < 1)
+        std::fprintf(stderr, "\rReading the text: %d %%", int(share * 100));
+    else
+        std::fputs("\r\033[K", stderr);
 }
 
 QStringList toTexts(const std::vector<std::string>& texts)
@@ -71,11 +81,12 @@ int runWithoutInstance(const Command& command, int& argc, char** argv)
     FileTokenStore tokens(loop, workers, AppPaths::dataFolder());
     KeychainTokenStore secrets(loop, std::chrono::seconds(5));
     Account account(tokens, secrets);
-    VisionOCREngine recognition(loop, workers, std::make_unique<PluginTextRecogniser>(),
-                                [&defaults] { return defaults.textList("textLanguages"); });
+    VisionOCREngine recognition(
+        loop, workers, std::make_unique<PatientRecogniser>([] { return std::make_unique<PluginTextRecogniser>(); }),
+        [&defaults] { return defaults.textList("textLanguages"); });
     const PluginCodeReader codeReader;
     QRCodeDetector codes(loop, workers, codeReader);
-    TextCommand text(loop, workers, recognition, codes);
+    TextCommand text(loop, workers, recognition, codes, ::isatty(STDERR_FILENO) ? &showProgress : nullptr);
     CommandAnswer result;
     const auto finish = [&](const CommandAnswer& answer) {
         result = answer;

@@ -4,6 +4,8 @@
 #include "model/CaptureResult.h"
 #include "saving/EncodedPng.h"
 
+#include <QUrl>
+
 #include <memory>
 
 namespace Kovrel {
@@ -18,6 +20,8 @@ public:
                                               std::shared_ptr<EncodedPng> png) = 0;
     virtual void copy(CaptureResult result, std::shared_ptr<EncodedPng> png) = 0;
     virtual void copyText(const QString& text) = 0;
+    // In the default browser.
+    virtual void openLink(const QUrl& url) = 0;
     virtual void openEditor(CaptureResult result) = 0;
     virtual void pin(CaptureResult result) = 0;
 };

@@ -29,35 +29,26 @@ void RecognitionTextReader::read(QImage image, double, Reply<Reading> reply)
     Scope::start(readBoth(std::move(image), std::move(reply)), "reading a capture");
 }
 
+// Both at the same time: they have lanes of their own.
 QCoro::Task<> RecognitionTextReader::readBoth(QImage image, Reply<Reading> reply)
 {
     Reading reading;
-    reading.text = co_await text(image);
-    reading.codePayloads = co_await payloads(image);
-    reply(reading);
-}
-
-QCoro::Task<QString> RecognitionTextReader::text(QImage image)
-{
+    auto codesRead = m_scope.join(m_codes.detectCodes(image));
     try {
         const OCRResult result =
             co_await m_scope.join(m_engine.recognize(image, QualityOfService::userInteractive, true, {}));
-        co_return result.fullText;
+        reading.text = result.fullText;
     } catch (const RecognitionError& error) {
-        qCWarning(log, "%s", error.what());
+        reading.failure = error.message();
     }
-    co_return QString();
-}
-
-QCoro::Task<QStringList> RecognitionTextReader::payloads(QImage image)
-{
-    const QRCodeDetector::Outcome codes = co_await m_scope.join(m_codes.detectCodes(image));
-    if (!codes)
-        qCWarning(log, "%s", qUtf8Printable(codes.error()));
-    QStringList payloads;
+    const QRCodeDetector::Outcome codes = co_await codesRead;
+    if (!codes && reading.failure.isEmpty())
+        reading.failure = codes.error();
     for (const QRCode& code : codes.value_or(std::vector<QRCode>()))
-        payloads << code.payload;
-    co_return payloads;
+        reading.codePayloads << code.payload;
+    if (!reading.failure.isEmpty())
+        qCWarning(log, "%s", qUtf8Printable(reading.failure));
+    reply(reading);
 }
 
 } // namespace Kovrel

@@ -6,7 +6,7 @@
 
 namespace Kovrel {
 
-// The text of the engine and the codes of the detector. What can't be read is logged and taken for empty.
+// The text of the engine and the codes of the detector. What fails is logged and told; the other one counts.
 class RecognitionTextReader : public TextReader {
 public:
     RecognitionTextReader(MainLoop& loop, Workers& workers, VisionOCREngine& engine, QRCodeDetector& codes);
@@ -16,8 +16,6 @@ public:
 
 private:
     QCoro::Task<> readBoth(QImage image, Reply<Reading> reply);
-    QCoro::Task<QString> text(QImage image);
-    QCoro::Task<QStringList> payloads(QImage image);
 
     VisionOCREngine& m_engine;
     QRCodeDetector& m_codes;

@@ -2,6 +2,7 @@
 
 #include "capture/CaptureDelivery.h"
 #include "capture/CaptureHistory.h"
+#include "capture/QRToast.h"
 #include "capture/TextReader.h"
 #include "capture/Toasts.h"
 
@@ -10,6 +11,7 @@ namespace Kovrel {
 namespace {
 
 constexpr int previewLength = 80;
+constexpr double failureDwell = 6; // seconds
 
 // Codes stand behind the text, each on a line of its own.
 QString composedText(const TextReader::Reading& reading)
@@ -26,19 +28,29 @@ QString preview(const QString& text)
     return line.size() <= previewLength ? line : line.left(previewLength - 1) + QChar(0x2026);
 }
 
-ToastContent confirmation(const TextReader::Reading& reading)
+ToastContent nothingCopied(const TextReader::Reading& reading)
 {
-    const bool hasText = !reading.text.isEmpty();
-    const qsizetype codes = reading.codePayloads.size();
-    if (!hasText && codes == 0)
+    if (reading.failure.isEmpty())
         return {.message = "No text found in the capture", .icon = "text.viewfinder"};
-    if (hasText && codes > 0)
-        return {.message = "Text and QR code copied", .icon = "doc.on.clipboard.fill", .copied = true};
-    if (hasText)
-        return {.message = preview(reading.text), .icon = "doc.on.clipboard.fill", .copied = true};
-    return {.message = codes == 1 ? QString("QR code copied") : QString("%1 QR codes copied").arg(codes),
-            .subtitle = preview(reading.codePayloads.first()),
-            .icon = "qrcode",
+    return {.message = "The text can't be read",
+            .subtitle = reading.failure,
+            .icon = "exclamationmark.triangle",
+            .dwell = failureDwell};
+}
+
+ToastContent confirmation(const TextReader::Reading& reading, const std::function<void(QUrl)>& openLink)
+{
+    const QStringList& codes = reading.codePayloads;
+    if (reading.text.isEmpty() && codes.isEmpty())
+        return nothingCopied(reading);
+    if (reading.text.isEmpty())
+        return {.message = QRToast::qrMessage(codes.size()),
+                .subtitle = QRToast::qrDetail(codes),
+                .icon = "qrcode",
+                .copied = true,
+                .onTap = QRToast::openLinkTap(codes.first(), openLink)};
+    return {.message = codes.isEmpty() ? preview(reading.text) : "Text and QR code copied",
+            .icon = "doc.on.clipboard.fill",
             .copied = true};
 }
 
@@ -66,10 +78,15 @@ QCoro::Task<> TextCapture::runOCR(CaptureFinisher::Pixels pixels, std::shared_pt
     if (generation == m_generation) {
         if (!text.isEmpty())
             m_services.delivery.copyText(text);
-        m_services.toasts.update(confirmation(reading), true);
+        const auto openLink = [&delivery = m_services.delivery](const QUrl& url) { delivery.openLink(url); };
+        m_services.toasts.update(confirmation(reading, openLink), true);
     }
-    CaptureOutcome outcome{
-        .kind = CaptureOutcome::Kind::finished, .result = result, .pixelSize = image.size(), .text = text};
+    const bool hasFailed = text.isEmpty() && !reading.failure.isEmpty();
+    CaptureOutcome outcome{.kind = hasFailed ? CaptureOutcome::Kind::failed : CaptureOutcome::Kind::finished,
+                           .message = reading.failure,
+                           .result = result,
+                           .pixelSize = image.size(),
+                           .text = text};
     outcome.result->image = {};
     run->reply.give(std::move(outcome));
 }

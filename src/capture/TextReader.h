@@ -13,6 +13,7 @@ public:
     struct Reading {
         QString text; // in reading order
         QStringList codePayloads;
+        QString failure = {}; // why something could not be read, in one line for people
     };
 
     virtual ~TextReader() = default;

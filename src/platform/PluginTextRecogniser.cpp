@@ -21,4 +21,10 @@ TextRecogniser::Outcome PluginTextRecogniser::recognise(const QImage& picture, c
     return loaded ? m_recogniser->recognise(picture, request) : std::unexpected(Failure{loaded.error()});
 }
 
+void PluginTextRecogniser::releaseMemory()
+{
+    if (m_recogniser)
+        m_recogniser->releaseMemory();
+}
+
 } // namespace Kovrel

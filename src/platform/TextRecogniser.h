@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <expected>
+#include <functional>
 #include <optional>
 #include <stop_token>
 #include <vector>
@@ -55,6 +56,7 @@ public:
         QStringList languages;        // codes such as "en", "de" or "chi_sim"; none: the languages of the desktop
         QStringList customWords;      // that are in no dictionary
         std::stop_token stop;         // ends the recognition after one more line at most
+        std::function<void(double share)> progress; // hears what share of the lines is read; on any thread
     };
 
     struct Failure {
@@ -68,6 +70,9 @@ public:
 
     // In reading order, as far as the recogniser knows it. A picture without text gives no observations.
     virtual Outcome recognise(const QImage& picture, const Request& request) = 0;
+
+    // Nothing is going to be read for a while. What was loaded is loaded again with the next picture.
+    virtual void releaseMemory() {}
 };
 
 } // namespace Kovrel

@@ -1,6 +1,6 @@
 #include "recognition/ColumnGap.h"
 
-#include "recognition/Median.h"
+#include "model/Median.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,9 +1,9 @@
 #include "recognition/OCRFile.h"
 
+#include "recognition/RecognitionJson.h"
+
 #include <nlohmann/json.hpp>
 
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace Kovrel {
@@ -12,26 +12,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr double coordinateSteps = 100000;
 constexpr double centreSteps = 10000;
-
-double rounded(double value)
-{
-    return std::round(value * coordinateSteps) / coordinateSteps;
-}
-
-Json numbers(std::initializer_list<double> values)
-{
-    Json list = Json::array();
-    for (const double value : values)
-        list.push_back(rounded(value));
-    return list;
-}
-
-Json toJson(const Rect& box)
-{
-    return numbers({box.x, box.y, box.width, box.height});
-}
 
 Rect boxFrom(const Json& list)
 {
@@ -39,25 +20,25 @@ Rect boxFrom(const Json& list)
     return values.size() == 4 ? Rect{values[0], values[1], values[2], values[3]} : Rect{};
 }
 
-// The shortest decimals that read back as the same 32-bit number.
-double shortest(float value)
-{
-    std::array<char, 32> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
-    return QByteArray(text.data(), end - text.data()).toDouble();
-}
-
 Json toJson(const OCRLine& line)
 {
-    Json object{{"t", line.text.toStdString()}, {"c", shortest(line.confidence)}, {"b", toJson(line.boundingBox)}};
-    if (const auto& quad = line.quad)
-        object["q"] = numbers({quad->origin.x, quad->origin.y, quad->xEnd.x, quad->xEnd.y, quad->yEnd.x, quad->yEnd.y});
+    Json object{{"t", line.text.toStdString()},
+                {"c", RecognitionJson::confidence(line.confidence)},
+                {"b", RecognitionJson::box(line.boundingBox)}};
+    if (line.quad)
+        object["q"] = RecognitionJson::quad(*line.quad);
     if (!line.characterCenters.empty()) {
         Json& centres = object["cc"] = Json::array();
         for (const double centre : line.characterCenters)
             centres.push_back(std::lround(centre * centreSteps));
     }
     return object;
+}
+
+// Throws for 1e300 as for "1", neither of which fits.
+qint64 whole(const Json& value)
+{
+    return value.get_ref<const Json::number_integer_t&>();
 }
 
 OCRLine lineFrom(const Json& object)
@@ -72,7 +53,7 @@ OCRLine lineFrom(const Json& object)
     }
     if (const auto list = object.find("cc"); list != object.end() && !list->is_null())
         for (const Json& centre : *list)
-            line.characterCenters.push_back(double(centre.get<qint64>()) / centreSteps);
+            line.characterCenters.push_back(double(whole(centre)) / centreSteps);
     return line;
 }
 
@@ -88,7 +69,7 @@ Json toJson(const OCRFile::TextPart& part)
 
 OCRFile::TextPart textPartFrom(const Json& object)
 {
-    OCRFile::TextPart part{.pixels = {object.at("w").get<int>(), object.at("h").get<int>()},
+    OCRFile::TextPart part{.pixels = {int(whole(object.at("w"))), int(whole(object.at("h")))},
                            .corrected = object.at("corrected").get<bool>()};
     part.result.fullText = QString::fromStdString(object.at("full").get<std::string>());
     part.result.isOriented = object.at("oriented").get<bool>();
@@ -101,7 +82,7 @@ Json toJson(const OCRFile::QRPart& part)
 {
     Json codes = Json::array();
     for (const QRCode& code : part.codes)
-        codes.push_back({{"p", code.payload.toStdString()}, {"b", toJson(code.boundingBox)}});
+        codes.push_back({{"p", code.payload.toStdString()}, {"b", RecognitionJson::box(code.boundingBox)}});
     return {{"codes", codes}, {"complete", part.complete}};
 }
 
@@ -129,7 +110,7 @@ std::optional<OCRFile> OCRFile::decoded(const QByteArray& json)
 {
     try {
         const Json object = Json::parse(json.begin(), json.end());
-        OCRFile file{.version = object.at("v").get<int>()};
+        OCRFile file{.version = int(whole(object.at("v")))};
         if (const auto part = object.find("text"); part != object.end() && !part->is_null())
             file.text = textPartFrom(*part);
         if (const auto part = object.find("qr"); part != object.end() && !part->is_null())

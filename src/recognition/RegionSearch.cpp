@@ -1,5 +1,6 @@
 #include "recognition/RegionSearch.h"
 
+#include "recognition/CodePlaces.h"
 #include "recognition/GreyPicture.h"
 
 #include <algorithm>
@@ -58,10 +59,15 @@ void RegionSearch::lookFiltered(const QImage& part)
 void RegionSearch::lookEnlarged(const QImage& part)
 {
     const int factor = std::min(enlargedSide / longSide(part), mostEnlarged);
-    QImage enlarged = GreyPicture::enlarged(part, factor);
-    look(enlarged, 1.0 / factor);
-    if (m_codes.empty())
-        look(GreyPicture::inverted(std::move(enlarged)), 1.0 / factor);
+    for (const QRect& place : CodePlaces::of(part)) {
+        const size_t known = m_codes.size();
+        QImage enlarged = GreyPicture::enlarged(GreyPicture::view(part, place), factor);
+        look(enlarged, 1.0 / factor);
+        if (m_codes.size() == known)
+            look(GreyPicture::inverted(std::move(enlarged)), 1.0 / factor);
+        for (size_t code = known; code < m_codes.size(); ++code)
+            m_codes[code].box.translate(place.topLeft());
+    }
 }
 
 void RegionSearch::look(const QImage& picture, double scale)

@@ -1,7 +1,7 @@
 #include "recognition/TextLayout.h"
 
 #include "recognition/ColumnGap.h"
-#include "recognition/Median.h"
+#include "model/Median.h"
 
 #include <algorithm>
 

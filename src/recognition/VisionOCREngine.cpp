@@ -36,12 +36,17 @@ QCoro::Task<> discard(QCoro::Task<OCRResult> result)
 
 VisionOCREngine::VisionOCREngine(MainLoop& loop, Workers& workers, std::unique_ptr<TextRecogniser> recogniser,
                                  std::function<QStringList()> languages)
-    : m_recogniser(std::move(recogniser)), m_languages(std::move(languages)), m_scope(loop, workers)
+    : m_loop(loop),
+      m_workers(workers),
+      m_recogniser(std::move(recogniser)),
+      m_languages(std::move(languages)),
+      m_scope(loop, workers)
 {
 }
 
 VisionOCREngine::~VisionOCREngine()
 {
+    m_loop.cancel(m_rest);
     m_end.request_stop();
 }
 
@@ -52,19 +57,30 @@ void VisionOCREngine::prewarm()
 }
 
 QCoro::Task<OCRResult> VisionOCREngine::recognize(QImage image, QualityOfService qos, bool languageCorrection,
-                                                  std::stop_token stop)
+                                                  std::stop_token stop, std::function<void(double)> progress)
 {
+    restLater();
     std::stop_source ended;
     const std::stop_callback byAsker(stop, [ended]() mutable { ended.request_stop(); });
     const std::stop_callback byEngine(m_end.get_token(), [ended]() mutable { ended.request_stop(); });
     const TextRecogniser::Request request{.correctsLanguage = languageCorrection,
                                           .languages = m_languages(),
                                           .customWords = {"Kovrel"},
-                                          .stop = ended.get_token()};
+                                          .stop = ended.get_token(),
+                                          .progress = std::move(progress)};
     OCRResult result = co_await m_scope.onWorker(Lane::visionOCR, qos, [recogniser = m_recogniser, image, request] {
         return read(*recogniser, image, request);
     });
     co_return result;
+}
+
+void VisionOCREngine::restLater()
+{
+    m_loop.cancel(m_rest);
+    m_rest = m_loop.after(restsAfter, [this] {
+        m_workers.submit(Lane::visionOCR, QualityOfService::background,
+                         [recogniser = m_recogniser] { recogniser->releaseMemory(); });
+    });
 }
 
 } // namespace Kovrel

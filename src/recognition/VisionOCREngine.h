@@ -19,9 +19,19 @@ public:
 
     // `stop` ends the recognition after one more line at most; one that still waits is not begun. Throws a
     // RecognitionError.
-    QCoro::Task<OCRResult> recognize(QImage image, QualityOfService qos, bool languageCorrection, std::stop_token stop);
+    // `progress`: see TextRecogniser::Request.
+    QCoro::Task<OCRResult> recognize(QImage image, QualityOfService qos, bool languageCorrection, std::stop_token stop,
+                                     std::function<void(double)> progress = {});
+
+    // After this time without a picture the recogniser gives its memory back.
+    static constexpr std::chrono::minutes restsAfter{3};
 
 private:
+    void restLater();
+
+    MainLoop& m_loop;
+    Workers& m_workers;
+    MainLoop::TimerID m_rest = 0;
     std::shared_ptr<TextRecogniser> m_recogniser;
     std::function<QStringList()> m_languages;
     std::stop_source m_end; // of the engine itself

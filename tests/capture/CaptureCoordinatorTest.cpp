@@ -203,8 +203,12 @@ TEST_F(CoordinatorTest, TextCaptureHasNeitherCardNorShutter)
         {{"Hello", {"https://a.example"}},
          {"history: text Hello\nhttps://a.example", "copy text Hello\nhttps://a.example",
           "toast: Text and QR code copied", "history: idle index"}},
-        {{"", {"a", "b"}}, {"history: text a\nb", "copy text a\nb", "toast: 2 QR codes copied", "history: idle index"}},
+        {{"", {"a", "b"}},
+         {"history: text a\nb", "copy text a\nb", "toast: 2 QR codes copied / a  (+1 more)", "history: idle index"}},
         {{"", {}}, {"toast: No text found in the capture", "history: idle index"}},
+        {{"", {}, "no data"}, {"toast: The text can't be read / no data", "history: idle index"}},
+        {{"", {"b"}, "no data"},
+         {"history: text b", "copy text b", "toast: QR code copied / b", "history: idle index"}},
     };
     for (const Case& c : cases) {
         fake.reading = c.reading;
@@ -222,6 +226,26 @@ TEST_F(CoordinatorTest, TextCaptureHasNeitherCardNorShutter)
     coordinator->cancelAim();
     EXPECT_THAT(fake.takeLog(), ElementsAreArray(Log{"overlay: cancel"} + show + Log{"history: idle index"}))
         << "cancelling a text capture settles no card";
+}
+
+TEST_F(CoordinatorTest, TheToastOfACodeOpensItsLink)
+{
+    struct Case {
+        const char* payload;
+        Log opened;
+    };
+
+    for (const Case& c : {Case{"HTTPS://a.example/x", {"open https://a.example/x"}},
+                          Case{"http://b.example", {"open http://b.example"}}, Case{"ftp://c.example", {}},
+                          Case{"just text", {}}, Case{"https://d.example and more", {}}}) {
+        fake.reading = {"", {c.payload}};
+        captureAndSettle(CaptureMode::ocrRegion);
+        selectArea({810, 210, 50, 40});
+        fake.takeLog();
+        if (fake.lastToast.onTap)
+            fake.lastToast.onTap();
+        EXPECT_THAT(fake.takeLog(), ElementsAreArray(c.opened)) << c.payload;
+    }
 }
 
 TEST_F(CoordinatorTest, RequestsWhileTheOverlayIsUp)

@@ -45,6 +45,17 @@ TEST(TextTest, ATextCaptureCopiesWhatTheScreenSays)
     EXPECT_TRUE(session.savedFiles().isEmpty());
 }
 
+TEST(TextTest, ATextCaptureWithoutLanguageDataSaysWhatIsMissing)
+{
+    const Testing::VirtualDisplay display({700, 120});
+    UserSession session(&display);
+    session.setVariable("TESSDATA_PREFIX", session.path("home"));
+    session.prepare();
+    const auto result = session.kovrel({"capture", "ocrRegion", "--rect", "0,0,700,120", "--wait"});
+    EXPECT_EQ(result.exitCode, 4);
+    EXPECT_TRUE(result.error.contains("tesseract-ocr-eng")) << result.error.constData();
+}
+
 TEST(TextTest, PicturesOfEveryKindAreRead)
 {
     UserSession session(nullptr, false);
@@ -74,6 +85,17 @@ TEST(TextTest, PicturesOfEveryKindAreRead)
     }
 }
 
+TEST(TextTest, ProgressIsShownOnATerminalOnly)
+{
+    UserSession session(nullptr, false);
+    const QString file = page(session, "page.png", {"xc:white"});
+    const QString command = QString("'%1' text '%2'").arg(KOVREL_PROGRAM, file);
+    const QByteArray terminal = session.run("script", {"-qec", command, "/dev/null"}).output;
+    EXPECT_TRUE(terminal.contains("Reading the text: 50 %")) << terminal.constData();
+    EXPECT_TRUE(terminal.contains("liquor jugs"));
+    EXPECT_TRUE(session.kovrel({"text", file}).error.isEmpty());
+}
+
 TEST(TextTest, WhatCannotBeReadEndsInOneLine)
 {
     UserSession session(nullptr, false);
@@ -84,6 +106,8 @@ TEST(TextTest, WhatCannotBeReadEndsInOneLine)
     empty.save(session.path("empty.png"));
     session.run("truncate", {"-s", "200", page(session, "cut.png", {"xc:white"})});
     ::mkfifo(session.path("pipe").toUtf8(), 0600);
+    session.run("truncate", {"-s", "0", session.path("void.png")});
+    session.run("cp", {"/etc/passwd", session.path("words.png")});
 
     struct Case {
         const char* file;
@@ -91,7 +115,7 @@ TEST(TextTest, WhatCannotBeReadEndsInOneLine)
     };
 
     for (const Case& c : {Case{"one.png", 1}, Case{"empty.png", 1}, Case{"cut.png", 4}, Case{"pipe", 4},
-                          Case{"home", 4}, Case{"missing.png", 4}}) {
+                          Case{"home", 4}, Case{"missing.png", 4}, Case{"void.png", 4}, Case{"words.png", 4}}) {
         const auto result = session.kovrel({"text", session.path(c.file)});
         EXPECT_EQ(result.exitCode, c.exitCode) << c.file;
         EXPECT_EQ(result.error.count('\n'), 1) << c.file << ": " << result.error.constData();

@@ -163,6 +163,10 @@ TEST_F(CaptureOCRStoreTest, FilesAnswerLikeTheMemoryAndBadOnesAreAbsent)
         {R"({"v":7,"text":{)" + part + R"(,"lines":[{"t":"Kept","c":1,"b":[1,2,3],"q":[1],"cc":[]}]}})", "Kept", 0},
         {R"({"v":1,"text":{)" + part + R"(,"lines":[{"t":"Kept"}]}})", "Hello", 1},
         {R"({"v":1,"text":{)" + part + R"(,"lines":[)", "Hello", 1},
+        {R"({"v":1,"text":{"w":1e300,"h":1,"corrected":true,"full":"Kept","oriented":false,"lines":[]}})", "Hello", 1},
+        {R"({"v":1,"text":{)" + part + R"(,"lines":[{"t":"Kept","c":1,"b":[0,0,1,1],"cc":[1e99]}]}})", "Hello", 1},
+        {"{\"v\":1,\"text\":{" + part + ",\"lines\":[],\"more\":\"\xff\"}}", "Hello", 1},
+        {QByteArray(100000, '['), "Hello", 1},
         {R"({"v":1})", "Hello", 1},
         {R"([])", "Hello", 1},
         {"", "Hello", 1},
@@ -260,6 +264,27 @@ TEST_F(CaptureOCRStoreTest, OnlyARawReadEndsWithItsLastAsker)
                     Contains("com.kovrel.ocr: text " + logName + ": raw read cancelled with its last asker"));
     }
     EXPECT_EQ(page.asked.size(), 1); // the raw one was not begun
+}
+
+TEST_F(CaptureOCRStoreTest, WhoStaysGetsTheTextWhenTheOtherLeaves)
+{
+    for (const bool corrected : {false, true}) {
+        std::stop_source leaving;
+        ask(corrected, leaving.get_token());
+        ask(corrected);
+        runLane(Lane::ocrFiles);
+        leaving.request_stop();
+        EXPECT_EQ(takeAnswers(), (Answers{"left", "Hello"}));
+    }
+}
+
+TEST_F(CaptureOCRStoreTest, AnotherCapturesFileAnswersNothing)
+{
+    ask();
+    takeAnswers();
+    page.outcome = std::vector{FakeTextRecogniser::line("Other", {0.1, 0.5, 0.2, 0.1})};
+    ask(true, {}, QUuid("{a1b2c3d4-0000-4000-8000-000000000002}"));
+    EXPECT_EQ(takeAnswers(), Answers{"Other"});
 }
 
 TEST_F(CaptureOCRStoreTest, FailuresReachEveryAskerAndTheNextOneTriesAgain)

@@ -207,7 +207,8 @@ void FakeCaptureServices::ToastLog::present(ToastContent content, std::optional<
 
 void FakeCaptureServices::ToastLog::update(ToastContent content, bool)
 {
-    fake.say("toast: " + content.message);
+    fake.say("toast: " + content.message + (content.subtitle ? " / " + *content.subtitle : QString()));
+    fake.lastToast = std::move(content);
 }
 
 void FakeCaptureServices::History::record(CaptureResult result, std::shared_ptr<CaptureSave>,
@@ -231,7 +232,8 @@ void FakeCaptureServices::Reader::read(QImage, double, Reply<Reading> reply)
     fake.answer(reply, fake.reading);
 }
 
-void FakeCaptureServices::Reader::captureWallpaper(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply)
+void FakeCaptureServices::Reader::captureWallpaper(quint32 displayID, int maxPixelSize,
+                                                   Reply<std::optional<QImage>> reply)
 {
     fake.say(QString("wallpaper of %1 at %2").arg(displayID).arg(maxPixelSize));
     fake.answer(reply, std::optional(picture({4, 4})));

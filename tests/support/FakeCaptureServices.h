@@ -64,6 +64,7 @@ struct FakeCaptureServices {
     bool isCommitting = false;
     std::optional<QString> saveError;
     TextReader::Reading reading;
+    ToastContent lastToast;
     std::optional<QUuid> lastClosed;
 
     // What came of it.
@@ -265,6 +266,8 @@ struct FakeCaptureServices {
         void copy(CaptureResult, std::shared_ptr<EncodedPng>) override { fake.say("copy"); }
 
         void copyText(const QString& text) override { fake.say("copy text " + text); }
+
+        void openLink(const QUrl& url) override { fake.say("open " + url.toString()); }
 
         void openEditor(CaptureResult) override { fake.say("editor"); }
 

@@ -1,5 +1,7 @@
 #include "platform/recognisers/InkPage.h"
 
+#include "model/Median.h"
+#include "platform/recognisers/InkBlobs.h"
 #include "platform/recognisers/PixelRegions.h"
 
 #include <QPainter>
@@ -53,8 +55,10 @@ class Grounds {
 public:
     explicit Grounds(const QImage& page)
         : m_size(page.size()),
-          m_regions(page.size(), PixelRegions::Neighbours::four,
-                    [pixels = pixelsOf(page)](int a, int b) { return difference(pixels[a], pixels[b]) <= sameColour; }),
+          m_regions(page.size(),
+                    [pixels = pixelsOf(page)](int a, int b) {
+                        return pixels[a] == pixels[b] || difference(pixels[a], pixels[b]) <= sameColour;
+                    }),
           m_squares(m_regions.regions().size()),
           m_isSurrounding(m_regions.regions().size())
     {
@@ -78,17 +82,17 @@ private:
     // The side of the largest square inside each region, by the usual recurrence over the three neighbours before.
     void measureSquares()
     {
-        std::vector<int> sides(size_t(m_size.width()), 0);
+        const int width = m_size.width();
+        std::vector<int> sides(size_t(width), 0);
         for (int y = 0; y < m_size.height(); ++y) {
             int diagonal = 0;
-            for (int x = 0; x < m_size.width(); ++x) {
-                const int pixel = y * m_size.width() + x;
+            for (int x = 0, pixel = y * width; x < width; ++x, ++pixel) {
                 const int region = m_regions.regionAt(pixel);
                 int& side = sides[size_t(x)];
                 const int above = side;
                 const bool isInside = x > 0 && y > 0 && m_regions.regionAt(pixel - 1) == region &&
-                                      m_regions.regionAt(pixel - m_size.width()) == region &&
-                                      m_regions.regionAt(pixel - m_size.width() - 1) == region;
+                                      m_regions.regionAt(pixel - width) == region &&
+                                      m_regions.regionAt(pixel - width - 1) == region;
                 side = isInside ? 1 + std::min({above, sides[size_t(x - 1)], diagonal}) : 1;
                 diagonal = above;
                 m_squares[size_t(region)] = std::max(m_squares[size_t(region)], side);
@@ -141,10 +145,13 @@ public:
                 m_colours[size_t(pixel)] = pixelsOf(page)[pixel];
                 m_steps[size_t(pixel)] = 0;
             }
-        for (int pixel = 1; pixel < m_count; ++pixel)
-            takeFrom(pixel, -1);
-        for (int pixel = m_count - 2; pixel >= 0; --pixel)
-            takeFrom(pixel, 1);
+        const int height = page.height();
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < m_width; ++x)
+                takeFrom(y * m_width + x, x > 0 ? -1 : 0, y > 0 ? -m_width : 0);
+        for (int y = height - 1; y >= 0; --y)
+            for (int x = m_width - 1; x >= 0; --x)
+                takeFrom(y * m_width + x, x + 1 < m_width ? 1 : 0, y + 1 < height ? m_width : 0);
     }
 
     QRgb at(int pixel) const { return m_colours[size_t(pixel)]; }
@@ -152,16 +159,15 @@ public:
 private:
     static constexpr int tooFar = 1 << 20;
 
-    void takeFrom(int pixel, int direction)
+    // The neighbours at these distances, 0 for none.
+    void takeFrom(int pixel, int beside, int above)
     {
         if (m_steps[size_t(pixel)] == 0)
             return;
-        const int column = pixel % m_width + direction;
-        if (column >= 0 && column < m_width)
-            take(pixel, pixel + direction);
-        const int next = pixel + direction * m_width;
-        if (next >= 0 && next < m_count)
-            take(pixel, next);
+        if (beside != 0)
+            take(pixel, pixel + beside);
+        if (above != 0)
+            take(pixel, pixel + above);
     }
 
     void take(int pixel, int neighbour)
@@ -192,23 +198,19 @@ std::vector<uchar> contrasts(const QImage& page, const Grounds& grounds)
 // Every blob as dark as can be, by its own darkest place.
 QImage stretched(const std::vector<uchar>& contrast, QSize size)
 {
-    const PixelRegions blobs(size, PixelRegions::Neighbours::eight, [&](int a, int b) {
-        return contrast[size_t(a)] >= leastInk && contrast[size_t(b)] >= leastInk;
-    });
-    std::vector<int> highest(blobs.regions().size());
-    for (size_t pixel = 0; pixel < contrast.size(); ++pixel) {
-        int& most = highest[size_t(blobs.regionAt(int(pixel)))];
-        most = std::max(most, int(contrast[pixel]));
+    const auto row = [&](int y) { return contrast.data() + size_t(y) * size_t(size.width()); };
+    const InkBlobs blobs(size, [&](int x, int y) { return row(y)[x] >= leastInk; });
+    std::vector<int> highest(blobs.boxes().size());
+    for (const InkBlobs::Run& run : blobs.runs()) {
+        int& most = highest[size_t(run.blob)];
+        most = std::max<int>(most, *std::max_element(row(run.y) + run.left, row(run.y) + run.end));
     }
     QImage ink(size, QImage::Format_Grayscale8);
-    for (int y = 0; y < size.height(); ++y) {
-        uchar* const line = ink.scanLine(y);
-        for (int x = 0; x < size.width(); ++x) {
-            const int pixel = y * size.width() + x;
-            const int most = highest[size_t(blobs.regionAt(pixel))];
-            line[x] = most < leastContrast ? 255 : uchar(255 - contrast[size_t(pixel)] * 255 / most);
-        }
-    }
+    ink.fill(Qt::white);
+    for (const InkBlobs::Run& run : blobs.runs())
+        if (const int most = highest[size_t(run.blob)]; most >= leastContrast)
+            std::transform(row(run.y) + run.left, row(run.y) + run.end, ink.scanLine(run.y) + run.left,
+                           [most](uchar value) { return uchar(255 - value * 255 / most); });
     return ink;
 }
 
@@ -237,16 +239,7 @@ QImage InkPage::from(const QImage& picture)
 
 std::vector<QRect> InkPage::blobs(const QImage& ink)
 {
-    const auto isInk = [&ink, width = ink.width()](int pixel) {
-        return ink.constScanLine(pixel / width)[pixel % width] < darkInk;
-    };
-    const PixelRegions regions(ink.size(), PixelRegions::Neighbours::eight,
-                               [&](int a, int b) { return isInk(a) && isInk(b); });
-    std::vector<QRect> boxes;
-    for (const auto& region : regions.regions())
-        if (isInk(region.firstPixel))
-            boxes.push_back(region.box());
-    return boxes;
+    return InkBlobs(ink.size(), [&ink](int x, int y) { return ink.constScanLine(y)[x] < darkInk; }).boxes();
 }
 
 int InkPage::letterHeight(const std::vector<QRect>& blobs)
@@ -255,10 +248,7 @@ int InkPage::letterHeight(const std::vector<QRect>& blobs)
     for (const QRect& blob : blobs)
         if (blob.height() >= 4 && blob.height() <= 120 && blob.width() <= 4 * blob.height())
             heights.push_back(blob.height());
-    if (heights.empty())
-        return 0;
-    std::ranges::nth_element(heights, heights.begin() + qsizetype(heights.size() / 2));
-    return heights[heights.size() / 2];
+    return heights.empty() ? 0 : median(std::move(heights));
 }
 
 } // namespace Kovrel

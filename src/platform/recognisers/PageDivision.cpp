@@ -8,8 +8,8 @@ namespace Kovrel {
 
 namespace {
 
-constexpr size_t partsWanted = 4;
-constexpr size_t fewestBlobs = 80; // in a part: fewer don't tell the recogniser how high letters are
+constexpr size_t partsWanted = 4;  // between rows: enough to find the columns under a headline
+constexpr size_t fewestBlobs = 80; // in what is cut: a page of fewer has no columns of text
 constexpr double leastSide = 0.15; // of the blobs of a part, on each side of a cut
 constexpr double columnGap = 2;    // letter heights
 constexpr double rowGap = 0.5;
@@ -17,29 +17,27 @@ constexpr int largestBlob = 8; // letter heights; larger ones are frames and pic
 
 using Blobs = std::vector<QRect>;
 
-struct Cut {
-    int at = 0;
-    size_t before = 0; // blobs
-};
+using Cut = size_t; // blobs before it
 
-// The clean cut that halves the blobs best, along one axis. `from` and `to` are the ends of a blob on it.
+// The widest clean cut along one axis, on which the blobs are sorted then. `from` and `to` are the ends of a blob on
+// it.
 template <class From, class To>
-std::optional<Cut> bestCut(Blobs& blobs, double leastGap, From from, To to)
+std::optional<Cut> widestCut(Blobs& blobs, double leastGap, From from, To to)
 {
     std::ranges::sort(blobs, {}, from);
-    std::optional<Cut> best;
-    size_t mostBalanced = size_t(double(blobs.size()) * leastSide);
+    std::optional<Cut> widest;
+    double widestGap = leastGap;
+    const auto fewest = size_t(double(blobs.size()) * leastSide);
     int reached = std::invoke(to, blobs.front());
     for (size_t index = 1; index < blobs.size(); ++index) {
-        const size_t smallerSide = std::min(index, blobs.size() - index);
-        const int begin = std::invoke(from, blobs[index]);
-        if (begin - reached > leastGap && smallerSide > mostBalanced) {
-            mostBalanced = smallerSide;
-            best = Cut{(begin + reached) / 2, index};
+        const int gap = std::invoke(from, blobs[index]) - reached;
+        if (gap > widestGap && std::min(index, blobs.size() - index) > fewest) {
+            widestGap = gap;
+            widest = index;
         }
         reached = std::max(reached, std::invoke(to, blobs[index]));
     }
-    return best;
+    return widest;
 }
 
 class Divider {
@@ -49,63 +47,39 @@ public:
     {
     }
 
-    std::vector<QRect> parts;
+    std::vector<Blobs> parts;
 
-    void divide(QRect area, Blobs blobs)
+    void divide(Blobs blobs)
     {
-        const bool isCut = (blobs.size() >= fewestBlobs && cutBetweenColumns(area, blobs)) ||
-                           (blobs.size() > m_enough && cutBetweenRows(area, blobs));
-        if (!isCut)
-            parts.push_back(area);
+        std::optional<Cut> cut;
+        if (blobs.size() >= fewestBlobs)
+            cut = widestCut(blobs, columnGap * m_height, &QRect::left, &QRect::right);
+        if (!cut && blobs.size() > m_enough)
+            cut = widestCut(blobs, rowGap * m_height, &QRect::top, &QRect::bottom);
+        if (!cut) {
+            parts.push_back(std::move(blobs));
+            return;
+        }
+        const auto middle = blobs.begin() + qsizetype(*cut);
+        divide(Blobs(blobs.begin(), middle));
+        divide(Blobs(middle, blobs.end()));
     }
 
 private:
-    bool cutBetweenColumns(QRect area, Blobs& blobs)
-    {
-        const auto cut = bestCut(blobs, columnGap * m_height, &QRect::left, &QRect::right);
-        if (!cut)
-            return false;
-        QRect left = area;
-        QRect right = area;
-        left.setRight(cut->at);
-        right.setLeft(cut->at + 1);
-        divideBoth(left, right, blobs, cut->before);
-        return true;
-    }
-
-    bool cutBetweenRows(QRect area, Blobs& blobs)
-    {
-        const auto cut = bestCut(blobs, rowGap * m_height, &QRect::top, &QRect::bottom);
-        if (!cut)
-            return false;
-        QRect upper = area;
-        QRect lower = area;
-        upper.setBottom(cut->at);
-        lower.setTop(cut->at + 1);
-        divideBoth(upper, lower, blobs, cut->before);
-        return true;
-    }
-
-    void divideBoth(QRect first, QRect second, const Blobs& blobs, size_t before)
-    {
-        divide(first, Blobs(blobs.begin(), blobs.begin() + qsizetype(before)));
-        divide(second, Blobs(blobs.begin() + qsizetype(before), blobs.end()));
-    }
-
     size_t m_enough;
     int m_height;
 };
 
 } // namespace
 
-std::vector<QRect> PageDivision::parts(QSize page, const std::vector<QRect>& blobs, int letterHeight)
+std::vector<Blobs> PageDivision::parts(const Blobs& blobs, int letterHeight)
 {
     Blobs small;
     for (const QRect& blob : blobs)
         if (blob.width() <= largestBlob * letterHeight && blob.height() <= largestBlob * letterHeight)
             small.push_back(blob);
     Divider divider(small.size(), letterHeight);
-    divider.divide(QRect(QPoint(), page), std::move(small));
+    divider.divide(std::move(small));
     return divider.parts;
 }
 

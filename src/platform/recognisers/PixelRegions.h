@@ -1,18 +1,19 @@
 #pragma once
 
-#include <QRect>
+#include "platform/recognisers/DisjointSets.h"
 
-#include <numeric>
+#include <QRect>
+#include <QSize>
+
+#include <algorithm>
 #include <vector>
 
 namespace Kovrel {
 
-// The connected regions of a picture: pixels that `joins(one, other)` says belong together, given neighbours by their
-// indices (y * width + x; `one` comes first). Time grows with the number of pixels.
+// The connected regions of a picture: neighbours above and beside each other that `joins(one, other)` says belong
+// together, given by their indices (y * width + x; `one` comes first). Time grows with the number of pixels.
 class PixelRegions {
 public:
-    enum class Neighbours { four, eight };
-
     struct Region {
         int left = 0;
         int top = 0;
@@ -29,12 +30,13 @@ public:
     };
 
     template <class Joins>
-    PixelRegions(QSize size, Neighbours neighbours, Joins joins) : m_width(size.width())
+    PixelRegions(QSize size, Joins joins) : m_width(size.width())
     {
         m_labels.resize(size_t(size.width()) * size_t(size.height()));
+        DisjointSets sets;
         for (int y = 0; y < size.height(); ++y)
-            labelRow(y, neighbours == Neighbours::eight, joins);
-        gather();
+            labelRow(y, joins, sets);
+        gather(size.height(), sets.numbered());
     }
 
     const std::vector<Region>& regions() const { return m_regions; }
@@ -43,75 +45,37 @@ public:
 
 private:
     template <class Joins>
-    void labelRow(int y, bool diagonally, Joins joins)
+    void labelRow(int y, Joins joins, DisjointSets& sets)
     {
         const int start = y * m_width;
         for (int x = 0; x < m_width; ++x) {
             const int pixel = start + x;
-            int label = -1;
-            const auto meet = [&](int other) {
-                if (joins(other, pixel))
-                    label = label < 0 ? m_labels[size_t(other)] : united(label, m_labels[size_t(other)]);
-            };
-            if (x > 0)
-                meet(pixel - 1);
-            if (y > 0) {
-                meet(pixel - m_width);
-                if (diagonally && x > 0)
-                    meet(pixel - m_width - 1);
-                if (diagonally && x + 1 < m_width)
-                    meet(pixel - m_width + 1);
-            }
-            m_labels[size_t(pixel)] = label < 0 ? newLabel() : label;
+            int label = x > 0 && joins(pixel - 1, pixel) ? m_labels[size_t(pixel - 1)] : -1;
+            if (const int above = pixel - m_width; y > 0 && joins(above, pixel))
+                label = label < 0 ? m_labels[size_t(above)] : sets.unite(label, m_labels[size_t(above)]);
+            m_labels[size_t(pixel)] = label < 0 ? sets.add() : label;
         }
     }
 
-    int newLabel()
+    void gather(int height, const std::vector<int>& numbers)
     {
-        m_parents.push_back(int(m_parents.size()));
-        return m_parents.back();
-    }
-
-    int rootOf(int label)
-    {
-        while (m_parents[size_t(label)] != label)
-            label = m_parents[size_t(label)] = m_parents[size_t(m_parents[size_t(label)])];
-        return label;
-    }
-
-    int united(int one, int other)
-    {
-        if (one == other)
-            return one;
-        const int a = rootOf(one);
-        const int b = rootOf(other);
-        return m_parents[size_t(std::max(a, b))] = std::min(a, b);
-    }
-
-    void gather()
-    {
-        std::vector<int> numbers(m_parents.size(), -1);
-        for (size_t pixel = 0; pixel < m_labels.size(); ++pixel) {
-            int& number = numbers[size_t(rootOf(m_labels[pixel]))];
-            const int x = int(pixel) % m_width;
-            const int y = int(pixel) / m_width;
-            if (number < 0) {
-                number = int(m_regions.size());
-                m_regions.push_back({x, y, x, y, 0, int(pixel)});
+        int pixel = 0;
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < m_width; ++x, ++pixel) {
+                int& label = m_labels[size_t(pixel)];
+                label = numbers[size_t(label)];
+                if (label == int(m_regions.size()))
+                    m_regions.push_back({x, y, x, y, 0, pixel});
+                Region& region = m_regions[size_t(label)];
+                region.left = std::min(region.left, x);
+                region.right = std::max(region.right, x);
+                region.bottom = y;
+                ++region.area;
             }
-            Region& region = m_regions[size_t(number)];
-            region.left = std::min(region.left, x);
-            region.right = std::max(region.right, x);
-            region.bottom = y;
-            ++region.area;
-            m_labels[pixel] = number;
-        }
-        m_parents = {};
     }
 
     int m_width;
     std::vector<int> m_labels; // of each pixel; in the end the number of its region
-    std::vector<int> m_parents;
     std::vector<Region> m_regions;
 };
 

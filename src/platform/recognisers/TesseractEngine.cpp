@@ -5,7 +5,6 @@
 #include <QTextBoundaryFinder>
 
 #include <tesseract/baseapi.h>
-#include <tesseract/ocrclass.h>
 #include <tesseract/resultiterator.h>
 
 #include <sys/mman.h>
@@ -15,10 +14,10 @@ namespace Kovrel {
 
 namespace {
 
-constexpr int dotsPerInch = 300;        // what the models were made for; it sets nothing but expectations of sizes
-constexpr double runGap = 2;            // heights of a word: a wider gap begins a new run
-constexpr float leastConfidence = 0.3f; // of a run of a few characters; below lies what was read out of icons
+constexpr int dotsPerInch = 300; // what the models were made for; it sets nothing but expectations of sizes
 constexpr int fewCharacters = 3;
+constexpr float leastOfFew = 0.5f; // confidence in a few characters; below lies what was read out of icons
+constexpr float leastOfOne = 0.6f; // and in a single one
 constexpr int darkInk = 128;
 
 using tesseract::RIL_SYMBOL;
@@ -96,12 +95,10 @@ struct DarkArea {
     }
 };
 
-// Puts the words of a page together to runs.
+// Puts the words of a line together.
 class RunBuilder {
 public:
     explicit RunBuilder(const QImage& ink) : m_ink(ink) {}
-
-    std::vector<TesseractEngine::Run> runs;
 
     void addWord(const tesseract::ResultIterator& at)
     {
@@ -109,8 +106,6 @@ public:
         const auto box = boxAt(at, RIL_WORD);
         if (text.isEmpty() || !box)
             return;
-        if (at.IsAtBeginningOf(RIL_TEXTLINE) || box->left() - m_run.box.right() > runGap * box->height())
-            finish();
         if (m_run.text.isEmpty() && isBullet(text, at, *box))
             text = bullet;
         if (!m_run.text.isEmpty()) {
@@ -124,17 +119,14 @@ public:
         addSymbols(at);
     }
 
-    void finish()
+    std::optional<TesseractEngine::Run> finished()
     {
         if (m_run.text.isEmpty())
-            return;
+            return std::nullopt;
         m_run.confidence = std::clamp(m_run.confidence / m_weight, 0.0f, 1.0f);
         if (qsizetype(m_run.characterBoxes.size()) != graphemeCount(m_run.text))
             m_run.characterBoxes.clear();
-        if (!isNoise())
-            runs.push_back(std::move(m_run));
-        m_run = {};
-        m_weight = 0;
+        return isNoise() ? std::nullopt : std::optional(std::move(m_run));
     }
 
 private:
@@ -146,11 +138,15 @@ private:
         if (text.size() != 1 || text == "." || at.IsAtFinalElement(RIL_TEXTLINE, RIL_WORD))
             return false;
         const DarkArea dark(m_ink, box.toAlignedRect().intersected(m_ink.rect()));
-        const auto line = boxAt(at, RIL_TEXTLINE);
-        return dark.isDot() && line && dark.box.height() * 2 <= line->height();
+        return dark.isDot() && dark.box.height() * 2 <= m_ink.height();
     }
 
-    bool isNoise() const { return m_run.text.size() <= fewCharacters && m_run.confidence < leastConfidence; }
+    bool isNoise() const
+    {
+        return m_run.confidence < (m_run.text.size() == 1               ? leastOfOne
+                                   : m_run.text.size() <= fewCharacters ? leastOfFew
+                                                                        : 0);
+    }
 
     void addSymbols(tesseract::ResultIterator at)
     {
@@ -165,11 +161,6 @@ private:
     TesseractEngine::Run m_run;
     float m_weight = 0;
 };
-
-bool isStopped(void* stop, int)
-{
-    return static_cast<const std::stop_token*>(stop)->stop_requested();
-}
 
 } // namespace
 
@@ -197,24 +188,20 @@ bool TesseractEngine::load()
                            m_kind.correctsLanguage ? nullptr : &LanguageData::readWithoutWordLists) == 0;
 }
 
-std::vector<TesseractEngine::Run> TesseractEngine::read(const QImage& ink, const std::stop_token& stop)
+std::optional<TesseractEngine::Run> TesseractEngine::read(const QImage& ink)
 {
-    m_library->SetPageSegMode(tesseract::PSM_SINGLE_COLUMN);
+    m_library->SetPageSegMode(tesseract::PSM_RAW_LINE);
     m_library->SetImage(ink.constBits(), ink.width(), ink.height(), 1, int(ink.bytesPerLine()));
     m_library->SetSourceResolution(dotsPerInch);
-    tesseract::ETEXT_DESC monitor;
-    monitor.cancel = &isStopped;
-    monitor.cancel_this = const_cast<std::stop_token*>(&stop);
+    m_library->Recognize(nullptr);
     RunBuilder builder(ink);
-    m_library->Recognize(&monitor);
     if (const std::unique_ptr<tesseract::ResultIterator> at{m_library->GetIterator()}) {
         do
             builder.addWord(*at);
         while (at->Next(RIL_WORD));
     }
-    builder.finish();
     m_library->Clear();
-    return std::move(builder.runs);
+    return builder.finished();
 }
 
 } // namespace Kovrel

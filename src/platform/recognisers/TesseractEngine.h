@@ -6,7 +6,6 @@
 
 namespace tesseract {
 class TessBaseAPI;
-class ResultIterator;
 } // namespace tesseract
 
 namespace Kovrel {
@@ -22,7 +21,7 @@ public:
         bool operator==(const Kind&) const = default;
     };
 
-    // A run of text as it lies in the picture that was given: pixels, y down.
+    // The text of a line, in pixels of the picture that was given: y down.
     struct Run {
         QString text;
         float confidence = 0;
@@ -35,8 +34,9 @@ public:
 
     const Kind& kind() const { return m_kind; }
 
-    // The runs of upright text in a Format_Grayscale8 picture, dark on white. What was read until `stop` was asked for.
-    std::vector<Run> read(const QImage& ink, const std::stop_token& stop);
+    // A Format_Grayscale8 picture of one upright line, dark on white; nothing when it is no text. Boxes are as high as
+    // the picture.
+    std::optional<Run> read(const QImage& ink);
 
 private:
     explicit TesseractEngine(Kind kind);

@@ -4,11 +4,13 @@
 
 namespace Kovrel {
 
-// Reads text with Tesseract. What it needs for that is done here: pages are cleaned, turned upright, enlarged and cut
-// into parts, which two threads read with a library instance each.
+// Reads text with Tesseract. What stands around its models is done here: pages are cleaned, turned upright and taken
+// apart into lines, which two threads read with a library instance each.
 class TesseractRecogniser : public TextRecogniser {
 public:
     Outcome recognise(const QImage& picture, const Request& request) override;
+
+    void releaseMemory() override;
 
 private:
     static constexpr size_t threadCount = 2;
@@ -16,8 +18,7 @@ private:
     std::optional<Failure> prepareEngines(const Request& request, size_t count);
 
     struct Page;
-    struct Reading;
-    Reading readPage(const Page& page, const std::stop_token& stop);
+    std::vector<TesseractEngine::Run> readPage(const Page& page, const Request& request);
 
     TesseractEngine::Kind m_kind;
     std::vector<std::unique_ptr<TesseractEngine>> m_engines; // of that kind, loaded as they are needed

@@ -6,7 +6,8 @@
 namespace Kovrel {
 
 // The upper median of values, of which there is at least one.
-inline double median(std::vector<double> values)
+template <class Number>
+Number median(std::vector<Number> values)
 {
     const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
     std::ranges::nth_element(values, middle);

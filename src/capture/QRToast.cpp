@@ -1,0 +1,25 @@
+#include "capture/QRToast.h"
+
+namespace Kovrel {
+
+QString QRToast::qrMessage(qsizetype count)
+{
+    return count == 1 ? QString("QR code copied") : QString("%1 QR codes copied").arg(count);
+}
+
+QString QRToast::qrDetail(const QStringList& payloads)
+{
+    if (payloads.size() < 2)
+        return payloads.join(QString());
+    return QString("%1  (+%2 more)").arg(payloads.first(), QString::number(payloads.size() - 1));
+}
+
+std::function<void()> QRToast::openLinkTap(const QString& payload, std::function<void(QUrl)> open)
+{
+    const QUrl url(payload, QUrl::StrictMode);
+    if (!url.isValid() || (url.scheme() != "http" && url.scheme() != "https"))
+        return {};
+    return [url, open = std::move(open)] { open(url); };
+}
+
+} // namespace Kovrel

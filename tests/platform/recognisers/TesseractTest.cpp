@@ -1,0 +1,86 @@
+#include "platform/PluginTextRecogniser.h"
+
+#include <QProcess>
+#include <QTransform>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+
+namespace Kovrel {
+
+namespace {
+
+QImage pageOf(const QStringList& lines)
+{
+    QProcess convert;
+    convert.start("convert",
+                  {"-size", QString("500x%1").arg(lines.size() * 30 + 40), "xc:white", "-font", "DejaVu-Sans",
+                   "-pointsize", "16", "-interline-spacing", "8", "-annotate", "+20+40", lines.join('\n'), "png:-"});
+    EXPECT_TRUE(convert.waitForFinished()) << "convert is needed";
+    return QImage::fromData(convert.readAllStandardOutput());
+}
+
+QImage pageOfLines(int count)
+{
+    QStringList lines;
+    for (int line = 1; line <= count; ++line)
+        lines << QString("Line number %1 of a page").arg(line);
+    return pageOf(lines);
+}
+
+} // namespace
+
+TEST(Tesseract, EveryLineIsReadAndTold)
+{
+    PluginTextRecogniser recogniser;
+    std::atomic<int> told = 0;
+    const auto seen = recogniser.recognise(pageOfLines(20), {.languages = {"en"}, .progress = [&](double) { ++told; }});
+    ASSERT_TRUE(seen) << qPrintable(seen.error().message);
+    ASSERT_EQ(seen->size(), 20u);
+    EXPECT_EQ(told, 20);
+    EXPECT_EQ((*seen)[16].candidates.front().text, "Line number 17 of a page");
+    EXPECT_EQ((*seen)[16].candidates.front().characterBoxes.size(), 24u);
+}
+
+TEST(Tesseract, APageOnItsHeadIsReadWithTheGapsInItsLines)
+{
+    const QImage page = pageOf({"Some      considerably longer ones", "more      words upon this page"});
+    PluginTextRecogniser recogniser;
+    const auto seen = recogniser.recognise(page.transformed(QTransform().rotate(180)), {.languages = {"en"}});
+    ASSERT_TRUE(seen);
+    QStringList texts;
+    for (const auto& observation : *seen)
+        texts << observation.candidates.front().text;
+    EXPECT_EQ(texts, (QStringList{"Some considerably longer ones", "more words upon this page"}));
+    EXPECT_GT(seen->front().bottomLeft.x, seen->front().bottomRight.x);
+}
+
+TEST(Tesseract, StopsAfterOneMoreLine)
+{
+    PluginTextRecogniser recogniser;
+    std::stop_source stop;
+    std::atomic<int> told = 0;
+    const auto seen =
+        recogniser.recognise(pageOfLines(60), {.languages = {"en"}, .stop = stop.get_token(), .progress = [&](double) {
+                                                   ++told;
+                                                   stop.request_stop();
+                                               }});
+    ASSERT_FALSE(seen);
+    EXPECT_TRUE(seen.error().isCancelled);
+    EXPECT_LE(told, 4) << "each of the two threads may be in the middle of a line, and begin one before it hears";
+}
+
+TEST(Tesseract, ReadsAgainAfterItsMemoryWasReleased)
+{
+    PluginTextRecogniser recogniser;
+    recogniser.releaseMemory();
+    for (int round = 0; round < 2; ++round) {
+        const auto seen = recogniser.recognise(pageOfLines(2), {.languages = {"en"}});
+        ASSERT_TRUE(seen);
+        EXPECT_EQ(seen->size(), 2u);
+        recogniser.releaseMemory();
+    }
+}
+
+} // namespace Kovrel

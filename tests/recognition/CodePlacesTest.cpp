@@ -1,0 +1,64 @@
+#include "recognition/CodePlaces.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace Kovrel {
+
+namespace {
+
+QImage blank(QSize size)
+{
+    QImage image(size, QImage::Format_Grayscale8);
+    image.fill(Qt::white);
+    return image;
+}
+
+// Light and dark at random, in squares of `side` pixels.
+void speckle(QImage& image, const QRect& area, int side)
+{
+    std::mt19937 random(1);
+    for (int y = area.top(); y <= area.bottom(); y += side)
+        for (int x = area.left(); x <= area.right(); x += side) {
+            const uchar grey = random() % 2 ? 0 : 255;
+            for (int line = y; line < y + side; ++line)
+                std::fill_n(image.scanLine(line) + x, side, grey);
+        }
+}
+
+} // namespace
+
+TEST(CodePlaces, ACodeOfSmallModulesIsOne)
+{
+    QImage page = blank({640, 480});
+    const QRect code(203, 101, 50, 50);
+    speckle(page, code, 2);
+    const auto places = CodePlaces::of(page);
+    ASSERT_EQ(places.size(), 1u);
+    EXPECT_TRUE(places.front().contains(code));
+    EXPECT_LT(places.front().width(), 110);
+}
+
+TEST(CodePlaces, LinesOfTextAreNone)
+{
+    QImage page = blank({640, 480});
+    for (int y = 20; y < 460; y += 22)
+        speckle(page, {20, y, 600, 12}, 2);
+    EXPECT_TRUE(CodePlaces::of(page).empty());
+}
+
+TEST(CodePlaces, AllOfABusyPictureIsOne)
+{
+    QImage page = blank({640, 480});
+    speckle(page, page.rect(), 2);
+    EXPECT_EQ(CodePlaces::of(page), std::vector{page.rect()});
+}
+
+TEST(CodePlaces, TinyAndBlankPicturesHaveNone)
+{
+    for (const QSize size : {QSize(1, 1), QSize(27, 3), QSize(26, 26), QSize(300, 200)})
+        EXPECT_TRUE(CodePlaces::of(blank(size)).empty()) << size.width();
+}
+
+} // namespace Kovrel
