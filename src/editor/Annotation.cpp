@@ -65,10 +65,10 @@ Size Annotation::measuredTextSize(std::optional<double> wrapWidth) const
 
 double Annotation::textWrapWidth() const
 {
+    const double size = std::max(fontSize, 0.0);
     if (points.size() > 1)
-        return std::max(fontSize, boundingRect().width - 2 * sidePadding * fontSize);
-    return std::clamp(wrapCap.value_or(widestClicked * fontSize), narrowestClicked * fontSize,
-                      widestClicked * fontSize);
+        return std::max(size, boundingRect().width - 2 * sidePadding * size);
+    return std::clamp(wrapCap.value_or(widestClicked * size), narrowestClicked * size, widestClicked * size);
 }
 
 Rect Annotation::textRect() const

@@ -29,9 +29,14 @@ constexpr double hatchDistance = 8;
 constexpr double hatchWidth = 1.5;
 constexpr int bandHeight = 64; // pixels
 
-bool isRedaction(const Annotation& mark)
+bool isBlackout(const Annotation& mark)
 {
-    return mark.kind == Kind::blur || mark.kind == Kind::pixelate || mark.kind == Kind::blackout;
+    return mark.kind == Kind::blackout;
+}
+
+bool isSoftRedaction(const Annotation& mark)
+{
+    return mark.kind == Kind::blur || mark.kind == Kind::pixelate;
 }
 
 bool isHighlighter(const Annotation& mark)
@@ -46,7 +51,7 @@ bool isSpotlight(const Annotation& mark)
 
 bool isOther(const Annotation& mark)
 {
-    return !isRedaction(mark) && !isHighlighter(mark) && !isSpotlight(mark);
+    return !isSoftRedaction(mark) && !isBlackout(mark) && !isHighlighter(mark) && !isSpotlight(mark);
 }
 
 // Whether nothing of the mark would be seen. A spotlight darkens everything else, so none is culled; a label is drawn
@@ -113,27 +118,36 @@ QRect clipToPixels(QPainter& painter, const QRectF& rect, const std::optional<QP
     return pixels;
 }
 
-// Strips where x - y is the same, counted from the capture's origin: the hatching of neighbours meets.
+// What the painter lets through, in its own coordinates.
+QRectF visibleArea(const QPainter& painter)
+{
+    return painter.combinedTransform().inverted().mapRect(QRectF(PainterPixels::clip(painter)));
+}
+
+// Strips where x - y is the same, counted from the capture's origin: the hatching of neighbours meets. Each is filled
+// by itself: a path of hundreds of them takes seconds. They go all across the shape, so that their pixels do not depend
+// on what is visible.
 void hatch(QPainter& painter, const QPainterPath& shape, const QColor& color, double scale)
 {
+    const QRectF area = shape.boundingRect();
+    const QRectF visible = area & visibleArea(painter);
+    if (visible.isEmpty())
+        return;
     painter.save();
     painter.setClipPath(shape, Qt::IntersectClip);
-    const QRectF area = shape.boundingRect();
-    const QRectF visible = area & painter.clipBoundingRect();
     const double distance = hatchDistance * std::numbers::sqrt2 * scale;
     const double half = hatchWidth * std::numbers::sqrt2 * scale / 2;
-    QPainterPath strips;
     const double last = (visible.right() - visible.top()) / distance + 1;
     for (double k = std::floor((visible.left() - visible.bottom()) / distance) - 1; k <= last; ++k) {
         const double lower = area.top() + k * distance;
         const double upper = area.bottom() + k * distance;
-        strips.addPolygon(QPolygonF{{lower - half, area.top()},
-                                    {lower + half, area.top()},
-                                    {upper + half, area.bottom()},
-                                    {upper - half, area.bottom()}});
-        strips.closeSubpath();
+        QPainterPath strip;
+        strip.addPolygon(QPolygonF{{lower - half, area.top()},
+                                   {lower + half, area.top()},
+                                   {upper + half, area.bottom()},
+                                   {upper - half, area.bottom()}});
+        painter.fillPath(strip, color);
     }
-    painter.fillPath(strips, color);
     painter.restore();
 }
 
@@ -203,26 +217,6 @@ void drawSticker(QPainter& painter, const Annotation& mark, double scale)
     painter.restore();
 }
 
-// The spotlights within the region, each place once: by the even-odd rule it would be dark where two overlap, and where
-// one reaches out of the region.
-QPainterPath litHoles(const Marks& spotlights, const QPainterPath& region, double scale)
-{
-    QPainterPath holes;
-    for (const Annotation* const spotlight : spotlights) {
-        const QRectF rect = AnnotationInk::scaled(spotlight->boundingRect(), scale);
-        if (rect.width() <= 1 || rect.height() <= 1)
-            continue;
-        QPainterPath hole = AnnotationInk::shapePath(*spotlight, scale);
-        if (!region.contains(rect))
-            hole = hole.intersected(region);
-        if (holes.intersects(rect))
-            holes = holes.united(hole);
-        else
-            holes.addPath(hole);
-    }
-    return holes;
-}
-
 void drawPen(QPainter& painter, const Annotation& mark, double scale)
 {
     const auto pieces = AnnotationInk::penInk(mark, scale);
@@ -269,7 +263,9 @@ void drawOne(QPainter& painter, const Annotation& mark, const Scene& scene)
 void drawMarksOnCapture(QPainter& painter, const Marks& marks, const Scene& scene)
 {
     const Painting painting(painter);
-    for (const Annotation* const mark : chosen(marks, isRedaction))
+    for (const Annotation* const mark : chosen(marks, isSoftRedaction))
+        drawOne(painter, *mark, scene);
+    for (const Annotation* const mark : chosen(marks, isBlackout))
         drawOne(painter, *mark, scene);
     HighlighterInk::drawHighlightLayer(painter, chosen(marks, isHighlighter), scene.scale);
     AnnotationDrawing::drawSpotlightShade(painter, chosen(marks, isSpotlight), scene.shadeRegion, scene.scale);
@@ -360,16 +356,28 @@ void AnnotationDrawing::drawSpotlightShade(QPainter& painter, const std::vector<
 {
     if (spotlights.empty())
         return;
-    QPainterPath path;
-    path.setFillRule(Qt::OddEvenFill);
+    const QRect area = PainterPixels::clip(painter);
+    QImage shade(area.size(), QImage::Format_Alpha8); // black
+    if (shade.isNull())
+        return;
+    shade.fill(0);
+    QPainter shadePainter(&shade);
+    shadePainter.setRenderHint(QPainter::Antialiasing);
+    shadePainter.setTransform(painter.combinedTransform() * QTransform::fromTranslate(-area.left(), -area.top()));
     for (const QRectF& rect : shadeRegion)
-        path.addRect(rect);
-    path.addPath(litHoles(spotlights, path, scale));
-    QColor shade(Qt::black);
-    shade.setAlphaF(float(std::clamp(spotlights.back()->dimLevel, 0.0, 1.0)));
+        shadePainter.fillRect(rect, Qt::black);
+    shadePainter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    for (const Annotation* const spotlight : spotlights) {
+        const QRectF rect = AnnotationInk::scaled(spotlight->boundingRect(), scale);
+        if (rect.width() > 1 && rect.height() > 1)
+            shadePainter.fillPath(AnnotationInk::shapePath(*spotlight, scale), Qt::black);
+    }
+    shadePainter.end();
     painter.save();
+    painter.resetTransform();
+    painter.setOpacity(std::clamp(spotlights.back()->dimLevel, 0.0, 1.0));
     painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
-    painter.fillPath(path, shade);
+    painter.drawImage(area.topLeft(), shade);
     painter.restore();
 }
 

@@ -32,8 +32,9 @@ struct Scene {
 // All marks, in one order wherever they are drawn: drawOnCapture(), then drawAbove().
 void drawAll(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene);
 
-// What changes the capture itself: first the redactions, then the highlighters as one layer for each colour, then the
-// shade around the spotlights. Where the capture is clipped or laid on something, so is this.
+// What changes the capture itself: first blurred and pixelated places, then blackouts, so that nothing of what they
+// hide comes back with a blur that overlaps them; then the highlighters as one layer for each colour, then the shade
+// around the spotlights. Where the capture is clipped or laid on something, so is this.
 void drawOnCapture(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene);
 // All other marks, later ones on top. They may reach over the capture's edge.
 void drawAbove(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene);

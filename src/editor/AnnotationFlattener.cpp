@@ -124,7 +124,7 @@ QMargins AnnotationFlattener::exportPadding(const std::vector<Annotation>& annot
     const QRectF image(QPointF(), pixels);
     QRectF covered = image;
     for (const Annotation& mark : annotations)
-        if (reachesOver(mark))
+        if (reachesOver(mark) && !image.contains(AnnotationExtent::cullBound(mark, scale)))
             if (const QRectF extent = AnnotationExtent::rotatedVisualExtent(mark, scale); !extent.isNull())
                 covered |= extent.adjusted(-1, -1, 1, 1);
     const auto padding = [](double overhang) {

@@ -14,9 +14,9 @@ namespace Kovrel {
 
 // Makes the final picture of an edited capture. Any thread but the main one.
 //
-// The order, from below: the matte, the capture, redactions, highlighters, the shade around spotlights, all other
-// marks; on a backdrop its fill, shadow and frame come first, and the capture with all that changes it is clipped to
-// its rounded corners. The canvas of the editor draws the same in the same order.
+// The order, from below: the matte, the capture, blurred and pixelated places, blackouts, highlighters, the shade
+// around spotlights, all other marks; on a backdrop its fill, shadow and frame come first, and the capture with all
+// that changes it is clipped to its rounded corners. The canvas of the editor draws the same in the same order.
 namespace AnnotationFlattener {
 
 struct Input {
@@ -32,8 +32,8 @@ struct Input {
     MeasureUnit measureUnit = MeasureUnit::pixels;
 };
 
-// By how many pixels the picture grows on each side so that marks which stick out a little stay whole: 0 to 8. On a
-// backdrop it does not grow.
+// By how many pixels the picture grows on each side so that marks which stick out a little stay whole: 0 to 8.
+// Redactions and spotlights change the capture and don't reach over it. On a backdrop the picture does not grow.
 QMargins exportPadding(const std::vector<Annotation>& annotations, QSize pixels, double exportScale);
 
 // The finished picture, with the capture's colour profile and density. A null picture when the capture is null, the

@@ -23,6 +23,8 @@ using Json = nlohmann::ordered_json;
 constexpr int deepest = 32;
 // Larger entries are no annotations of anybody.
 constexpr size_t longestEntry = 400'000'000;
+// With the four fields that are required. Millions of others are passed over without being parsed.
+constexpr size_t shortestEntry = 50;
 
 constexpr std::array keys{"kind",     "points",       "colorHex",        "lineWidth",         "text",
                           "fontSize", "stepNumber",   "fillStyle",       "rounded",           "dimLevel",
@@ -198,18 +200,10 @@ private:
         using Event = Json::parse_event_t;
         if (depth > deepest)
             throw NotAnAnnotation();
-        if (event == Event::key && depth == 1) {
-            const std::string& key = value.get_ref<const std::string&>();
-            m_isInPoints = key == "points";
-            m_mayBeList = m_isInPoints || key == "curveControl";
-            m_isKnown = std::ranges::any_of(keys, [&](const char* known) { return key == known; });
-            return m_isKnown;
-        }
-        // An object of which only points are lists: the library would take quadratic time for a list of objects.
-        const bool isList = event == Event::array_start;
-        if ((isList && depth == 0) || (isList && depth == 1 && m_isKnown && !m_mayBeList) ||
-            (event == Event::object_start && depth > 0 && m_isKnown))
-            throw NotAnAnnotation();
+        if (event == Event::key && depth == 1)
+            return startField(value.get_ref<const std::string&>());
+        if (depth == 0 ? event == Event::array_start : m_isKnown)
+            refuseWrongShapes(depth, event);
         if (event == Event::array_end && depth == 2 && m_isInPoints) {
             m_points.push_back(toPoint(value));
             return false;
@@ -217,11 +211,36 @@ private:
         return true;
     }
 
+    bool startField(const std::string& key)
+    {
+        m_isInPoints = key == "points";
+        if (m_isInPoints)
+            m_points.clear();
+        m_listDepth = m_isInPoints ? 2 : key == "curveControl" ? 1 : 0;
+        m_isKnown = std::ranges::any_of(keys, [&](const char* known) { return key == known; });
+        return m_isKnown;
+    }
+
+    // As soon as they begin: lists of anything but a few numbers would take much memory, and of objects quadratic time.
+    void refuseWrongShapes(int depth, Json::parse_event_t event)
+    {
+        using Event = Json::parse_event_t;
+        constexpr int mostNumbers = 8;
+        const bool isTooDeep = event == Event::array_start && depth > m_listDepth;
+        const bool isObject = event == Event::object_start && depth > 0;
+        if (event == Event::array_start)
+            m_numbers = 0;
+        const bool isNumber = event == Event::value && depth > 1;
+        if (isTooDeep || isObject || (isNumber && (depth <= m_listDepth || ++m_numbers > mostNumbers)))
+            throw NotAnAnnotation();
+    }
+
     Json m_object;
     std::vector<Point> m_points;
     bool m_isInPoints = false;
     bool m_isKnown = false;
-    bool m_mayBeList = false;
+    int m_listDepth = 0; // at which lists of numbers may begin
+    int m_numbers = 0;   // in the list
 };
 
 Annotation toAnnotation(const Entry& entry, qint64& pixels)
@@ -288,7 +307,9 @@ private:
 
 LossyAnnotation LossyAnnotation::decoded(std::string_view json, qint64& pixels)
 {
-    if (json.size() > longestEntry)
+    const size_t start = json.find_first_not_of(" \t\r\n");
+    if (start == std::string_view::npos || json[start] != '{' || json.size() < shortestEntry ||
+        json.size() > longestEntry)
         return {};
     try {
         return {toAnnotation(Entry(json), pixels)};

@@ -18,7 +18,9 @@ void drawOutlined(QPainter& painter, const LabelText& text, const Annotation& la
     const QPen pen(textColorOn(color), 2 * outlineWidth * label.fontSize * scale, Qt::SolidLine, Qt::RoundCap,
                    Qt::RoundJoin);
     const QPointF origin = AnnotationInk::scaled(label.textOrigin(), scale);
-    painter.fillPath(QPainterPathStroker(pen).createStroke(text.outline(origin, scale)), pen.color());
+    const QPainterPathStroker stroker(pen);
+    for (const QPainterPath& glyph : text.outlines(origin, scale))
+        painter.fillPath(stroker.createStroke(glyph), pen.color());
     text.draw(painter, origin, scale, color);
 }
 

@@ -76,7 +76,7 @@ LabelText::LabelText(const QString& text, const TextAttributes& attributes, std:
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     option.setUseDesignMetrics(true);
     m_layout.setTextOption(option);
-    layOut(wrapWidth ? *wrapWidth / attributes.scale : unbounded);
+    layOut(wrapWidth ? std::min(*wrapWidth / attributes.scale, unbounded) : unbounded);
     // Once more, so that lines which end on the right end where the longest one does.
     layOut(std::ceil(m_size.width));
     m_size = {m_size.width * attributes.scale, m_size.height * attributes.scale};
@@ -114,21 +114,20 @@ void LabelText::draw(QPainter& painter, QPointF origin, double scale, const QCol
     painter.restore();
 }
 
-QPainterPath LabelText::outline(QPointF origin, double scale) const
+std::vector<QPainterPath> LabelText::outlines(QPointF origin, double scale) const
 {
-    QPainterPath path;
+    QTransform place = QTransform::fromTranslate(origin.x(), origin.y());
+    place.scale(scale * m_attributes.scale, -scale * m_attributes.scale);
+    std::vector<QPainterPath> paths;
     for (const QGlyphRun& run : m_layout.glyphRuns()) {
         if (hasPictures(run.rawFont()))
             continue;
         const auto glyphs = run.glyphIndexes();
         const auto positions = run.positions();
         for (qsizetype index = 0; index < glyphs.size(); ++index)
-            path.addPath(run.rawFont().pathForGlyph(glyphs[index]).translated(positions[index]));
+            paths.push_back(place.map(run.rawFont().pathForGlyph(glyphs[index]).translated(positions[index])));
     }
-    path.setFillRule(Qt::WindingFill);
-    QTransform place = QTransform::fromTranslate(origin.x(), origin.y());
-    place.scale(scale * m_attributes.scale, -scale * m_attributes.scale);
-    return place.map(path);
+    return paths;
 }
 
 } // namespace Kovrel

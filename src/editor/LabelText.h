@@ -8,6 +8,7 @@
 #include <QTextLayout>
 
 #include <optional>
+#include <vector>
 
 class QPainter;
 
@@ -43,8 +44,8 @@ public:
 
     // In a painter whose y points up, with the text's upper left corner at `origin` (target points).
     void draw(QPainter& painter, QPointF origin, double scale, const QColor& color) const;
-    // What draw() fills, in the same place. Glyphs that are pictures, such as emoji, have no outline.
-    QPainterPath outline(QPointF origin, double scale) const;
+    // What draw() fills, in the same place, glyph by glyph. Those that are pictures, such as emoji, have no outline.
+    std::vector<QPainterPath> outlines(QPointF origin, double scale) const;
 
 private:
     void layOut(double width);

@@ -78,16 +78,23 @@ TEST(AnnotationFlattenerTest, WithoutMarksThePictureIsTheCapture)
     EXPECT_TRUE(rendered({}).isNull());
 }
 
+// Also under a blur or squares that were drawn before or after it.
 TEST(AnnotationFlattenerTest, NothingOfTheCaptureIsLeftUnderABlackout)
 {
-    Input one{.base = Testing::testPicture({80, 60}, Testing::Texture::noise, 1),
-              .annotations = {mark(Kind::blackout, {{10.4, 10.4}, {60.6, 50.6}})}};
-    Input other = one;
-    QPainter(&other.base).fillRect(10, 9, 51, 41, Qt::green);
-    const QImage picture = rendered(one);
-    EXPECT_EQ(Testing::firstDifference(rendered(other), picture), "");
-    EXPECT_EQ(picture.pixelColor(10, 9), QColor(Qt::black)); // whole pixels, outward
-    EXPECT_EQ(picture.pixelColor(60, 49), QColor(Qt::black));
+    const Annotation blackout = mark(Kind::blackout, {{10.4, 10.4}, {60.6, 50.6}});
+    const Annotation blur = mark(Kind::blur, {{20, 20}, {50, 40}});
+    const Annotation squares = mark(Kind::pixelate, {{20, 20}, {50, 40}});
+    for (const std::vector<Annotation>& marks :
+         {std::vector{blackout}, {blackout, blur}, {blur, blackout}, {blackout, squares}, {squares, blackout}}) {
+        Input one{.base = Testing::testPicture({80, 60}, Testing::Texture::noise, 1), .annotations = marks};
+        Input other = one;
+        QPainter(&other.base).fillRect(10, 9, 51, 41, Qt::green);
+        const QImage picture = rendered(one);
+        EXPECT_EQ(Testing::firstDifference(rendered(other), picture), "") << marks.size();
+        EXPECT_EQ(picture.pixelColor(10, 9), QColor(Qt::black)); // whole pixels, outward
+        EXPECT_EQ(picture.pixelColor(60, 49), QColor(Qt::black));
+        EXPECT_EQ(picture.pixelColor(35, 30), QColor(Qt::black));
+    }
 }
 
 TEST(AnnotationFlattenerTest, AMatteLiesUnderEverything)
@@ -125,7 +132,7 @@ TEST(AnnotationFlattenerTest, OnABackdropTheCaptureIsClippedAndMarksReachOver)
     } probes[] = {
         {"fill", {5, 5}, blue},
         {"a corner of the capture", {41, 41}, blue},
-        {"the shaded capture", {100, 60}, QColor(127, 127, 127)},
+        {"the shaded capture", {100, 60}, QColor(128, 128, 128)},
         {"in the light", {195, 185}, Qt::white},
         {"a line over the edge", {15, 140}, Qt::red},
         {"a highlighter ends at the edge", {240, 245}, blue},
