@@ -118,36 +118,38 @@ QRect clipToPixels(QPainter& painter, const QRectF& rect, const std::optional<QP
     return pixels;
 }
 
-// What the painter lets through, in its own coordinates.
-QRectF visibleArea(const QPainter& painter)
+// Stripes where x - y is the same, counted from the capture's origin: the hatching of neighbours meets. Each pixel is
+// as much in a stripe as its centre says, which takes no longer for many stripes than for a few.
+QImage hatching(const QRect& area, const QTransform& fromDevice, const QColor& color, double scale)
 {
-    return painter.combinedTransform().inverted().mapRect(QRectF(PainterPixels::clip(painter)));
+    QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
+    const double distance = hatchDistance * scale;
+    const double half = hatchWidth * scale / 2;
+    for (int y = 0; y < image.height(); ++y) {
+        auto* const row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const QPointF point = fromDevice.map(QPointF(area.left() + x + 0.5, area.top() + y + 0.5));
+            const double across = (point.x() - point.y()) / std::numbers::sqrt2;
+            const double away = std::abs(across - distance * std::round(across / distance));
+            const double covered = std::clamp(half - away + 0.5, 0.0, 1.0);
+            row[x] = qPremultiply(qRgba(color.red(), color.green(), color.blue(), int(covered * color.alpha() + 0.5)));
+        }
+    }
+    return image;
 }
 
-// Strips where x - y is the same, counted from the capture's origin: the hatching of neighbours meets. Each is filled
-// by itself: a path of hundreds of them takes seconds. They go all across the shape, so that their pixels do not depend
-// on what is visible.
 void hatch(QPainter& painter, const QPainterPath& shape, const QColor& color, double scale)
 {
-    const QRectF area = shape.boundingRect();
-    const QRectF visible = area & visibleArea(painter);
-    if (visible.isEmpty())
+    const QTransform toDevice = painter.combinedTransform();
+    const QPainterPath outline = toDevice.map(shape);
+    const QRect area = outline.boundingRect().toAlignedRect() & PainterPixels::clip(painter);
+    if (area.isEmpty())
         return;
+    QBrush brush(hatching(area, toDevice.inverted(), color, scale));
+    brush.setTransform(QTransform::fromTranslate(area.left(), area.top()));
     painter.save();
-    painter.setClipPath(shape, Qt::IntersectClip);
-    const double distance = hatchDistance * std::numbers::sqrt2 * scale;
-    const double half = hatchWidth * std::numbers::sqrt2 * scale / 2;
-    const double last = (visible.right() - visible.top()) / distance + 1;
-    for (double k = std::floor((visible.left() - visible.bottom()) / distance) - 1; k <= last; ++k) {
-        const double lower = area.top() + k * distance;
-        const double upper = area.bottom() + k * distance;
-        QPainterPath strip;
-        strip.addPolygon(QPolygonF{{lower - half, area.top()},
-                                   {lower + half, area.top()},
-                                   {upper + half, area.bottom()},
-                                   {upper - half, area.bottom()}});
-        painter.fillPath(strip, color);
-    }
+    painter.resetTransform();
+    painter.fillPath(outline, brush);
     painter.restore();
 }
 

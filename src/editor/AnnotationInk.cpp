@@ -19,7 +19,8 @@ using Kind = Annotation::Kind;
 
 constexpr double mostTargetPoints = 1e6;
 constexpr double spotlightRadius = 6;
-constexpr size_t pointsInPiece = 256;
+constexpr size_t mostPointsInPiece = 256;
+constexpr double longestPiece = 4000; // target points
 
 bool isUsable(double value, double scale)
 {
@@ -38,7 +39,8 @@ QPainterPath stroked(const QPainterPath& path, const QPen& pen)
 
 double cornerRadius(const Annotation& mark, const QRectF& rect, double scale)
 {
-    const double wanted = mark.kind == Kind::spotlight ? spotlightRadius : mark.rounded ? 8 + mark.lineWidth : 0;
+    const bool isRounded = mark.kind == Kind::rectangle && mark.rounded;
+    const double wanted = mark.kind == Kind::spotlight ? spotlightRadius : isRounded ? 8 + mark.lineWidth : 0;
     return std::min(wanted * scale, std::min(rect.width(), rect.height()) / 2);
 }
 
@@ -135,15 +137,21 @@ QPainterPath AnnotationInk::strokeInkPath(const Annotation& mark, double scale)
 
 std::vector<QPainterPath> AnnotationInk::penInk(const Annotation& mark, double scale)
 {
-    if (mark.points.size() <= pointsInPiece)
-        return {inkPath(mark, scale)};
     std::vector<QPainterPath> pieces;
     Annotation piece = mark;
-    for (size_t from = 0; from + 1 < mark.points.size(); from += pointsInPiece - 1) {
-        const size_t to = std::min(from + pointsInPiece, mark.points.size());
-        piece.points.assign(mark.points.begin() + ptrdiff_t(from), mark.points.begin() + ptrdiff_t(to));
-        pieces.push_back(inkPath(piece, scale));
+    piece.points.clear();
+    double length = 0;
+    for (const Point& point : mark.points) {
+        if (piece.points.size() == mostPointsInPiece || length > longestPiece) {
+            pieces.push_back(inkPath(piece, scale));
+            piece.points = {piece.points.back()};
+            length = 0;
+        }
+        if (!piece.points.empty())
+            length += scale * std::hypot(point.x - piece.points.back().x, point.y - piece.points.back().y);
+        piece.points.push_back(point);
     }
+    pieces.push_back(inkPath(piece, scale));
     return pieces;
 }
 

@@ -331,9 +331,8 @@ TEST(AnnotationDrawingTest, InkStaysWithinItsExtentAndTheExtentWithinTheCullBoun
         page.scene.blurredFull = page.scene.pixelatedFull = textured(1);
         page.draw({annotation});
         QImage outside = page.image();
-        // Interpolated edges of a turned picture reach a pixel farther.
-        QPainter(&outside).fillRect(QRect(int(extent.left()) - 2, int(100 - extent.bottom()) - 2,
-                                          int(extent.width()) + 5, int(extent.height()) + 5),
+        QPainter(&outside).fillRect(QRect(int(extent.left()) - 1, int(100 - extent.bottom()) - 1,
+                                          int(extent.width()) + 3, int(extent.height()) + 3),
                                     white);
         QImage blank(outside.size(), QImage::Format_RGB32);
         blank.fill(white);
