@@ -19,7 +19,8 @@ constexpr double mostArea = 0.6; // of the picture
 class Blocks {
 public:
     explicit Blocks(const QImage& grey)
-        : m_size(grey.size() / blockSide), m_isBusy(size_t(m_size.width()) * size_t(m_size.height()))
+        : m_size(grey.width() / blockSide, grey.height() / blockSide),
+          m_isBusy(size_t(m_size.width()) * size_t(m_size.height()))
     {
         for (int y = 0; y < m_size.height(); ++y)
             measureRow(grey, y);

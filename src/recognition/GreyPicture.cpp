@@ -97,7 +97,7 @@ QImage GreyPicture::view(const QImage& grey, const QRect& pixels)
 
 QImage GreyPicture::halved(const QImage& grey)
 {
-    QImage result = blank(grey.size() / 2);
+    QImage result = blank({grey.width() / 2, grey.height() / 2}); // QSize would round up
     const int width = result.width();
     for (int y = 0; y < result.height(); ++y) {
         const uchar* upper = grey.constScanLine(2 * y);

@@ -55,6 +55,25 @@ TEST(CodePlaces, AllOfABusyPictureIsOne)
     EXPECT_EQ(CodePlaces::of(page), std::vector{page.rect()});
 }
 
+// Memory behind a picture is no part of it: the rows and columns that fill no block count for nothing.
+TEST(CodePlaces, SizesNeedNotBeMultiplesOfABlock)
+{
+    for (const QSize size : {QSize(399, 302), QSize(402, 303), QSize(401, 301)}) {
+        std::vector<uchar> pixels(size_t(size.width() + 4) * size_t(size.height() + 2), 255);
+        const auto end = size_t(size.width() + 4) * size_t(size.height());
+        for (size_t at = end; at < pixels.size(); ++at)
+            pixels[at] = at % 2 ? 0 : 255;
+        const QImage view(pixels.data(), size.width(), size.height(), size.width() + 4, QImage::Format_Grayscale8);
+        const QRect code(size.width() - 80, size.height() - 60, 60, 40);
+        QImage page = view.copy();
+        speckle(page, code, 2);
+        const auto places = CodePlaces::of(page);
+        ASSERT_EQ(places.size(), 1u);
+        EXPECT_TRUE(page.rect().contains(places.front()));
+        EXPECT_TRUE(CodePlaces::of(view).empty());
+    }
+}
+
 TEST(CodePlaces, TinyAndBlankPicturesHaveNone)
 {
     for (const QSize size : {QSize(1, 1), QSize(27, 3), QSize(26, 26), QSize(300, 200)})
