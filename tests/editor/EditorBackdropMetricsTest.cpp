@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 
@@ -143,6 +144,34 @@ TEST(EditorBackdropMetrics, NoShadowLeavesTheCanvas)
                     << name << ", " << light.x << ", " << light.y;
             }
             EXPECT_GT(layout.shadow[0].sigma, layout.shadow[1].sigma); // and it is still there
+        }
+    }
+}
+
+TEST(EditorBackdropMetrics, WithoutRoomThereIsNoShadow)
+{
+    const EditorBackdrop backdrop = padded(0, [](EditorBackdrop& changed) {
+        changed.shadow = Shadow{{{0, 4, 1}, {0, 4, 1}}};
+        changed.frame = 1;
+    });
+    EXPECT_TRUE(EditorBackdropMetrics::layout({400, 300}, 1, 1, backdrop)->shadow.empty());
+}
+
+// However large the layers, and however much longer than wide the canvas: in pixels of a capture of 400 x 300.
+TEST(EditorBackdropMetrics, NoShadowIsLargerThanTheCanvas)
+{
+    for (const AspectRatio aspect : {AspectRatio{75, 1}, {1, 75}, {1, 1}}) {
+        for (const ShadowLight light : {ShadowLight{0, 1}, {1, 1}, {-1, 0}, {0, 0}}) {
+            const EditorBackdrop backdrop = padded(0, [&](EditorBackdrop& changed) {
+                changed.aspect = aspect;
+                changed.shadowLight = light;
+                changed.shadow = Shadow{{{10, 10, 1}, {10, 0, 1}}};
+            });
+            const auto layout = EditorBackdropMetrics::layout({400, 300}, 1, 1, backdrop).value();
+            const double most = std::min(layout.canvas.width(), layout.canvas.height());
+            for (const auto& layer : layout.shadow)
+                EXPECT_LE(3 * layer.sigma + std::hypot(layer.x, layer.y), most + 1e-6)
+                    << aspect.width << ":" << aspect.height << ", " << light.x << ", " << light.y;
         }
     }
 }
