@@ -119,7 +119,7 @@ double share(double reach, double room)
 }
 
 // The layers, each made smaller until neither the blur on any side nor what the light adds to it leaves the canvas, nor
-// reaches farther than the canvas' shorter side. None where there is no room for any.
+// reaches farther than the shorter side of the canvas or the subject. None where there is no room for any.
 std::vector<BackdropLayout::ShadowLayer> shadowLayers(const EditorBackdrop& backdrop, double side, double scale,
                                                       const Rect& framed, const Rect& canvas)
 {
@@ -127,7 +127,7 @@ std::vector<BackdropLayout::ShadowLayer> shadowLayers(const EditorBackdrop& back
     const auto least = EditorBackdropMetrics::shadowRoom(framed, canvas, {0, 0});
     if (!least)
         return {};
-    const double most = std::min(canvas.width, canvas.height);
+    const double most = std::min({canvas.width, canvas.height, side});
     const double around = std::min(*least, most);
     const double thrown = std::min(EditorBackdropMetrics::shadowRoom(framed, canvas, light).value_or(around), most);
     std::vector<BackdropLayout::ShadowLayer> layers;

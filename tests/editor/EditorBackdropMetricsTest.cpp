@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <functional>
+#include <utility>
 
 namespace Kovrel {
 
@@ -157,20 +157,19 @@ TEST(EditorBackdropMetrics, WithoutRoomThereIsNoShadow)
     EXPECT_TRUE(EditorBackdropMetrics::layout({400, 300}, 1, 1, backdrop)->shadow.empty());
 }
 
-// However large the layers, and however much longer than wide the canvas: in pixels of a capture of 400 x 300.
-TEST(EditorBackdropMetrics, NoShadowIsLargerThanTheCanvas)
+// However large the layers, and however large the canvas, or longer than wide: in pixels of a capture of 400 x 300.
+TEST(EditorBackdropMetrics, NoShadowReachesFartherThanTheCaptureIsLarge)
 {
-    for (const AspectRatio aspect : {AspectRatio{75, 1}, {1, 75}, {1, 1}}) {
+    for (const auto& [aspect, padding] : {std::pair(AspectRatio{75, 1}, 0.0), {{1, 75}, 0.0}, {{1, 1}, 10.0}}) {
         for (const ShadowLight light : {ShadowLight{0, 1}, {1, 1}, {-1, 0}, {0, 0}}) {
-            const EditorBackdrop backdrop = padded(0, [&](EditorBackdrop& changed) {
-                changed.aspect = aspect;
+            const EditorBackdrop backdrop = padded(padding, [&, shape = aspect](EditorBackdrop& changed) {
+                changed.aspect = shape;
                 changed.shadowLight = light;
                 changed.shadow = Shadow{{{10, 10, 1}, {10, 0, 1}}};
             });
             const auto layout = EditorBackdropMetrics::layout({400, 300}, 1, 1, backdrop).value();
-            const double most = std::min(layout.canvas.width(), layout.canvas.height());
             for (const auto& layer : layout.shadow)
-                EXPECT_LE(3 * layer.sigma + std::hypot(layer.x, layer.y), most + 1e-6)
+                EXPECT_LE(3 * layer.sigma + std::hypot(layer.x, layer.y), 300 + 1e-6)
                     << aspect.width << ":" << aspect.height << ", " << light.x << ", " << light.y;
         }
     }
