@@ -6,6 +6,7 @@
 #include "saving/SaveService.h"
 
 #include <cmath>
+#include <utility>
 
 namespace Kovrel {
 
@@ -78,6 +79,7 @@ void CropSizeEstimator::forgetSource()
 {
     m_source.reset();
     m_sourceInFlight = false;
+    ++m_sourceGeneration;
 }
 
 QRect CropSizeEstimator::crop() const
@@ -130,10 +132,9 @@ void CropSizeEstimator::encodeSource()
 
 QCoro::Task<> CropSizeEstimator::readSource(Job job)
 {
-    const qint64 sourceImage = m_sourceImage;
-    const qint64 pixelsImage = m_pixelsImage;
+    const quint64 generation = m_sourceGeneration;
     const auto reading = co_await m_scope.onWorker(Lane::utility, [job] { return job.encode(); });
-    if (m_sourceImage != sourceImage || m_pixelsImage != pixelsImage)
+    if (generation != m_sourceGeneration)
         co_return;
     m_sourceInFlight = false;
     m_source = reading;

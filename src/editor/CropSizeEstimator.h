@@ -101,7 +101,8 @@ private:
     qint64 m_sourceImage = 0; // keys of images; 0 is none
     qint64 m_pixelsImage = 0;
     bool m_sourceInFlight = false;
-    QRect m_sourceCrop; // what `m_source` is made of
+    quint64 m_sourceGeneration = 0; // of images; one that comes back is another
+    QRect m_sourceCrop;             // what `m_source` is made of
     std::set<SizeKey> m_wanted;
     std::set<SizeKey> m_inFlight;
     MainLoop::TimerID m_pending = 0;

@@ -4,6 +4,7 @@
 #include "editor/JSONNumber.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Kovrel {
 

@@ -113,18 +113,23 @@ ShadowLight withinUnit(ShadowLight light)
 }
 
 // How much of a shadow that reaches so far is left when it has so much room.
-double share(double reach, std::optional<double> room)
+double share(double reach, double room)
 {
-    return room && reach > *room ? *room / reach : 1;
+    return reach > room ? room / reach : 1;
 }
 
-// The layers, each made smaller until neither the blur on any side nor what the light adds to it leaves the canvas.
+// The layers, each made smaller until neither the blur on any side nor what the light adds to it leaves the canvas, nor
+// reaches farther than the shorter side of the canvas or the subject. None where there is no room for any.
 std::vector<BackdropLayout::ShadowLayer> shadowLayers(const EditorBackdrop& backdrop, double side, double scale,
                                                       const Rect& framed, const Rect& canvas)
 {
     const ShadowLight light = withinUnit(backdrop.shadowLight);
-    const auto thrown = EditorBackdropMetrics::shadowRoom(framed, canvas, light);
-    const auto around = EditorBackdropMetrics::shadowRoom(framed, canvas, {0, 0});
+    const auto least = EditorBackdropMetrics::shadowRoom(framed, canvas, {0, 0});
+    if (!least)
+        return {};
+    const double most = std::min({canvas.width, canvas.height, side});
+    const double around = std::min(*least, most);
+    const double thrown = std::min(EditorBackdropMetrics::shadowRoom(framed, canvas, light).value_or(around), most);
     std::vector<BackdropLayout::ShadowLayer> layers;
     for (const Shadow::Layer& layer : backdrop.shadow.layers) {
         const double blur = reachInSigmas * layer.radius / 2 * side;

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <utility>
 
 namespace Kovrel {
 
@@ -37,22 +39,20 @@ std::vector<Point> thinnedOut(const std::vector<Point>& points, double least)
 struct Layer {
     const Annotation* last = nullptr; // whose page counts
     std::vector<QPainterPath> sweeps;
-
-    bool takes(const Annotation& mark) const
-    {
-        return last->colorHex == mark.colorHex && last->highlightOnDark == mark.highlightOnDark;
-    }
 };
 
 std::vector<Layer> layersOf(const std::vector<const Annotation*>& highlighters, double scale)
 {
-    std::vector<Layer> layers;
+    std::vector<Layer> layers; // in the order in which their first strokes were made
+    std::map<std::pair<QRgb, bool>, size_t> places;
     for (const Annotation* const mark : highlighters) {
-        auto layer = std::ranges::find_if(layers, [&](const Layer& each) { return each.takes(*mark); });
-        if (layer == layers.end())
-            layer = layers.insert(layers.end(), Layer());
-        layer->last = mark;
-        layer->sweeps.push_back(HighlighterInk::highlighterSweep(*mark, HighlighterInk::tip(*mark), scale));
+        const std::pair key(AnnotationInk::colorOf(*mark).rgba(), mark->highlightOnDark);
+        const auto [place, isNew] = places.try_emplace(key, layers.size());
+        if (isNew)
+            layers.emplace_back();
+        Layer& layer = layers[place->second];
+        layer.last = mark;
+        layer.sweeps.push_back(HighlighterInk::highlighterSweep(*mark, HighlighterInk::tip(*mark), scale));
     }
     return layers;
 }

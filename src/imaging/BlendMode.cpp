@@ -5,6 +5,8 @@
 #include <QImage>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace Kovrel {
 
@@ -74,25 +76,62 @@ QRgb toPixel(const Rgba& c)
     return qRgba(colour(c.red), colour(c.green), colour(c.blue), alpha);
 }
 
-// How much of each pixel of `area` the paths cover together.
-QImage coverageOf(const std::vector<QPainterPath>& paths, const QRect& area)
+// --- Coverage, in bands: a slanting stroke leaves most of the rectangle around it alone
+
+constexpr int bandHeight = 64;
+
+// In pixels of the device.
+struct PlacedPath {
+    QPainterPath path;
+    QRect bounds;
+};
+
+std::vector<PlacedPath> placed(const std::vector<QPainterPath>& paths, const QTransform& toDevice)
 {
+    std::vector<PlacedPath> result;
+    for (const QPainterPath& path : paths) {
+        const QPainterPath mapped = toDevice.map(path);
+        result.push_back({mapped, mapped.boundingRect().toAlignedRect()});
+    }
+    return result;
+}
+
+// How much of each pixel of `area` the paths cover together. A null image where none comes near.
+QImage coverageOf(const std::vector<PlacedPath>& paths, const QRect& area)
+{
+    const auto isNear = [&](const PlacedPath& each) { return each.bounds.intersects(area); };
+    if (std::ranges::none_of(paths, isNear))
+        return {};
     QImage coverage(area.size(), QImage::Format_Alpha8);
     coverage.fill(0);
     QPainter painter(&coverage);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(-area.topLeft());
-    for (const QPainterPath& path : paths)
-        painter.fillPath(path, Qt::black);
+    for (const PlacedPath& each : paths)
+        if (isNear(each))
+            painter.fillPath(each.path, Qt::black);
     return coverage;
+}
+
+// The first place from `x` on that is not a run of eight uncovered pixels.
+int pastUncovered(const uchar* coverage, int x, int count)
+{
+    for (std::uint64_t eight = 0; x + 8 <= count; x += 8) {
+        std::memcpy(&eight, coverage + x, 8);
+        if (eight != 0)
+            break;
+    }
+    return x;
 }
 
 void blendRow(QRgb* pixels, const uchar* coverage, int count, Rgba source, BlendMode mode, QRgb opaque)
 {
     const float alpha = source.alpha / 255;
-    for (int x = 0; x < count; ++x) {
-        if (coverage[x] == 0)
+    for (int x = pastUncovered(coverage, 0, count); x < count; ++x) {
+        if (coverage[x] == 0) {
+            x = pastUncovered(coverage, x + 1, count) - 1;
             continue;
+        }
         source.alpha = alpha * float(coverage[x]);
         pixels[x] = toPixel(Blending::blended(fromPixel(pixels[x] | opaque), source, mode));
     }
@@ -118,22 +157,20 @@ Rgba Blending::blended(Rgba backdrop, Rgba source, BlendMode mode)
 void Blending::fillPaths(QPainter& painter, const std::vector<QPainterPath>& paths, const QColor& color, BlendMode mode)
 {
     auto& image = static_cast<QImage&>(*painter.device());
-    const QTransform toDevice = painter.combinedTransform();
-    std::vector<QPainterPath> devicePaths;
-    QRectF bounds;
-    for (const QPainterPath& path : paths) {
-        devicePaths.push_back(toDevice.map(path));
-        bounds |= devicePaths.back().boundingRect();
-    }
-    const QRect area = bounds.toAlignedRect() & PainterPixels::clip(painter);
-    if (area.isEmpty())
-        return;
-    const QImage coverage = coverageOf(devicePaths, area);
+    const std::vector<PlacedPath> placedPaths = placed(paths, painter.combinedTransform());
+    QRect bounds;
+    for (const PlacedPath& each : placedPaths)
+        bounds |= each.bounds;
+    const QRect area = bounds & PainterPixels::clip(painter);
     const Rgba source{color.redF(), color.greenF(), color.blueF(), color.alphaF()};
     const QRgb opaque = image.format() == QImage::Format_RGB32 ? 0xff000000 : 0;
-    for (int y = 0; y < area.height(); ++y) {
-        auto* const row = reinterpret_cast<QRgb*>(image.scanLine(area.y() + y));
-        blendRow(row + area.x(), coverage.constScanLine(y), area.width(), source, mode, opaque);
+    for (int top = area.top(); top <= area.bottom(); top += bandHeight) {
+        const QRect band = QRect(area.x(), top, area.width(), bandHeight) & area;
+        const QImage coverage = coverageOf(placedPaths, band);
+        for (int y = 0; y < coverage.height(); ++y) {
+            auto* const row = reinterpret_cast<QRgb*>(image.scanLine(top + y));
+            blendRow(row + area.x(), coverage.constScanLine(y), area.width(), source, mode, opaque);
+        }
     }
 }
 

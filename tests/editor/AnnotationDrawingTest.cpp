@@ -216,6 +216,11 @@ TEST(AnnotationDrawingTest, HighlightersOfOneColourNeverDarkenTwice)
     EXPECT_EQ(page.at(100, 50), single);
     EXPECT_EQ(page.at(100, 15), single);
 
+    other.colorHex = "#ff0000"; // the same, written differently
+    Page same(1, QColor(200, 200, 200));
+    same.draw({one, other});
+    EXPECT_EQ(same.at(100, 50), single);
+
     other.colorHex = "#00FF00";
     Page two(1, QColor(200, 200, 200));
     two.draw({one, other});

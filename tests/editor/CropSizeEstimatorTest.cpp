@@ -195,6 +195,23 @@ TEST_F(CropSizeEstimatorTest, AnotherImageHasItsOwnSource)
     EXPECT_EQ(estimator->source(), expected(image, {200, 120}));
 }
 
+TEST_F(CropSizeEstimatorTest, AnImageThatComesBackHasTheSourceOfItsNewCrop)
+{
+    const QImage first = image;
+    estimator->setContext(context({0, 0, 50, 30}));
+    estimator->request({});
+    workers.run(Lane::utility); // done, but not yet told
+    image = testPicture({200, 120}, Texture::noise);
+    estimator->setContext(context());
+    image = first;
+    estimator->setContext(context());
+    estimator->request({});
+    loop.runPosted();
+    EXPECT_EQ(estimator->reading({200, 120}), std::nullopt);
+    finishEncodes();
+    EXPECT_EQ(estimator->reading({200, 120}), expected(image, {200, 120}));
+}
+
 TEST_F(CropSizeEstimatorTest, WithoutACropNothingIsEncoded)
 {
     estimator->request({{50, 30}});

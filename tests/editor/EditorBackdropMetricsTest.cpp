@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <functional>
+#include <utility>
 
 namespace Kovrel {
 
@@ -143,6 +144,33 @@ TEST(EditorBackdropMetrics, NoShadowLeavesTheCanvas)
                     << name << ", " << light.x << ", " << light.y;
             }
             EXPECT_GT(layout.shadow[0].sigma, layout.shadow[1].sigma); // and it is still there
+        }
+    }
+}
+
+TEST(EditorBackdropMetrics, WithoutRoomThereIsNoShadow)
+{
+    const EditorBackdrop backdrop = padded(0, [](EditorBackdrop& changed) {
+        changed.shadow = Shadow{{{0, 4, 1}, {0, 4, 1}}};
+        changed.frame = 1;
+    });
+    EXPECT_TRUE(EditorBackdropMetrics::layout({400, 300}, 1, 1, backdrop)->shadow.empty());
+}
+
+// However large the layers, and however large the canvas, or longer than wide: in pixels of a capture of 400 x 300.
+TEST(EditorBackdropMetrics, NoShadowReachesFartherThanTheCaptureIsLarge)
+{
+    for (const auto& [aspect, padding] : {std::pair(AspectRatio{75, 1}, 0.0), {{1, 75}, 0.0}, {{1, 1}, 10.0}}) {
+        for (const ShadowLight light : {ShadowLight{0, 1}, {1, 1}, {-1, 0}, {0, 0}}) {
+            const EditorBackdrop backdrop = padded(padding, [&, shape = aspect](EditorBackdrop& changed) {
+                changed.aspect = shape;
+                changed.shadowLight = light;
+                changed.shadow = Shadow{{{10, 10, 1}, {10, 0, 1}}};
+            });
+            const auto layout = EditorBackdropMetrics::layout({400, 300}, 1, 1, backdrop).value();
+            for (const auto& layer : layout.shadow)
+                EXPECT_LE(3 * layer.sigma + std::hypot(layer.x, layer.y), 300 + 1e-6)
+                    << aspect.width << ":" << aspect.height << ", " << light.x << ", " << light.y;
         }
     }
 }

@@ -1,9 +1,10 @@
 // Any bytes as what an editor stores: marks, and a backdrop. What is read must be written and read again as the same,
-// and marks must be drawable.
+// and both must be drawable.
 
 #include "editor/AnnotationFlattener.h"
 #include "editor/AnnotationJson.h"
 #include "editor/EditorBackdropMetrics.h"
+#include "editor/EditorBackdropRenderer.h"
 
 #include <QGuiApplication>
 
@@ -13,6 +14,8 @@
 using namespace Kovrel;
 
 namespace {
+
+constexpr double mostPixels = 1e6; // of a canvas that is drawn
 
 void require(bool condition, const char* what)
 {
@@ -36,7 +39,7 @@ void tryAnnotations(const QByteArray& json)
         return;
     require(rewritten(*annotations) == AnnotationJson::encoded(*annotations), "marks read as they were written");
     static const QImage capture = [] {
-        QImage image(40, 30, QImage::Format_RGB32);
+        QImage image(300, 200, QImage::Format_RGB32);
         image.fill(Qt::white);
         return image;
     }();
@@ -51,8 +54,15 @@ void tryBackdrop(const QByteArray& json)
     if (!backdrop)
         return;
     require(EditorBackdrop::decode(backdrop->encode()) == backdrop, "a backdrop reads as it was written");
-    if (const auto layout = EditorBackdropMetrics::layout({400, 300}, 2, 1, *backdrop))
-        require(!layout->canvas.isEmpty(), "a canvas has pixels");
+    const auto layout = EditorBackdropMetrics::layout({80, 60}, 2, 1, *backdrop);
+    if (!layout)
+        return;
+    require(!layout->canvas.isEmpty(), "a canvas has pixels");
+    const double pixels = double(layout->canvas.width()) * layout->canvas.height();
+    if (pixels > mostPixels || backdrop->fill.kind == BackdropFill::Kind::picture) // a picture takes long
+        return;
+    EditorBackdropRenderer renderer;
+    require(renderer.canvas(*layout, *backdrop).size() == layout->canvas, "a canvas is drawn");
 }
 
 } // namespace

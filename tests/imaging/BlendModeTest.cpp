@@ -1,5 +1,7 @@
 #include "imaging/BlendMode.h"
 
+#include "tests/support/TestPictures.h"
+
 #include <QImage>
 #include <QPainter>
 
@@ -28,6 +30,31 @@ QRgb filled(QRgb backdrop, QRgb source, BlendMode mode)
 QString hex(QRgb pixel)
 {
     return QString::number(pixel, 16);
+}
+
+// What the formulas make of each pixel by how much of it is covered.
+QImage pixelByPixel(QImage image, const std::vector<QPainterPath>& paths, const QColor& color, BlendMode mode)
+{
+    QImage coverage(image.size(), QImage::Format_Alpha8);
+    coverage.fill(0);
+    QPainter painter(&coverage);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const QPainterPath& path : paths)
+        painter.fillPath(path, Qt::black);
+    painter.end();
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb below = image.pixel(x, y);
+            const int covered = coverage.constScanLine(y)[x];
+            const float alpha = color.alphaF() * float(covered) / 255;
+            const auto mixed =
+                Blending::blended({float(qRed(below)) / 255, float(qGreen(below)) / 255, float(qBlue(below)) / 255, 1},
+                                  {color.redF(), color.greenF(), color.blueF(), alpha}, mode);
+            const auto level = [](float value) { return int(value * 255 + 0.5f); };
+            if (covered > 0)
+                image.setPixel(x, y, qRgb(level(mixed.red), level(mixed.green), level(mixed.blue)));
+        }
+    return image;
 }
 
 } // namespace
@@ -78,6 +105,25 @@ TEST(BlendModeTest, OverlappingPathsCountOnceAndTheClipHolds)
     EXPECT_EQ(image.pixel(18, 10), once);
     EXPECT_EQ(hex(image.pixel(30, 10)), "ffffffff"); // beyond the clip
     EXPECT_EQ(hex(image.pixel(2, 2)), "ffffffff");
+}
+
+// Slanting, with gaps between the paths, from far outside, and as small as a pixel.
+TEST(BlendModeTest, EveryPixelIsAsCoveredAsByThePathsAtOnce)
+{
+    QPainterPath slanting;
+    slanting.addPolygon(QPolygonF({{-900, -300}, {190.3, 290.7}, {170.6, 299.2}, {-920, -280}}));
+    QPainterPath round;
+    round.addEllipse(QRectF(95.2, 40.4, 70, 50.3)); // over two bands
+    const std::vector<QPainterPath> paths{slanting, round, rectPath({3.5, 250.25, 1, 1}), rectPath({196, 127.5, 9, 1})};
+    for (const BlendMode mode : {BlendMode::normal, BlendMode::multiply, BlendMode::color, BlendMode::plusLighter}) {
+        QImage image = Testing::testPicture({203, 301}, Testing::Texture::noise).convertToFormat(QImage::Format_RGB32);
+        const QColor color(200, 60, 10, 170);
+        const QImage expected = pixelByPixel(image, paths, color, mode);
+        QPainter painter(&image);
+        Blending::fillPaths(painter, paths, color, mode);
+        painter.end();
+        EXPECT_LE(Testing::largestDifference(image, expected), 1); // the last digit of a float
+    }
 }
 
 } // namespace Kovrel
