@@ -135,24 +135,34 @@ QPainterPath AnnotationInk::strokeInkPath(const Annotation& mark, double scale)
     return path;
 }
 
-std::vector<QPainterPath> AnnotationInk::penInk(const Annotation& mark, double scale)
+std::vector<std::vector<Point>> AnnotationInk::pieces(const std::vector<Point>& points, double scale)
 {
-    std::vector<QPainterPath> pieces;
-    Annotation piece = mark;
-    piece.points.clear();
+    std::vector<std::vector<Point>> all;
+    std::vector<Point> piece;
     double length = 0;
-    for (const Point& point : mark.points) {
-        if (piece.points.size() == mostPointsInPiece || length > longestPiece) {
-            pieces.push_back(inkPath(piece, scale));
-            piece.points = {piece.points.back()};
+    for (const Point& point : points) {
+        if (piece.size() == mostPointsInPiece || length > longestPiece) {
+            all.push_back(piece);
+            piece = {piece.back()};
             length = 0;
         }
-        if (!piece.points.empty())
-            length += scale * std::hypot(point.x - piece.points.back().x, point.y - piece.points.back().y);
-        piece.points.push_back(point);
+        if (!piece.empty())
+            length += scale * std::hypot(point.x - piece.back().x, point.y - piece.back().y);
+        piece.push_back(point);
     }
-    pieces.push_back(inkPath(piece, scale));
-    return pieces;
+    all.push_back(piece);
+    return all;
+}
+
+std::vector<QPainterPath> AnnotationInk::penInk(const Annotation& mark, double scale)
+{
+    std::vector<QPainterPath> paths;
+    Annotation part = mark;
+    for (auto& piece : pieces(mark.points, scale)) {
+        part.points = std::move(piece);
+        paths.push_back(inkPath(part, scale));
+    }
+    return paths;
 }
 
 QPainterPath AnnotationInk::shapePath(const Annotation& mark, double scale)

@@ -25,7 +25,9 @@ bool isDrawable(const Annotation& mark, double scale);
 QPainterPath freehandPath(const Annotation& mark, double scale);
 // The line along which a pen or a line is stroked; empty for other kinds.
 QPainterPath strokeInkPath(const Annotation& mark, double scale);
-// The ink of a pen in pieces that overlap at their ends. A path of a million points takes minutes to fill.
+// A long stroke in pieces that share their ends: a path of thousands of crossing lines takes minutes to fill.
+std::vector<std::vector<Point>> pieces(const std::vector<Point>& points, double scale);
+// The ink of a pen, piece by piece.
 std::vector<QPainterPath> penInk(const Annotation& mark, double scale);
 // The outline of a rectangle, an ellipse, a redaction, a spotlight or an image.
 QPainterPath shapePath(const Annotation& mark, double scale);

@@ -35,6 +35,31 @@ std::vector<Point> thinnedOut(const std::vector<Point>& points, double least)
     return kept;
 }
 
+QPainterPath sweep(const std::vector<Point>& points, double tip, double scale)
+{
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    if (points.empty())
+        return path;
+    const double halfHeight = tip * scale;
+    const double halfWidth = halfHeight / nibAspect;
+    if (points.size() == 1) {
+        path.addEllipse(QPointF(points[0].x * scale, points[0].y * scale), halfWidth, halfHeight);
+        return path;
+    }
+    path.moveTo(points[0].x * scale, points[0].y * scale / nibAspect);
+    for (const Point& point : points)
+        path.lineTo(point.x * scale, point.y * scale / nibAspect);
+    QPainterPathStroker stroker;
+    stroker.setWidth(2 * halfWidth);
+    stroker.setCapStyle(Qt::RoundCap);
+    stroker.setJoinStyle(Qt::RoundJoin);
+    stroker.setMiterLimit(10);
+    QPainterPath outline = QTransform::fromScale(1, nibAspect).map(stroker.createStroke(path));
+    outline.setFillRule(Qt::WindingFill);
+    return outline;
+}
+
 // Strokes of one colour on pages of one kind.
 struct Layer {
     const Annotation* last = nullptr; // whose page counts
@@ -52,7 +77,9 @@ std::vector<Layer> layersOf(const std::vector<const Annotation*>& highlighters, 
             layers.emplace_back();
         Layer& layer = layers[place->second];
         layer.last = mark;
-        layer.sweeps.push_back(HighlighterInk::highlighterSweep(*mark, HighlighterInk::tip(*mark), scale));
+        const double tip = HighlighterInk::tip(*mark);
+        for (const auto& piece : AnnotationInk::pieces(thinnedOut(mark->points, tip), scale))
+            layer.sweeps.push_back(sweep(piece, tip, scale));
     }
     return layers;
 }
@@ -72,28 +99,7 @@ double HighlighterInk::tip(const Annotation& highlighter)
 
 QPainterPath HighlighterInk::highlighterSweep(const Annotation& highlighter, double tip, double scale)
 {
-    const std::vector<Point> points = thinnedOut(highlighter.points, tip);
-    QPainterPath path;
-    path.setFillRule(Qt::WindingFill);
-    if (points.empty())
-        return path;
-    const double halfHeight = tip * scale;
-    const double halfWidth = halfHeight / nibAspect;
-    if (points.size() == 1) {
-        path.addEllipse(QPointF(points[0].x * scale, points[0].y * scale), halfWidth, halfHeight);
-        return path;
-    }
-    path.moveTo(points[0].x * scale, points[0].y * scale / nibAspect);
-    for (const Point& point : points)
-        path.lineTo(point.x * scale, point.y * scale / nibAspect);
-    QPainterPathStroker stroker;
-    stroker.setWidth(2 * halfWidth);
-    stroker.setCapStyle(Qt::RoundCap);
-    stroker.setJoinStyle(Qt::RoundJoin);
-    stroker.setMiterLimit(10);
-    QPainterPath sweep = QTransform::fromScale(1, nibAspect).map(stroker.createStroke(path));
-    sweep.setFillRule(Qt::WindingFill);
-    return sweep;
+    return sweep(thinnedOut(highlighter.points, tip), tip, scale);
 }
 
 bool HighlighterInk::highlighterSweepContains(const Annotation& highlighter, Point point)
