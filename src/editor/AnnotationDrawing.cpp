@@ -72,7 +72,7 @@ Marks drawn(const std::vector<Annotation>& annotations, const Scene& scene)
     Marks marks;
     for (const Annotation& mark : annotations) {
         const bool isExcluded = mark.kind == Kind::text && scene.excludingTextID == mark.id;
-        if (!isExcluded && AnnotationInk::isDrawable(mark, scene.scale) && !isCulled(mark, scene))
+        if (!isExcluded && !isCulled(mark, scene) && AnnotationInk::isDrawable(mark, scene.scale))
             marks.push_back(&mark);
     }
     return marks;
