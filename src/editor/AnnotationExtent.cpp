@@ -2,7 +2,6 @@
 
 #include "editor/AnnotationInk.h"
 #include "editor/LabelText.h"
-#include "editor/MeasureInk.h"
 
 #include <QFontMetricsF>
 
@@ -163,19 +162,19 @@ QRectF AnnotationExtent::pointsBox(const Annotation& mark)
     return {QPointF(left.x, lower.y), QPointF(right.x, upper.y)};
 }
 
-QRectF AnnotationExtent::visualExtent(const Annotation& mark, double scale)
+QRectF AnnotationExtent::visualExtent(const Annotation& mark, double scale, const MeasureInk::Reading& reading)
 {
     if (!AnnotationInk::isDrawable(mark, scale))
         return {};
     if (mark.kind == Kind::pen)
         return penExtent(mark, scale);
-    return AnnotationInk::inkPath(mark, scale).boundingRect();
+    return AnnotationInk::inkPath(mark, scale, reading).boundingRect();
 }
 
-QRectF AnnotationExtent::rotatedVisualExtent(const Annotation& mark, double scale)
+QRectF AnnotationExtent::rotatedVisualExtent(const Annotation& mark, double scale, const MeasureInk::Reading& reading)
 {
     if (!AnnotationInk::isDrawable(mark, scale) || !mark.isRotatable() || mark.rotation == 0)
-        return visualExtent(mark, scale);
+        return visualExtent(mark, scale, reading);
     return AnnotationInk::rotation(mark, scale).map(AnnotationInk::inkPath(mark, scale)).boundingRect();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/Annotation.h"
+#include "editor/MeasureInk.h"
 
 #include <QRectF>
 
@@ -13,8 +14,8 @@ namespace AnnotationExtent {
 QRectF pointsBox(const Annotation& mark);
 
 // The area that the ink covers, before and after it is turned.
-QRectF visualExtent(const Annotation& mark, double scale);
-QRectF rotatedVisualExtent(const Annotation& mark, double scale);
+QRectF visualExtent(const Annotation& mark, double scale, const MeasureInk::Reading& reading = {});
+QRectF rotatedVisualExtent(const Annotation& mark, double scale, const MeasureInk::Reading& reading = {});
 
 // An area that holds all of the ink and is found without making it: no text is measured, no path is built.
 QRectF cullBound(const Annotation& mark, double scale);

@@ -86,7 +86,8 @@ AnnotationDrawing::Scene sceneOf(const Input& input, const QImage& capture)
 
 QImage onNothing(const Input& input, const QImage& capture)
 {
-    const QMargins padding = AnnotationFlattener::exportPadding(input.annotations, capture.size(), input.exportScale);
+    const QMargins padding =
+        AnnotationFlattener::exportPadding(input.annotations, capture.size(), input.exportScale, input.measureUnit);
     QImage picture = padded(capture, padding);
     if (picture.isNull())
         return {};
@@ -118,14 +119,15 @@ QImage onBackdrop(const Input& input, QImage capture, EditorBackdropRenderer& re
 } // namespace
 
 QMargins AnnotationFlattener::exportPadding(const std::vector<Annotation>& annotations, QSize pixels,
-                                            double exportScale)
+                                            double exportScale, MeasureUnit measureUnit)
 {
     const double scale = std::max(exportScale, least);
     const QRectF image(QPointF(), pixels);
     QRectF covered = image;
     for (const Annotation& mark : annotations)
         if (reachesOver(mark) && !image.contains(AnnotationExtent::cullBound(mark, scale)))
-            if (const QRectF extent = AnnotationExtent::rotatedVisualExtent(mark, scale); !extent.isNull())
+            if (const QRectF extent = AnnotationExtent::rotatedVisualExtent(mark, scale, {measureUnit, scale});
+                !extent.isNull())
                 covered |= extent.adjusted(-1, -1, 1, 1);
     const auto padding = [](double overhang) {
         return int(std::ceil(std::clamp<double>(overhang - 1, 0, mostPadding)));

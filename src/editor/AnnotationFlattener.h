@@ -34,7 +34,8 @@ struct Input {
 
 // By how many pixels the picture grows on each side so that marks which stick out a little stay whole: 0 to 8.
 // Redactions and spotlights change the capture and don't reach over it. On a backdrop the picture does not grow.
-QMargins exportPadding(const std::vector<Annotation>& annotations, QSize pixels, double exportScale);
+QMargins exportPadding(const std::vector<Annotation>& annotations, QSize pixels, double exportScale,
+                       MeasureUnit measureUnit = MeasureUnit::pixels);
 
 // The finished picture, with the capture's colour profile and density. A null picture when the capture is null, the
 // canvas would be too large or memory is short. The renderer keeps what it has prepared for the next time.

@@ -2,7 +2,6 @@
 
 #include "editor/ArrowInk.h"
 #include "editor/HighlighterInk.h"
-#include "editor/MeasureInk.h"
 #include "model/HexColor.h"
 
 #include <QPainterPathStroker>
@@ -247,7 +246,7 @@ QPainterPath AnnotationInk::leaderInk(const QRectF& chip, QPointF tip, double fo
     return path;
 }
 
-QPainterPath AnnotationInk::inkPath(const Annotation& mark, double scale)
+QPainterPath AnnotationInk::inkPath(const Annotation& mark, double scale, const MeasureInk::Reading& reading)
 {
     switch (mark.kind) {
     case Kind::pen:
@@ -268,7 +267,7 @@ QPainterPath AnnotationInk::inkPath(const Annotation& mark, double scale)
     case Kind::step:
         return stepInk(mark, scale);
     case Kind::measure:
-        return MeasureInk::inkPath(mark, scale);
+        return MeasureInk::inkPath(mark, scale, reading);
     case Kind::blur:
     case Kind::pixelate:
     case Kind::blackout:
@@ -290,12 +289,12 @@ QTransform AnnotationInk::rotation(const Annotation& mark, double scale)
         .translate(-centre.x(), -centre.y());
 }
 
-bool AnnotationInk::contains(const Annotation& mark, Point point, double tolerance)
+bool AnnotationInk::contains(const Annotation& mark, Point point, double tolerance, const MeasureInk::Reading& reading)
 {
     if (!isDrawable(mark, 1))
         return false;
     const QPointF upright = rotation(mark, 1).inverted().map(scaled(point, 1));
-    const QPainterPath ink = inkPath(mark, 1);
+    const QPainterPath ink = AnnotationInk::inkPath(mark, 1, reading);
     if (ink.contains(upright))
         return true;
     return tolerance > 0 &&

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/Annotation.h"
+#include "editor/MeasureInk.h"
 
 #include <QColor>
 #include <QPainterPath>
@@ -43,13 +44,13 @@ QPointF nearestPointOnRoundedRect(QPointF point, const QRectF& rect, double radi
 QPainterPath leaderInk(const QRectF& chip, QPointF tip, double fontSize, double cornerRadius);
 
 // All that a mark covers, its inside and the picture behind a redaction included, before it is rotated. Filled by the
-// winding rule.
-QPainterPath inkPath(const Annotation& mark, double scale);
+// winding rule. The badge of a measure is as wide as what it reads.
+QPainterPath inkPath(const Annotation& mark, double scale, const MeasureInk::Reading& reading = {});
 // Turns what was drawn upright; the identity for kinds that do not turn.
 QTransform rotation(const Annotation& mark, double scale);
 
 // Where the mark can be hit with a pointer that is `tolerance` image points wide to each side.
-bool contains(const Annotation& mark, Point point, double tolerance);
+bool contains(const Annotation& mark, Point point, double tolerance, const MeasureInk::Reading& reading = {});
 
 } // namespace AnnotationInk
 

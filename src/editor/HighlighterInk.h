@@ -23,8 +23,9 @@ bool highlighterSweepContains(const Annotation& highlighter, Point point);
 // How much light is added above a dark page of that luminance: up to 0.3, in steps of 0.05.
 double lift(double pageLuma);
 
-// Draws the marks, all highlighters: those of one colour as one layer, so that none darkens twice. The painter is one
-// for Blending::fillPath; its y points up.
+// Draws the marks, all highlighters: those of one colour on pages of one kind, light or dark, as one layer, so that
+// none darkens twice; the last one says how dark the page is. The painter is one for Blending::fillPath; its y points
+// up.
 void drawHighlightLayer(QPainter& painter, const std::vector<const Annotation*>& highlighters, double scale);
 
 } // namespace HighlighterInk

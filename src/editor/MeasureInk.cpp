@@ -141,10 +141,10 @@ void MeasureInk::drawMeasure(QPainter& painter, const Annotation& measure, doubl
               textColorOn(color));
 }
 
-QPainterPath MeasureInk::inkPath(const Annotation& measure, double scale)
+QPainterPath MeasureInk::inkPath(const Annotation& measure, double scale, const Reading& reading)
 {
     QPainterPath path = lineInk(measure, scale);
-    path.addPath(badge(measure, scale, {}));
+    path.addPath(badge(measure, scale, reading));
     return path;
 }
 

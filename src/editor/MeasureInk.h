@@ -26,7 +26,7 @@ QRectF badgeBound(const Annotation& measure);
 void drawMeasure(QPainter& painter, const Annotation& measure, double scale, const Reading& reading);
 
 // All that it covers.
-QPainterPath inkPath(const Annotation& measure, double scale);
+QPainterPath inkPath(const Annotation& measure, double scale, const Reading& reading);
 
 } // namespace MeasureInk
 

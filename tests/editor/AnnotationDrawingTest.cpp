@@ -370,6 +370,17 @@ TEST(AnnotationDrawingTest, LabelsStayWithinTheirCullBound)
             }
 }
 
+TEST(AnnotationDrawingTest, AMeasuresBadgeIsHitWhereItIsRead)
+{
+    const Annotation measure = mark(Kind::measure, {{0, 50}, {120, 50}}, 2);
+    const MeasureInk::Reading wide{MeasureUnit::pixels, 1e6};
+    const QRectF badge = MeasureInk::measureBadgeRect(measure, 1, wide);
+    const Point end{badge.right() - 6, badge.center().y() - 2};
+    EXPECT_TRUE(AnnotationInk::contains(measure, end, 0, wide));
+    EXPECT_FALSE(AnnotationInk::contains(measure, end, 0));
+    EXPECT_GE(AnnotationExtent::visualExtent(measure, 1, wide).right(), badge.right());
+}
+
 TEST(AnnotationDrawingTest, ALongStrokeHasNoJoints)
 {
     Annotation pen = mark(Kind::pen, {}, 9);
