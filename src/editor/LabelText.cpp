@@ -75,6 +75,7 @@ LabelText::LabelText(const QString& text, const TextAttributes& attributes, std:
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     option.setUseDesignMetrics(true);
+    option.setAlignment(text.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
     m_layout.setTextOption(option);
     layOut(wrapWidth ? std::min(*wrapWidth / attributes.scale, unbounded) : unbounded);
     // Once more, so that lines which end on the right end where the longest one does.

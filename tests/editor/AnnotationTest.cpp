@@ -1,9 +1,11 @@
 #include "editor/Annotation.h"
 
+#include "editor/LabelText.h"
 #include "model/HexColor.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -111,6 +113,22 @@ TEST(AnnotationTest, AWordLongerThanALineAndLineEndsBreakLines)
     const double line = label("x", {{0, 0}}).measuredTextSize(std::nullopt).height;
     EXPECT_LE(label("Donaudampfschifffahrtsgesellschaft", {{0, 0}}).measuredTextSize(100).width, 100);
     EXPECT_NEAR(label("a\nb\nc", {{0, 0}}).measuredTextSize(std::nullopt).height, 3 * line, 2);
+}
+
+TEST(AnnotationTest, TextsFromRightToLeftEndOnTheRight)
+{
+    const auto edges = [](const char* text) {
+        const LabelText layout(QString::fromUtf8(text), 20, std::nullopt);
+        QRectF upper;
+        QRectF lower;
+        for (const QPainterPath& glyph : layout.outlines({0, 0}, 1)) {
+            QRectF& line = glyph.boundingRect().center().y() > -layout.size().height / 2 ? upper : lower;
+            line |= glyph.boundingRect();
+        }
+        return std::array{upper.left() - lower.left(), upper.right() - lower.right()};
+    };
+    EXPECT_NEAR(edges("nanananana\nna")[0], 0, 1);
+    EXPECT_NEAR(edges("\u05e9\u05dc\u05d5\u05dd \u05e9\u05dc\u05d5\u05dd\n\u05e9\u05dc\u05d5\u05dd")[1], 0, 1);
 }
 
 TEST(AnnotationTest, LuminanceOfKnownColours)
