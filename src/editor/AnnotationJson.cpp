@@ -160,9 +160,10 @@ class Entry {
 public:
     explicit Entry(std::string_view json)
     {
-        m_object = Json::parse(json.begin(), json.end(), [this](int depth, Json::parse_event_t event, Json& value) {
+        const auto filter = [this](int depth, Json::parse_event_t event, Json& value) {
             return keeps(depth, event, value);
-        });
+        };
+        m_object = Json::parse(json.begin(), json.end(), filter, false); // what is no JSON is no object
         // All that is left in the list is no point.
         if (const Json& points = require("points"); !points.is_array() || !points.empty())
             throw NotAnAnnotation();
