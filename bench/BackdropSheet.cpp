@@ -1,7 +1,7 @@
 #include "bench/BackdropSheet.h"
 
-#include "editor/BackdropCatalogue.h"
-#include "editor/EditorBackdropRenderer.h"
+#include "editor/backdrop/BackdropCatalogue.h"
+#include "editor/backdrop/EditorBackdropRenderer.h"
 
 #include <QPainterPath>
 

@@ -1,7 +1,7 @@
 #include "bench/MarkSheet.h"
 
 #include "editor/AnnotationFlattener.h"
-#include "editor/LabelText.h"
+#include "editor/marks/LabelText.h"
 
 #include <QPainter>
 

@@ -1,10 +1,10 @@
 // backdrop: what drawing a backdrop costs, in bare copies of the same pixels (3840 x 2160 and what surrounds them).
 
 #include "bench/Samples.h"
-#include "editor/BackdropCatalogue.h"
-#include "editor/EditorBackdropMetrics.h"
-#include "editor/EditorBackdropRenderer.h"
-#include "editor/GradientBitmap.h"
+#include "editor/backdrop/BackdropCatalogue.h"
+#include "editor/backdrop/EditorBackdropMetrics.h"
+#include "editor/backdrop/EditorBackdropRenderer.h"
+#include "editor/backdrop/GradientBitmap.h"
 
 #include <QGuiApplication>
 

@@ -3,8 +3,8 @@
 // fully, or when anything is reported that is not there.
 
 #include "platform/ImageCodec.h"
-#include "platform/PluginCodeReader.h"
-#include "recognition/QRCodeDetector.h"
+#include "platform/plugins/PluginCodeReader.h"
+#include "recognition/codes/QRCodeDetector.h"
 
 #include <QDir>
 #include <QGuiApplication>

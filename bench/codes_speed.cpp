@@ -3,10 +3,10 @@
 
 #include "bench/BenchPictures.h"
 #include "bench/Samples.h"
-#include "platform/PluginCodeReader.h"
-#include "recognition/GreyPicture.h"
-#include "recognition/QRCodeDetector.h"
-#include "recognition/RegionSearch.h"
+#include "platform/plugins/PluginCodeReader.h"
+#include "recognition/codes/GreyPicture.h"
+#include "recognition/codes/QRCodeDetector.h"
+#include "recognition/codes/RegionSearch.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>

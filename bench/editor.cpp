@@ -3,10 +3,10 @@
 
 #include "bench/BenchPictures.h"
 #include "bench/Samples.h"
-#include "editor/AnnotationDrawing.h"
-#include "editor/AnnotationExtent.h"
 #include "editor/AnnotationFlattener.h"
-#include "editor/RedactionSources.h"
+#include "editor/marks/AnnotationDrawing.h"
+#include "editor/marks/AnnotationExtent.h"
+#include "editor/marks/RedactionSources.h"
 
 #include <QGuiApplication>
 #include <QPainter>

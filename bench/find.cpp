@@ -3,8 +3,8 @@
 
 #include "bench/Samples.h"
 #include "model/TextFolding.h"
-#include "recognition/TextFind.h"
-#include "recognition/TextLayout.h"
+#include "recognition/text/TextFind.h"
+#include "recognition/text/TextLayout.h"
 
 #include <cmath>
 #include <cstdio>

@@ -5,9 +5,9 @@
 //   bench_overlay [ROUNDS]
 
 #include "bench/Samples.h"
-#include "capture/OverlayPainter.h"
-#include "capture/SelectionOverlayView.h"
-#include "platform/x11/X11Overlay.h"
+#include "overlay/OverlayPainter.h"
+#include "overlay/SelectionOverlayView.h"
+#include "platform/x11/overlay/X11Overlay.h"
 #include "tests/e2e/UserSession.h"
 #include "tests/support/PaintedScreen.h"
 #include "tests/support/Patterns.h"

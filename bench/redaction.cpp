@@ -3,8 +3,8 @@
 // tesseract command. Ends with 1 when more than a twentieth of the words is found, or when the pages can't be read
 // unblurred.
 
-#include "editor/LabelText.h"
-#include "editor/RedactionSources.h"
+#include "editor/marks/LabelText.h"
+#include "editor/marks/RedactionSources.h"
 #include "imaging/GaussianBlur.h"
 
 #include <QGuiApplication>

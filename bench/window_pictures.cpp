@@ -1,8 +1,8 @@
 // Takes a picture of every window and state, light and dark, into a folder, to be looked at:
 //
 //     QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=2 bench_window_pictures FOLDER
-#include "app/HomeWindow.h"
-#include "tools/ToastPanel.h"
+#include "toasts/ToastPanel.h"
+#include "welcome/HomeWindow.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "capture/CaptureHistory.h"
-#include "capture/CardPile.h"
-#include "capture/ReopenLedger.h"
 #include "platform/MainLoop.h"
+#include "ports/CaptureHistory.h"
+#include "ports/CardPile.h"
+#include "ports/ReopenLedger.h"
 
 namespace Kovrel {
 

@@ -1,14 +1,14 @@
 #include "app/Application.h"
 
 #include "app/AppPaths.h"
-#include "app/AppStyle.h"
-#include "app/DesktopSession.h"
-#include "platform/PluginSoundPlayer.h"
-#include "platform/PluginTextRecogniser.h"
-#include "platform/desktop/DesktopShortcuts.h"
-#include "recognition/PatientRecogniser.h"
+#include "platform/Clipboard.h"
+#include "platform/plugins/PluginSoundPlayer.h"
+#include "platform/plugins/PluginTextRecogniser.h"
+#include "platform/session/DesktopSession.h"
+#include "recognition/text/PatientRecogniser.h"
 #include "saving/DragFiles.h"
 #include "saving/PrivateFolder.h"
+#include "ui/AppStyle.h"
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -21,20 +21,11 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "com.kovrel.app")
 
-constexpr auto keychainDeadline = std::chrono::seconds(5);
 // A desktop gives up the keys of a shortcut some time after its setting.
 constexpr auto shortcutDelay = std::chrono::milliseconds(500);
 // For background work when the program ends.
 constexpr auto shortestGrace = std::chrono::milliseconds(1000);
 constexpr auto fullGrace = std::chrono::milliseconds(15000);
-
-double scaleOfScreen(const QString& name)
-{
-    for (const QScreen* screen : QGuiApplication::screens())
-        if (screen->name() == name)
-            return screen->devicePixelRatio();
-    return qApp->devicePixelRatio();
-}
 
 // Windows with a frame, minimised ones too; neither panels nor menus nor the tray item.
 bool isTitledWindow(const QWidget& widget)
@@ -74,25 +65,24 @@ Application::Application(AppDelegate::Launch launch)
       m_defaults(AppPaths::preferencesFile(), &m_workers),
       m_preferences(m_defaults),
       m_trace(m_loop, [this] { return m_defaults.boolean("traceCapture"); }),
-      m_desktop(m_loop, m_workers, scaleOfScreen),
+      m_desktop(Desktops::open(m_loop, m_workers)),
       m_localTokens(m_loop, m_workers, AppPaths::dataFolder()),
-      m_secretTokens(m_loop, keychainDeadline),
-      m_account(m_localTokens, m_secretTokens),
-      m_clipboardService(m_loop, m_workers, m_clipboard),
+      m_account(m_localTokens, m_desktop->secrets()),
+      m_clipboardService(m_loop, m_workers, m_desktop->clipboard()),
       m_editorSaves(m_loop, m_workers),
-      m_output(m_loop, m_workers, m_preferences, m_desktop.displays, m_clipboardService,
+      m_output(m_loop, m_workers, m_preferences, m_desktop->displays(), m_clipboardService,
                std::make_shared<ReservationJournal>(AppPaths::reservationFolder()),
                AppPaths::dataFolder() + "/Unsaved"),
       m_absent(m_loop),
-      m_backdrop(m_loop, m_workers, m_desktop.picture, m_desktop.displays, m_preferences),
+      m_backdrop(m_loop, m_workers, m_desktop->picture(), m_desktop->displays(), m_preferences),
       m_sounds(m_loop, m_workers, m_preferences, m_trace, std::make_unique<PluginSoundPlayer>()),
-      m_toasts(m_loop, m_desktop.displays),
-      m_nativeCapture(
-          {m_loop, m_workers, m_trace, m_desktop.pixels, m_desktop.windows, m_desktop.displays, m_toolProcess},
-          {AppPaths::screenshotTool(), AppPaths::temporaryFolder()}),
-      m_selectionOverlay({m_loop, m_preferences, m_trace, m_desktop.displays, m_desktop.pointer, m_desktop.windows,
-                          m_desktop.keys, m_screenLock, m_desktop.overlay}),
-      m_selectionCapture(m_loop, m_workers, m_desktop.windows),
+      m_toasts(m_loop, m_desktop->displays()),
+      m_nativeCapture({m_loop, m_workers, m_trace, m_desktop->pixels(), m_desktop->windows(), m_desktop->displays(),
+                       m_desktop->tools()},
+                      {AppPaths::screenshotTool(), AppPaths::temporaryFolder()}),
+      m_selectionOverlay({m_loop, m_preferences, m_trace, m_desktop->displays(), m_desktop->pointer(),
+                          m_desktop->windows(), m_desktop->keys(), m_desktop->lock(), m_desktop->overlay()}),
+      m_selectionCapture(m_loop, m_workers, m_desktop->windows()),
       m_recognition(m_loop, m_workers,
                     std::make_unique<PatientRecogniser>([] { return std::make_unique<PluginTextRecogniser>(); }),
                     [this] { return m_defaults.textList("textLanguages"); }),
@@ -102,30 +92,16 @@ Application::Application(AppDelegate::Launch launch)
       m_coordinator(captureServices()),
       m_delegate(*this, m_preferences, m_loop),
       m_commands(m_loop, m_workers, m_coordinator, m_delegate, m_account, m_preferences, m_trace, m_textCommand),
-      m_shortcuts(m_loop, m_workers, m_preferences, DesktopShortcuts::find(),
+      m_shortcuts(m_loop, m_workers, m_preferences, m_desktop->shortcuts(),
                   [this] { return m_account.isSignedIn() && mayRecordScreen(); }),
-      m_hotkeys(m_desktop.keys, m_preferences, m_trace, hotkeyHandlers())
+      m_hotkeys(m_desktop->keys(), m_preferences, m_trace, hotkeyHandlers())
 {
-    followScreens();
     m_coordinator.onCaptureFinished([this](const CaptureResult& result) {
         m_bus.announceCaptureFinished(result.id.toString(QUuid::WithoutBraces).toUpper(), rawString(result.mode),
                                       result.image.width(), result.image.height());
         if (m_homeWindow)
             m_homeWindow->refresh();
     });
-}
-
-// The X server tells of displays that come, go and move; their scale is Qt's to know.
-void Application::followScreens()
-{
-    const auto follow = [this](QScreen* screen) {
-        m_desktop.displays.refresh();
-        QObject::connect(screen, &QScreen::logicalDotsPerInchChanged, &m_context,
-                         [this] { m_desktop.displays.refresh(); });
-    };
-    for (QScreen* screen : QGuiApplication::screens())
-        follow(screen);
-    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &m_context, follow);
 }
 
 Application::~Application()
@@ -147,11 +123,11 @@ CaptureServices Application::captureServices()
         .workers = m_workers,
         .preferences = m_preferences,
         .trace = m_trace,
-        .displays = m_desktop.displays,
-        .pointer = m_desktop.pointer,
-        .pixels = m_desktop.pixels,
-        .windows = m_desktop.windows,
-        .keys = m_desktop.keys,
+        .displays = m_desktop->displays(),
+        .pointer = m_desktop->pointer(),
+        .pixels = m_desktop->pixels(),
+        .windows = m_desktop->windows(),
+        .keys = m_desktop->keys(),
         .engine = m_nativeCapture,
         .access = *this,
         .overlay = m_selectionOverlay,
@@ -305,7 +281,7 @@ void Application::startMaintainingShortcuts()
 void Application::prewarm()
 {
     m_selectionOverlay.prewarm();
-    m_desktop.keys.onModifiersHeld([this] { m_selectionOverlay.expectSession(); });
+    m_desktop->keys().onModifiersHeld([this] { m_selectionOverlay.expectSession(); });
 }
 
 void Application::prewarmDelayed() {}

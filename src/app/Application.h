@@ -1,38 +1,34 @@
 #pragma once
 
+#include "account/Account.h"
 #include "app/AbsentParts.h"
-#include "app/Account.h"
 #include "app/AppDelegate.h"
 #include "app/AppEnvironment.h"
-#include "app/CaptureOutput.h"
 #include "app/CommandRunner.h"
-#include "app/GlobalHotkeyManager.h"
-#include "app/HomeWindow.h"
 #include "app/SigtermSource.h"
-#include "app/SystemShortcutManager.h"
-#include "app/TextCommand.h"
-#include "app/TrayMenu.h"
-#include "capture/CaptureAccess.h"
+#include "app/commands/TextCommand.h"
 #include "capture/CaptureCoordinator.h"
-#include "capture/CaptureSounds.h"
-#include "capture/CaptureTrace.h"
-#include "capture/NativeScreenCapture.h"
 #include "capture/RecognitionTextReader.h"
-#include "capture/SelectionCapture.h"
-#include "capture/SelectionOverlayController.h"
-#include "capture/WindowBackdropCompositor.h"
-#include "platform/PluginCodeReader.h"
-#include "platform/SpawnedToolProcess.h"
-#include "platform/desktop/DBusScreenLock.h"
+#include "capture/delivery/CaptureOutput.h"
+#include "capture/pixels/NativeScreenCapture.h"
+#include "capture/pixels/WindowBackdropCompositor.h"
+#include "capture/selection/SelectionCapture.h"
+#include "capture/selection/SelectionOverlayController.h"
+#include "hotkeys/GlobalHotkeyManager.h"
+#include "hotkeys/SystemShortcutManager.h"
 #include "platform/desktop/FileTokenStore.h"
 #include "platform/desktop/InstanceBus.h"
-#include "platform/desktop/KeychainTokenStore.h"
-#include "platform/desktop/QtClipboard.h"
 #include "platform/desktop/QtMainLoop.h"
 #include "platform/desktop/ThreadWorkers.h"
-#include "platform/x11/X11Desktop.h"
+#include "platform/plugins/PluginCodeReader.h"
+#include "platform/session/Desktops.h"
+#include "ports/CaptureAccess.h"
+#include "ports/CaptureTrace.h"
 #include "saving/EditorSaves.h"
-#include "tools/ToastController.h"
+#include "sounds/CaptureSounds.h"
+#include "toasts/ToastController.h"
+#include "tray/TrayMenu.h"
+#include "welcome/HomeWindow.h"
 
 namespace Kovrel {
 
@@ -81,7 +77,6 @@ private:
     void refreshCredentials(std::chrono::seconds olderThan) override;
     void abandonColorPicking() override;
 
-    void followScreens();
     std::chrono::milliseconds timeToExit() const;
     CaptureServices captureServices();
     InstanceBus::Handlers busHandlers();
@@ -97,11 +92,9 @@ private:
     UserDefaults m_defaults;
     Preferences m_preferences;
     CaptureTrace m_trace;
-    X11Desktop m_desktop;
+    std::unique_ptr<Desktop> m_desktop;
     FileTokenStore m_localTokens;
-    KeychainTokenStore m_secretTokens;
     Account m_account;
-    QtClipboard m_clipboard;
     ClipboardService m_clipboardService;
     EditorSaves m_editorSaves;
     CaptureOutput m_output;
@@ -109,9 +102,7 @@ private:
     WindowBackdropCompositor m_backdrop;
     CaptureSounds m_sounds;
     ToastController m_toasts;
-    SpawnedToolProcess m_toolProcess;
     NativeScreenCapture m_nativeCapture;
-    DBusScreenLock m_screenLock;
     SelectionOverlayController m_selectionOverlay;
     SelectionCapture m_selectionCapture;
     VisionOCREngine m_recognition;

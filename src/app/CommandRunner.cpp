@@ -1,10 +1,10 @@
 #include "app/CommandRunner.h"
 
-#include "app/AnnotateCommand.h"
-#include "app/CaptureReport.h"
-#include "app/CodesCommand.h"
-#include "app/DesktopSession.h"
-#include "app/PreferencesCommand.h"
+#include "app/commands/AnnotateCommand.h"
+#include "app/commands/CaptureReport.h"
+#include "app/commands/CodesCommand.h"
+#include "app/commands/PreferencesCommand.h"
+#include "platform/session/DesktopSession.h"
 
 namespace Kovrel {
 

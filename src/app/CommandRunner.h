@@ -1,12 +1,12 @@
 #pragma once
 
-#include "app/Account.h"
+#include "account/Account.h"
 #include "app/AppDelegate.h"
-#include "app/TextCommand.h"
+#include "app/commands/TextCommand.h"
 #include "capture/CaptureCoordinator.h"
-#include "capture/CaptureTrace.h"
 #include "commandline/CommandLine.h"
 #include "platform/desktop/InstanceBus.h"
+#include "ports/CaptureTrace.h"
 
 namespace Kovrel {
 

@@ -1,13 +1,14 @@
-#include "app/AnnotateCommand.h"
 #include "app/AppPaths.h"
 #include "app/Application.h"
-#include "app/CodesCommand.h"
-#include "app/DesktopSession.h"
-#include "app/PreferencesCommand.h"
-#include "app/TextCommand.h"
-#include "platform/PluginCodeReader.h"
-#include "platform/PluginTextRecogniser.h"
-#include "recognition/PatientRecogniser.h"
+#include "app/commands/AnnotateCommand.h"
+#include "app/commands/CodesCommand.h"
+#include "app/commands/PreferencesCommand.h"
+#include "app/commands/TextCommand.h"
+#include "platform/desktop/KeychainTokenStore.h"
+#include "platform/plugins/PluginCodeReader.h"
+#include "platform/plugins/PluginTextRecogniser.h"
+#include "platform/session/DesktopSession.h"
+#include "recognition/text/PatientRecogniser.h"
 
 #include <QApplication>
 

@@ -1,14 +1,14 @@
 #include "capture/CaptureCoordinator.h"
 
-#include "capture/CaptureAccess.h"
-#include "capture/CaptureEffects.h"
-#include "capture/CaptureHistory.h"
-#include "capture/CaptureTrace.h"
-#include "capture/CardPile.h"
-#include "capture/PixelSource.h"
-#include "capture/SelectionOverlay.h"
-#include "capture/Toasts.h"
+#include "capture/pixels/PixelSource.h"
+#include "capture/selection/SelectionOverlay.h"
 #include "platform/Displays.h"
+#include "ports/CaptureAccess.h"
+#include "ports/CaptureEffects.h"
+#include "ports/CaptureHistory.h"
+#include "ports/CaptureTrace.h"
+#include "ports/CardPile.h"
+#include "ports/Toasts.h"
 #include "preferences/Preferences.h"
 
 namespace Kovrel {

@@ -1,11 +1,11 @@
 #include "capture/CaptureFinisher.h"
 
-#include "capture/CaptureDelivery.h"
-#include "capture/CaptureHistory.h"
-#include "capture/CaptureTrace.h"
-#include "capture/CardPile.h"
-#include "capture/ReopenLedger.h"
-#include "capture/Toasts.h"
+#include "ports/CaptureDelivery.h"
+#include "ports/CaptureHistory.h"
+#include "ports/CaptureTrace.h"
+#include "ports/CardPile.h"
+#include "ports/ReopenLedger.h"
+#include "ports/Toasts.h"
 #include "preferences/Preferences.h"
 
 namespace Kovrel {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "capture/CaptureRun.h"
-#include "capture/CaptureSave.h"
 #include "capture/CaptureServices.h"
-#include "capture/WindowBackdrop.h"
+#include "capture/pixels/WindowBackdrop.h"
 #include "platform/Scope.h"
+#include "ports/CaptureSave.h"
 #include "saving/EncodedPng.h"
 
 #include <memory>

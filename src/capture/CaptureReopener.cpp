@@ -1,9 +1,9 @@
 #include "capture/CaptureReopener.h"
 
-#include "capture/CaptureHistory.h"
-#include "capture/CardPile.h"
-#include "capture/ReopenLedger.h"
 #include "platform/Pointer.h"
+#include "ports/CaptureHistory.h"
+#include "ports/CardPile.h"
+#include "ports/ReopenLedger.h"
 
 namespace Kovrel {
 

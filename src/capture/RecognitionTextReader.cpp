@@ -1,6 +1,6 @@
 #include "capture/RecognitionTextReader.h"
 
-#include "recognition/RecognitionError.h"
+#include "recognition/text/RecognitionError.h"
 
 #include <QLoggingCategory>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "capture/TextReader.h"
-#include "recognition/QRCodeDetector.h"
-#include "recognition/VisionOCREngine.h"
+#include "ports/TextReader.h"
+#include "recognition/codes/QRCodeDetector.h"
+#include "recognition/text/VisionOCREngine.h"
 
 namespace Kovrel {
 

@@ -1,14 +1,14 @@
 #include "capture/SelectionFlow.h"
 
-#include "capture/CaptureEffects.h"
-#include "capture/CaptureTrace.h"
-#include "capture/CardPile.h"
-#include "capture/PixelSource.h"
-#include "capture/SelectionGrabber.h"
-#include "capture/TextReader.h"
-#include "capture/WindowTiles.h"
+#include "capture/pixels/PixelSource.h"
+#include "capture/selection/SelectionGrabber.h"
+#include "capture/selection/WindowTiles.h"
 #include "platform/Displays.h"
 #include "platform/ScreenPixels.h"
+#include "ports/CaptureEffects.h"
+#include "ports/CaptureTrace.h"
+#include "ports/CardPile.h"
+#include "ports/TextReader.h"
 
 namespace Kovrel {
 

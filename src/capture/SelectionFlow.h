@@ -3,9 +3,9 @@
 #include "capture/CaptureFinisher.h"
 #include "capture/CaptureStages.h"
 #include "capture/DesktopSurvey.h"
-#include "capture/SelectionOverlay.h"
 #include "capture/TextCapture.h"
 #include "capture/WindowComposition.h"
+#include "capture/selection/SelectionOverlay.h"
 #include "platform/Scope.h"
 
 namespace Kovrel {

@@ -1,7 +1,7 @@
 #include "capture/SelfTimer.h"
 
-#include "capture/Toasts.h"
 #include "platform/KeyGrabs.h"
+#include "ports/Toasts.h"
 #include "preferences/Preferences.h"
 
 namespace Kovrel {

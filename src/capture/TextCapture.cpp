@@ -1,10 +1,10 @@
 #include "capture/TextCapture.h"
 
-#include "capture/CaptureDelivery.h"
-#include "capture/CaptureHistory.h"
 #include "capture/QRToast.h"
-#include "capture/TextReader.h"
-#include "capture/Toasts.h"
+#include "ports/CaptureDelivery.h"
+#include "ports/CaptureHistory.h"
+#include "ports/TextReader.h"
+#include "ports/Toasts.h"
 
 namespace Kovrel {
 

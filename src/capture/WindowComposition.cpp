@@ -1,6 +1,6 @@
 #include "capture/WindowComposition.h"
 
-#include "capture/CaptureTrace.h"
+#include "ports/CaptureTrace.h"
 #include "preferences/Preferences.h"
 
 namespace Kovrel {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "capture/CaptureServices.h"
-#include "capture/WindowBackdrop.h"
+#include "capture/pixels/WindowBackdrop.h"
 #include "platform/Display.h"
 #include "platform/Scope.h"
 

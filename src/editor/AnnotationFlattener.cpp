@@ -1,9 +1,9 @@
 #include "editor/AnnotationFlattener.h"
 
-#include "editor/AnnotationDrawing.h"
-#include "editor/AnnotationExtent.h"
-#include "editor/EditorBackdropMetrics.h"
-#include "editor/RedactionSources.h"
+#include "editor/backdrop/EditorBackdropMetrics.h"
+#include "editor/marks/AnnotationDrawing.h"
+#include "editor/marks/AnnotationExtent.h"
+#include "editor/marks/RedactionSources.h"
 
 #include <QColorSpace>
 #include <QPainter>

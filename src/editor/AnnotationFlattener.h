@@ -1,10 +1,10 @@
 #pragma once
 
-#include "editor/Annotation.h"
-#include "editor/BackdropMargins.h"
-#include "editor/EditorBackdrop.h"
-#include "editor/EditorBackdropRenderer.h"
-#include "editor/MeasureInk.h"
+#include "editor/backdrop/BackdropMargins.h"
+#include "editor/backdrop/EditorBackdrop.h"
+#include "editor/backdrop/EditorBackdropRenderer.h"
+#include "editor/marks/Annotation.h"
+#include "editor/marks/MeasureInk.h"
 #include "model/CaptureSubject.h"
 
 #include <QImage>

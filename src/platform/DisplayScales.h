@@ -1,10 +1,8 @@
 #pragma once
 
-#include "platform/Display.h"
+#include "platform/Displays.h"
 
 #include <QString>
-
-#include <functional>
 
 namespace Kovrel {
 
@@ -15,7 +13,7 @@ inline constexpr const char* variable = "KOVREL_DISPLAY_SCALES";
 
 QString write(const DisplayList& displays);
 // The scale of the display with a name: 1 for those that the text does not tell.
-std::function<double(const QString& name)> read(const QString& text);
+ScaleLookup read(const QString& text);
 
 } // namespace DisplayScales
 

@@ -6,6 +6,9 @@
 
 namespace Kovrel {
 
+// Device pixels per point of the display with this name.
+using ScaleLookup = std::function<double(const QString& name)>;
+
 // The displays as they are now. Main thread; answers from a snapshot that follows changes of the desktop.
 class Displays {
 public:

@@ -400,9 +400,8 @@ TEST_F(SelectionTest, TheHotkeysOpenItAndSwitchItAlsoFromAMenu)
         return isOverlayUp();
     })) << "once the program is there";
     keyboard->type({super, shift, digit5});
-    ASSERT_TRUE(UserSession::eventually([this] {
-        return painted->pixelAt({910, 410}) == 0xff0000 && isOverlayUp();
-    })) << "lights up";
+    ASSERT_TRUE(UserSession::eventually([this] { return painted->pixelAt({910, 410}) == 0xff0000 && isOverlayUp(); }))
+        << "lights up";
     painted->click({1000, 500});
     QImage composed;
     ASSERT_TRUE(UserSession::eventually(

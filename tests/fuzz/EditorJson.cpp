@@ -2,9 +2,9 @@
 // and both must be drawable.
 
 #include "editor/AnnotationFlattener.h"
-#include "editor/AnnotationJson.h"
-#include "editor/EditorBackdropMetrics.h"
-#include "editor/EditorBackdropRenderer.h"
+#include "editor/backdrop/EditorBackdropMetrics.h"
+#include "editor/backdrop/EditorBackdropRenderer.h"
+#include "editor/json/AnnotationJson.h"
 
 #include <QGuiApplication>
 

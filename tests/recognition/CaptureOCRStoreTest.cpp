@@ -1,7 +1,7 @@
 #include "recognition/CaptureOCRStore.h"
 
-#include "recognition/RecognitionError.h"
-#include "recognition/VisionOCREngine.h"
+#include "recognition/text/RecognitionError.h"
+#include "recognition/text/VisionOCREngine.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeTextRecogniser.h"
 #include "tests/support/FakeWorkers.h"

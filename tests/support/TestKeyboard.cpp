@@ -1,6 +1,6 @@
 #include "tests/support/TestKeyboard.h"
 
-#include "platform/x11/X11Xkb.h"
+#include "platform/x11/keys/X11Xkb.h"
 
 #include <QProcess>
 

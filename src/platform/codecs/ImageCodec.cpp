@@ -1,6 +1,5 @@
 #include "platform/ImageCodec.h"
 
-#include "platform/Plugins.h"
 #include "platform/RegularFile.h"
 #include "platform/codecs/CodecLimits.h"
 #include "platform/codecs/HeifCodec.h"
@@ -8,6 +7,7 @@
 #include "platform/codecs/PngDecoder.h"
 #include "platform/codecs/PngEncoder.h"
 #include "platform/codecs/TiffEncoder.h"
+#include "platform/plugins/Plugins.h"
 
 #include <QBuffer>
 #include <QFile>

@@ -1,8 +1,8 @@
 #include "platform/recognisers/InkPage.h"
 
-#include "model/Median.h"
-#include "platform/recognisers/InkBlobs.h"
-#include "platform/recognisers/PixelRegions.h"
+#include "imaging/InkBlobs.h"
+#include "imaging/Median.h"
+#include "imaging/PixelRegions.h"
 
 #include <QPainter>
 

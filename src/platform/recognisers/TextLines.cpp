@@ -1,6 +1,6 @@
 #include "platform/recognisers/TextLines.h"
 
-#include "model/Median.h"
+#include "imaging/Median.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "platform/sound/PulseSoundPlayer.h"
 
-#include "platform/PluginSoundPlayer.h"
+#include "platform/plugins/PluginSoundPlayer.h"
 
 #include <QFile>
 

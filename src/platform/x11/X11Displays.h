@@ -13,9 +13,6 @@ namespace Kovrel {
 // local server on the main thread. Nothing wakes up while nothing changes.
 class X11Displays : public Displays {
 public:
-    // Device pixels per point of the display with this name.
-    using ScaleLookup = std::function<double(const QString& name)>;
-
     // The connection belongs to this object alone: it takes its events.
     X11Displays(std::unique_ptr<X11Connection> connection, ScaleLookup scaleOf);
 

@@ -1,4 +1,4 @@
-#include "platform/PluginTextRecogniser.h"
+#include "platform/plugins/PluginTextRecogniser.h"
 
 #include <QProcess>
 #include <QTransform>

@@ -1,6 +1,6 @@
 #include "platform/x11/X11Displays.h"
 #include "platform/x11/X11ScreenPixels.h"
-#include "platform/x11/X11WindowImage.h"
+#include "platform/x11/windows/X11WindowImage.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/GrabFailures.h"

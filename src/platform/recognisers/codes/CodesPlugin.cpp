@@ -1,4 +1,4 @@
-#include "platform/PluginCodeReader.h"
+#include "platform/plugins/PluginCodeReader.h"
 #include "platform/recognisers/codes/ZbarReader.h"
 #include "platform/recognisers/codes/ZxingReader.h"
 

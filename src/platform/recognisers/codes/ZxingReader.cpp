@@ -14,9 +14,9 @@ namespace {
 std::optional<QString> payloadOf(const ZXing::Result& result)
 {
     const ZXing::ByteArray& bytes = result.bytes();
-    const auto utf8 =
-        result.hasECI() ? std::nullopt
-                        : PayloadText::utf8({reinterpret_cast<const char*>(bytes.data()), qsizetype(bytes.size())});
+    const auto utf8 = result.hasECI()
+                          ? std::nullopt
+                          : PayloadText::utf8({reinterpret_cast<const char*>(bytes.data()), qsizetype(bytes.size())});
     return PayloadText::checked(utf8 ? *utf8 : QString::fromStdString(result.text()));
 }
 

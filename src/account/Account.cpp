@@ -1,0 +1,120 @@
+#include "account/Account.h"
+
+#include <QLoggingCategory>
+#include <QUrlQuery>
+#include <QUuid>
+
+namespace Kovrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.account")
+
+constexpr const char* tokenKey = "kovrel.session.token";
+
+// Wraps an answer so that it is dropped once the account has gone.
+template <class T>
+Reply<T> whileAlive(const std::shared_ptr<bool>& alive, Reply<T> reply)
+{
+    return [weak = std::weak_ptr(alive), reply = std::move(reply)](T value) {
+        if (!weak.expired())
+            reply(std::move(value));
+    };
+}
+
+} // namespace
+
+Account::Account(TokenStore& local, TokenStore& secrets) : m_local(local), m_secrets(secrets) {}
+
+void Account::restore()
+{
+    using Token = std::optional<QString>;
+    const int generation = m_generation;
+    const auto settleIfCurrent = [this, generation](bool isSignedIn) {
+        if (generation == m_generation)
+            settle(isSignedIn);
+    };
+    const auto fromSecrets =
+        whileAlive<Token>(m_alive, [settleIfCurrent](Token token) { settleIfCurrent(token.has_value()); });
+    m_local.read(tokenKey, whileAlive<Token>(m_alive, [this, settleIfCurrent, fromSecrets](Token token) {
+                     if (token)
+                         settleIfCurrent(true);
+                     else
+                         m_secrets.read(tokenKey, fromSecrets);
+                 }));
+}
+
+void Account::whenKnown(std::function<void()> work)
+{
+    if (m_isKnown)
+        work();
+    else
+        m_waiting.push_back(std::move(work));
+}
+
+void Account::settle(bool isSignedIn)
+{
+    ++m_generation;
+    const bool isChange = m_isKnown && isSignedIn != m_isSignedIn;
+    m_isSignedIn = isSignedIn;
+    m_isKnown = true;
+    for (const auto& work : std::exchange(m_waiting, {}))
+        work();
+    if (isChange)
+        for (const auto& observer : m_observers)
+            observer();
+}
+
+void Account::signInLocally(Reply<bool> reply)
+{
+    const QString token = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    m_local.write(tokenKey, token, whileAlive<bool>(m_alive, [this, reply](bool isStored) {
+                      if (isStored)
+                          settle(true);
+                      reply(isStored);
+                  }));
+}
+
+void Account::signOut(Reply<bool> reply)
+{
+    const auto removed = [this, reply](bool localIsGone, bool secretIsGone) {
+        if (localIsGone && secretIsGone)
+            settle(false);
+        reply(localIsGone && secretIsGone);
+    };
+    m_local.remove(tokenKey, whileAlive<bool>(m_alive, [this, removed](bool localIsGone) {
+                       m_secrets.remove(tokenKey, whileAlive<bool>(m_alive, [removed, localIsGone](bool secretIsGone) {
+                                            removed(localIsGone, secretIsGone);
+                                        }));
+                   }));
+}
+
+QString Account::beginWebSignIn()
+{
+    m_expectedState = QUuid::createUuid().toString(QUuid::Id128);
+    return m_expectedState;
+}
+
+void Account::handleCallback(const QUrl& url, Reply<bool> reply)
+{
+    const QUrlQuery query(url);
+    const QString token = query.queryItemValue("token", QUrl::FullyDecoded);
+    if (m_expectedState.isEmpty() || query.queryItemValue("state") != m_expectedState || token.isEmpty()) {
+        qCWarning(log, "Refused a sign-in answer that belongs to no request of this program");
+        reply(false);
+        return;
+    }
+    m_expectedState.clear();
+    m_secrets.write(tokenKey, token, whileAlive<bool>(m_alive, [this, reply](bool isStored) {
+                        if (isStored)
+                            settle(true);
+                        reply(isStored);
+                    }));
+}
+
+void Account::onChange(std::function<void()> observer)
+{
+    m_observers.push_back(std::move(observer));
+}
+
+} // namespace Kovrel

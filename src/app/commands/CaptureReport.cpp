@@ -1,0 +1,68 @@
+#include "app/commands/CaptureReport.h"
+
+#include "commandline/CommandLine.h"
+
+#include <nlohmann/json.hpp>
+
+namespace Kovrel {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json orNull(const std::optional<QString>& text)
+{
+    return text ? Json(text->toStdString()) : Json();
+}
+
+QString json(const CaptureOutcome& outcome)
+{
+    const CaptureResult& result = *outcome.result;
+    Json object{
+        {"id", result.id.toString(QUuid::WithoutBraces).toUpper().toStdString()},
+        {"mode", rawString(result.mode).toStdString()},
+        {"path", orNull(outcome.path)},
+        {"historyPath", orNull(outcome.historyPath)},
+        {"width", outcome.pixelSize.width()},
+        {"height", outcome.pixelSize.height()},
+        {"pixelScale", result.pixelScale},
+        {"sourceApp", result.sourceApp ? Json(result.sourceApp->name.toStdString()) : Json()},
+    };
+    if (outcome.text)
+        object["text"] = outcome.text->toStdString();
+    return QString::fromStdString(object.dump(-1, ' ', false, Json::error_handler_t::replace)) + '\n';
+}
+
+QString plain(const CaptureOutcome& outcome, bool waited)
+{
+    if (outcome.text)
+        return *outcome.text + '\n';
+    if (!waited)
+        return {};
+    const std::optional<QString>& place = outcome.path ? outcome.path : outcome.historyPath;
+    return place ? *place + '\n' : QString();
+}
+
+} // namespace
+
+CommandAnswer CaptureReport::answer(const CaptureOutcome& outcome, bool waited, bool asJson)
+{
+    switch (outcome.kind) {
+    case CaptureOutcome::Kind::finished:
+        return {.output = asJson ? json(outcome) : plain(outcome, waited)};
+    case CaptureOutcome::Kind::cancelled:
+        return {.exitCode = CommandLine::nothingThere, .error = "the capture was cancelled"};
+    case CaptureOutcome::Kind::ignored:
+        return {.exitCode = CommandLine::nothingThere, .error = "a capture is already starting"};
+    case CaptureOutcome::Kind::overwritten:
+        return {.exitCode = CommandLine::nothingThere, .error = "a later capture took this one's place"};
+    case CaptureOutcome::Kind::refused:
+        return {.exitCode = CommandLine::refused,
+                .error = outcome.message.isEmpty() ? "not signed in; run: kovrel sign-in --local" : outcome.message};
+    case CaptureOutcome::Kind::failed:
+        return {.exitCode = CommandLine::failed, .error = outcome.message};
+    }
+    return {.exitCode = CommandLine::failed};
+}
+
+} // namespace Kovrel

@@ -1,0 +1,144 @@
+#include "app/commands/PreferencesCommand.h"
+
+#include "commandline/CommandLine.h"
+#include "model/KeyCombo.h"
+#include "preferences/PreferenceTable.h"
+
+#include <QUrl>
+
+#include <cmath>
+#include <expected>
+
+namespace Kovrel {
+
+namespace {
+
+QString shown(const UserDefaults& defaults, const QString& key, SettingType type)
+{
+    switch (type) {
+    case SettingType::boolean:
+        return defaults.boolean(key) ? "true" : "false";
+    case SettingType::integer:
+        return QString::number(defaults.integer(key));
+    case SettingType::real:
+        return QString::number(defaults.real(key));
+    case SettingType::text:
+        return defaults.text(key);
+    case SettingType::data:
+        return QString::fromUtf8(defaults.data(key));
+    case SettingType::textList:
+        return defaults.textList(key).join(", ");
+    case SettingType::keyCombo: {
+        const auto combo = KeyCombo::fromStored(defaults.integer(key));
+        return combo ? combo->text() : "none";
+    }
+    }
+    return {};
+}
+
+std::expected<QVariant, QString> parsedNumber(const QString& text, SettingType type)
+{
+    bool isNumber = false;
+    const QVariant value =
+        type == SettingType::integer ? QVariant(text.toLongLong(&isNumber)) : QVariant(text.toDouble(&isNumber));
+    if (!isNumber || !std::isfinite(value.toDouble()))
+        return std::unexpected("takes a number");
+    return value;
+}
+
+std::expected<QVariant, QString> parsedCombo(const QString& text)
+{
+    if (text == "none")
+        return QVariant(0);
+    const auto combo = KeyCombo::fromText(text);
+    if (!combo)
+        return std::unexpected("takes a combination like Super+Shift+4, or none");
+    return QVariant(combo->stored());
+}
+
+// A folder as its path or its URL.
+std::expected<QVariant, QString> parsedFolder(const QString& text)
+{
+    const QUrl url = text.startsWith('/') ? QUrl::fromLocalFile(text) : QUrl(text, QUrl::StrictMode);
+    if (!url.isLocalFile() || !url.path().startsWith('/'))
+        return std::unexpected("takes the absolute path of a folder, or its file: URL");
+    return QVariant(url.toEncoded());
+}
+
+QStringList splitList(const QString& text)
+{
+    QStringList items;
+    for (const QString& item : text.split(',', Qt::SkipEmptyParts))
+        items << item.trimmed();
+    return items;
+}
+
+// What a text on the command line means for a setting, or what it should have been.
+std::expected<QVariant, QString> parsed(const QString& text, const Setting& setting)
+{
+    switch (setting.type) {
+    case SettingType::boolean:
+        if (text != "true" && text != "false")
+            return std::unexpected("takes true or false");
+        return QVariant(text == "true");
+    case SettingType::integer:
+    case SettingType::real:
+        return parsedNumber(text, setting.type);
+    case SettingType::text:
+        if (!setting.choices.isEmpty() && !setting.choices.contains(text))
+            return std::unexpected("takes one of: " + setting.choices.join(", "));
+        return QVariant(text);
+    case SettingType::data:
+        return setting.key == QLatin1StringView("saveLocationBookmark") ? parsedFolder(text) : QVariant(text.toUtf8());
+    case SettingType::textList:
+        return QVariant(splitList(text));
+    case SettingType::keyCombo:
+        return parsedCombo(text);
+    }
+    return std::unexpected("can't be set");
+}
+
+CommandAnswer list(const UserDefaults& defaults)
+{
+    CommandAnswer answer;
+    for (const Setting& setting : PreferenceTable::settings()) {
+        const QString key = QString::fromLatin1(setting.key);
+        answer.output +=
+            key + " = " + shown(defaults, key, setting.type) + (defaults.isStored(key) ? "" : "  (default)") + '\n';
+    }
+    return answer;
+}
+
+CommandAnswer stored(bool isStored)
+{
+    if (isStored)
+        return {};
+    return {.exitCode = CommandLine::failed, .error = "the setting could not be stored"};
+}
+
+CommandAnswer assign(UserDefaults& defaults, const QString& key, const Setting& setting, const QString& text)
+{
+    const auto value = parsed(text, setting);
+    if (!value)
+        return {.exitCode = CommandLine::usageError, .error = key + ' ' + value.error()};
+    return stored(defaults.set(key, *value));
+}
+
+} // namespace
+
+CommandAnswer PreferencesCommand::run(UserDefaults& defaults, const QStringList& operands)
+{
+    if (operands[0] == "list")
+        return list(defaults);
+    const QString& key = operands[1];
+    const auto setting = PreferenceTable::find(key);
+    if (!setting)
+        return {.exitCode = CommandLine::nothingThere, .error = "there is no setting \"" + key + '"'};
+    if (operands[0] == "get")
+        return {.output = shown(defaults, key, setting->type) + '\n'};
+    if (operands[0] == "set")
+        return assign(defaults, key, *setting, operands[2]);
+    return stored(defaults.remove(key));
+}
+
+} // namespace Kovrel

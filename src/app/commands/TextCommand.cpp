@@ -1,0 +1,105 @@
+#include "app/commands/TextCommand.h"
+
+#include "app/commands/CodesCommand.h"
+
+#include "platform/ImageCodec.h"
+#include "recognition/RecognitionJson.h"
+#include "recognition/text/RecognitionError.h"
+
+#include <nlohmann/json.hpp>
+
+namespace Kovrel {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json json(const OCRLine& line)
+{
+    return {{"text", line.text.toStdString()},
+            {"confidence", RecognitionJson::confidence(line.confidence)},
+            {"box", RecognitionJson::box(line.boundingBox)},
+            {"quad", line.quad ? RecognitionJson::quad(*line.quad) : Json()}};
+}
+
+QString json(const OCRResult& result, const std::vector<QRCode>& codes)
+{
+    Json lines = Json::array();
+    for (const OCRLine& line : result.lines)
+        lines.push_back(json(line));
+    const Json object{{"fullText", result.fullText.toStdString()},
+                      {"isOriented", result.isOriented},
+                      {"lines", lines},
+                      {"codes", CodesCommand::json(codes)}};
+    return QString::fromStdString(object.dump(-1, ' ', false, Json::error_handler_t::replace)) + '\n';
+}
+
+QString plain(const OCRResult& result, const std::vector<QRCode>& codes)
+{
+    QString text = result.fullText.isEmpty() ? QString() : result.fullText + '\n';
+    for (const QRCode& code : codes)
+        text += code.payload + '\n';
+    return text;
+}
+
+CommandAnswer answer(const OCRResult& result, const std::vector<QRCode>& codes, const Command& command)
+{
+    CommandAnswer answer{.output = command.has("json") ? json(result, codes) : plain(result, codes)};
+    if (result.fullText.isEmpty() && codes.empty()) {
+        answer.exitCode = CommandLine::nothingThere;
+        answer.error = "there is no text in " + QString::fromStdString(command.operands.front());
+    }
+    return answer;
+}
+
+CommandAnswer failure(const QString& message)
+{
+    return {.exitCode = CommandLine::failed, .error = message};
+}
+
+} // namespace
+
+TextCommand::TextCommand(MainLoop& loop, Workers& workers, VisionOCREngine& engine, QRCodeDetector& codes,
+                         std::function<void(double)> progress)
+    : m_engine(engine), m_codes(codes), m_progress(std::move(progress)), m_scope(loop, workers)
+{
+}
+
+void TextCommand::run(const Command& command, quint64 requestID, Reply<CommandAnswer> reply)
+{
+    Scope::start(read(command, requestID, std::move(reply)), "reading text");
+}
+
+void TextCommand::cancel(quint64 requestID)
+{
+    if (const auto running = m_running.find(requestID); running != m_running.end())
+        running->second.request_stop();
+}
+
+QCoro::Task<> TextCommand::read(Command command, quint64 requestID, Reply<CommandAnswer> reply)
+{
+    const std::stop_source stop;
+    m_running.insert_or_assign(requestID, stop);
+    const QString path = QString::fromStdString(command.operands.front());
+    const auto image = co_await m_scope.onWorker(Lane::utility, [path] { return ImageCodec::decodeFile(path); });
+    CommandAnswer result;
+    if (image) {
+        try {
+            auto codesRead = m_scope.join(m_codes.detectCodes(*image)); // at the same time as the text
+            const OCRResult text = co_await m_scope.join(m_engine.recognize(
+                *image, QualityOfService::userInitiated, !command.has("raw"), stop.get_token(), m_progress));
+            const auto codes = co_await codesRead;
+            result = codes ? answer(text, *codes, command) : failure(codes.error());
+        } catch (const RecognitionError& error) {
+            result = failure(error.message());
+        }
+    } else {
+        result = failure(image.error().message);
+    }
+    m_running.erase(requestID);
+    if (m_progress)
+        m_progress(1);
+    reply(result);
+}
+
+} // namespace Kovrel

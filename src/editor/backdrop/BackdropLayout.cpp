@@ -1,0 +1,12 @@
+#include "editor/backdrop/BackdropLayout.h"
+
+namespace Kovrel {
+
+QPainterPath BackdropLayout::captureClip() const
+{
+    QPainterPath path;
+    path.addRoundedRect(card, cardRadius, cardRadius);
+    return path;
+}
+
+} // namespace Kovrel

@@ -1,0 +1,121 @@
+#include "hotkeys/GlobalHotkeyManager.h"
+
+#include "ports/CaptureTrace.h"
+
+#include <QLoggingCategory>
+
+#include <algorithm>
+
+namespace Kovrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.hotkeys")
+
+constexpr KeyGrabs::Status takenByOurselves = -1;
+
+bool isHotkeySetting(const QString& key)
+{
+    return std::ranges::any_of(CaptureCommands::inHotkeyOrder(), [&](const CaptureCommands::Entry& command) {
+        return key == QLatin1StringView(command.hotkey);
+    });
+}
+
+void logRefusal(KeyGrabs::Status status)
+{
+    qCWarning(log, "Kovrel: failed to register hotkey (status %d)", status);
+}
+
+} // namespace
+
+GlobalHotkeyManager::GlobalHotkeyManager(KeyGrabs& keys, Preferences& preferences, CaptureTrace& trace,
+                                         Handlers handlers)
+    : m_keys(keys), m_preferences(preferences), m_trace(trace), m_handlers(std::move(handlers))
+{
+    m_keys.onLayoutChange([this] { refresh(); });
+    m_preferences.defaults().onChange([this](const QString& key) {
+        if (isHotkeySetting(key))
+            refresh();
+    });
+}
+
+GlobalHotkeyManager::~GlobalHotkeyManager()
+{
+    m_keys.onLayoutChange({});
+    unregisterAll();
+}
+
+void GlobalHotkeyManager::registerAll()
+{
+    m_isActive = true;
+    ++m_revision;
+    m_handlers.syncOwnership();
+    auto wanted = m_handlers.isSignedIn() ? wantedCombos() : std::map<HotkeyAction, KeyCombo>();
+    // What goes, goes first: two commands may have changed places.
+    std::erase_if(m_hotkeys, [&](const auto& registered) {
+        const Hotkey& hotkey = registered.second;
+        const auto same = wanted.find(hotkey.action);
+        const bool stays = same != wanted.end() && same->second == hotkey.combo;
+        if (stays)
+            wanted.erase(same);
+        else
+            m_keys.release(hotkey.grab);
+        return !stays;
+    });
+    for (const auto& [action, combo] : wanted)
+        registerHotkey(combo.keyCode, combo.modifiers, action);
+}
+
+// Of the settings; the combination of an earlier command is none for a later one.
+std::map<HotkeyAction, KeyCombo> GlobalHotkeyManager::wantedCombos() const
+{
+    std::map<HotkeyAction, KeyCombo> wanted;
+    for (const CaptureCommands::Entry& command : CaptureCommands::inHotkeyOrder()) {
+        const auto combo = m_preferences.hotkey(command.hotkey);
+        if (!combo)
+            continue;
+        if (std::ranges::any_of(wanted, [&](const auto& earlier) { return earlier.second == *combo; }))
+            logRefusal(takenByOurselves);
+        else
+            wanted.emplace(command.hotkeyAction, *combo);
+    }
+    return wanted;
+}
+
+void GlobalHotkeyManager::registerHotkey(quint32 keyCode, quint32 modifiers, HotkeyAction action)
+{
+    const ID id = ++m_lastID;
+    const KeyCombo combo{keyCode, modifiers};
+    const auto grab = m_keys.grab(combo, {.onPress = [this, id](KeyGrabs::Press press) {
+                                      if (!press.isRepeat)
+                                          handle(id);
+                                  }});
+    if (grab)
+        m_hotkeys.emplace(id, Hotkey{combo, action, *grab});
+    else
+        logRefusal(grab.error());
+}
+
+void GlobalHotkeyManager::refresh()
+{
+    if (m_isActive)
+        registerAll();
+}
+
+void GlobalHotkeyManager::unregisterAll()
+{
+    m_isActive = false;
+    for (const auto& [id, hotkey] : std::exchange(m_hotkeys, {}))
+        m_keys.release(hotkey.grab);
+}
+
+void GlobalHotkeyManager::handle(ID id)
+{
+    const auto hotkey = m_hotkeys.find(id);
+    if (hotkey == m_hotkeys.end())
+        return;
+    m_trace.begin();
+    m_handlers.perform(CaptureCommands::inHotkeyOrder()[size_t(hotkey->second.action)]);
+}
+
+} // namespace Kovrel

@@ -1,0 +1,34 @@
+#include "platform/session/DesktopSession.h"
+
+#include "platform/x11/X11Connection.h"
+
+#include <QDir>
+#include <QLibraryInfo>
+
+namespace Kovrel {
+
+DesktopSession::Kind DesktopSession::kind()
+{
+    // X programs on a Wayland desktop see only each other, and the screen as black.
+    if (qgetenv("XDG_SESSION_TYPE") == "wayland" || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        return Kind::wayland;
+    return qEnvironmentVariableIsEmpty("DISPLAY") ? Kind::none : Kind::x11;
+}
+
+bool DesktopSession::canShowWindows()
+{
+    if (!qEnvironmentVariableIsEmpty("DISPLAY"))
+        return X11Connection().isAlive();
+    const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms");
+    return kind() == Kind::wayland && !plugins.entryList({"libqwayland*"}).isEmpty();
+}
+
+QString DesktopSession::obstacle()
+{
+    if (kind() == Kind::wayland)
+        return "Kovrel can't capture a Wayland session yet. Log out, choose an X11 (Xorg) session at the login screen "
+               "and start Kovrel there.";
+    return {};
+}
+
+} // namespace Kovrel

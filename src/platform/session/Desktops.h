@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Desktop.h"
+#include "platform/MainLoop.h"
+#include "platform/Workers.h"
+
+#include <memory>
+
+namespace Kovrel {
+
+namespace Desktops {
+
+// The desktop that this process runs on. Needs a QGuiApplication.
+std::unique_ptr<Desktop> open(MainLoop& loop, Workers& workers);
+
+} // namespace Desktops
+
+} // namespace Kovrel

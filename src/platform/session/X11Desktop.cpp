@@ -1,0 +1,59 @@
+#include "platform/session/X11Desktop.h"
+
+#include "platform/desktop/DesktopShortcuts.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr auto keychainDeadline = std::chrono::seconds(5);
+
+double scaleOfScreen(const QString& name)
+{
+    for (const QScreen* screen : QGuiApplication::screens())
+        if (screen->name() == name)
+            return screen->devicePixelRatio();
+    return qGuiApp->devicePixelRatio();
+}
+
+} // namespace
+
+X11Desktop::X11Desktop(MainLoop& loop, Workers& workers)
+    : m_connection(std::make_shared<X11Connection>()),
+      m_reader(std::make_shared<X11ImageReader>(m_connection)),
+      m_displays(std::make_unique<X11Connection>(), scaleOfScreen),
+      m_keys(loop, std::make_unique<X11Connection>()),
+      m_pixels(loop, workers, m_reader),
+      m_pointer(loop, workers, m_connection, m_displays),
+      m_windows(loop, workers, m_reader, m_displays),
+      m_picture(loop, workers, m_reader, m_displays),
+      m_overlay(loop, workers, m_displays),
+      m_secrets(loop, keychainDeadline)
+{
+    m_reader->releaseWhenIdle(loop);
+    followScreens();
+}
+
+std::shared_ptr<ShortcutSwitches> X11Desktop::shortcuts()
+{
+    return DesktopShortcuts::find();
+}
+
+// The X server tells of displays that come, go and move; their scale is Qt's to know.
+void X11Desktop::followScreens()
+{
+    for (QScreen* screen : QGuiApplication::screens())
+        follow(screen);
+    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &m_context, [this](QScreen* screen) { follow(screen); });
+}
+
+void X11Desktop::follow(QScreen* screen)
+{
+    m_displays.refresh();
+    QObject::connect(screen, &QScreen::logicalDotsPerInchChanged, &m_context, [this] { m_displays.refresh(); });
+}
+
+} // namespace Kovrel

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/Desktop.h"
+#include "platform/desktop/DBusFileManager.h"
+#include "platform/desktop/DBusScreenLock.h"
+#include "platform/desktop/KeychainTokenStore.h"
+#include "platform/desktop/QtClipboard.h"
+#include "platform/desktop/QtSavePanel.h"
+#include "platform/desktop/SpawnedToolProcess.h"
+#include "platform/x11/X11Displays.h"
+#include "platform/x11/X11Pointer.h"
+#include "platform/x11/X11ScreenPixels.h"
+#include "platform/x11/keys/X11KeyGrabs.h"
+#include "platform/x11/overlay/X11OverlaySurfaces.h"
+#include "platform/x11/windows/X11DesktopPicture.h"
+#include "platform/x11/windows/X11Windows.h"
+
+#include <QObject>
+
+class QScreen;
+
+namespace Kovrel {
+
+// A desktop on an X server, with the connections that it needs: one for the capture lane, and one each for those that
+// listen to events on the main thread. What is no display server's business comes from the bus and the toolkit.
+class X11Desktop : public Desktop {
+public:
+    X11Desktop(MainLoop& loop, Workers& workers);
+
+    Displays& displays() override { return m_displays; }
+
+    Pointer& pointer() override { return m_pointer; }
+
+    KeyGrabs& keys() override { return m_keys; }
+
+    OverlaySurfaces& overlay() override { return m_overlay; }
+
+    ScreenPixels& pixels() override { return m_pixels; }
+
+    Windows& windows() override { return m_windows; }
+
+    DesktopPicture& picture() override { return m_picture; }
+
+    ScreenLock& lock() override { return m_lock; }
+
+    Clipboard& clipboard() override { return m_clipboard; }
+
+    FileManager& fileManager() override { return m_fileManager; }
+
+    SavePanel& savePanel() override { return m_savePanel; }
+
+    TokenStore& secrets() override { return m_secrets; }
+
+    ToolProcess& tools() override { return m_tools; }
+
+    std::shared_ptr<ShortcutSwitches> shortcuts() override;
+
+private:
+    void followScreens();
+    void follow(QScreen* screen);
+
+    std::shared_ptr<X11Connection> m_connection; // of the capture lane
+    std::shared_ptr<X11ImageReader> m_reader;
+    X11Displays m_displays;
+    X11KeyGrabs m_keys;
+    X11ScreenPixels m_pixels;
+    X11Pointer m_pointer;
+    X11Windows m_windows;
+    X11DesktopPicture m_picture;
+    X11OverlaySurfaces m_overlay;
+    DBusScreenLock m_lock;
+    QtClipboard m_clipboard;
+    DBusFileManager m_fileManager;
+    QtSavePanel m_savePanel;
+    KeychainTokenStore m_secrets;
+    SpawnedToolProcess m_tools;
+    QObject m_context; // of connections to what outlives us
+};
+
+} // namespace Kovrel

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "model/CaptureResult.h"
+#include "ports/CaptureChrome.h"
+#include "ports/CaptureSave.h"
+
+#include <memory>
+
+namespace Kovrel {
+
+// The cards of recent captures in a corner of a screen. Main thread.
+class CardPile : public CaptureChrome {
+public:
+    struct Card {
+        CaptureResult result;
+        std::optional<QString> savedPath;
+        bool didCopyToClipboard = false;
+        std::optional<quint32> displayID;
+        std::optional<CaptureResult> baseResult; // a reopened capture before its marks
+    };
+
+    // False while cards can't be shown.
+    virtual bool canPresent() const = 0;
+    // Pixels are coming: where the card will show.
+    virtual void prepareForIncomingCapture(std::optional<quint32> nearDisplay) = 0;
+    virtual void settleAfterAbandonedCapture() = 0;
+    virtual void present(Card card) = 0;
+    // The card shows how its save ended.
+    virtual void attachCaptureSave(std::shared_ptr<CaptureSave> save, QUuid cardID) = 0;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,86 @@
+#include "recognition/text/VisionOCREngine.h"
+
+#include "recognition/text/RecognitionError.h"
+#include "recognition/text/TextObservations.h"
+
+namespace Kovrel {
+
+namespace {
+
+// A picture that makes a recogniser load its models and finds nothing.
+QImage warmingPicture()
+{
+    QImage image(48, 24, QImage::Format_Grayscale8);
+    image.fill(Qt::white);
+    for (int y = 9; y < 15; ++y)
+        std::fill_n(image.scanLine(y) + 8, 32, uchar(0));
+    return image;
+}
+
+OCRResult read(TextRecogniser& recogniser, const QImage& image, const TextRecogniser::Request& request)
+{
+    if (request.stop.stop_requested())
+        throw RecognitionError("The recognition was cancelled.", true);
+    const auto observations = recogniser.recognise(image, request);
+    if (!observations)
+        throw RecognitionError(observations.error().message, observations.error().isCancelled);
+    return TextObservations::result(*observations, image.size());
+}
+
+QCoro::Task<> discard(QCoro::Task<OCRResult> result)
+{
+    co_await result;
+}
+
+} // namespace
+
+VisionOCREngine::VisionOCREngine(MainLoop& loop, Workers& workers, std::unique_ptr<TextRecogniser> recogniser,
+                                 std::function<QStringList()> languages)
+    : m_loop(loop),
+      m_workers(workers),
+      m_recogniser(std::move(recogniser)),
+      m_languages(std::move(languages)),
+      m_scope(loop, workers)
+{
+}
+
+VisionOCREngine::~VisionOCREngine()
+{
+    m_loop.cancel(m_rest);
+    m_end.request_stop();
+}
+
+void VisionOCREngine::prewarm()
+{
+    Scope::start(discard(recognize(warmingPicture(), QualityOfService::utility, true, m_end.get_token())),
+                 "loading the text recogniser");
+}
+
+QCoro::Task<OCRResult> VisionOCREngine::recognize(QImage image, QualityOfService qos, bool languageCorrection,
+                                                  std::stop_token stop, std::function<void(double)> progress)
+{
+    restLater();
+    std::stop_source ended;
+    const std::stop_callback byAsker(stop, [ended]() mutable { ended.request_stop(); });
+    const std::stop_callback byEngine(m_end.get_token(), [ended]() mutable { ended.request_stop(); });
+    const TextRecogniser::Request request{.correctsLanguage = languageCorrection,
+                                          .languages = m_languages(),
+                                          .customWords = {"Kovrel"},
+                                          .stop = ended.get_token(),
+                                          .progress = std::move(progress)};
+    OCRResult result = co_await m_scope.onWorker(Lane::visionOCR, qos, [recogniser = m_recogniser, image, request] {
+        return read(*recogniser, image, request);
+    });
+    co_return result;
+}
+
+void VisionOCREngine::restLater()
+{
+    m_loop.cancel(m_rest);
+    m_rest = m_loop.after(restsAfter, [this] {
+        m_workers.submit(Lane::visionOCR, QualityOfService::background,
+                         [recogniser = m_recogniser] { recogniser->releaseMemory(); });
+    });
+}
+
+} // namespace Kovrel

@@ -1,0 +1,55 @@
+#include "tray/TrayMenu.h"
+
+namespace Kovrel {
+
+TrayMenu::TrayMenu(Preferences& preferences, Handlers handlers)
+    : m_preferences(preferences), m_handlers(std::move(handlers)), m_item(QIcon(":/MenuBarIcon.svg"))
+{
+    m_cancelCountdown = m_menu.addAction("Cancel Countdown", this, [this] { m_handlers.cancelCountdown(); });
+    for (const CaptureCommands::Entry& entry : CaptureCommands::entries()) {
+        if (entry.action == CaptureCommands::Action::pickColor)
+            m_menu.addSeparator();
+        m_commands.emplace_back(m_menu.addAction(entry.label, this, [this, entry] { m_handlers.perform(entry); }),
+                                entry);
+    }
+    m_menu.addSeparator();
+    m_windowMenu.setTitle("Windows");
+    m_menu.addMenu(&m_windowMenu);
+    m_menu.addAction("Open Kovrel\u2026", this, [this] { m_handlers.openHome(); });
+    m_menu.addAction("Quit Kovrel", this, [this] { m_handlers.quit(); });
+    refresh();
+
+    connect(&m_menu, &QMenu::aboutToShow, this, &TrayMenu::refresh);
+    connect(&m_item, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::Trigger)
+            m_handlers.openHome();
+    });
+    m_item.setContextMenu(&m_menu);
+    m_item.setToolTip("Kovrel");
+}
+
+void TrayMenu::refreshWindows()
+{
+    m_windowMenu.clear();
+    for (const OpenWindow& window : m_handlers.openWindows()) {
+        QAction* action =
+            m_windowMenu.addAction(window.title.isEmpty() ? "Untitled" : window.title, this, window.focus);
+        action->setCheckable(true);
+        action->setChecked(window.isActive);
+    }
+    m_windowMenu.menuAction()->setVisible(!m_windowMenu.isEmpty());
+}
+
+void TrayMenu::refresh()
+{
+    refreshWindows();
+    m_cancelCountdown->setVisible(m_handlers.isCountingDown());
+    for (const auto& [action, entry] : m_commands) {
+        action->setEnabled(m_handlers.isEnabled(entry));
+        // Behind a tab, as a menu shows its shortcut: a real one would only work while the menu is open.
+        const auto combo = m_preferences.hotkey(entry.hotkey);
+        action->setText(entry.label + (combo ? '\t' + combo->text() : QString()));
+    }
+}
+
+} // namespace Kovrel

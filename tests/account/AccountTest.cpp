@@ -1,0 +1,164 @@
+#include "account/Account.h"
+#include "platform/desktop/FileTokenStore.h"
+#include "tests/support/FakeMainLoop.h"
+#include "tests/support/FakeWorkers.h"
+#include "tests/support/TempFolder.h"
+
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+namespace Kovrel {
+
+namespace {
+
+// A keychain that answers when the test says so.
+struct SlowKeychain : TokenStore {
+    void read(const QString&, Reply<std::optional<QString>> reply) override { pendingRead = std::move(reply); }
+
+    void write(const QString&, const QString& value, Reply<bool> reply) override
+    {
+        token = value;
+        reply(isWritable);
+    }
+
+    void remove(const QString&, Reply<bool> reply) override
+    {
+        if (isWritable)
+            token.reset();
+        reply(isWritable);
+    }
+
+    std::optional<QString> token;
+    bool isWritable = true;
+    Reply<std::optional<QString>> pendingRead;
+};
+
+struct AccountTest : testing::Test {
+    Testing::TempFolder folder;
+    Testing::FakeMainLoop loop;
+    Testing::FakeWorkers workers;
+    FileTokenStore local{loop, workers, folder / "data"};
+    SlowKeychain keychain;
+    std::optional<Account> account{std::in_place, local, keychain};
+    int changes = 0;
+
+    void SetUp() override
+    {
+        account->onChange([this] { ++changes; });
+    }
+
+    void settle()
+    {
+        workers.runAll();
+        loop.runPosted();
+    }
+
+    std::optional<bool> wait(const std::function<void(Reply<bool>)>& ask)
+    {
+        std::optional<bool> answer;
+        ask([&](bool value) { answer = value; });
+        settle();
+        return answer;
+    }
+};
+
+} // namespace
+
+TEST_F(AccountTest, TheLocalAccountIsAPrivateFileThatIsFoundAgain)
+{
+    EXPECT_EQ(wait([&](auto reply) { account->signInLocally(reply); }), true);
+    EXPECT_TRUE(account->isSignedIn());
+    const QFileInfo token(folder / "data/kovrel.session.token");
+    EXPECT_EQ(token.permissions() & 0x777, QFile::ReadUser | QFile::WriteUser | QFile::Permissions(0));
+
+    account.emplace(local, keychain);
+    bool isKnown = false;
+    account->restore();
+    account->whenKnown([&] { isKnown = true; });
+    EXPECT_FALSE(isKnown);
+    settle();
+    EXPECT_TRUE(isKnown);
+    EXPECT_TRUE(account->isSignedIn());
+    EXPECT_FALSE(keychain.pendingRead) << "the keychain is not bothered when this computer's account is there";
+
+    EXPECT_EQ(wait([&](auto reply) { account->signOut(reply); }), true);
+    EXPECT_FALSE(account->isSignedIn());
+    EXPECT_FALSE(QFileInfo::exists(token.filePath()));
+}
+
+TEST_F(AccountTest, ChangesAreToldButNotTheFirstAnswer)
+{
+    account->restore();
+    settle();
+    keychain.pendingRead(QString("token"));
+    EXPECT_TRUE(account->isSignedIn());
+    EXPECT_EQ(changes, 0);
+    wait([&](auto reply) { account->signOut(reply); });
+    EXPECT_EQ(changes, 1);
+    wait([&](auto reply) { account->signOut(reply); });
+    EXPECT_EQ(changes, 1);
+    wait([&](auto reply) { account->signInLocally(reply); });
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(AccountTest, ALateKeychainDoesNotUndoASignIn)
+{
+    account->restore();
+    settle();
+    wait([&](auto reply) { account->signInLocally(reply); });
+    keychain.pendingRead(std::nullopt);
+    EXPECT_TRUE(account->isSignedIn());
+}
+
+TEST_F(AccountTest, SigningOutFailsWhileTheKeychainKeepsItsToken)
+{
+    account->restore();
+    settle();
+    keychain.pendingRead(QString("token"));
+    keychain.isWritable = false;
+    EXPECT_EQ(wait([&](auto reply) { account->signOut(reply); }), false);
+    EXPECT_TRUE(account->isSignedIn());
+}
+
+TEST_F(AccountTest, AnAnswerAfterTheEndTouchesNothing)
+{
+    account->restore();
+    settle();
+    const auto late = keychain.pendingRead;
+    account.reset();
+    late(QString("token"));
+}
+
+TEST_F(AccountTest, WebAnswersAreTakenOnceAndOnlyForARequestOfOurs)
+{
+    const auto answer = [&](const QString& query) {
+        return wait([&](auto reply) { account->handleCallback(QUrl("kovrel://auth-callback" + query), reply); });
+    };
+    EXPECT_EQ(answer("?state=&token=t"), false) << "nobody asked";
+    const QString state = account->beginWebSignIn();
+    for (const QString& query :
+         {QString(), QString("?token=t"), QString("?state=guess&token=t"), QString("?state=" + state)})
+        EXPECT_EQ(answer(query), false) << qPrintable(query);
+    EXPECT_FALSE(account->isSignedIn());
+    EXPECT_EQ(answer("?state=" + state + "&token=a%2Bb"), true);
+    EXPECT_EQ(keychain.token, "a+b");
+    EXPECT_TRUE(account->isSignedIn());
+    EXPECT_EQ(answer("?state=" + state + "&token=other"), false) << "a state counts once";
+
+    const QString second = account->beginWebSignIn();
+    wait([&](auto reply) { account->signOut(reply); });
+    keychain.isWritable = false;
+    EXPECT_EQ(answer("?state=" + second + "&token=t"), false);
+    EXPECT_FALSE(account->isSignedIn()) << "a token that could not be kept signs nobody in";
+}
+
+TEST_F(AccountTest, AFolderThatCanNotBeWrittenIsAFailure)
+{
+    QFile blocker(folder / "data");
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    EXPECT_EQ(wait([&](auto reply) { account->signInLocally(reply); }), false);
+    EXPECT_FALSE(account->isSignedIn());
+}
+
+} // namespace Kovrel

@@ -1,0 +1,142 @@
+#include "overlay/SelectionOverlayView.h"
+#include "tests/support/Patterns.h"
+
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr QRect displayPixels(300, 200, 640, 480);
+using Ground = OverlaySurfaces::Ground;
+
+// Keeps what the surface of one display would show, and how much of it was painted.
+struct PaintedSurfaces : OverlaySurfaces {
+    PaintedSurfaces(const QImage& screen, Ground ground)
+        : ground(ground),
+          bare(screen),
+          shown(screen.size(), ground == Ground::frozen ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied)
+    {
+        shade(displayPixels);
+        painted = 0;
+    }
+
+    void prewarm() override {}
+
+    void expectOpening() override {}
+
+    void open(Opening, Handlers, Reply<std::optional<Opened>>) override {}
+
+    void takePointer(Reply<bool>) override {}
+
+    void reveal(const QRect& rootPixels) override
+    {
+        fill(rootPixels, [&](QPainter& painter, const QRect& part) {
+            if (ground == Ground::frozen)
+                painter.drawImage(part, bare, part);
+            else
+                painter.fillRect(part, Qt::transparent);
+        });
+    }
+
+    void shade(const QRect& rootPixels) override
+    {
+        fill(rootPixels, [&](QPainter& painter, const QRect& part) {
+            if (ground == Ground::frozen) {
+                painter.drawImage(part, bare, part);
+                painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+            }
+            painter.fillRect(part, OverlayPainter::shade());
+        });
+    }
+
+    void put(QPoint rootPixel, const QImage& pixels) override
+    {
+        fill(QRect(rootPixel, pixels.size()),
+             [&](QPainter& painter, const QRect& part) { painter.drawImage(part, pixels); });
+    }
+
+    void setCursor(std::function<OverlayCursor(const Display&)>) override {}
+
+    void movePointer(QPoint) override {}
+
+    void raise() override {}
+
+    void close() override {}
+
+    template <class Draw>
+    void fill(const QRect& rootPixels, Draw draw)
+    {
+        QPainter painter(&shown);
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        draw(painter, rootPixels.translated(-displayPixels.topLeft()));
+        painted += qint64(rootPixels.width()) * rootPixels.height();
+    }
+
+    Ground ground;
+    QImage bare;
+    QImage shown;
+    qint64 painted = 0;
+};
+
+} // namespace
+
+TEST(SelectionOverlayView, EverySceneLooksAsIfPaintedAnewAndRepaintsOnlyWhatChanged)
+{
+    const Display display{.id = 1, .pixelRect = displayPixels, .scale = 1.5};
+    const auto dragged = [](QPoint from, QPoint to) {
+        return OverlayScene::Moment{.area = QRect(from, to), .isDragging = true, .pointer = to};
+    };
+    const OverlayScene::Moment moments[] = {
+        {.pointer = QPoint(400, 300), .showsHint = true},
+        dragged({400, 300}, {700, 500}),
+        dragged({400, 300}, {705, 503}),
+        dragged({400, 300}, {939, 679}),
+        dragged({280, 190}, {500, 400}),
+        {.isWindowMode = true,
+         .windows = {{350, 250, 300, 200}, {650, 250, 100, 200}},
+         .windowsInSight = QRegion(350, 250, 300, 150),
+         .pointer = QPoint(400, 300),
+         .showsHint = true},
+        {.isWindowMode = true, .pointer = QPoint(2000, 300)},
+        {},
+    };
+    const QImage screen = Testing::pattern(displayPixels.size()).convertToFormat(QImage::Format_RGB32);
+    for (const Ground ground : {Ground::frozen, Ground::live}) {
+        PaintedSurfaces surfaces(screen, ground);
+        SelectionOverlayView view(surfaces, display, screen, ground);
+        for (const auto& moment : moments) {
+            SCOPED_TRACE(&moment - moments);
+            view.show(OverlayScene::of(display, moment));
+            const QImage expected = view.compose(displayPixels);
+            EXPECT_EQ(surfaces.shown, expected);
+        }
+        surfaces.painted = 0;
+        view.show(OverlayScene::of(display, moments[1]));
+        const qint64 whole = surfaces.painted;
+        surfaces.painted = 0;
+        view.show(OverlayScene::of(display, moments[2]));
+        EXPECT_LT(surfaces.painted, whole * 7 / 10) << "a move by some pixels";
+        surfaces.painted = 0;
+        view.show(OverlayScene::of(display, moments[2]));
+        EXPECT_EQ(surfaces.painted, 0) << "nothing changed";
+    }
+}
+
+TEST(SelectionOverlayView, ShowsOnlyWhatConcernsItsDisplay)
+{
+    const Display display{.id = 1, .pixelRect = displayPixels};
+    const auto elsewhere = OverlayScene::of(
+        display, {.area = QRect(0, 0, 50, 50), .isDragging = true, .pointer = QPoint(40, 40), .showsHint = true});
+    EXPECT_TRUE(elsewhere.decorations.empty());
+    EXPECT_TRUE(elsewhere.lit.isEmpty());
+    const auto across =
+        OverlayScene::of(display, {.area = QRect(0, 0, 500, 400), .isDragging = true, .pointer = QPoint(40, 40)});
+    EXPECT_EQ(across.lit, QRegion(300, 200, 200, 200));
+    for (const auto& decoration : across.decorations)
+        EXPECT_NE(decoration.kind, OverlayScene::Decoration::Kind::sizeLabel) << "the pointer is on another one";
+}
+
+} // namespace Kovrel
