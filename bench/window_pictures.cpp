@@ -45,18 +45,19 @@ void homeWindows(const Pictures& pictures, Preferences& preferences)
 {
     for (const bool isSignedIn : {false, true})
         for (const bool isBlocked : {false, true}) {
-            HomeWindow window(preferences, {
-                                               .isSignedIn = [=] { return isSignedIn; },
-                                               .signIn = [] {},
-                                               .obstacle =
-                                                   [=] {
-                                                       return isBlocked ? QString("Nothing can be captured "
-                                                                                  "here, and this is why.")
-                                                                        : QString();
-                                                   },
-                                               .isEnabled = [](const auto& entry) { return entry.mode.has_value(); },
-                                               .perform = [](const auto&) {},
-                                           });
+            HomeWindow window(preferences,
+                              {
+                                  .isSignedIn = [=] { return isSignedIn; },
+                                  .signIn = [] {},
+                                  .obstacle =
+                                      [=] {
+                                          return isBlocked ? QString("Nothing can be captured "
+                                                                     "here, and this is why.")
+                                                           : QString();
+                                      },
+                                  .isEnabled = [](const auto& entry) { return entry.arguments.front() == "capture"; },
+                                  .perform = [](const auto&) {},
+                              });
             window.refresh();
             pictures.save(QString("home-%1%2").arg(isSignedIn ? "commands" : "welcome", isBlocked ? "-blocked" : ""),
                           window);

@@ -1,5 +1,9 @@
 #include "app/AppDelegate.h"
 
+#include "ports/AccountStatus.h"
+#include "ports/CaptureEditors.h"
+#include "ports/HelpWindows.h"
+
 #include <QLoggingCategory>
 #include <QUrl>
 
@@ -12,12 +16,13 @@ namespace {
 Q_LOGGING_CATEGORY(log, "com.kovrel.app")
 
 constexpr auto delayedPrewarm = 2s;
-constexpr auto pendingSaveDeadline = 15s;
+constexpr auto pendingSaveDeadline = 15000ms;
 
 } // namespace
 
-AppDelegate::AppDelegate(AppEnvironment& environment, Preferences& preferences, MainLoop& loop)
-    : m_environment(environment), m_preferences(preferences), m_loop(loop)
+AppDelegate::AppDelegate(Features& features, const Ports& ports, Preferences& preferences, MainLoop& loop,
+                         Process process)
+    : m_features(features), m_ports(ports), m_preferences(preferences), m_loop(loop), m_process(std::move(process))
 {
 }
 
@@ -26,25 +31,38 @@ AppDelegate::~AppDelegate()
     m_loop.cancel(m_prewarmTimer);
 }
 
+// --- Start
+
 void AppDelegate::applicationDidFinishLaunching(const Launch& launch)
 {
     UserDefaults& defaults = m_preferences.defaults();
     Preferences::registerDefaults(defaults);
-    if (!defaults.isStored("saveLocationBookmark"))
-        m_environment.ensureDefaultSaveFolder();
     defaults.registerDefaults({{"NSInitialToolTipDelay", 1000}});
-    m_environment.restoreAccount();
-    m_environment.sweepTemporaryFiles();
-    m_environment.terminateOnSignal();
-    m_environment.registerHotkeys();
-    m_environment.startMaintainingShortcuts();
-    m_environment.onAccountChange([this] { accountChanged(); });
-    m_environment.prewarm();
-    m_prewarmTimer = m_loop.after(delayedPrewarm, [this] { m_environment.prewarmDelayed(); });
+    for (const auto& feature : m_features)
+        feature->start(launch);
+    m_ports.account.tell(&AccountStatus::onChange, [this] { accountChanged(); });
+    for (const auto& feature : m_features)
+        feature->prewarm();
+    m_prewarmTimer = m_loop.after(delayedPrewarm, [this] {
+        for (const auto& feature : m_features)
+            feature->prewarmLater();
+    });
     const bool isUpdated = noteBuild(launch);
-    m_environment.whenAccountIsKnown([this, launch, isUpdated] { showFirstWindow(launch, isUpdated); });
+    const auto showWindow = [this, launch, isUpdated] { showFirstWindow(launch, isUpdated); };
+    if (m_ports.account)
+        m_ports.account->whenKnown(showWindow);
+    else
+        showWindow();
     if (!launch.files.isEmpty())
-        m_environment.openFiles(launch.files);
+        openFiles(launch.files);
+}
+
+void AppDelegate::openFiles(const QStringList& paths)
+{
+    if (m_ports.editors)
+        m_ports.editors->openFiles(paths);
+    else
+        qCWarning(log, "Files can't be opened: %s", qUtf8Printable(paths.join(", ")));
 }
 
 bool AppDelegate::noteBuild(const Launch& launch)
@@ -60,65 +78,104 @@ void AppDelegate::showFirstWindow(const Launch& launch, bool isUpdated)
 {
     if (launch.isLoginItem)
         return;
-    if (!m_preferences.defaults().boolean("hasCompletedOnboarding")) {
-        m_environment.showOnboarding(!m_environment.isSignedIn());
+    if (!isOnboarded()) {
+        m_ports.help.tell(&HelpWindows::showOnboarding, !isSignedIn());
         return;
     }
-    if (!m_environment.isSignedIn())
-        m_environment.showHome();
-    else if (!m_environment.mayRecordScreen())
-        m_environment.showPermissionWindow();
+    if (!isSignedIn())
+        m_ports.help.tell(&HelpWindows::showHome);
+    else if (!m_process.mayRecordScreen())
+        m_ports.help.tell(&HelpWindows::showPermissionWindow);
     if (isUpdated)
-        m_environment.presentUpdatedNotice(launch.version);
+        m_ports.help.tell(&HelpWindows::presentUpdatedNotice, launch.version);
 }
 
 void AppDelegate::accountChanged()
 {
-    m_environment.unregisterHotkeys();
-    m_environment.registerHotkeys();
-    if (!m_environment.isSignedIn() && m_preferences.defaults().boolean("hasCompletedOnboarding"))
-        m_environment.showHome();
+    if (!isSignedIn() && isOnboarded())
+        m_ports.help.tell(&HelpWindows::showHome);
 }
+
+bool AppDelegate::isSignedIn() const
+{
+    return !m_ports.account || m_ports.account->isSignedIn();
+}
+
+bool AppDelegate::isOnboarded() const
+{
+    return m_preferences.defaults().boolean("hasCompletedOnboarding");
+}
+
+// --- While it runs
 
 void AppDelegate::applicationShouldHandleReopen()
 {
-    if (m_environment.bringTitledWindowsForward())
+    if (m_process.bringTitledWindowsForward())
         return;
-    if (m_preferences.defaults().boolean("hasCompletedOnboarding") && m_environment.isSignedIn())
-        m_environment.showHome();
+    if (isOnboarded() && isSignedIn())
+        m_ports.help.tell(&HelpWindows::showHome);
     else
-        m_environment.showOnboarding(!m_environment.isSignedIn());
+        m_ports.help.tell(&HelpWindows::showOnboarding, !isSignedIn());
 }
 
 void AppDelegate::handleURL(const QString& text)
 {
     const QUrl url(text);
-    if (url.scheme() == "kovrel" && url.host() == "auth-callback") {
-        m_environment.handleSignInAnswer(text);
-        return;
-    }
+    for (const auto& feature : m_features)
+        for (const UrlHandler& handler : feature->urlHandlers())
+            if (url.scheme() == "kovrel" && url.host() == handler.host) {
+                handler.handle(url);
+                return;
+            }
     const QString host = url.host().isEmpty() ? "<nil>" : url.host();
     qCCritical(log, "Unrecognized deep-link host: %s", qUtf8Printable(host));
 }
+
+// --- End
 
 AppDelegate::TerminationDecision AppDelegate::terminationDecision(const QString& reason)
 {
     if (m_isRelaunching || !reason.isEmpty())
         return TerminationDecision::terminate;
-    m_environment.closeTitledWindows();
+    m_process.closeTitledWindows();
     return TerminationDecision::cancel;
 }
 
 void AppDelegate::quit(const QString& reason)
 {
-    if (m_isTerminating || terminationDecision(reason) == TerminationDecision::cancel)
+    if (m_exitDeadline || terminationDecision(reason) == TerminationDecision::cancel)
         return;
-    m_isTerminating = true;
-    m_environment.stopTakingCommands();
-    m_environment.afterPendingSaves(pendingSaveDeadline, [this] {
-        m_environment.giveShortcutsBack();
-        m_environment.exit();
-    });
+    m_exitDeadline = m_loop.now() + pendingSaveDeadline;
+    m_process.stopTakingCommands();
+    finishPending([this] { end(); });
+}
+
+// All features at the same time; the last one calls back.
+void AppDelegate::finishPending(std::function<void()> done)
+{
+    const auto unfinished = std::make_shared<size_t>(m_features.size());
+    if (m_features.empty())
+        done();
+    for (const auto& feature : m_features)
+        feature->finishPending(pendingSaveDeadline, [unfinished, done] {
+            if (--*unfinished == 0)
+                done();
+        });
+}
+
+void AppDelegate::end()
+{
+    for (const auto& feature : m_features)
+        feature->prepareToEnd();
+    m_process.exit();
+}
+
+std::optional<std::chrono::milliseconds> AppDelegate::timeToExit() const
+{
+    if (!m_exitDeadline)
+        return std::nullopt;
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(*m_exitDeadline - m_loop.now());
+    return std::max(left, 0ms);
 }
 
 } // namespace Kovrel

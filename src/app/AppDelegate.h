@@ -1,8 +1,11 @@
 #pragma once
 
-#include "app/AppEnvironment.h"
+#include "app/foundation/Feature.h"
 #include "platform/MainLoop.h"
+#include "ports/Ports.h"
 #include "preferences/Preferences.h"
+
+#include <memory>
 
 namespace Kovrel {
 
@@ -10,15 +13,19 @@ namespace Kovrel {
 // thread.
 class AppDelegate {
 public:
-    struct Launch {
-        QStringList files;
-        bool isLoginItem = false; // started with the desktop: no window
-        QString build;
-        QString version;
+    // What it does to the process.
+    struct Process {
+        std::function<bool()> bringTitledWindowsForward; // answers whether there was one
+        std::function<void()> closeTitledWindows;
+        std::function<void()> stopTakingCommands; // new commands are for another instance
+        std::function<void()> exit;
+        std::function<bool()> mayRecordScreen;
     };
     enum class TerminationDecision { terminate, cancel };
+    using Features = std::vector<std::unique_ptr<Feature>>;
 
-    AppDelegate(AppEnvironment& environment, Preferences& preferences, MainLoop& loop);
+    // All of them outlive it.
+    AppDelegate(Features& features, const Ports& ports, Preferences& preferences, MainLoop& loop, Process process);
     ~AppDelegate();
 
     void applicationDidFinishLaunching(const Launch& launch);
@@ -26,24 +33,33 @@ public:
     void applicationShouldHandleReopen();
     void handleURL(const QString& url);
 
-    // A quit without a reason closes windows and keeps the program in the tray; one with a reason ends it, once the
-    // saves in flight are on disk.
+    // A quit without a reason closes windows and keeps the program in the tray; one with a reason ends it, once
+    // nothing that the features must finish is under way.
     void quit(const QString& reason);
+    // How long background work may still take; no value unless a quit was asked for.
+    std::optional<std::chrono::milliseconds> timeToExit() const;
 
     void setRelaunching(bool isRelaunching) { m_isRelaunching = isRelaunching; }
 
 private:
     TerminationDecision terminationDecision(const QString& reason);
+    void openFiles(const QStringList& paths);
     bool noteBuild(const Launch& launch);
     void showFirstWindow(const Launch& launch, bool isUpdated);
     void accountChanged();
+    bool isSignedIn() const;
+    bool isOnboarded() const;
+    void finishPending(std::function<void()> done);
+    void end();
 
-    AppEnvironment& m_environment;
+    Features& m_features;
+    const Ports& m_ports;
     Preferences& m_preferences;
     MainLoop& m_loop;
+    Process m_process;
     MainLoop::TimerID m_prewarmTimer = 0;
     bool m_isRelaunching = false;
-    bool m_isTerminating = false;
+    std::optional<std::chrono::microseconds> m_exitDeadline; // of the main loop's clock; set while terminating
 };
 
 } // namespace Kovrel

@@ -1,55 +1,14 @@
 #include "app/CommandRunner.h"
 
-#include "app/commands/AnnotateCommand.h"
-#include "app/commands/CaptureReport.h"
-#include "app/commands/CodesCommand.h"
-#include "app/commands/PreferencesCommand.h"
-#include "platform/session/DesktopSession.h"
+#include "commandline/CommandLine.h"
+
+#include <algorithm>
 
 namespace Kovrel {
 
-namespace {
-
-QStringList operandsOf(const Command& command)
+void CommandRunner::add(std::vector<CommandHandler> handlers)
 {
-    QStringList operands;
-    for (const std::string& operand : command.operands)
-        operands << QString::fromStdString(operand);
-    return operands;
-}
-
-Rect rectOf(const std::string& text)
-{
-    const QStringList numbers = QString::fromStdString(text).split(',');
-    return {numbers[0].toDouble(), numbers[1].toDouble(), numbers[2].toDouble(), numbers[3].toDouble()};
-}
-
-CaptureOptions optionsOf(const Command& command)
-{
-    CaptureOptions options;
-    if (command.has("rect"))
-        options.rect = rectOf(command.options.at("rect"));
-    if (command.has("output"))
-        options.outputPath = QString::fromStdString(command.options.at("output"));
-    options.save = command.has("save");
-    options.copy = command.has("copy");
-    options.waitsForFiles = command.has("wait") || command.has("output");
-    return options;
-}
-
-} // namespace
-
-CommandRunner::CommandRunner(MainLoop& loop, Workers& workers, CaptureCoordinator& coordinator, AppDelegate& delegate,
-                             Account& account, Preferences& preferences, CaptureTrace& trace, TextCommand& text)
-    : m_loop(loop),
-      m_workers(workers),
-      m_coordinator(coordinator),
-      m_delegate(delegate),
-      m_account(account),
-      m_preferences(preferences),
-      m_trace(trace),
-      m_text(text)
-{
+    std::ranges::move(handlers, std::back_inserter(m_handlers));
 }
 
 void CommandRunner::run(const QStringList& arguments, quint64 requestID, Reply<CommandAnswer> reply)
@@ -57,83 +16,55 @@ void CommandRunner::run(const QStringList& arguments, quint64 requestID, Reply<C
     std::vector<std::string> texts;
     for (const QString& argument : arguments)
         texts.push_back(argument.toStdString());
-    const auto command = CommandLine::parse(texts, "/");
-    if (!command) {
+    auto command = CommandLine::parse(texts, "/");
+    if (command)
+        run({.command = std::move(*command), .requestID = requestID}, std::move(reply));
+    else
         reply({.exitCode = CommandLine::usageError, .error = QString::fromStdString(command.error())});
-    } else if (command->name == "capture") {
-        m_trace.begin();
-        m_account.whenKnown([this, command = *command, requestID, reply] { capture(command, requestID, reply); });
-    } else if (command->name == "text") {
-        m_text.run(*command, requestID, reply);
-    } else if (command->name == "codes") {
-        runOnWorker(Lane::codes, [command = *command] { return CodesCommand::run(command); }, reply);
-    } else if (command->name == "annotate") {
-        runOnWorker(
-            Lane::utility,
-            [command = *command, settings = AnnotateCommand::settings(m_preferences.defaults())] {
-                return AnnotateCommand::run(command, settings);
-            },
-            reply);
-    } else if (command->name == "preferences") {
-        reply(PreferencesCommand::run(m_preferences.defaults(), operandsOf(*command)));
-    } else if (command->name == "sign-in" || command->name == "sign-out") {
-        runAccountCommand(*command, m_account, m_preferences.defaults(), reply);
-    } else {
-        reply({});
-        if (command->name == "quit")
-            m_delegate.quit("command");
-        else if (command->name == "url")
-            m_delegate.handleURL(QString::fromStdString(command->operands.front()));
-        else if (!command->has("background"))
-            m_delegate.applicationShouldHandleReopen();
-    }
+}
+
+void CommandRunner::run(Invocation invocation, Reply<CommandAnswer> reply)
+{
+    const std::string name = invocation.command.name;
+    if (const CommandHandler* handler = handlerOf(name))
+        handler->run(std::move(invocation), std::move(reply));
+    else
+        reply({.exitCode = CommandLine::failed,
+               .error = "this program has nothing that runs \"" + QString::fromStdString(name) + '"'});
 }
 
 void CommandRunner::cancel(quint64 requestID)
 {
-    m_coordinator.cancel(requestID);
-    m_text.cancel(requestID);
+    for (const CommandHandler& handler : m_handlers)
+        if (handler.cancel)
+            handler.cancel(requestID);
 }
 
-void CommandRunner::capture(const Command& command, quint64 requestID, Reply<CommandAnswer> reply)
+bool CommandRunner::isEnabled(const MenuEntry& entry) const
 {
-    const CaptureOptions options = optionsOf(command);
-    const bool asJson = command.has("json");
-    m_coordinator.capture({
-        .mode = *fromRawString<CaptureMode>(QString::fromStdString(command.operands.front())),
-        .options = options,
-        .reply = CaptureReply([reply, waited = options.waitsForFiles, asJson](CaptureOutcome outcome) {
-            if (outcome.kind == CaptureOutcome::Kind::refused)
-                outcome.message = DesktopSession::obstacle();
-            reply(CaptureReport::answer(outcome, waited, asJson));
-        }),
-        .id = requestID,
-    });
+    const CommandHandler* handler = handlerOf(entry.arguments.front());
+    return handler && (!handler->isAvailable || handler->isAvailable());
 }
 
-void CommandRunner::runOnWorker(Lane lane, std::function<CommandAnswer()> job, Reply<CommandAnswer> reply)
+void CommandRunner::perform(const MenuEntry& entry, bool isFromMenu)
 {
-    m_workers.submit(lane, [loop = &m_loop, job = std::move(job), reply] {
-        loop->post([reply, answer = job()] { reply(answer); });
-    });
+    if (!isEnabled(entry))
+        return;
+    if (auto command = CommandLine::parse(entry.arguments, "/"))
+        run({.command = std::move(*command), .isFromMenu = isFromMenu}, [](const CommandAnswer&) {});
 }
 
-void CommandRunner::runAccountCommand(const Command& command, Account& account, UserDefaults& defaults,
-                                      Reply<CommandAnswer> reply)
+void CommandRunner::performAction(const QString& name)
 {
-    const bool signsIn = command.name == "sign-in";
-    const auto answer = [reply, signsIn, &defaults](bool isDone) {
-        const bool isNoted = !isDone || !signsIn || defaults.set("hasCompletedOnboarding", true);
-        reply(isDone && isNoted
-                  ? CommandAnswer{}
-                  : CommandAnswer{.exitCode = CommandLine::failed,
-                                  .error = signsIn ? "the account could not be stored"
-                                                   : "the account could not be forgotten; the keychain may be locked"});
-    };
-    if (signsIn)
-        account.signInLocally(answer);
-    else
-        account.signOut(answer);
+    for (const MenuEntry& entry : CommandTable::menu())
+        if (name == QLatin1StringView(entry.action))
+            perform(entry, false);
+}
+
+const CommandHandler* CommandRunner::handlerOf(const std::string& command) const
+{
+    const auto found = std::ranges::find(m_handlers, command, &CommandHandler::command);
+    return found == m_handlers.end() ? nullptr : &*found;
 }
 
 } // namespace Kovrel

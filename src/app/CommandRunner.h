@@ -1,42 +1,34 @@
 #pragma once
 
-#include "account/Account.h"
-#include "app/AppDelegate.h"
-#include "app/commands/TextCommand.h"
-#include "capture/CaptureCoordinator.h"
-#include "commandline/CommandLine.h"
-#include "platform/desktop/InstanceBus.h"
-#include "ports/CaptureTrace.h"
+#include "app/foundation/CommandHandler.h"
+#include "commandline/CommandTable.h"
+
+#include <QStringList>
+
+#include <vector>
 
 namespace Kovrel {
 
-// Runs the commands of the command line in the running program. Main thread; answers once.
+// Hands commands to what runs them: from the command line, the bus, menus and hotkeys. Main thread.
 class CommandRunner {
 public:
-    CommandRunner(MainLoop& loop, Workers& workers, CaptureCoordinator& coordinator, AppDelegate& delegate,
-                  Account& account, Preferences& preferences, CaptureTrace& trace, TextCommand& text);
+    void add(std::vector<CommandHandler> handlers);
 
-    // `requestID` is what `cancel` takes when nobody waits for the answer any more.
+    // A command line, without the program's name. `requestID` is what `cancel` takes. Answers exactly once, also when
+    // the arguments make no sense or nothing runs the command.
     void run(const QStringList& arguments, quint64 requestID, Reply<CommandAnswer> reply);
+    void run(Invocation invocation, Reply<CommandAnswer> reply);
     void cancel(quint64 requestID);
 
-    // Sign-in and sign-out, which also run without the rest of the program.
-    static void runAccountCommand(const Command& command, Account& account, UserDefaults& defaults,
-                                  Reply<CommandAnswer> reply);
+    // An entry of a menu, which hotkeys and the bus share. One that is not enabled does nothing.
+    bool isEnabled(const MenuEntry& entry) const;
+    void perform(const MenuEntry& entry, bool isFromMenu);
+    void performAction(const QString& name);
 
 private:
-    void capture(const Command& command, quint64 requestID, Reply<CommandAnswer> reply);
+    const CommandHandler* handlerOf(const std::string& command) const;
 
-    void runOnWorker(Lane lane, std::function<CommandAnswer()> job, Reply<CommandAnswer> reply);
-
-    MainLoop& m_loop;
-    Workers& m_workers;
-    CaptureCoordinator& m_coordinator;
-    AppDelegate& m_delegate;
-    Account& m_account;
-    Preferences& m_preferences;
-    CaptureTrace& m_trace;
-    TextCommand& m_text;
+    std::vector<CommandHandler> m_handlers;
 };
 
 } // namespace Kovrel

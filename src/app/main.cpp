@@ -1,14 +1,8 @@
-#include "app/AppPaths.h"
 #include "app/Application.h"
-#include "app/commands/AnnotateCommand.h"
-#include "app/commands/CodesCommand.h"
-#include "app/commands/PreferencesCommand.h"
-#include "app/commands/TextCommand.h"
-#include "platform/desktop/KeychainTokenStore.h"
-#include "platform/plugins/PluginCodeReader.h"
-#include "platform/plugins/PluginTextRecogniser.h"
+#include "app/CommandRunner.h"
+#include "commandline/CommandLine.h"
+#include "commandline/CommandTable.h"
 #include "platform/session/DesktopSession.h"
-#include "recognition/text/PatientRecogniser.h"
 
 #include <QApplication>
 
@@ -59,46 +53,33 @@ QStringList toTexts(const std::vector<std::string>& texts)
 // Labels need fonts, which come with a platform; the one without a display looks for no server.
 std::unique_ptr<QCoreApplication> applicationFor(const Command& command, int& argc, char** argv)
 {
-    if (command.name != "annotate")
+    if (CommandTable::find(command.name)->runs != CommandSpec::Runs::drawing)
         return std::make_unique<QCoreApplication>(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 
-// Commands that need neither a display nor the rest of the program.
+// Runs a command that needs no display, with the features that need none.
 int runWithoutInstance(const Command& command, int& argc, char** argv)
 {
     const std::unique_ptr<QCoreApplication> application = applicationFor(command, argc, argv);
-    if (command.name == "codes")
-        return report(CodesCommand::run(command));
-    UserDefaults defaults(AppPaths::preferencesFile());
-    Preferences::registerDefaults(defaults);
-    if (command.name == "annotate")
-        return report(AnnotateCommand::run(command, AnnotateCommand::settings(defaults)));
-    if (command.name == "preferences")
-        return report(PreferencesCommand::run(defaults, toTexts(command.operands)));
-    QtMainLoop loop;
-    ThreadWorkers workers;
-    FileTokenStore tokens(loop, workers, AppPaths::dataFolder());
-    KeychainTokenStore secrets(loop, std::chrono::seconds(5));
-    Account account(tokens, secrets);
-    VisionOCREngine recognition(
-        loop, workers, std::make_unique<PatientRecogniser>([] { return std::make_unique<PluginTextRecogniser>(); }),
-        [&defaults] { return defaults.textList("textLanguages"); });
-    const PluginCodeReader codeReader;
-    QRCodeDetector codes(loop, workers, codeReader);
-    TextCommand text(loop, workers, recognition, codes, ::isatty(STDERR_FILENO) ? &showProgress : nullptr);
-    CommandAnswer result;
-    const auto finish = [&](const CommandAnswer& answer) {
+    Foundation foundation(Foundation::Kind::command);
+    if (::isatty(STDERR_FILENO))
+        foundation.progress = showProgress;
+    Preferences::registerDefaults(foundation.defaults);
+    Ports ports;
+    const auto features = FeatureList::make(FeatureList::all(), foundation, ports);
+    CommandRunner commands;
+    for (const auto& feature : features)
+        commands.add(feature->commands());
+    std::optional<CommandAnswer> result;
+    commands.run(Invocation{.command = command}, [&result](const CommandAnswer& answer) {
         result = answer;
         QCoreApplication::quit();
-    };
-    if (command.name == "text")
-        text.run(command, 0, finish);
-    else
-        CommandRunner::runAccountCommand(command, account, defaults, finish);
-    QCoreApplication::exec();
-    return report(result);
+    });
+    if (!result)
+        QCoreApplication::exec();
+    return report(result.value_or(CommandAnswer{.exitCode = CommandLine::failed}));
 }
 
 // What was said while starting went to whoever started us; from now on it belongs into the journal.
@@ -130,7 +111,8 @@ int runInstance(const Command& command, int& argc, char** argv)
 
     int exitCode = CommandLine::done;
     Application kovrel(
-        {.files = {}, .isLoginItem = command.has("background"), .build = KOVREL_BUILD, .version = KOVREL_VERSION});
+        {.files = {}, .isLoginItem = command.has("background"), .build = KOVREL_BUILD, .version = KOVREL_VERSION},
+        FeatureList::all());
     const InstanceBus::Claim claim = kovrel.claimInstance();
     if (claim == InstanceBus::Claim::taken) {
         if (!command.has("background"))

@@ -3,11 +3,13 @@
 #include "capture/pixels/PixelSource.h"
 #include "capture/selection/SelectionOverlay.h"
 #include "platform/Displays.h"
-#include "ports/CaptureAccess.h"
+#include "ports/AccountStatus.h"
 #include "ports/CaptureEffects.h"
 #include "ports/CaptureHistory.h"
 #include "ports/CaptureTrace.h"
 #include "ports/CardPile.h"
+#include "ports/ColorPicking.h"
+#include "ports/HelpWindows.h"
 #include "ports/Toasts.h"
 #include "preferences/Preferences.h"
 
@@ -50,7 +52,7 @@ CaptureCoordinator::~CaptureCoordinator()
 void CaptureCoordinator::capture(CaptureRequest request)
 {
     m_services.trace.mark("t1 coordinator entry (" + rawString(request.mode) + ")");
-    m_services.history.suspendIndexing();
+    m_services.ports.history.tell(&CaptureHistory::suspendIndexing);
     if (!m_isCapturing)
         startRun(std::move(request));
     else if (m_selection.isOverlayUp())
@@ -63,11 +65,11 @@ void CaptureCoordinator::startRun(CaptureRequest request)
 {
     if (!ensureScreenAccess()) {
         if (m_activeRuns == 0)
-            m_services.history.scheduleIdleIndex();
+            m_services.ports.history.tell(&CaptureHistory::scheduleIdleIndex);
         give(std::move(request.reply), CaptureOutcome::Kind::refused);
         return;
     }
-    m_services.effects.prewarm();
+    m_services.ports.effects.tell(&CaptureEffects::prewarm);
     m_isCapturing = true;
     m_selectionUIDone = false;
     m_currentRun = std::make_shared<CaptureRun>(CaptureRun{
@@ -145,26 +147,27 @@ void CaptureCoordinator::cancel(quint64 requestID)
 
 bool CaptureCoordinator::ensureScreenAccess()
 {
-    m_services.access.abandonColorPicking();
-    if (m_services.access.isSignedIn()) {
-        m_services.access.refreshCredentials(credentialsMaxAge);
+    const Ports& ports = m_services.ports;
+    ports.colorPicking.tell(&ColorPicking::abandon);
+    if (!ports.account || ports.account->isSignedIn()) {
+        ports.account.tell(&AccountStatus::refreshCredentials, credentialsMaxAge);
         return ensurePermission();
     }
     if (m_services.preferences.defaults().boolean("hasCompletedOnboarding"))
-        m_services.access.showHome();
+        ports.help.tell(&HelpWindows::showHome);
     else
-        m_services.access.showOnboarding(true);
+        ports.help.tell(&HelpWindows::showOnboarding, true);
     return false;
 }
 
 bool CaptureCoordinator::ensurePermission()
 {
-    if (m_services.access.mayRecordScreen())
+    if (m_services.mayRecordScreen())
         return true;
     if (m_services.preferences.defaults().boolean("hasCompletedOnboarding"))
-        m_services.access.showPermissionWindow();
+        m_services.ports.help.tell(&HelpWindows::showPermissionWindow);
     else
-        m_services.access.showOnboarding(false);
+        m_services.ports.help.tell(&HelpWindows::showOnboarding, false);
     return false;
 }
 
@@ -202,7 +205,7 @@ void CaptureCoordinator::leaveRun(const Run& run)
     selectionEnded(run);
     run->reply.give({});
     if (m_activeRuns == 0)
-        m_services.history.scheduleIdleIndex();
+        m_services.ports.history.tell(&CaptureHistory::scheduleIdleIndex);
 }
 
 void CaptureCoordinator::leaveInteractivePhase(const Run& run)
@@ -217,9 +220,8 @@ void CaptureCoordinator::selectionEnded(const Run& run, std::optional<DisplayAre
         return;
     if (m_chromeHiddenBy == run->generation) {
         m_chromeHiddenBy.reset();
-        m_services.cards.setHiddenForCapture(false);
-        m_services.historyWindow.setHiddenForCapture(false);
-        m_services.toasts.setHiddenForCapture(false);
+        setChromeHidden(false);
+        m_services.ports.toasts.tell(&Toasts::setHiddenForCapture, false);
     }
     if (area)
         m_lastArea = area;
@@ -238,7 +240,7 @@ void CaptureCoordinator::abandon(const Run& run, const QString& message)
 {
     selectionEnded(run);
     if (run->mode != CaptureMode::ocrRegion)
-        m_services.cards.settleAfterAbandonedCapture();
+        m_services.ports.cards.tell(&CardPile::settleAfterAbandonedCapture);
     if (!message.isEmpty())
         run->fail(message);
 }
@@ -269,10 +271,17 @@ bool CaptureCoordinator::hideChrome(const Run& run, bool withToasts)
     if (!m_services.preferences.defaults().boolean("hideChromeFromRecordings"))
         return false;
     m_chromeHiddenBy = run->generation;
-    bool changesScreen = m_services.cards.setHiddenForCapture(true);
-    changesScreen |= m_services.historyWindow.setHiddenForCapture(true);
-    if (withToasts)
-        changesScreen |= m_services.toasts.setHiddenForCapture(true);
+    bool changesScreen = setChromeHidden(true);
+    if (withToasts && m_services.ports.toasts)
+        changesScreen |= m_services.ports.toasts->setHiddenForCapture(true);
+    return changesScreen;
+}
+
+bool CaptureCoordinator::setChromeHidden(bool isHidden)
+{
+    bool changesScreen = m_services.ports.cards && m_services.ports.cards->setHiddenForCapture(isHidden);
+    for (CaptureChrome* chrome : m_services.ports.chrome)
+        changesScreen |= chrome->setHiddenForCapture(isHidden);
     return changesScreen;
 }
 
@@ -298,7 +307,8 @@ QCoro::Task<> CaptureCoordinator::runFullScreen(Run run, std::optional<Display> 
         abandon(run, "There is no display to capture");
         co_return;
     }
-    m_services.cards.prepareForIncomingCapture(previewOn.value_or(*target).id);
+    const quint32 cardDisplay = previewOn.value_or(*target).id;
+    m_services.ports.cards.tell(&CardPile::prepareForIncomingCapture, cardDisplay);
     const bool showCursor = m_services.preferences.defaults().boolean("showCursorInCapture");
     std::optional<PixelSource::Grab> grab =
         co_await m_scope.join(m_services.engine.pixels(target->pixelRect, showCursor));
@@ -308,12 +318,13 @@ QCoro::Task<> CaptureCoordinator::runFullScreen(Run run, std::optional<Display> 
         abandon(run, "The display could not be captured");
         co_return;
     }
-    m_services.effects.playShutterIfEnabled();
+    m_services.ports.effects.tell(&CaptureEffects::playShutterIfEnabled);
     selectionEnded(run);
     CaptureFinisher::Pixels pixels{
         .image = grab->image,
         .mode = run->mode,
         .displayID = target->id,
+        .cardDisplayID = cardDisplay,
         .pixelScale = target->scale,
         .sourceApp = {},
     };
@@ -369,7 +380,7 @@ QCoro::Task<> CaptureCoordinator::runTimed(Run run)
     }
     // The toast is fading out; it must not be in the picture.
     m_chromeHiddenBy = run->generation;
-    m_services.toasts.setHiddenForCapture(true);
+    m_services.ports.toasts.tell(&Toasts::setHiddenForCapture, true);
     leaveInteractivePhase(run);
     co_await m_scope.reply<bool>([this](auto done) { m_services.pixels.whenRepainted(done); });
     std::optional<Display> previewOn = co_await m_scope.join(m_survey.screenUnderMouse());

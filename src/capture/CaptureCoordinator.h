@@ -11,6 +11,7 @@
 #include "capture/SelfTimer.h"
 #include "platform/Display.h"
 #include "platform/Scope.h"
+#include "ports/Captures.h"
 
 #include <optional>
 
@@ -19,7 +20,7 @@ namespace Kovrel {
 // Turns capture requests into finished captures, one selection at a time. A request starts a run, waits in the one
 // place behind the run in progress (the last one wins), switches the overlay that is up, or is ignored; each is
 // answered exactly once. A new run may start while the one before is still finishing. Main thread.
-class CaptureCoordinator : private CaptureStages {
+class CaptureCoordinator : public Captures, private CaptureStages {
 public:
     explicit CaptureCoordinator(CaptureServices services);
     ~CaptureCoordinator() override;
@@ -32,9 +33,9 @@ public:
     // Closes a showing overlay as if Escape had been pressed.
     void cancelAim();
 
-    bool isCountingDown() const { return m_selfTimer.isCountingDown(); }
+    bool isCountingDown() const override { return m_selfTimer.isCountingDown(); }
 
-    void cancelCountdown();
+    void cancelCountdown() override;
     // Ends whatever the request is waiting for: its place in the queue, its overlay, its countdown.
     void cancel(quint64 requestID);
 
@@ -49,10 +50,8 @@ public:
     void reopenClosed(std::function<void(bool)> reply);
     void presentFromHistory(QUuid id, std::function<void(bool)> reply);
 
-    // Work that wants to bring a window to the front runs now, or when the selection in progress has ended.
-    void whenForegroundIsFree(std::function<void()> work);
-
-    void onCaptureFinished(std::function<void(const CaptureResult&)> observer);
+    void whenForegroundIsFree(std::function<void()> work) override;
+    void onCaptureFinished(std::function<void(const CaptureResult&)> observer) override;
 
     std::shared_ptr<CaptureSave> lastCaptureSave() const { return m_finisher.lastCaptureSave(); }
 
@@ -79,6 +78,7 @@ private:
     QCoro::Task<> runTimed(Run run);
 
     bool hideChrome(const Run& run, bool withToasts);
+    bool setChromeHidden(bool isHidden);
 
     CaptureServices m_services;
     CaptureFinisher m_finisher;

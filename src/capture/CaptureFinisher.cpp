@@ -1,12 +1,15 @@
 #include "capture/CaptureFinisher.h"
 
 #include "ports/CaptureDelivery.h"
-#include "ports/CaptureHistory.h"
+#include "ports/CaptureEditors.h"
+#include "ports/CapturePins.h"
 #include "ports/CaptureTrace.h"
 #include "ports/CardPile.h"
 #include "ports/ReopenLedger.h"
 #include "ports/Toasts.h"
 #include "preferences/Preferences.h"
+
+#include <QLoggingCategory>
 
 namespace Kovrel {
 
@@ -22,11 +25,28 @@ struct CaptureFinisher::Delivery {
 
 namespace {
 
+Q_LOGGING_CATEGORY(log, "com.kovrel.capture")
+
 CaptureOutcome outcomeOf(const CaptureResult& result)
 {
     CaptureOutcome outcome{.kind = CaptureOutcome::Kind::finished, .result = result, .pixelSize = result.image.size()};
     outcome.result->image = {};
     return outcome;
+}
+
+ToastContent couldNotBeSaved(const QString& reason)
+{
+    return {.message = "The capture could not be saved",
+            .subtitle = reason,
+            .icon = "exclamationmark.triangle",
+            .iconTint = QColor("#FF9F0A")};
+}
+
+std::shared_ptr<CaptureSave> saveWithoutDelivery()
+{
+    auto save = std::make_shared<CaptureSave>();
+    save->finish(std::unexpected(QString("this program can't save captures")));
+    return save;
 }
 
 } // namespace
@@ -57,12 +77,13 @@ CaptureResult CaptureFinisher::makeResult(Pixels pixels) const
 
 CaptureFinisher::Delivery CaptureFinisher::planDelivery(const CaptureOptions& options) const
 {
+    const Ports& ports = m_services.ports;
     const AfterCaptureActions actions = m_services.preferences.afterCaptureActions();
     Delivery plan{
         .save = options.save || options.outputPath || actions.testFlag(AfterCaptureAction::save),
         .copy = options.copy || actions.testFlag(AfterCaptureAction::copy),
-        .record = m_services.history.isRecording(),
-        .showCard = actions.testFlag(AfterCaptureAction::showCard) && m_services.cards.canPresent(),
+        .record = isRecording(),
+        .showCard = actions.testFlag(AfterCaptureAction::showCard) && ports.cards && ports.cards->canPresent(),
         .openEditor = actions.testFlag(AfterCaptureAction::openEditor),
         .pin = actions.testFlag(AfterCaptureAction::pin),
     };
@@ -74,6 +95,7 @@ CaptureFinisher::Delivery CaptureFinisher::planDelivery(const CaptureOptions& op
 
 QCoro::Task<> CaptureFinisher::finish(Pixels pixels, std::shared_ptr<CaptureRun> run, PendingComposition pendingFully)
 {
+    const auto cardDisplay = pixels.cardDisplayID ? pixels.cardDisplayID : pixels.displayID;
     CaptureResult result = makeResult(std::move(pixels));
     if (pendingFully) {
         ComposedCapture composed = co_await *pendingFully;
@@ -88,20 +110,16 @@ QCoro::Task<> CaptureFinisher::finish(Pixels pixels, std::shared_ptr<CaptureRun>
     if (plan.save)
         save = startSave(result, run->options, png);
     if (plan.copy)
-        m_services.delivery.copy(result, png);
-    std::optional<Wait<std::optional<QString>>> record;
+        m_services.ports.delivery.tell(&CaptureDelivery::copy, result, png);
+    std::shared_ptr<CaptureRecording> recording;
     if (plan.record)
-        record = m_scope.reply<std::optional<QString>>(
-            [&](auto done) { m_services.history.record(result, save, png, done); });
+        recording = record(result, save, png);
     if (plan.showCard)
-        presentCard(result, plan.copy, save);
-    if (plan.openEditor)
-        m_services.delivery.openEditor(result);
-    if (plan.pin)
-        m_services.delivery.pin(result);
+        presentCard(result, cardDisplay, plan.copy, save);
+    showElsewhere(plan, result);
 
     if (run->options.waitsForFiles)
-        co_await reportWhenOnDisk(outcomeOf(result), run, save, std::move(record));
+        co_await reportWhenOnDisk(outcomeOf(result), run, save, recording);
     else
         run->reply.give(outcomeOf(result));
 }
@@ -109,36 +127,61 @@ QCoro::Task<> CaptureFinisher::finish(Pixels pixels, std::shared_ptr<CaptureRun>
 std::shared_ptr<CaptureSave> CaptureFinisher::startSave(const CaptureResult& result, const CaptureOptions& options,
                                                         std::shared_ptr<EncodedPng> png)
 {
-    auto save = m_services.delivery.save(result, options.outputPath, std::move(png));
+    auto save = m_services.ports.delivery ? m_services.ports.delivery->save(result, options.outputPath, std::move(png))
+                                          : saveWithoutDelivery();
     m_lastCaptureSave = save;
-    save->whenDone([&services = m_services, id = result.id, display = result.displayID](const SaveOutcome& outcome) {
+    save->whenDone([&ports = m_services.ports, id = result.id, display = result.displayID](const SaveOutcome& outcome) {
         if (outcome)
-            services.ledger.rememberSavedFile(id, *outcome);
+            ports.ledger.tell(&ReopenLedger::rememberSavedFile, id, *outcome);
         else
-            services.toasts.present({.message = "The capture could not be saved",
-                                     .subtitle = outcome.error(),
-                                     .icon = "exclamationmark.triangle",
-                                     .iconTint = QColor("#FF9F0A")},
-                                    display, true);
+            ports.toasts.tell(&Toasts::present, couldNotBeSaved(outcome.error()), display, true);
     });
     return save;
 }
 
-void CaptureFinisher::presentCard(const CaptureResult& result, bool didCopy, std::shared_ptr<CaptureSave> save)
+std::shared_ptr<CaptureRecording>
+CaptureFinisher::record(const CaptureResult& result, std::shared_ptr<CaptureSave> save, std::shared_ptr<EncodedPng> png)
 {
-    m_services.cards.present({.result = result,
-                              .savedPath = {},
-                              .didCopyToClipboard = didCopy,
-                              .displayID = result.displayID,
-                              .baseResult = {}});
+    auto recording = m_services.ports.history->record(result, std::move(save), std::move(png));
+    recording->whenDone([](const RecordOutcome& outcome) {
+        if (!outcome)
+            qCWarning(log, "The capture was not recorded: %s", qUtf8Printable(outcome.error()));
+    });
+    return recording;
+}
+
+bool CaptureFinisher::isRecording() const
+{
+    return m_services.ports.history && m_services.ports.history->isRecording();
+}
+
+void CaptureFinisher::showElsewhere(const Delivery& plan, const CaptureResult& result)
+{
+    const Ports& ports = m_services.ports;
+    if (plan.openEditor && !ports.editors)
+        qCInfo(log, "There is no editor to open the capture in");
+    else if (plan.openEditor)
+        ports.editors->open(result);
+    if (plan.pin && !ports.pins)
+        qCInfo(log, "Captures can't be pinned");
+    else if (plan.pin)
+        ports.pins->pin(result);
+}
+
+void CaptureFinisher::presentCard(const CaptureResult& result, std::optional<quint32> showOn, bool didCopy,
+                                  std::shared_ptr<CaptureSave> save)
+{
+    CardPile& cards = *m_services.ports.cards;
+    cards.present(
+        {.result = result, .savedPath = {}, .didCopyToClipboard = didCopy, .showOn = showOn, .baseResult = {}});
     if (save)
-        m_services.cards.attachCaptureSave(std::move(save), result.id);
+        cards.attachCaptureSave(std::move(save), result.id);
     m_services.trace.mark("CARD presented (" + result.id.toString(QUuid::WithoutBraces) + ")");
 }
 
 QCoro::Task<> CaptureFinisher::reportWhenOnDisk(CaptureOutcome outcome, std::shared_ptr<CaptureRun> run,
                                                 std::shared_ptr<CaptureSave> save,
-                                                std::optional<Wait<std::optional<QString>>> record)
+                                                std::shared_ptr<CaptureRecording> recording)
 {
     if (save) {
         SaveOutcome saved = co_await m_scope.reply<SaveOutcome>([&](auto done) { save->whenDone(done); });
@@ -149,16 +192,19 @@ QCoro::Task<> CaptureFinisher::reportWhenOnDisk(CaptureOutcome outcome, std::sha
             outcome.message = saved.error();
         }
     }
-    if (record)
-        outcome.historyPath = co_await *record;
+    if (recording) {
+        RecordOutcome recorded = co_await m_scope.reply<RecordOutcome>([&](auto done) { recording->whenDone(done); });
+        if (recorded)
+            outcome.historyPath = *recorded;
+    }
     run->reply.give(std::move(outcome));
 }
 
 CaptureResult CaptureFinisher::keepInHistory(Pixels pixels)
 {
     CaptureResult result = makeResult(std::move(pixels));
-    if (m_services.history.isRecording())
-        m_services.history.record(result, nullptr, std::make_shared<EncodedPng>(result.image), [](auto) {});
+    if (isRecording())
+        record(result, nullptr, std::make_shared<EncodedPng>(result.image));
     return result;
 }
 

@@ -4,7 +4,7 @@
 #include "capture/CaptureServices.h"
 #include "capture/pixels/WindowBackdrop.h"
 #include "platform/Scope.h"
-#include "ports/CaptureSave.h"
+#include "ports/CaptureHistory.h"
 #include "saving/EncodedPng.h"
 
 #include <memory>
@@ -19,6 +19,7 @@ public:
         QImage image;
         CaptureMode mode = CaptureMode::area;
         std::optional<quint32> displayID;
+        std::optional<quint32> cardDisplayID; // where the card is to be shown, if not there
         double pixelScale = 2.0;
         std::optional<SourceApp> sourceApp;
     };
@@ -46,10 +47,14 @@ private:
     Delivery planDelivery(const CaptureOptions& options) const;
     std::shared_ptr<CaptureSave> startSave(const CaptureResult& result, const CaptureOptions& options,
                                            std::shared_ptr<EncodedPng> png);
-    void presentCard(const CaptureResult& result, bool didCopy, std::shared_ptr<CaptureSave> save);
+    bool isRecording() const;
+    std::shared_ptr<CaptureRecording> record(const CaptureResult& result, std::shared_ptr<CaptureSave> save,
+                                             std::shared_ptr<EncodedPng> png);
+    void presentCard(const CaptureResult& result, std::optional<quint32> showOn, bool didCopy,
+                     std::shared_ptr<CaptureSave> save);
+    void showElsewhere(const Delivery& plan, const CaptureResult& result);
     QCoro::Task<> reportWhenOnDisk(CaptureOutcome outcome, std::shared_ptr<CaptureRun> run,
-                                   std::shared_ptr<CaptureSave> save,
-                                   std::optional<Wait<std::optional<QString>>> record);
+                                   std::shared_ptr<CaptureSave> save, std::shared_ptr<CaptureRecording> recording);
 
     CaptureServices& m_services;
     std::vector<std::function<void(const CaptureResult&)>> m_observers;

@@ -14,7 +14,8 @@ CaptureReopener::CaptureReopener(CaptureServices& services)
 
 void CaptureReopener::reopenClosed(std::function<void(bool)> reply)
 {
-    if (const auto id = m_services.ledger.takeLastClosed())
+    const auto id = m_services.ports.ledger ? m_services.ports.ledger->takeLastClosed() : std::nullopt;
+    if (id)
         presentFromHistory(*id, std::move(reply));
     else
         reply(false);
@@ -27,21 +28,22 @@ void CaptureReopener::presentFromHistory(QUuid id, std::function<void(bool)> rep
 
 QCoro::Task<> CaptureReopener::reopen(QUuid id, std::function<void(bool)> reply)
 {
-    if (!m_reopensInFlight.insert(id).second) {
+    const Ports& ports = m_services.ports;
+    if (!ports.history || !ports.cards || !m_reopensInFlight.insert(id).second) {
         reply(false);
         co_return;
     }
     const auto leave = qScopeGuard([this, id] { m_reopensInFlight.erase(id); });
     using Loaded = std::optional<CaptureHistory::Reopened>;
-    Loaded loaded = co_await m_scope.reply<Loaded>([&](auto done) { m_services.history.load(id, done); });
+    Loaded loaded = co_await m_scope.reply<Loaded>([&](auto done) { ports.history->load(id, done); });
     using Position = std::optional<PointerPosition>;
     const Position pointer = co_await m_scope.reply<Position>([this](auto done) { m_services.pointer.position(done); });
     if (loaded)
-        m_services.cards.present({
+        ports.cards->present({
             .result = loaded->result,
             .savedPath = loaded->savedPath,
             .didCopyToClipboard = false,
-            .displayID = pointer ? std::optional(pointer->displayID) : std::nullopt,
+            .showOn = pointer ? std::optional(pointer->displayID) : std::nullopt,
             .baseResult = loaded->base,
         });
     reply(loaded.has_value());

@@ -1,26 +1,21 @@
 #pragma once
 
+#include "ports/Ports.h"
+
+#include <functional>
+
 namespace Kovrel {
 
-class CaptureAccess;
-class CaptureChrome;
-class CaptureDelivery;
-class CaptureEffects;
-class PixelSource;
-class CaptureHistory;
 class CaptureTrace;
-class CardPile;
 class Displays;
 class KeyGrabs;
 class MainLoop;
+class PixelSource;
 class Pointer;
 class Preferences;
-class ReopenLedger;
 class ScreenPixels;
 class SelectionGrabber;
 class SelectionOverlay;
-class TextReader;
-class Toasts;
 class WindowBackdrop;
 class Windows;
 class Workers;
@@ -39,19 +34,13 @@ struct CaptureServices {
     KeyGrabs& keys;
     PixelSource& engine;
 
-    CaptureAccess& access;
     SelectionOverlay& overlay;
     SelectionGrabber& grabber;
     WindowBackdrop& backdrop;
-    CaptureEffects& effects;
-    TextReader& textReader;
 
-    CardPile& cards;
-    CaptureChrome& historyWindow;
-    Toasts& toasts;
-    CaptureHistory& history;
-    ReopenLedger& ledger;
-    CaptureDelivery& delivery;
+    // Whether this desktop gives us its pixels; shows no prompt.
+    std::function<bool()> mayRecordScreen;
+    const Ports& ports;
 };
 
 } // namespace Kovrel

@@ -57,7 +57,7 @@ QCoro::Task<SelectionResult> SelectionFlow::select(Run run, SelectionOverlay::Mo
     if (isWindowPick)
         co_await prewarmWindowBackdrop();
     if (ocrOnly)
-        m_services.textReader.expectReading();
+        m_services.ports.textReader.tell(&TextReader::expectReading);
     SelectionResult selection = co_await result;
     m_overlayIsUp = false;
     m_stages.leaveInteractivePhase(run);
@@ -154,8 +154,8 @@ QCoro::Task<> SelectionFlow::runGivenArea(Run run, bool ocrOnly)
 QCoro::Task<> SelectionFlow::finishArea(Run run, QImage image, QRect rootPixels, Display display, bool ocrOnly)
 {
     if (!ocrOnly) {
-        m_services.effects.playShutterIfEnabled();
-        m_services.cards.prepareForIncomingCapture(display.id);
+        m_services.ports.effects.tell(&CaptureEffects::playShutterIfEnabled);
+        m_services.ports.cards.tell(&CardPile::prepareForIncomingCapture, display.id);
     }
     m_stages.selectionEnded(run, DisplayArea{display.id, rootPixels.translated(-display.pixelRect.topLeft())});
     CaptureFinisher::Pixels pixels{
@@ -192,8 +192,9 @@ QCoro::Task<> SelectionFlow::takeWindows(Run run, std::vector<WindowInfo> window
         co_return;
     }
     if (!ocrOnly) {
-        m_services.effects.playShutterIfEnabled();
-        m_services.cards.prepareForIncomingCapture(display ? std::optional(display->id) : std::nullopt);
+        m_services.ports.effects.tell(&CaptureEffects::playShutterIfEnabled);
+        m_services.ports.cards.tell(&CardPile::prepareForIncomingCapture,
+                                    display ? std::optional(display->id) : std::nullopt);
     }
     m_stages.selectionEnded(run);
     CaptureFinisher::Pixels picked{

@@ -40,16 +40,16 @@ QCoro::Task<bool> SelfTimer::countDown(std::optional<quint32> displayID)
     const auto atEnd = qScopeGuard([this, grab] {
         if (grab)
             m_services.keys.release(*grab);
-        m_services.toasts.dismiss(true);
+        m_services.ports.toasts.tell(&Toasts::dismiss, true);
     });
     int remaining = m_services.preferences.selfTimerSeconds();
-    m_services.toasts.present(countToast(remaining), displayID, false);
+    m_services.ports.toasts.tell(&Toasts::present, countToast(remaining), displayID, false);
     while (remaining > 0) {
         const bool goesOn = co_await oneSecond();
         if (!goesOn)
             co_return false;
         if (--remaining > 0)
-            m_services.toasts.update(countToast(remaining), false);
+            m_services.ports.toasts.tell(&Toasts::update, countToast(remaining), false);
     }
     co_return true;
 }

@@ -13,12 +13,20 @@ namespace {
 constexpr int previewLength = 80;
 constexpr double failureDwell = 6; // seconds
 
+QStringList payloads(const TextReader::Reading& reading)
+{
+    QStringList all;
+    for (const QRCode& code : reading.codes)
+        all << code.payload;
+    return all;
+}
+
 // Codes stand behind the text, each on a line of its own.
 QString composedText(const TextReader::Reading& reading)
 {
-    QStringList parts = reading.codePayloads;
-    if (!reading.text.isEmpty())
-        parts.prepend(reading.text);
+    QStringList parts = payloads(reading);
+    if (!reading.text.fullText.isEmpty())
+        parts.prepend(reading.text.fullText);
     return parts.join('\n');
 }
 
@@ -40,18 +48,31 @@ ToastContent nothingCopied(const TextReader::Reading& reading)
 
 ToastContent confirmation(const TextReader::Reading& reading, const std::function<void(QUrl)>& openLink)
 {
-    const QStringList& codes = reading.codePayloads;
-    if (reading.text.isEmpty() && codes.isEmpty())
+    const QStringList codes = payloads(reading);
+    const QString& text = reading.text.fullText;
+    if (text.isEmpty() && codes.isEmpty())
         return nothingCopied(reading);
-    if (reading.text.isEmpty())
+    if (text.isEmpty())
         return {.message = QRToast::qrMessage(codes.size()),
                 .subtitle = QRToast::qrDetail(codes),
                 .icon = "qrcode",
                 .copied = true,
                 .onTap = QRToast::openLinkTap(codes.first(), openLink)};
-    return {.message = codes.isEmpty() ? preview(reading.text) : "Text and QR code copied",
+    return {.message = codes.isEmpty() ? preview(text) : "Text and QR code copied",
             .icon = "doc.on.clipboard.fill",
             .copied = true};
+}
+
+CaptureOutcome outcomeOf(CaptureResult result, const TextReader::Reading& reading, const QString& text)
+{
+    const bool hasFailed = text.isEmpty() && !reading.failure.isEmpty();
+    CaptureOutcome outcome{.kind = hasFailed ? CaptureOutcome::Kind::failed : CaptureOutcome::Kind::finished,
+                           .message = reading.failure,
+                           .pixelSize = result.image.size(),
+                           .text = text};
+    result.image = {};
+    outcome.result = std::move(result);
+    return outcome;
 }
 
 } // namespace
@@ -63,32 +84,34 @@ TextCapture::TextCapture(CaptureServices& services, CaptureFinisher& finisher)
 
 QCoro::Task<> TextCapture::runOCR(CaptureFinisher::Pixels pixels, std::shared_ptr<CaptureRun> run)
 {
+    const Ports& ports = m_services.ports;
     const int generation = ++m_generation;
     const QImage image = pixels.image;
     const double scale = pixels.pixelScale;
-    m_services.toasts.present({.message = "Extracting text\u2026", .icon = "text.viewfinder", .showsSpinner = true},
-                              pixels.displayID, false);
+    ports.toasts.tell(&Toasts::present,
+                      ToastContent{.message = "Extracting text\u2026", .icon = "text.viewfinder", .showsSpinner = true},
+                      pixels.displayID, false);
     CaptureResult result = m_finisher.keepInHistory(std::move(pixels));
 
-    TextReader::Reading reading =
-        co_await m_scope.reply<TextReader::Reading>([&](auto done) { m_services.textReader.read(image, scale, done); });
+    TextReader::Reading reading{.failure = "this program can't read text"};
+    if (ports.textReader)
+        reading =
+            co_await m_scope.reply<TextReader::Reading>([&](auto done) { ports.textReader->read(image, scale, done); });
     const QString text = composedText(reading);
     if (!text.isEmpty())
-        m_services.history.setText(result.id, text);
-    if (generation == m_generation) {
-        if (!text.isEmpty())
-            m_services.delivery.copyText(text);
-        const auto openLink = [&delivery = m_services.delivery](const QUrl& url) { delivery.openLink(url); };
-        m_services.toasts.update(confirmation(reading, openLink), true);
-    }
-    const bool hasFailed = text.isEmpty() && !reading.failure.isEmpty();
-    CaptureOutcome outcome{.kind = hasFailed ? CaptureOutcome::Kind::failed : CaptureOutcome::Kind::finished,
-                           .message = reading.failure,
-                           .result = result,
-                           .pixelSize = image.size(),
-                           .text = text};
-    outcome.result->image = {};
-    run->reply.give(std::move(outcome));
+        ports.history.tell(&CaptureHistory::setReading, result.id, reading.text, reading.codes);
+    if (generation == m_generation)
+        confirm(reading, text);
+    run->reply.give(outcomeOf(std::move(result), reading, text));
+}
+
+void TextCapture::confirm(const TextReader::Reading& reading, const QString& text)
+{
+    const Ports& ports = m_services.ports;
+    if (!text.isEmpty())
+        ports.delivery.tell(&CaptureDelivery::copyText, text);
+    const auto openLink = [&ports](const QUrl& url) { ports.delivery.tell(&CaptureDelivery::openLink, url); };
+    ports.toasts.tell(&Toasts::update, confirmation(reading, openLink), true);
 }
 
 } // namespace Kovrel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/CaptureFinisher.h"
+#include "ports/TextReader.h"
 
 namespace Kovrel {
 
@@ -13,6 +14,8 @@ public:
     QCoro::Task<> runOCR(CaptureFinisher::Pixels pixels, std::shared_ptr<CaptureRun> run);
 
 private:
+    void confirm(const TextReader::Reading& reading, const QString& text);
+
     CaptureServices& m_services;
     CaptureFinisher& m_finisher;
     int m_generation = 0;

@@ -1,5 +1,8 @@
 #include "client/Instance.h"
+#include "commandline/CommandHelp.h"
 #include "commandline/CommandLine.h"
+#include "commandline/CommandTable.h"
+#include "commandline/Completion.h"
 
 #include <climits>
 #include <cstdio>
@@ -100,18 +103,35 @@ int runInInstance(const Command& command)
     return answer ? report(*answer) : complain("Kovrel ended while it was starting", CommandLine::failed);
 }
 
+int help(const Command& command)
+{
+    const CommandSpec* spec = command.operands.empty() ? nullptr : CommandTable::find(command.operands.front());
+    std::fputs((spec ? CommandHelp::usage(*spec) : CommandHelp::usage()).c_str(), stdout);
+    return CommandLine::done;
+}
+
+// What the completions of shells ask for: the words so far, the last one being typed.
+int complete(const std::vector<std::string>& words)
+{
+    for (const std::string& candidate : Completion::candidates(words))
+        std::puts(candidate.c_str());
+    return CommandLine::done;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    if (argc > 1 && std::string(argv[1]) == "--complete")
+        return complete({argv + 2, argv + argc});
     const auto command = CommandLine::parse({argv + 1, argv + argc}, workingDirectory());
     if (!command) {
         complain(command.error(), 0);
-        std::fputs(CommandLine::usage().c_str(), stderr);
+        std::fputs(CommandHelp::usage().c_str(), stderr);
         return CommandLine::usageError;
     }
     if (command->name == "help")
-        return std::fputs(CommandLine::usage().c_str(), stdout), CommandLine::done;
+        return help(*command);
     if (command->name == "version")
         return std::puts("kovrel " KOVREL_VERSION), CommandLine::done;
     return runInInstance(*command);

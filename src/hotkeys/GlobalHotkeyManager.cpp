@@ -16,8 +16,8 @@ constexpr KeyGrabs::Status takenByOurselves = -1;
 
 bool isHotkeySetting(const QString& key)
 {
-    return std::ranges::any_of(CaptureCommands::inHotkeyOrder(), [&](const CaptureCommands::Entry& command) {
-        return key == QLatin1StringView(command.hotkey);
+    return std::ranges::any_of(CommandTable::menuInHotkeyOrder(), [&](const MenuEntry& command) {
+        return key == QLatin1StringView(command.hotkeySetting);
     });
 }
 
@@ -70,14 +70,14 @@ void GlobalHotkeyManager::registerAll()
 std::map<HotkeyAction, KeyCombo> GlobalHotkeyManager::wantedCombos() const
 {
     std::map<HotkeyAction, KeyCombo> wanted;
-    for (const CaptureCommands::Entry& command : CaptureCommands::inHotkeyOrder()) {
-        const auto combo = m_preferences.hotkey(command.hotkey);
+    for (const MenuEntry& command : CommandTable::menuInHotkeyOrder()) {
+        const auto combo = m_preferences.hotkey(command.hotkeySetting);
         if (!combo)
             continue;
         if (std::ranges::any_of(wanted, [&](const auto& earlier) { return earlier.second == *combo; }))
             logRefusal(takenByOurselves);
         else
-            wanted.emplace(command.hotkeyAction, *combo);
+            wanted.emplace(command.hotkey, *combo);
     }
     return wanted;
 }
@@ -115,7 +115,7 @@ void GlobalHotkeyManager::handle(ID id)
     if (hotkey == m_hotkeys.end())
         return;
     m_trace.begin();
-    m_handlers.perform(CaptureCommands::inHotkeyOrder()[size_t(hotkey->second.action)]);
+    m_handlers.perform(CommandTable::menuInHotkeyOrder()[size_t(hotkey->second.action)]);
 }
 
 } // namespace Kovrel

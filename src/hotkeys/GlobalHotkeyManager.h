@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hotkeys/CaptureCommands.h"
+#include "commandline/CommandTable.h"
 #include "platform/KeyGrabs.h"
 #include "preferences/Preferences.h"
 
@@ -19,7 +19,7 @@ public:
     struct Handlers {
         std::function<bool()> isSignedIn;    // without an account every key stays with the other programs
         std::function<void()> syncOwnership; // of the desktop's own screenshot shortcuts
-        std::function<void(const CaptureCommands::Entry&)> perform;
+        std::function<void(const MenuEntry&)> perform;
     };
 
     GlobalHotkeyManager(KeyGrabs& keys, Preferences& preferences, CaptureTrace& trace, Handlers handlers);

@@ -1,6 +1,6 @@
 #include "hotkeys/SystemShortcutManager.h"
 
-#include "hotkeys/CaptureCommands.h"
+#include "commandline/CommandTable.h"
 
 #include <QLoggingCategory>
 
@@ -80,9 +80,9 @@ std::set<int> SystemShortcutManager::wantedChords() const
     std::set<int> wanted;
     if (!m_preferences.defaults().boolean("hasCompletedOnboarding") || !m_mayCapture())
         return wanted;
-    for (const CaptureCommands::Entry& command : CaptureCommands::inHotkeyOrder())
+    for (const MenuEntry& command : CommandTable::menuInHotkeyOrder())
         for (const Chord& chord : chords)
-            if (m_preferences.hotkey(command.hotkey) == chord.combo)
+            if (m_preferences.hotkey(command.hotkeySetting) == chord.combo)
                 wanted.insert(chord.symbolicHotKey);
     return wanted;
 }

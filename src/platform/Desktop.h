@@ -15,7 +15,6 @@ class SavePanel;
 class ScreenLock;
 class ScreenPixels;
 class ShortcutSwitches;
-class TokenStore;
 class ToolProcess;
 class Windows;
 
@@ -38,7 +37,6 @@ public:
     virtual Clipboard& clipboard() = 0;
     virtual FileManager& fileManager() = 0;
     virtual SavePanel& savePanel() = 0;
-    virtual TokenStore& secrets() = 0;
     virtual ToolProcess& tools() = 0;
 
     // The desktop's own screenshot shortcuts; null where they can't be switched. Jobs on workers share it.

@@ -22,8 +22,6 @@ public:
     virtual void copyText(const QString& text) = 0;
     // In the default browser.
     virtual void openLink(const QUrl& url) = 0;
-    virtual void openEditor(CaptureResult result) = 0;
-    virtual void pin(CaptureResult result) = 0;
 };
 
 } // namespace Kovrel

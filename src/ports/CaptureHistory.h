@@ -1,16 +1,26 @@
 #pragma once
 
 #include "model/CaptureResult.h"
+#include "model/OCRResult.h"
+#include "model/QRCode.h"
 #include "platform/Reply.h"
 #include "ports/CaptureSave.h"
 #include "saving/EncodedPng.h"
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace Kovrel {
 
-// The record of all captures, as the coordinator uses it. Main thread.
+// The path of the history's picture, or why there is none.
+using RecordOutcome = std::expected<QString, QString>;
+
+// The recording of one capture. Once it is done and has not failed, the capture's pixels can be let go: the history
+// has them.
+using CaptureRecording = Ongoing<RecordOutcome>;
+
+// The record of all captures, as other parts use it. Main thread.
 class CaptureHistory {
 public:
     struct Reopened {
@@ -26,10 +36,11 @@ public:
     virtual void scheduleIdleIndex() = 0;
 
     virtual bool isRecording() const = 0;
-    // Answers with the path of the history's picture once it is on disk; no value when it is not recorded.
-    virtual void record(CaptureResult result, std::shared_ptr<CaptureSave> save, std::shared_ptr<EncodedPng> png,
-                        Reply<std::optional<QString>> reply) = 0;
-    virtual void setText(QUuid id, const QString& text) = 0;
+    // Only while it is recording. `save` is the one that is under way, null without one.
+    virtual std::shared_ptr<CaptureRecording> record(CaptureResult result, std::shared_ptr<CaptureSave> save,
+                                                     std::shared_ptr<EncodedPng> png) = 0;
+    // What was read in a capture, so that nobody has to read it again.
+    virtual void setReading(QUuid id, OCRResult text, std::vector<QRCode> codes) = 0;
     virtual void load(QUuid id, Reply<std::optional<Reopened>> reply) = 0;
 };
 

@@ -15,7 +15,7 @@ public:
         CaptureResult result;
         std::optional<QString> savedPath;
         bool didCopyToClipboard = false;
-        std::optional<quint32> displayID;
+        std::optional<quint32> showOn;           // the display for the card, which need not be the captured one
         std::optional<CaptureResult> baseResult; // a reopened capture before its marks
     };
 

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "model/OCRResult.h"
+#include "model/QRCode.h"
 #include "platform/Reply.h"
 
 #include <QImage>
-#include <QStringList>
+
+#include <vector>
 
 namespace Kovrel {
 
@@ -11,9 +14,9 @@ namespace Kovrel {
 class TextReader {
 public:
     struct Reading {
-        QString text; // in reading order
-        QStringList codePayloads;
-        QString failure = {}; // why something could not be read, in one line for people
+        OCRResult text;            // in reading order
+        std::vector<QRCode> codes; // likewise
+        QString failure = {};      // why something could not be read, in one line for people
     };
 
     virtual ~TextReader() = default;

@@ -2,6 +2,9 @@
 
 #include "toasts/ToastPanel.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <algorithm>
 
 namespace Kovrel {
@@ -48,6 +51,11 @@ void ToastController::update(ToastContent content, bool sound)
     m_content = std::move(content);
     m_panel->setContent(m_content);
     armCountdown({});
+}
+
+void ToastController::showSaved(const QString& path, std::optional<quint32> displayID)
+{
+    present({.message = "Saved to " + QFileInfo(path).dir().dirName()}, displayID, true);
 }
 
 double ToastController::linger() const

@@ -18,6 +18,7 @@ public:
 
     void present(ToastContent content, std::optional<quint32> displayID, bool sound) override;
     void update(ToastContent content, bool sound) override;
+    void showSaved(const QString& path, std::optional<quint32> displayID) override;
     void armCountdown(std::optional<double> seconds) override;
     void dismiss(bool animated) override;
     bool setHiddenForCapture(bool isHidden) override;

@@ -6,8 +6,8 @@ TrayMenu::TrayMenu(Preferences& preferences, Handlers handlers)
     : m_preferences(preferences), m_handlers(std::move(handlers)), m_item(QIcon(":/MenuBarIcon.svg"))
 {
     m_cancelCountdown = m_menu.addAction("Cancel Countdown", this, [this] { m_handlers.cancelCountdown(); });
-    for (const CaptureCommands::Entry& entry : CaptureCommands::entries()) {
-        if (entry.action == CaptureCommands::Action::pickColor)
+    for (const MenuEntry& entry : CommandTable::menu()) {
+        if (entry.beginsGroup)
             m_menu.addSeparator();
         m_commands.emplace_back(m_menu.addAction(entry.label, this, [this, entry] { m_handlers.perform(entry); }),
                                 entry);
@@ -31,7 +31,7 @@ TrayMenu::TrayMenu(Preferences& preferences, Handlers handlers)
 void TrayMenu::refreshWindows()
 {
     m_windowMenu.clear();
-    for (const OpenWindow& window : m_handlers.openWindows()) {
+    for (const TitledWindows::Entry& window : m_handlers.openWindows()) {
         QAction* action =
             m_windowMenu.addAction(window.title.isEmpty() ? "Untitled" : window.title, this, window.focus);
         action->setCheckable(true);
@@ -47,7 +47,7 @@ void TrayMenu::refresh()
     for (const auto& [action, entry] : m_commands) {
         action->setEnabled(m_handlers.isEnabled(entry));
         // Behind a tab, as a menu shows its shortcut: a real one would only work while the menu is open.
-        const auto combo = m_preferences.hotkey(entry.hotkey);
+        const auto combo = m_preferences.hotkey(entry.hotkeySetting);
         action->setText(entry.label + (combo ? '\t' + combo->text() : QString()));
     }
 }

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "hotkeys/CaptureCommands.h"
+#include "commandline/CommandTable.h"
 #include "preferences/Preferences.h"
+#include "ui/TitledWindows.h"
 
 #include <QMenu>
 #include <QSystemTrayIcon>
@@ -11,20 +12,13 @@ namespace Kovrel {
 // The tray item and its menu: the nine commands with their key combinations, and the open windows. Main thread.
 class TrayMenu : public QObject {
 public:
-    // One of the program's windows, on the screen or minimised.
-    struct OpenWindow {
-        QString title;
-        bool isActive = false;
-        std::function<void()> focus;
-    };
-
     struct Handlers {
         // Whether a command can be used now; asked each time the menu opens.
-        std::function<bool(const CaptureCommands::Entry&)> isEnabled;
-        std::function<void(const CaptureCommands::Entry&)> perform;
+        std::function<bool(const MenuEntry&)> isEnabled;
+        std::function<void(const MenuEntry&)> perform;
         std::function<bool()> isCountingDown;
         std::function<void()> cancelCountdown;
-        std::function<std::vector<OpenWindow>()> openWindows;
+        std::function<std::vector<TitledWindows::Entry>()> openWindows;
         std::function<void()> openHome;
         std::function<void()> quit;
     };
@@ -45,7 +39,7 @@ private:
     QMenu m_menu;
     QMenu m_windowMenu;
     QSystemTrayIcon m_item;
-    std::vector<std::pair<QAction*, CaptureCommands::Entry>> m_commands;
+    std::vector<std::pair<QAction*, MenuEntry>> m_commands;
     QAction* m_cancelCountdown = nullptr;
 };
 

@@ -99,7 +99,7 @@ QWidget* HomeWindow::makeCommands()
     auto* layout = new QGridLayout(m_commandList);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setVerticalSpacing(2);
-    for (const CaptureCommands::Entry& entry : CaptureCommands::entries()) {
+    for (const MenuEntry& entry : CommandTable::menu()) {
         auto* button = new QPushButton(entry.label);
         button->setStyleSheet(buttonStyle);
         connect(button, &QPushButton::clicked, this, [this, entry] { m_handlers.perform(entry); });
@@ -131,7 +131,7 @@ void HomeWindow::refresh()
     for (size_t i = 0; i < m_commands.size(); ++i) {
         const auto& [button, entry] = m_commands[i];
         button->setEnabled(m_handlers.isEnabled(entry));
-        const auto combo = m_preferences.hotkey(entry.hotkey);
+        const auto combo = m_preferences.hotkey(entry.hotkeySetting);
         m_keys[i]->setText(combo ? combo->text() : QString());
         m_keys[i]->setEnabled(button->isEnabled());
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hotkeys/CaptureCommands.h"
+#include "commandline/CommandTable.h"
 #include "preferences/Preferences.h"
 
 #include <QLabel>
@@ -18,8 +18,8 @@ public:
         std::function<void()> signIn;
         // Why nothing can be captured on this desktop; empty where it can.
         std::function<QString()> obstacle;
-        std::function<bool(const CaptureCommands::Entry&)> isEnabled;
-        std::function<void(const CaptureCommands::Entry&)> perform;
+        std::function<bool(const MenuEntry&)> isEnabled;
+        std::function<void(const MenuEntry&)> perform;
     };
 
     HomeWindow(Preferences& preferences, Handlers handlers);
@@ -41,7 +41,7 @@ private:
     QLabel* m_notice = nullptr;
     QPushButton* m_signIn = nullptr;
     QWidget* m_commandList = nullptr;
-    std::vector<std::pair<QPushButton*, CaptureCommands::Entry>> m_commands;
+    std::vector<std::pair<QPushButton*, MenuEntry>> m_commands;
     std::vector<QLabel*> m_keys;
 };
 

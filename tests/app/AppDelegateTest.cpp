@@ -1,4 +1,7 @@
 #include "app/AppDelegate.h"
+#include "ports/AccountStatus.h"
+#include "ports/CaptureEditors.h"
+#include "ports/HelpWindows.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/TempFolder.h"
 
@@ -12,42 +15,55 @@ using testing::ElementsAre;
 
 namespace {
 
-// The program as a log of what was asked of it.
-struct LoggedEnvironment : AppEnvironment {
-    std::vector<std::string> log;
+using Log = std::vector<std::string>;
+
+// A part of the program as a log of what was asked of it.
+struct LoggedFeature : Feature {
+    LoggedFeature(Log& all, std::string called) : log(all), name(std::move(called)) {}
+
+    std::vector<UrlHandler> urlHandlers() override
+    {
+        return {{"auth-callback", [this](const QUrl& url) { log.push_back(url.toString().toStdString()); }}};
+    }
+
+    void start(const Launch&) override { log.push_back(name); }
+
+    void prewarm() override { log.push_back("prewarm " + name); }
+
+    void prewarmLater() override { log.push_back("prewarm more " + name); }
+
+    void finishPending(std::chrono::milliseconds deadline, std::function<void()> done) override
+    {
+        log.push_back("wait " + std::to_string(deadline.count()));
+        finished = std::move(done);
+    }
+
+    void prepareToEnd() override { log.push_back("give back " + name); }
+
+    Log& log;
+    std::string name;
+    std::function<void()> finished;
+};
+
+// What the others offer, as a log too.
+struct LoggedParts : AccountStatus, HelpWindows, CaptureEditors {
+    Log log;
     bool signedIn = true;
     bool permitted = true;
     bool hasTitledWindow = false;
     std::function<void()> accountChanged;
-    std::function<void()> savesLanded;
 
-    std::vector<std::string> takeLog() { return std::exchange(log, {}); }
-
-    void ensureDefaultSaveFolder() override { log.push_back("save folder"); }
-
-    void restoreAccount() override { log.push_back("account"); }
-
-    void sweepTemporaryFiles() override { log.push_back("sweep"); }
-
-    void terminateOnSignal() override { log.push_back("signal"); }
-
-    void registerHotkeys() override { log.push_back("hotkeys"); }
-
-    void unregisterHotkeys() override { log.push_back("no hotkeys"); }
-
-    void startMaintainingShortcuts() override { log.push_back("shortcuts"); }
-
-    void prewarm() override { log.push_back("prewarm"); }
-
-    void prewarmDelayed() override { log.push_back("prewarm more"); }
+    Log takeLog() { return std::exchange(log, {}); }
 
     bool isSignedIn() const override { return signedIn; }
 
-    bool mayRecordScreen() const override { return permitted; }
+    void whenKnown(std::function<void()> work) override { work(); }
 
-    void whenAccountIsKnown(std::function<void()> work) override { work(); }
+    void onChange(std::function<void()> observer) override { accountChanged = std::move(observer); }
 
-    void onAccountChange(std::function<void()> observer) override { accountChanged = observer; }
+    void signInOnThisComputer() override {}
+
+    void refreshCredentials(std::chrono::seconds) override {}
 
     void showHome() override { log.push_back("home"); }
 
@@ -57,61 +73,70 @@ struct LoggedEnvironment : AppEnvironment {
 
     void presentUpdatedNotice(const QString& version) override { log.push_back("updated to " + version.toStdString()); }
 
+    void open(CaptureResult) override {}
+
     void openFiles(const QStringList& paths) override { log.push_back("open " + paths.join(' ').toStdString()); }
 
-    void handleSignInAnswer(const QString& url) override { log.push_back(url.toStdString()); }
-
-    bool bringTitledWindowsForward() override
+    AppDelegate::Process process()
     {
-        log.push_back("forward");
-        return hasTitledWindow;
+        return {
+            .bringTitledWindowsForward =
+                [this] {
+                    log.push_back("forward");
+                    return hasTitledWindow;
+                },
+            .closeTitledWindows = [this] { log.push_back("close windows"); },
+            .stopTakingCommands = [this] { log.push_back("no commands"); },
+            .exit = [this] { log.push_back("exit"); },
+            .mayRecordScreen = [this] { return permitted; },
+        };
     }
-
-    void closeTitledWindows() override { log.push_back("close windows"); }
-
-    void afterPendingSaves(std::chrono::milliseconds deadline, std::function<void()> work) override
-    {
-        log.push_back("wait " + std::to_string(deadline.count()));
-        savesLanded = std::move(work);
-    }
-
-    void stopTakingCommands() override { log.push_back("no commands"); }
-
-    void giveShortcutsBack() override { log.push_back("give back"); }
-
-    void exit() override { log.push_back("exit"); }
 };
 
 struct AppDelegateTest : testing::Test {
+    AppDelegateTest()
+    {
+        for (const char* name : {"save folder", "hotkeys"})
+            features.push_back(std::make_unique<LoggedFeature>(parts.log, name));
+        ports.account.offer(parts);
+        ports.help.offer(parts);
+        ports.editors.offer(parts);
+        delegate.emplace(features, ports, preferences, loop, parts.process());
+    }
+
     Testing::TempFolder folder;
     Testing::FakeMainLoop loop;
     UserDefaults defaults{folder / "kovrel.conf"};
     Preferences preferences{defaults};
-    LoggedEnvironment environment;
-    std::optional<AppDelegate> delegate{std::in_place, environment, preferences, loop};
+    LoggedParts parts;
+    Ports ports;
+    AppDelegate::Features features;
+    std::optional<AppDelegate> delegate;
 
-    void launch(AppDelegate::Launch launch)
+    void launch(Launch launch)
     {
         delegate->applicationDidFinishLaunching(launch);
         loop.runPosted();
     }
+
+    void savesLand(size_t feature) { static_cast<LoggedFeature&>(*features[feature]).finished(); }
 };
 
-const AppDelegate::Launch usual{.files = {}, .isLoginItem = false, .build = "7", .version = "1.2"};
+const Launch usual{.files = {}, .isLoginItem = false, .build = "7", .version = "1.2"};
 
 } // namespace
 
 TEST_F(AppDelegateTest, StartsInOrderAndPrewarmsTheRestAfterTwoSeconds)
 {
     launch({.files = {"/a.png"}, .isLoginItem = false, .build = "7", .version = "1.2"});
-    EXPECT_THAT(environment.takeLog(), ElementsAre("save folder", "account", "sweep", "signal", "hotkeys", "shortcuts",
-                                                   "prewarm", "first run", "open /a.png"));
+    EXPECT_THAT(parts.takeLog(), ElementsAre("save folder", "hotkeys", "prewarm save folder", "prewarm hotkeys",
+                                             "first run", "open /a.png"));
     EXPECT_EQ(defaults.integer("NSInitialToolTipDelay"), 1000);
     EXPECT_EQ(defaults.integer("afterCaptureActions"), 1) << "defaults are registered";
     loop.advance(1999ms);
-    EXPECT_TRUE(environment.log.empty());
+    EXPECT_TRUE(parts.log.empty());
     loop.advance(1ms);
-    EXPECT_THAT(environment.log, ElementsAre("prewarm more"));
+    EXPECT_THAT(parts.log, ElementsAre("prewarm more save folder", "prewarm more hotkeys"));
 }
 
 TEST_F(AppDelegateTest, TheFirstWindowFollowsAccountPermissionAndUpdate)
@@ -135,60 +160,59 @@ TEST_F(AppDelegateTest, TheFirstWindowFollowsAccountPermissionAndUpdate)
     for (const Case& c : cases) {
         defaults.set("hasCompletedOnboarding", c.onboarded);
         defaults.set("lastRunBuild", c.lastBuild);
-        environment.signedIn = c.signedIn;
-        environment.permitted = c.permitted;
-        AppDelegate::Launch with = usual;
+        parts.signedIn = c.signedIn;
+        parts.permitted = c.permitted;
+        Launch with = usual;
         with.isLoginItem = c.loginItem;
         launch(with);
-        std::vector<std::string> log = environment.takeLog();
-        log.erase(log.begin(), std::find(log.begin(), log.end(), "prewarm") + 1);
+        std::vector<std::string> log = parts.takeLog();
+        log.erase(log.begin(), std::find(log.begin(), log.end(), "prewarm hotkeys") + 1);
         EXPECT_EQ(log, c.windows) << c.onboarded << c.signedIn << c.permitted << c.loginItem << c.lastBuild;
         EXPECT_EQ(defaults.text("lastRunBuild"), "7");
     }
-    defaults.set("saveLocationBookmark", QByteArray("file:///elsewhere"));
-    launch(usual);
-    EXPECT_EQ(environment.log.front(), "account") << "a chosen folder needs no default one";
 }
 
-TEST_F(AppDelegateTest, AnAccountChangeRegistersHotkeysAgain)
+TEST_F(AppDelegateTest, SigningOutShowsTheHomeWindow)
 {
     defaults.set("hasCompletedOnboarding", true);
     launch(usual);
-    environment.takeLog();
-    environment.accountChanged();
-    EXPECT_THAT(environment.takeLog(), ElementsAre("no hotkeys", "hotkeys"));
-    environment.signedIn = false;
-    environment.accountChanged();
-    EXPECT_THAT(environment.takeLog(), ElementsAre("no hotkeys", "hotkeys", "home"));
+    parts.takeLog();
+    parts.accountChanged();
+    EXPECT_TRUE(parts.takeLog().empty());
+    parts.signedIn = false;
+    parts.accountChanged();
+    EXPECT_THAT(parts.takeLog(), ElementsAre("home"));
 }
 
 TEST_F(AppDelegateTest, ASecondStartBringsForwardWhatThereIs)
 {
-    environment.hasTitledWindow = true;
+    parts.hasTitledWindow = true;
     delegate->applicationShouldHandleReopen();
-    EXPECT_THAT(environment.takeLog(), ElementsAre("forward"));
-    environment.hasTitledWindow = false;
+    EXPECT_THAT(parts.takeLog(), ElementsAre("forward"));
+    parts.hasTitledWindow = false;
     delegate->applicationShouldHandleReopen();
-    EXPECT_THAT(environment.takeLog(), ElementsAre("forward", "first run"));
+    EXPECT_THAT(parts.takeLog(), ElementsAre("forward", "first run"));
     defaults.set("hasCompletedOnboarding", true);
     delegate->applicationShouldHandleReopen();
-    EXPECT_THAT(environment.takeLog(), ElementsAre("forward", "home"));
+    EXPECT_THAT(parts.takeLog(), ElementsAre("forward", "home"));
 }
 
 TEST_F(AppDelegateTest, QuittingWithoutAReasonClosesWindowsWithOneWaitsForSaves)
 {
     delegate->quit("");
-    EXPECT_THAT(environment.takeLog(), ElementsAre("close windows"));
+    EXPECT_THAT(parts.takeLog(), ElementsAre("close windows"));
     delegate->quit("log-out");
     delegate->quit("SIGTERM");
-    EXPECT_THAT(environment.takeLog(), ElementsAre("no commands", "wait 15000")) << "asked twice, ended once";
-    environment.savesLanded();
-    EXPECT_THAT(environment.takeLog(), ElementsAre("give back", "exit"));
+    EXPECT_THAT(parts.takeLog(), ElementsAre("no commands", "wait 15000", "wait 15000")) << "asked twice, ended once";
+    savesLand(1);
+    EXPECT_TRUE(parts.log.empty());
+    savesLand(0);
+    EXPECT_THAT(parts.takeLog(), ElementsAre("give back save folder", "give back hotkeys", "exit"));
 
-    delegate.emplace(environment, preferences, loop);
+    delegate.emplace(features, ports, preferences, loop, parts.process());
     delegate->setRelaunching(true);
     delegate->quit("");
-    EXPECT_THAT(environment.takeLog(), ElementsAre("no commands", "wait 15000"));
+    EXPECT_THAT(parts.takeLog(), ElementsAre("no commands", "wait 15000", "wait 15000"));
 }
 
 TEST_F(AppDelegateTest, OnlySignInAnswersAreUrlsItKnows)
@@ -196,9 +220,9 @@ TEST_F(AppDelegateTest, OnlySignInAnswersAreUrlsItKnows)
     for (const char* url :
          {"kovrel://", "kovrel://elsewhere", "http://auth-callback", "kovrel:auth-callback", "nonsense"})
         delegate->handleURL(url);
-    EXPECT_TRUE(environment.log.empty());
+    EXPECT_TRUE(parts.log.empty());
     delegate->handleURL("kovrel://auth-callback?state=1");
-    EXPECT_THAT(environment.log, ElementsAre("kovrel://auth-callback?state=1"));
+    EXPECT_THAT(parts.log, ElementsAre("kovrel://auth-callback?state=1"));
 }
 
 } // namespace Kovrel

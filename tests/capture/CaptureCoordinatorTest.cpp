@@ -82,6 +82,14 @@ Log operator+(Log left, const Log& right)
     return left;
 }
 
+TextReader::Reading readingOf(const QString& text, const QStringList& payloads, const QString& failure = {})
+{
+    TextReader::Reading reading{.text = {.fullText = text}, .failure = failure};
+    for (const QString& payload : payloads)
+        reading.codes.push_back({payload, {}});
+    return reading;
+}
+
 } // namespace
 
 TEST_F(CoordinatorTest, EachFlowDoesItsStepsInOrder)
@@ -198,16 +206,16 @@ TEST_F(CoordinatorTest, TextCaptureHasNeitherCardNorShutter)
     };
 
     const Case cases[] = {
-        {{"Hello\nworld", {}},
+        {readingOf("Hello\nworld", {}),
          {"history: text Hello\nworld", "copy text Hello\nworld", "toast: Hello world", "history: idle index"}},
-        {{"Hello", {"https://a.example"}},
+        {readingOf("Hello", {"https://a.example"}),
          {"history: text Hello\nhttps://a.example", "copy text Hello\nhttps://a.example",
           "toast: Text and QR code copied", "history: idle index"}},
-        {{"", {"a", "b"}},
+        {readingOf("", {"a", "b"}),
          {"history: text a\nb", "copy text a\nb", "toast: 2 QR codes copied / a  (+1 more)", "history: idle index"}},
-        {{"", {}}, {"toast: No text found in the capture", "history: idle index"}},
-        {{"", {}, "no data"}, {"toast: The text can't be read / no data", "history: idle index"}},
-        {{"", {"b"}, "no data"},
+        {readingOf("", {}), {"toast: No text found in the capture", "history: idle index"}},
+        {readingOf("", {}, "no data"), {"toast: The text can't be read / no data", "history: idle index"}},
+        {readingOf("", {"b"}, "no data"),
          {"history: text b", "copy text b", "toast: QR code copied / b", "history: idle index"}},
     };
     for (const Case& c : cases) {
@@ -238,7 +246,7 @@ TEST_F(CoordinatorTest, TheToastOfACodeOpensItsLink)
     for (const Case& c : {Case{"HTTPS://a.example/x", {"open https://a.example/x"}},
                           Case{"http://b.example", {"open http://b.example"}}, Case{"ftp://c.example", {}},
                           Case{"just text", {}}, Case{"https://d.example and more", {}}}) {
-        fake.reading = {"", {c.payload}};
+        fake.reading = readingOf("", {c.payload});
         captureAndSettle(CaptureMode::ocrRegion);
         selectArea({810, 210, 50, 40});
         fake.takeLog();

@@ -30,11 +30,11 @@ struct GlobalHotkeyManagerTest : testing::Test {
     void SetUp() override
     {
         Preferences::registerDefaults(defaults);
-        hotkeys.emplace(keys, preferences, trace,
-                        GlobalHotkeyManager::Handlers{
-                            .isSignedIn = [this] { return signedIn; },
-                            .syncOwnership = [this] { ++syncs; },
-                            .perform = [this](const auto& entry) { performed.push_back(entry.hotkeyAction); }});
+        hotkeys.emplace(
+            keys, preferences, trace,
+            GlobalHotkeyManager::Handlers{.isSignedIn = [this] { return signedIn; },
+                                          .syncOwnership = [this] { ++syncs; },
+                                          .perform = [this](const auto& entry) { performed.push_back(entry.hotkey); }});
     }
 };
 

@@ -42,6 +42,18 @@ FakeCaptureServices::FakeCaptureServices()
          .scale = 2,
          .isPrimary = false},
     };
+    ports.account.offer(access);
+    ports.help.offer(access);
+    ports.delivery.offer(delivery);
+    ports.editors.offer(delivery);
+    ports.pins.offer(delivery);
+    ports.effects.offer(reader);
+    ports.textReader.offer(reader);
+    ports.history.offer(history);
+    ports.ledger.offer(history);
+    ports.cards.offer(cards);
+    ports.toasts.offer(toasts);
+    ports.chrome = {&historyWindow};
 }
 
 CaptureServices FakeCaptureServices::services()
@@ -57,18 +69,11 @@ CaptureServices FakeCaptureServices::services()
         .windows = desktop,
         .keys = desktop,
         .engine = engine,
-        .access = access,
         .overlay = overlay,
         .grabber = grabber,
         .backdrop = reader,
-        .effects = reader,
-        .textReader = reader,
-        .cards = cards,
-        .historyWindow = historyWindow,
-        .toasts = toasts,
-        .history = history,
-        .ledger = history,
-        .delivery = delivery,
+        .mayRecordScreen = [this] { return mayRecord; },
+        .ports = ports,
     };
 }
 
@@ -211,12 +216,24 @@ void FakeCaptureServices::ToastLog::update(ToastContent content, bool)
     fake.lastToast = std::move(content);
 }
 
-void FakeCaptureServices::History::record(CaptureResult result, std::shared_ptr<CaptureSave>,
-                                          std::shared_ptr<EncodedPng>, Reply<std::optional<QString>> reply)
+std::shared_ptr<CaptureRecording>
+FakeCaptureServices::History::record(CaptureResult result, std::shared_ptr<CaptureSave>, std::shared_ptr<EncodedPng>)
 {
     fake.say("record " + rawString(result.mode));
     fake.recorded.push_back(std::move(result));
-    fake.answer(reply, std::optional(QString("/history.png")));
+    auto recording = std::make_shared<CaptureRecording>();
+    fake.loop.post([recording] { recording->finish("/history.png"); });
+    return recording;
+}
+
+void FakeCaptureServices::History::setReading(QUuid, OCRResult text, std::vector<QRCode> codes)
+{
+    QStringList parts;
+    if (!text.fullText.isEmpty())
+        parts << text.fullText;
+    for (const QRCode& code : codes)
+        parts << code.payload;
+    fake.say("history: text " + parts.join('\n'));
 }
 
 void FakeCaptureServices::History::load(QUuid id, Reply<std::optional<Reopened>> reply)

@@ -9,12 +9,16 @@
 #include "platform/Pointer.h"
 #include "platform/Scope.h"
 #include "platform/Windows.h"
-#include "ports/CaptureAccess.h"
+#include "ports/AccountStatus.h"
 #include "ports/CaptureDelivery.h"
+#include "ports/CaptureEditors.h"
 #include "ports/CaptureEffects.h"
 #include "ports/CaptureHistory.h"
+#include "ports/CapturePins.h"
 #include "ports/CaptureTrace.h"
 #include "ports/CardPile.h"
+#include "ports/HelpWindows.h"
+#include "ports/Ports.h"
 #include "ports/ReopenLedger.h"
 #include "ports/TextReader.h"
 #include "ports/Toasts.h"
@@ -182,6 +186,8 @@ struct FakeCaptureServices {
         void present(ToastContent content, std::optional<quint32> displayID, bool sound) override;
         void update(ToastContent content, bool sound) override;
 
+        void showSaved(const QString& path, std::optional<quint32>) override { fake.say("toast: saved " + path); }
+
         void armCountdown(std::optional<double>) override {}
 
         void dismiss(bool animated) override { fake.say(animated ? "toast: fade" : "toast: gone"); }
@@ -198,10 +204,9 @@ struct FakeCaptureServices {
 
         bool isRecording() const override { return fake.historyRecords; }
 
-        void record(CaptureResult result, std::shared_ptr<CaptureSave>, std::shared_ptr<EncodedPng>,
-                    Reply<std::optional<QString>> reply) override;
-
-        void setText(QUuid, const QString& text) override { fake.say("history: text " + text); }
+        std::shared_ptr<CaptureRecording> record(CaptureResult result, std::shared_ptr<CaptureSave>,
+                                                 std::shared_ptr<EncodedPng>) override;
+        void setReading(QUuid, OCRResult text, std::vector<QRCode> codes) override;
 
         void load(QUuid id, Reply<std::optional<Reopened>> reply) override;
 
@@ -237,14 +242,18 @@ struct FakeCaptureServices {
         FakeCaptureServices& fake;
     } reader{*this};
 
-    struct Access : CaptureAccess {
+    struct Access : AccountStatus, HelpWindows {
         explicit Access(FakeCaptureServices& f) : fake(f) {}
 
         bool isSignedIn() const override { return fake.isSignedIn; }
 
-        void refreshCredentials(std::chrono::seconds) override {}
+        void whenKnown(std::function<void()> work) override { work(); }
 
-        bool mayRecordScreen() const override { return fake.mayRecord; }
+        void onChange(std::function<void()>) override {}
+
+        void signInOnThisComputer() override {}
+
+        void refreshCredentials(std::chrono::seconds) override {}
 
         void showHome() override { fake.say("show home"); }
 
@@ -252,12 +261,12 @@ struct FakeCaptureServices {
 
         void showPermissionWindow() override { fake.say("show permission"); }
 
-        void abandonColorPicking() override {}
+        void presentUpdatedNotice(const QString&) override {}
 
         FakeCaptureServices& fake;
     } access{*this};
 
-    struct Delivery : CaptureDelivery {
+    struct Delivery : CaptureDelivery, CaptureEditors, CapturePins {
         explicit Delivery(FakeCaptureServices& f) : fake(f) {}
 
         std::shared_ptr<CaptureSave> save(CaptureResult result, std::optional<QString> outputPath,
@@ -269,12 +278,16 @@ struct FakeCaptureServices {
 
         void openLink(const QUrl& url) override { fake.say("open " + url.toString()); }
 
-        void openEditor(CaptureResult) override { fake.say("editor"); }
+        void open(CaptureResult) override { fake.say("editor"); }
+
+        void openFiles(const QStringList&) override {}
 
         void pin(CaptureResult) override { fake.say("pin"); }
 
         FakeCaptureServices& fake;
     } delivery{*this};
+
+    Ports ports;
 
 private:
     template <class T>

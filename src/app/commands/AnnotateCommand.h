@@ -1,9 +1,9 @@
 #pragma once
 
-#include "commandline/CommandLine.h"
+#include "commandline/Command.h"
+#include "model/CommandAnswer.h"
 #include "model/MeasureUnit.h"
 #include "platform/UserDefaults.h"
-#include "platform/desktop/InstanceBus.h"
 
 namespace Kovrel {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "commandline/CommandLine.h"
+#include "commandline/Command.h"
+#include "model/CommandAnswer.h"
 #include "model/QRCode.h"
-#include "platform/desktop/InstanceBus.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,6 +1,6 @@
 #include "app/commands/PreferencesCommand.h"
 
-#include "commandline/CommandLine.h"
+#include "commandline/Command.h"
 #include "model/KeyCombo.h"
 #include "preferences/PreferenceTable.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "model/CommandAnswer.h"
 #include "platform/UserDefaults.h"
-#include "platform/desktop/InstanceBus.h"
 
 namespace Kovrel {
 

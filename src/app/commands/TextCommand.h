@@ -1,7 +1,7 @@
 #pragma once
 
-#include "commandline/CommandLine.h"
-#include "platform/desktop/InstanceBus.h"
+#include "commandline/Command.h"
+#include "model/CommandAnswer.h"
 #include "recognition/codes/QRCodeDetector.h"
 #include "recognition/text/VisionOCREngine.h"
 

@@ -144,14 +144,4 @@ void CaptureOutput::openLink(const QUrl& url)
         qCWarning(log, "%s could not be opened", qUtf8Printable(url.toString()));
 }
 
-void CaptureOutput::openEditor(CaptureResult)
-{
-    qCInfo(log, "There is no editor to open the capture in");
-}
-
-void CaptureOutput::pin(CaptureResult)
-{
-    qCInfo(log, "Captures can't be pinned");
-}
-
 } // namespace Kovrel

@@ -22,8 +22,6 @@ public:
     void copy(CaptureResult result, std::shared_ptr<EncodedPng> png) override;
     void copyText(const QString& text) override;
     void openLink(const QUrl& url) override;
-    void openEditor(CaptureResult result) override;
-    void pin(CaptureResult result) override;
 
     // Runs the work once no save is in flight, at the latest after the deadline.
     void afterPendingSaves(std::chrono::milliseconds deadline, std::function<void()> work);

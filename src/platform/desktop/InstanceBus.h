@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/CommandAnswer.h"
 #include "platform/Reply.h"
 
 #include <QStringList>
@@ -8,13 +9,6 @@
 #include <memory>
 
 namespace Kovrel {
-
-// What a command came to, for the process that sent it.
-struct CommandAnswer {
-    int exitCode = 0;
-    QString output = {}; // standard output, as it stands
-    QString error = {};  // one line, without its end
-};
 
 // The program's place on the session bus: one instance for each user session, commands from outside, and the news of
 // finished captures. Main thread.

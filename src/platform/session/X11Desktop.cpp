@@ -9,8 +9,6 @@ namespace Kovrel {
 
 namespace {
 
-constexpr auto keychainDeadline = std::chrono::seconds(5);
-
 double scaleOfScreen(const QString& name)
 {
     for (const QScreen* screen : QGuiApplication::screens())
@@ -30,8 +28,7 @@ X11Desktop::X11Desktop(MainLoop& loop, Workers& workers)
       m_pointer(loop, workers, m_connection, m_displays),
       m_windows(loop, workers, m_reader, m_displays),
       m_picture(loop, workers, m_reader, m_displays),
-      m_overlay(loop, workers, m_displays),
-      m_secrets(loop, keychainDeadline)
+      m_overlay(loop, workers, m_displays)
 {
     m_reader->releaseWhenIdle(loop);
     followScreens();

@@ -3,7 +3,6 @@
 #include "platform/Desktop.h"
 #include "platform/desktop/DBusFileManager.h"
 #include "platform/desktop/DBusScreenLock.h"
-#include "platform/desktop/KeychainTokenStore.h"
 #include "platform/desktop/QtClipboard.h"
 #include "platform/desktop/QtSavePanel.h"
 #include "platform/desktop/SpawnedToolProcess.h"
@@ -49,8 +48,6 @@ public:
 
     SavePanel& savePanel() override { return m_savePanel; }
 
-    TokenStore& secrets() override { return m_secrets; }
-
     ToolProcess& tools() override { return m_tools; }
 
     std::shared_ptr<ShortcutSwitches> shortcuts() override;
@@ -72,7 +69,6 @@ private:
     QtClipboard m_clipboard;
     DBusFileManager m_fileManager;
     QtSavePanel m_savePanel;
-    KeychainTokenStore m_secrets;
     SpawnedToolProcess m_tools;
     QObject m_context; // of connections to what outlives us
 };

@@ -1,6 +1,6 @@
-#include "app/commands/CaptureReport.h"
+#include "app/commands/CaptureCommand.h"
 
-#include "commandline/CommandLine.h"
+#include "commandline/OptionValues.h"
 
 #include <nlohmann/json.hpp>
 
@@ -43,9 +43,44 @@ QString plain(const CaptureOutcome& outcome, bool waited)
     return place ? *place + '\n' : QString();
 }
 
+Rect rectOf(const std::string& text)
+{
+    const auto numbers = OptionValues::numbers(text, 4).value_or(std::vector<double>(4));
+    return {numbers[0], numbers[1], numbers[2], numbers[3]};
+}
+
+CaptureOptions optionsOf(const Command& command)
+{
+    CaptureOptions options;
+    if (command.has("rect"))
+        options.rect = rectOf(command.options.at("rect"));
+    if (command.has("output"))
+        options.outputPath = QString::fromStdString(command.options.at("output"));
+    options.save = command.has("save");
+    options.copy = command.has("copy");
+    options.waitsForFiles = command.has("wait") || command.has("output");
+    return options;
+}
+
 } // namespace
 
-CommandAnswer CaptureReport::answer(const CaptureOutcome& outcome, bool waited, bool asJson)
+CaptureRequest CaptureCommand::request(const Command& command, Reply<CommandAnswer> reply, const QString& obstacle)
+{
+    const CaptureOptions options = optionsOf(command);
+    const auto answerTo = [reply = std::move(reply), obstacle, waited = options.waitsForFiles,
+                           asJson = command.has("json")](CaptureOutcome outcome) {
+        if (outcome.kind == CaptureOutcome::Kind::refused)
+            outcome.message = obstacle;
+        reply(answer(outcome, waited, asJson));
+    };
+    return {
+        .mode = *fromRawString<CaptureMode>(QString::fromStdString(command.operands.front())),
+        .options = options,
+        .reply = CaptureReply(answerTo),
+    };
+}
+
+CommandAnswer CaptureCommand::answer(const CaptureOutcome& outcome, bool waited, bool asJson)
 {
     switch (outcome.kind) {
     case CaptureOutcome::Kind::finished:

@@ -2,7 +2,8 @@
 
 namespace Kovrel {
 
-// What a global key combination does, in the order in which they are registered. `CaptureCommands` has the table.
+// What a global key combination does, in the order in which they are registered. `CommandTable` says what each of them
+// runs.
 enum class HotkeyAction {
     area,
     fullScreen,

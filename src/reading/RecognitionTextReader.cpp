@@ -1,4 +1,4 @@
-#include "capture/RecognitionTextReader.h"
+#include "reading/RecognitionTextReader.h"
 
 #include "recognition/text/RecognitionError.h"
 
@@ -35,17 +35,14 @@ QCoro::Task<> RecognitionTextReader::readBoth(QImage image, Reply<Reading> reply
     Reading reading;
     auto codesRead = m_scope.join(m_codes.detectCodes(image));
     try {
-        const OCRResult result =
-            co_await m_scope.join(m_engine.recognize(image, QualityOfService::userInteractive, true, {}));
-        reading.text = result.fullText;
+        reading.text = co_await m_scope.join(m_engine.recognize(image, QualityOfService::userInteractive, true, {}));
     } catch (const RecognitionError& error) {
         reading.failure = error.message();
     }
     const QRCodeDetector::Outcome codes = co_await codesRead;
     if (!codes && reading.failure.isEmpty())
         reading.failure = codes.error();
-    for (const QRCode& code : codes.value_or(std::vector<QRCode>()))
-        reading.codePayloads << code.payload;
+    reading.codes = codes.value_or(std::vector<QRCode>());
     if (!reading.failure.isEmpty())
         qCWarning(log, "%s", qUtf8Printable(reading.failure));
     reply(reading);

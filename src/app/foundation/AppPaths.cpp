@@ -1,4 +1,4 @@
-#include "app/AppPaths.h"
+#include "app/foundation/AppPaths.h"
 
 #include <QCoreApplication>
 #include <QStandardPaths>

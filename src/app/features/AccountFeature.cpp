@@ -1,0 +1,76 @@
+#include "app/features/AccountFeature.h"
+
+#include "app/foundation/AppPaths.h"
+
+#include <QGuiApplication>
+
+namespace Kovrel {
+
+namespace {
+
+CommandAnswer doneOr(bool isDone, const char* complaint)
+{
+    return isDone ? CommandAnswer{} : CommandAnswer{.exitCode = CommandLine::failed, .error = complaint};
+}
+
+} // namespace
+
+AccountFeature::AccountFeature(Foundation& foundation, Ports& ports)
+    : m_foundation(foundation),
+      m_localTokens(foundation.loop, foundation.workers, AppPaths::dataFolder()),
+      m_account(m_localTokens, *foundation.secrets)
+{
+    ports.account.offer(*this);
+}
+
+std::vector<CommandHandler> AccountFeature::commands()
+{
+    return {
+        {.command = "sign-in", .run = [this](const Invocation&, const Reply<CommandAnswer>& reply) { signIn(reply); }},
+        {.command = "sign-out",
+         .run = [this](const Invocation&, const Reply<CommandAnswer>& reply) { signOut(reply); }},
+    };
+}
+
+std::vector<UrlHandler> AccountFeature::urlHandlers()
+{
+    return {{"auth-callback", [this](const QUrl& url) { m_account.handleCallback(url, [](bool) {}); }}};
+}
+
+void AccountFeature::start(const Launch&)
+{
+    m_account.restore();
+    // Somebody may have signed out from outside.
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &m_context,
+                     [this](Qt::ApplicationState state) {
+                         if (state == Qt::ApplicationActive && m_account.isSignedIn())
+                             m_account.restore();
+                     });
+}
+
+void AccountFeature::signInOnThisComputer()
+{
+    signIn([](const CommandAnswer&) {});
+}
+
+void AccountFeature::signIn(const Reply<CommandAnswer>& reply)
+{
+    m_account.signInLocally([reply, &defaults = m_foundation.defaults](bool isStored) {
+        const bool isNoted = isStored && defaults.set("hasCompletedOnboarding", true);
+        reply(doneOr(isNoted, "the account could not be stored"));
+    });
+}
+
+void AccountFeature::signOut(const Reply<CommandAnswer>& reply)
+{
+    m_account.signOut([reply](bool isGone) {
+        reply(doneOr(isGone, "the account could not be forgotten; the keychain may be locked"));
+    });
+}
+
+std::unique_ptr<Feature> makeAccountFeature(Foundation& foundation, Ports& ports)
+{
+    return std::make_unique<AccountFeature>(foundation, ports);
+}
+
+} // namespace Kovrel

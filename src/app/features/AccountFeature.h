@@ -1,0 +1,44 @@
+#pragma once
+
+#include "account/Account.h"
+#include "app/foundation/Feature.h"
+#include "app/foundation/Foundation.h"
+#include "platform/desktop/FileTokenStore.h"
+#include "ports/AccountStatus.h"
+#include "ports/Ports.h"
+
+#include <QObject>
+
+namespace Kovrel {
+
+// Who is signed in, and the commands that change it.
+class AccountFeature : public Feature, private AccountStatus {
+public:
+    AccountFeature(Foundation& foundation, Ports& ports);
+
+    std::vector<CommandHandler> commands() override;
+    std::vector<UrlHandler> urlHandlers() override;
+    void start(const Launch& launch) override;
+
+private:
+    // AccountStatus
+    bool isSignedIn() const override { return m_account.isSignedIn(); }
+
+    void whenKnown(std::function<void()> work) override { m_account.whenKnown(std::move(work)); }
+
+    void onChange(std::function<void()> observer) override { m_account.onChange(std::move(observer)); }
+
+    void signInOnThisComputer() override;
+
+    void refreshCredentials(std::chrono::seconds) override {}
+
+    void signIn(const Reply<CommandAnswer>& reply);
+    void signOut(const Reply<CommandAnswer>& reply);
+
+    Foundation& m_foundation;
+    FileTokenStore m_localTokens;
+    Account m_account;
+    QObject m_context; // of connections to what outlives us
+};
+
+} // namespace Kovrel

@@ -1,0 +1,71 @@
+#include "app/features/HotkeysFeature.h"
+
+#include "platform/session/DesktopSession.h"
+#include "ports/AccountStatus.h"
+#include "ports/ProgramCommands.h"
+
+namespace Kovrel {
+
+namespace {
+
+// A desktop gives up the keys of a shortcut some time after its setting.
+constexpr auto shortcutDelay = std::chrono::milliseconds(500);
+
+} // namespace
+
+HotkeysFeature::HotkeysFeature(Foundation& foundation, Ports& ports)
+    : m_foundation(foundation),
+      m_ports(ports),
+      m_shortcuts(foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->shortcuts(),
+                  [this] { return isSignedIn() && DesktopSession::obstacle().isEmpty(); }),
+      m_hotkeys(foundation.desktop->keys(), foundation.preferences, foundation.trace, handlers())
+{
+}
+
+GlobalHotkeyManager::Handlers HotkeysFeature::handlers()
+{
+    return {
+        .isSignedIn = [this] { return isSignedIn(); },
+        .syncOwnership = [this] { m_shortcuts.syncOwnership(); },
+        .perform = [this](const MenuEntry& entry) { m_ports.commands.tell(&ProgramCommands::perform, entry, false); },
+    };
+}
+
+bool HotkeysFeature::isSignedIn() const
+{
+    return !m_ports.account || m_ports.account->isSignedIn();
+}
+
+void HotkeysFeature::start(const Launch&)
+{
+    m_shortcuts.onSwitchedOff([this] { m_foundation.loop.after(shortcutDelay, [this] { m_hotkeys.refresh(); }); });
+    if (!m_ports.account) {
+        takeKeys();
+        return;
+    }
+    m_ports.account->whenKnown([this] { takeKeys(); });
+    m_ports.account->onChange([this] {
+        m_hotkeys.unregisterAll();
+        m_hotkeys.registerAll();
+    });
+}
+
+void HotkeysFeature::takeKeys()
+{
+    m_hotkeys.registerAll();
+    m_shortcuts.startMaintaining();
+}
+
+// The desktop can have its keys once they are free.
+void HotkeysFeature::prepareToEnd()
+{
+    m_hotkeys.unregisterAll();
+    m_shortcuts.reconcile({});
+}
+
+std::unique_ptr<Feature> makeHotkeysFeature(Foundation& foundation, Ports& ports)
+{
+    return std::make_unique<HotkeysFeature>(foundation, ports);
+}
+
+} // namespace Kovrel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/foundation/Feature.h"
+#include "app/foundation/Foundation.h"
+#include "hotkeys/GlobalHotkeyManager.h"
+#include "hotkeys/SystemShortcutManager.h"
+#include "ports/Ports.h"
+
+namespace Kovrel {
+
+// The global hotkeys, and the desktop's own shortcuts that are in their way.
+class HotkeysFeature : public Feature {
+public:
+    HotkeysFeature(Foundation& foundation, Ports& ports);
+
+    void start(const Launch& launch) override;
+    void prepareToEnd() override;
+
+private:
+    GlobalHotkeyManager::Handlers handlers();
+    bool isSignedIn() const;
+    void takeKeys();
+
+    Foundation& m_foundation;
+    const Ports& m_ports;
+    SystemShortcutManager m_shortcuts;
+    GlobalHotkeyManager m_hotkeys;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,16 @@
+#include "app/features/ToastsFeature.h"
+
+namespace Kovrel {
+
+ToastsFeature::ToastsFeature(Foundation& foundation, Ports& ports)
+    : m_toasts(foundation.loop, foundation.desktop->displays())
+{
+    ports.toasts.offer(m_toasts);
+}
+
+std::unique_ptr<Feature> makeToastsFeature(Foundation& foundation, Ports& ports)
+{
+    return std::make_unique<ToastsFeature>(foundation, ports);
+}
+
+} // namespace Kovrel

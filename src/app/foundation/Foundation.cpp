@@ -1,0 +1,17 @@
+#include "app/foundation/Foundation.h"
+
+#include "app/foundation/AppPaths.h"
+#include "platform/session/Desktops.h"
+
+namespace Kovrel {
+
+Foundation::Foundation(Kind kind)
+    : defaults(AppPaths::preferencesFile(), kind == Kind::instance ? &workers : nullptr),
+      preferences(defaults),
+      trace(loop, [this] { return defaults.boolean("traceCapture"); }),
+      secrets(Desktops::openSecrets(loop)),
+      desktop(kind == Kind::instance ? Desktops::open(loop, workers) : nullptr)
+{
+}
+
+} // namespace Kovrel

@@ -1,0 +1,206 @@
+#include "commandline/CommandTable.h"
+
+#include "commandline/OptionValues.h"
+
+#include <algorithm>
+
+namespace Kovrel {
+
+namespace {
+
+using enum HotkeyAction;
+using Runs = CommandSpec::Runs;
+
+const char* const outputTakes = "a file ending in .png, .jpeg, .heic or .tiff";
+
+CommandSpec captureCommand()
+{
+    return {
+        .name = "capture",
+        .operands = "MODE",
+        .meaning = "MODE: area | window | fullScreen | lastArea | ocrRegion | timed",
+        .options = {{.name = "rect",
+                     .value = "X,Y,W,H",
+                     .meaning = "the area, in points from the top left corner of the primary display",
+                     .takes = "X,Y,W,H in points, with a width and height above 0",
+                     .makesSense = OptionValues::isRectangle,
+                     .onlyWith = {"area", "ocrRegion"}},
+                    {.name = "save", .meaning = "save it in the folder of captures, whatever the settings say"},
+                    {.name = "output",
+                     .value = "FILE",
+                     .meaning = "save it as FILE instead, and wait until it is there",
+                     .takes = outputTakes,
+                     .makesSense = OptionValues::isPictureFile,
+                     .isPath = true,
+                     .insteadOf = "save"},
+                    {.name = "copy", .meaning = "copy the picture"},
+                    {.name = "wait", .meaning = "end when the files are on disk, and print where the capture went"},
+                    {.name = "json", .meaning = "print a JSON object instead"}},
+        .minOperands = 1,
+        .maxOperands = 1,
+        .choiceName = "capture mode",
+        .choices = {"area", "window", "fullScreen", "lastArea", "ocrRegion", "timed"},
+        .menu = {{"Capture Area", "area", {"capture", "area"}, area, "hotkeyArea"},
+                 {"Capture Window", "window", {"capture", "window"}, window, "hotkeyWindow"},
+                 {"Capture Full Screen", "fullScreen", {"capture", "fullScreen"}, fullScreen, "hotkeyFullScreen"},
+                 {"Capture Last Area", "lastArea", {"capture", "lastArea"}, lastArea, "hotkeyLastArea"},
+                 {"Capture with Self-Timer", "timed", {"capture", "timed"}, selfTimer, "hotkeySelfTimer"},
+                 {"Extract Text", "ocrRegion", {"capture", "ocrRegion"}, extractText, "hotkeyExtractText"}},
+    };
+}
+
+CommandSpec annotateCommand()
+{
+    return {
+        .name = "annotate",
+        .operands = "IMAGE",
+        .meaning = "a picture with its marks, on its backdrop",
+        .options = {{.name = "annotations",
+                     .value = "A.json",
+                     .meaning = "the marks, as the editor stores them",
+                     .isPath = true},
+                    {.name = "backdrop",
+                     .value = "B.json",
+                     .meaning = "the backdrop, as the editor stores it",
+                     .isPath = true},
+                    {.name = "subject",
+                     .value = "X,Y,W,H,RADIUS",
+                     .meaning = "the window in the picture, in pixels from its top left corner",
+                     .takes = "X,Y,W,H,RADIUS in pixels, with a width and height above 0",
+                     .makesSense = OptionValues::isSubject},
+                    {.name = "scale",
+                     .value = "S",
+                     .meaning = "how many pixels make a point; 1 unless told otherwise",
+                     .takes = "the pixels to a point, 0.25 to 16",
+                     .makesSense = OptionValues::isScale},
+                    {.name = "output",
+                     .value = "FILE",
+                     .meaning = "where to; the extension names the format",
+                     .takes = outputTakes,
+                     .makesSense = OptionValues::isPictureFile,
+                     .isPath = true,
+                     .isRequired = true}},
+        .minOperands = 1,
+        .maxOperands = 1,
+        .operandsArePaths = true,
+        .runs = Runs::drawing,
+    };
+}
+
+CommandSpec textCommand()
+{
+    return {.name = "text",
+            .operands = "FILE",
+            .meaning = "the text in a picture; --raw does without dictionaries",
+            .options = {{.name = "raw", .meaning = "read letter by letter, without the help of dictionaries"},
+                        {.name = "json", .meaning = "print a JSON object instead"}},
+            .minOperands = 1,
+            .maxOperands = 1,
+            .operandsArePaths = true,
+            .runs = Runs::whereAsked};
+}
+
+CommandSpec codesCommand()
+{
+    return {.name = "codes",
+            .operands = "FILE",
+            .meaning = "the QR codes in a picture",
+            .options = {{.name = "json", .meaning = "print a JSON array instead"}},
+            .minOperands = 1,
+            .maxOperands = 1,
+            .operandsArePaths = true,
+            .runs = Runs::whereAsked};
+}
+
+std::optional<std::string> preferencesError(const Command& command)
+{
+    const std::string& verb = command.operands.front();
+    const size_t wanted = verb == "list" ? 1 : verb == "set" ? 3 : verb == "get" || verb == "reset" ? 2 : 0;
+    if (command.operands.size() == wanted)
+        return std::nullopt;
+    return "preferences takes list, get KEY, set KEY VALUE or reset KEY";
+}
+
+CommandSpec preferencesCommand()
+{
+    return {.name = "preferences",
+            .operands = "list | get KEY | set KEY VALUE | reset KEY",
+            .meaning = "the settings",
+            .minOperands = 1,
+            .maxOperands = 3,
+            .operandError = preferencesError,
+            .runs = Runs::whereAsked};
+}
+
+const std::vector<CommandSpec>& table()
+{
+    static const std::vector<CommandSpec> all{
+        captureCommand(),
+        textCommand(),
+        codesCommand(),
+        annotateCommand(),
+        preferencesCommand(),
+        {.name = "sign-in",
+         .meaning = "use the account kept on this computer",
+         .options = {{.name = "local", .meaning = "the only account that there is", .isRequired = true}},
+         .runs = Runs::whereAsked},
+        {.name = "sign-out", .meaning = "forget the account", .runs = Runs::whereAsked},
+        {.name = "quit", .meaning = "end the running program"},
+        {.name = "pick-color",
+         .menu = {{"Pick Color", "pick-color", {"pick-color"}, pickColor, "hotkeyPickColor", true}},
+         .isOnCommandLine = false},
+        {.name = "recent",
+         .menu = {{"Recent Captures", "recent", {"recent"}, history, "hotkeyHistory"}},
+         .isOnCommandLine = false},
+        {.name = "reopen",
+         .menu = {{"Reopen Closed Capture", "reopen", {"reopen"}, reopenClosedCapture, "hotkeyReopenClosedCapture"}},
+         .isOnCommandLine = false},
+    };
+    return all;
+}
+
+std::vector<MenuEntry> entriesOfAllCommands()
+{
+    std::vector<MenuEntry> entries;
+    for (const CommandSpec& command : table())
+        entries.insert(entries.end(), command.menu.begin(), command.menu.end());
+    return entries;
+}
+
+} // namespace
+
+std::span<const CommandSpec> CommandTable::commands()
+{
+    return table();
+}
+
+const CommandSpec* CommandTable::find(const std::string& name)
+{
+    const auto found = std::ranges::find(table(), name, [](const CommandSpec& spec) { return std::string(spec.name); });
+    return found == table().end() ? nullptr : &*found;
+}
+
+const OptionSpec* CommandTable::findOption(const CommandSpec& command, const std::string& name)
+{
+    const auto named = [](const OptionSpec& option) { return std::string(option.name); };
+    const auto found = std::ranges::find(command.options, name, named);
+    return found == command.options.end() ? nullptr : &*found;
+}
+
+std::span<const MenuEntry> CommandTable::menu()
+{
+    static const std::vector<MenuEntry> entries = entriesOfAllCommands();
+    return entries;
+}
+
+std::span<const MenuEntry> CommandTable::menuInHotkeyOrder()
+{
+    static const std::vector<MenuEntry> entries = [] {
+        auto sorted = entriesOfAllCommands();
+        std::ranges::sort(sorted, {}, &MenuEntry::hotkey);
+        return sorted;
+    }();
+    return entries;
+}
+
+} // namespace Kovrel

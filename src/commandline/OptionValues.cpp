@@ -1,0 +1,72 @@
+#include "commandline/OptionValues.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
+#include <cmath>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr std::array<const char*, 7> pictureExtensions{"png", "jpeg", "jpg", "heic", "heif", "tiff", "tif"};
+
+std::string lower(std::string text)
+{
+    std::ranges::transform(text, text.begin(), [](unsigned char c) { return char(std::tolower(c)); });
+    return text;
+}
+
+std::string fileExtension(const std::string& path)
+{
+    const std::string name = path.substr(path.rfind('/') + 1);
+    const size_t dot = name.rfind('.');
+    return dot == std::string::npos ? std::string() : lower(name.substr(dot + 1));
+}
+
+} // namespace
+
+std::optional<std::vector<double>> OptionValues::numbers(const std::string& text, size_t count)
+{
+    std::vector<double> all;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    while (all.size() < count) {
+        if (!all.empty() && (at == end || *at++ != ','))
+            return std::nullopt;
+        double number = 0;
+        const auto [next, error] = std::from_chars(at, end, number);
+        if (error != std::errc() || !(std::abs(number) < 1e6))
+            return std::nullopt;
+        all.push_back(number);
+        at = next;
+    }
+    return at == end ? std::optional(all) : std::nullopt;
+}
+
+bool OptionValues::isRectangle(const std::string& text)
+{
+    const auto four = numbers(text, 4);
+    return four && (*four)[2] > 0 && (*four)[3] > 0;
+}
+
+bool OptionValues::isSubject(const std::string& text)
+{
+    const auto five = numbers(text, 5);
+    return five && (*five)[2] > 0 && (*five)[3] > 0 && (*five)[4] >= 0;
+}
+
+bool OptionValues::isScale(const std::string& text)
+{
+    const auto one = numbers(text, 1);
+    return one && one->front() >= 0.25 && one->front() <= 16;
+}
+
+bool OptionValues::isPictureFile(const std::string& path)
+{
+    const std::string extension = fileExtension(path);
+    return std::ranges::any_of(pictureExtensions, [&](const char* known) { return extension == known; });
+}
+
+} // namespace Kovrel

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Kovrel {
+
+// Which values of options make sense. Any thread.
+namespace OptionValues {
+
+// Numbers with commas between them; nothing when there are not `count` or one is beyond all screens.
+std::optional<std::vector<double>> numbers(const std::string& text, size_t count);
+
+bool isRectangle(const std::string& text); // X,Y,W,H with a width and height above 0
+bool isSubject(const std::string& text);   // the same and a radius
+bool isScale(const std::string& text);     // pixels to a point
+// Whether the name ends in a format that can be written.
+bool isPictureFile(const std::string& path);
+
+} // namespace OptionValues
+
+} // namespace Kovrel

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "model/CaptureResult.h"
+
+#include <functional>
+
+namespace Kovrel {
+
+// The captures that run, as other parts see them. Main thread.
+class Captures {
+public:
+    virtual ~Captures() = default;
+
+    // Called with each finished capture, pixels included, before anything else is done with it.
+    virtual void onCaptureFinished(std::function<void(const CaptureResult&)> observer) = 0;
+    // Work that wants to bring a window to the front runs now, or when the selection in progress has ended.
+    virtual void whenForegroundIsFree(std::function<void()> work) = 0;
+
+    virtual bool isCountingDown() const = 0;
+    virtual void cancelCountdown() = 0;
+};
+
+} // namespace Kovrel

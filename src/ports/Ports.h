@@ -1,0 +1,49 @@
+#pragma once
+
+#include "ports/Port.h"
+
+#include <vector>
+
+namespace Kovrel {
+
+class AccountStatus;
+class CaptureChrome;
+class CaptureDelivery;
+class CaptureEditors;
+class CaptureEffects;
+class CaptureHistory;
+class CapturePins;
+class Captures;
+class CardPile;
+class ColorPicking;
+class HelpWindows;
+class ProgramCommands;
+class ReopenLedger;
+class TextReader;
+class Toasts;
+
+// How the parts of the program meet. A part offers its port before anything is captured; what it offers lives as long
+// as the program runs.
+struct Ports {
+    Port<ProgramCommands> commands;
+    Port<AccountStatus> account; // without one nobody has to sign in
+    Port<HelpWindows> help;
+    Port<ColorPicking> colorPicking;
+
+    Port<Captures> captures;
+    Port<CaptureDelivery> delivery;
+    Port<CaptureEffects> effects;
+    Port<TextReader> textReader;
+
+    Port<CaptureHistory> history;
+    Port<ReopenLedger> ledger;
+    Port<CardPile> cards;
+    Port<CaptureEditors> editors;
+    Port<CapturePins> pins;
+    Port<Toasts> toasts;
+
+    // Windows that step aside for a capture, besides cards and toasts.
+    std::vector<CaptureChrome*> chrome;
+};
+
+} // namespace Kovrel
