@@ -38,7 +38,7 @@ void AppDelegate::applicationDidFinishLaunching(const Launch& launch)
     m_environment.terminateOnSignal();
     m_environment.registerHotkeys();
     m_environment.startMaintainingShortcuts();
-    m_environment.onAccountChange([this] { accountChanged(); });
+    m_accountChanges = m_environment.onAccountChange([this] { accountChanged(); });
     m_environment.prewarm();
     m_prewarmTimer = m_loop.after(delayedPrewarm, [this] { m_environment.prewarmDelayed(); });
     const bool isUpdated = noteBuild(launch);

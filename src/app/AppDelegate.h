@@ -44,6 +44,7 @@ private:
     MainLoop::TimerID m_prewarmTimer = 0;
     bool m_isRelaunching = false;
     bool m_isTerminating = false;
+    Subscription m_accountChanges;
 };
 
 } // namespace Kovrel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Observers.h"
+
 #include <QStringList>
 
 #include <chrono>
@@ -26,7 +28,7 @@ public:
     virtual bool isSignedIn() const = 0;
     virtual bool mayRecordScreen() const = 0;
     virtual void whenAccountIsKnown(std::function<void()> work) = 0;
-    virtual void onAccountChange(std::function<void()> observer) = 0;
+    virtual Subscription onAccountChange(std::function<void()> observer) = 0;
 
     virtual void showHome() = 0;
     virtual void showOnboarding(bool withSignIn) = 0;

@@ -96,7 +96,7 @@ Application::Application(AppDelegate::Launch launch)
                   [this] { return m_account.isSignedIn() && mayRecordScreen(); }),
       m_hotkeys(m_desktop->keys(), m_preferences, m_trace, hotkeyHandlers())
 {
-    m_coordinator.onCaptureFinished([this](const CaptureResult& result) {
+    m_captures = m_coordinator.onCaptureFinished([this](const CaptureResult& result) {
         m_bus.announceCaptureFinished(result.id.toString(QUuid::WithoutBraces).toUpper(), rawString(result.mode),
                                       result.image.width(), result.image.height());
         if (m_homeWindow)
@@ -274,14 +274,15 @@ void Application::unregisterHotkeys()
 
 void Application::startMaintainingShortcuts()
 {
-    m_shortcuts.onSwitchedOff([this] { m_loop.after(shortcutDelay, [this] { m_hotkeys.refresh(); }); });
+    m_freedShortcuts =
+        m_shortcuts.onSwitchedOff([this] { m_loop.after(shortcutDelay, [this] { m_hotkeys.refresh(); }); });
     m_account.whenKnown([this] { m_shortcuts.startMaintaining(); });
 }
 
 void Application::prewarm()
 {
     m_selectionOverlay.prewarm();
-    m_desktop->keys().onModifiersHeld([this] { m_selectionOverlay.expectSession(); });
+    m_heldModifiers = m_desktop->keys().onModifiersHeld([this] { m_selectionOverlay.expectSession(); });
 }
 
 void Application::prewarmDelayed() {}
@@ -301,9 +302,9 @@ void Application::whenAccountIsKnown(std::function<void()> work)
     m_account.whenKnown(std::move(work));
 }
 
-void Application::onAccountChange(std::function<void()> observer)
+Subscription Application::onAccountChange(std::function<void()> observer)
 {
-    m_account.onChange([this, observer = std::move(observer)] {
+    return m_account.onChange([this, observer = std::move(observer)] {
         observer();
         if (m_homeWindow)
             m_homeWindow->refresh();

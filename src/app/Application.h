@@ -59,7 +59,7 @@ private:
     bool isSignedIn() const override;
     bool mayRecordScreen() const override;
     void whenAccountIsKnown(std::function<void()> work) override;
-    void onAccountChange(std::function<void()> observer) override;
+    Subscription onAccountChange(std::function<void()> observer) override;
     void showHome() override;
     void showOnboarding(bool withSignIn) override;
     void showPermissionWindow() override;
@@ -119,6 +119,9 @@ private:
     std::unique_ptr<HomeWindow> m_homeWindow;
     std::unique_ptr<TrayMenu> m_tray;
     std::unique_ptr<SigtermSource> m_sigterm;
+    Subscription m_captures;
+    Subscription m_freedShortcuts;
+    Subscription m_heldModifiers;
     std::chrono::microseconds m_exitDeadline{0}; // of the main loop's clock
     QObject m_context;                           // of connections to what outlives us
 };

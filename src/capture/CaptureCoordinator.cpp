@@ -257,9 +257,9 @@ void CaptureCoordinator::flushDeferredForeground()
         work();
 }
 
-void CaptureCoordinator::onCaptureFinished(std::function<void(const CaptureResult&)> observer)
+Subscription CaptureCoordinator::onCaptureFinished(std::function<void(const CaptureResult&)> observer)
 {
-    m_finisher.onCaptureFinished(std::move(observer));
+    return m_finisher.onCaptureFinished(std::move(observer));
 }
 
 // --- What all flows use

@@ -52,7 +52,7 @@ public:
     // Work that wants to bring a window to the front runs now, or when the selection in progress has ended.
     void whenForegroundIsFree(std::function<void()> work);
 
-    void onCaptureFinished(std::function<void(const CaptureResult&)> observer);
+    Subscription onCaptureFinished(std::function<void(const CaptureResult&)> observer);
 
     std::shared_ptr<CaptureSave> lastCaptureSave() const { return m_finisher.lastCaptureSave(); }
 

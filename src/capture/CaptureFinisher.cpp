@@ -36,9 +36,9 @@ CaptureFinisher::CaptureFinisher(CaptureServices& services)
 {
 }
 
-void CaptureFinisher::onCaptureFinished(std::function<void(const CaptureResult&)> observer)
+Subscription CaptureFinisher::onCaptureFinished(std::function<void(const CaptureResult&)> observer)
 {
-    m_observers.push_back(std::move(observer));
+    return m_observers.add(std::move(observer));
 }
 
 CaptureResult CaptureFinisher::makeResult(Pixels pixels) const
@@ -79,8 +79,7 @@ QCoro::Task<> CaptureFinisher::finish(Pixels pixels, std::shared_ptr<CaptureRun>
         ComposedCapture composed = co_await *pendingFully;
         result = result.replacing(composed.image, composed.subject);
     }
-    for (const auto& observer : m_observers)
-        observer(result);
+    m_observers.notify(result);
 
     const Delivery plan = planDelivery(run->options);
     const auto png = std::make_shared<EncodedPng>(result.image);

@@ -3,6 +3,7 @@
 #include "capture/CaptureRun.h"
 #include "capture/CaptureServices.h"
 #include "capture/pixels/WindowBackdrop.h"
+#include "platform/Observers.h"
 #include "platform/Scope.h"
 #include "ports/CaptureSave.h"
 #include "saving/EncodedPng.h"
@@ -29,7 +30,7 @@ public:
     explicit CaptureFinisher(CaptureServices& services);
 
     // Called with each finished capture, pixels included, before anything else is done with it.
-    void onCaptureFinished(std::function<void(const CaptureResult&)> observer);
+    Subscription onCaptureFinished(std::function<void(const CaptureResult&)> observer);
 
     QCoro::Task<> finish(Pixels pixels, std::shared_ptr<CaptureRun> run, PendingComposition pendingFully = {});
 
@@ -52,7 +53,7 @@ private:
                                    std::optional<Wait<std::optional<QString>>> record);
 
     CaptureServices& m_services;
-    std::vector<std::function<void(const CaptureResult&)>> m_observers;
+    Observers<const CaptureResult&> m_observers;
     std::shared_ptr<CaptureSave> m_lastCaptureSave;
     Scope m_scope;
 };

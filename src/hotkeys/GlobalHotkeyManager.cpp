@@ -32,8 +32,8 @@ GlobalHotkeyManager::GlobalHotkeyManager(KeyGrabs& keys, Preferences& preference
                                          Handlers handlers)
     : m_keys(keys), m_preferences(preferences), m_trace(trace), m_handlers(std::move(handlers))
 {
-    m_keys.onLayoutChange([this] { refresh(); });
-    m_preferences.defaults().onChange([this](const QString& key) {
+    m_layoutChanges = m_keys.onLayoutChange([this] { refresh(); });
+    m_settingChanges = m_preferences.defaults().onChange([this](const QString& key) {
         if (isHotkeySetting(key))
             refresh();
     });
@@ -41,7 +41,6 @@ GlobalHotkeyManager::GlobalHotkeyManager(KeyGrabs& keys, Preferences& preference
 
 GlobalHotkeyManager::~GlobalHotkeyManager()
 {
-    m_keys.onLayoutChange({});
     unregisterAll();
 }
 

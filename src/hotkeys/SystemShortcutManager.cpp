@@ -58,7 +58,7 @@ std::span<const SystemShortcutManager::Chord> SystemShortcutManager::manageableC
 
 void SystemShortcutManager::startMaintaining()
 {
-    m_preferences.defaults().onChange([this](const QString& key) {
+    m_settingChanges = m_preferences.defaults().onChange([this](const QString& key) {
         if (key == "hasCompletedOnboarding" || key.startsWith("hotkey"))
             syncOwnership();
     });
@@ -134,8 +134,8 @@ QCoro::Task<> SystemShortcutManager::switchOff(std::set<int> target, int generat
         co_return;
     store(shortcuts);
     co_await m_scope.onWorker(Lane::utility, [s = m_switches, changes] { apply(*s, changes); });
-    if (generation == m_generation && m_onSwitchedOff)
-        m_onSwitchedOff();
+    if (generation == m_generation)
+        m_switchedOff.notify();
 }
 
 // Notes, as the last one, what is taken from a shortcut. An older note holds as long as the shortcut is what we left of

@@ -18,7 +18,7 @@ struct LoggedEnvironment : AppEnvironment {
     bool signedIn = true;
     bool permitted = true;
     bool hasTitledWindow = false;
-    std::function<void()> accountChanged;
+    Observers<> accountObservers;
     std::function<void()> savesLanded;
 
     std::vector<std::string> takeLog() { return std::exchange(log, {}); }
@@ -47,7 +47,12 @@ struct LoggedEnvironment : AppEnvironment {
 
     void whenAccountIsKnown(std::function<void()> work) override { work(); }
 
-    void onAccountChange(std::function<void()> observer) override { accountChanged = observer; }
+    Subscription onAccountChange(std::function<void()> observer) override
+    {
+        return accountObservers.add(std::move(observer));
+    }
+
+    void accountChanged() { accountObservers.notify(); }
 
     void showHome() override { log.push_back("home"); }
 

@@ -279,7 +279,7 @@ TEST_F(CoordinatorTest, RequestsWhileTheOverlayIsUp)
         outcomes.clear();
         captureAndSettle(c.first);
         if (c.switchedTo)
-            fake.modeChanged(*c.switchedTo);
+            fake.modeObservers.notify(*c.switchedTo);
         fake.isCommitting = c.isCommitting;
         fake.takeLog();
         capture(c.second);
@@ -327,7 +327,7 @@ TEST_F(CoordinatorTest, ANewRunMayStartWhileTheOneBeforeFinishes)
     fake.defaults.set("afterCaptureActions", 5);
     capture(CaptureMode::fullScreen, {.waitsForFiles = true});
     // The save is still in flight when the next capture begins and ends.
-    coordinator->onCaptureFinished([this](const CaptureResult& result) {
+    const Subscription captures = coordinator->onCaptureFinished([this](const CaptureResult& result) {
         if (result.mode == CaptureMode::fullScreen)
             capture(CaptureMode::area);
     });

@@ -123,7 +123,7 @@ TEST_F(PreferencesTest, TheFileIsWrittenOnAWorkerAndKeepsOthersChanges)
     Testing::FakeWorkers workers;
     UserDefaults defaults(path, &workers);
     QStringList changed;
-    defaults.onChange([&](const QString& key) { changed << key; });
+    const Subscription changes = defaults.onChange([&](const QString& key) { changed << key; });
     defaults.set("selfTimerSeconds", 8);
     EXPECT_EQ(defaults.integer("selfTimerSeconds"), 8);
     EXPECT_FALSE(QFile::exists(path));

@@ -42,8 +42,8 @@ OverlayCursor cursorOf(SelectionOverlay::Mode mode, const Display& display)
 
 SelectionOverlayController::SelectionOverlayController(Platform platform) : m_platform(platform)
 {
-    m_platform.displays.onChange([this] { cancel(); });
-    m_platform.lock.onLock([this] { cancel(); });
+    m_displayChanges = m_platform.displays.onChange([this] { cancel(); });
+    m_locks = m_platform.lock.onLock([this] { cancel(); });
 }
 
 SelectionOverlayController::~SelectionOverlayController()
@@ -110,7 +110,7 @@ void SelectionOverlayController::applyFrozenImages()
     askForWindows();
     // These are many requests: the server gets them while the displays are being frozen.
     registerKeys();
-    m_platform.keys.watchForTakeover([this] { cancel(); });
+    m_takeovers = m_platform.keys.watchForTakeover([this] { cancel(); });
 }
 
 void SelectionOverlayController::opened(std::optional<OverlaySurfaces::Opened> opened)
@@ -208,7 +208,7 @@ void SelectionOverlayController::dismiss(bool keepingFrozenScreens)
     ++m_session;
     m_inputs.clear();
     releaseKeys();
-    m_platform.keys.watchForTakeover({});
+    m_takeovers = {};
     m_platform.surfaces.close();
     m_views.clear();
     if (keepingFrozenScreens)
@@ -216,7 +216,6 @@ void SelectionOverlayController::dismiss(bool keepingFrozenScreens)
     m_frozen.clear();
     m_windows.reset();
     m_hovered.clear();
-    m_onModeChange = nullptr;
     m_pressedInWindowMode = false;
     m_isPicked = false;
     m_spaceIsDown = false;
@@ -323,8 +322,7 @@ void SelectionOverlayController::toggleMode()
     m_mode = m_mode == Mode::areaDrag ? Mode::windowPick : Mode::areaDrag;
     m_area = AreaSelection(m_platform.displays.all());
     m_pressedInWindowMode = false;
-    if (m_onModeChange)
-        m_onModeChange(m_mode);
+    m_modeObservers.notify(m_mode);
     reassertPresence();
     updateHoveredWindows();
     if (m_mode == Mode::windowPick)

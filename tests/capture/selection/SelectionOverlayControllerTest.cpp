@@ -40,9 +40,11 @@ struct FakePointer : Pointer {
 };
 
 struct FakeLock : ScreenLock {
-    void onLock(std::function<void()> callback) override { lock = std::move(callback); }
+    Subscription onLock(std::function<void()> callback) override { return observers.add(std::move(callback)); }
 
-    std::function<void()> lock;
+    void lock() { observers.notify(); }
+
+    Observers<> observers;
 };
 
 // Surfaces without pixels, which the test opens and on which it moves the pointer.
@@ -210,7 +212,7 @@ TEST_F(ControllerTest, HeldSpaceSwitchesTheModeOnce)
 {
     std::vector<Mode> modes;
     begin();
-    overlay->onModeChange([&](Mode mode) { modes.push_back(mode); });
+    const Subscription modeChanges = overlay->onModeChange([&](Mode mode) { modes.push_back(mode); });
     opened(Ground::live);
     type("Space");
     for (int i = 0; i < 3; ++i)
