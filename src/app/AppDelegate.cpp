@@ -28,11 +28,10 @@ AppDelegate::~AppDelegate()
 
 void AppDelegate::applicationDidFinishLaunching(const Launch& launch)
 {
-    UserDefaults& defaults = m_preferences.defaults();
-    Preferences::registerDefaults(defaults);
-    if (!defaults.isStored("saveLocationBookmark"))
+    Preferences::registerDefaults(m_preferences.defaults());
+    if (!m_preferences.isStored(Settings::saveLocationBookmark))
         m_environment.ensureDefaultSaveFolder();
-    defaults.registerDefaults({{"NSInitialToolTipDelay", 1000}});
+    m_preferences.defaults().registerDefaults({{Settings::toolTipDelay.name, 1000}});
     m_environment.restoreAccount();
     m_environment.sweepTemporaryFiles();
     m_environment.terminateOnSignal();
@@ -49,10 +48,9 @@ void AppDelegate::applicationDidFinishLaunching(const Launch& launch)
 
 bool AppDelegate::noteBuild(const Launch& launch)
 {
-    UserDefaults& defaults = m_preferences.defaults();
-    const QString lastBuild = defaults.text("lastRunBuild");
+    const QString lastBuild = m_preferences.get(Settings::lastRunBuild);
     if (lastBuild != launch.build)
-        defaults.set("lastRunBuild", launch.build);
+        m_preferences.set(Settings::lastRunBuild, launch.build);
     return !lastBuild.isEmpty() && lastBuild != launch.build;
 }
 
@@ -60,7 +58,7 @@ void AppDelegate::showFirstWindow(const Launch& launch, bool isUpdated)
 {
     if (launch.isLoginItem)
         return;
-    if (!m_preferences.defaults().boolean("hasCompletedOnboarding")) {
+    if (!m_preferences.get(Settings::hasCompletedOnboarding)) {
         m_environment.showOnboarding(!m_environment.isSignedIn());
         return;
     }
@@ -76,7 +74,7 @@ void AppDelegate::accountChanged()
 {
     m_environment.unregisterHotkeys();
     m_environment.registerHotkeys();
-    if (!m_environment.isSignedIn() && m_preferences.defaults().boolean("hasCompletedOnboarding"))
+    if (!m_environment.isSignedIn() && m_preferences.get(Settings::hasCompletedOnboarding))
         m_environment.showHome();
 }
 
@@ -84,7 +82,7 @@ void AppDelegate::applicationShouldHandleReopen()
 {
     if (m_environment.bringTitledWindowsForward())
         return;
-    if (m_preferences.defaults().boolean("hasCompletedOnboarding") && m_environment.isSignedIn())
+    if (m_preferences.get(Settings::hasCompletedOnboarding) && m_environment.isSignedIn())
         m_environment.showHome();
     else
         m_environment.showOnboarding(!m_environment.isSignedIn());

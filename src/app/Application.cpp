@@ -64,7 +64,7 @@ Application::Application(AppDelegate::Launch launch)
     : m_launch(std::move(launch)),
       m_defaults(AppPaths::preferencesFile(), &m_workers),
       m_preferences(m_defaults),
-      m_trace(m_loop, [this] { return m_defaults.boolean("traceCapture"); }),
+      m_trace(m_loop, [this] { return m_preferences.get(Settings::traceCapture); }),
       m_desktop(Desktops::open(m_loop, m_workers)),
       m_localTokens(m_loop, m_workers, AppPaths::dataFolder()),
       m_account(m_localTokens, m_desktop->secrets()),
@@ -85,7 +85,7 @@ Application::Application(AppDelegate::Launch launch)
       m_selectionCapture(m_loop, m_workers, m_desktop->windows()),
       m_recognition(m_loop, m_workers,
                     std::make_unique<PatientRecogniser>([] { return std::make_unique<PluginTextRecogniser>(); }),
-                    [this] { return m_defaults.textList("textLanguages"); }),
+                    [this] { return m_preferences.get(Settings::textLanguages); }),
       m_codes(m_loop, m_workers, m_codeReader),
       m_textReader(m_loop, m_workers, m_recognition, m_codes),
       m_textCommand(m_loop, m_workers, m_recognition, m_codes),
@@ -153,7 +153,7 @@ InstanceBus::Claim Application::claimInstance()
 
 void Application::start()
 {
-    QApplication::setStyle(new AppStyle(m_defaults));
+    QApplication::setStyle(new AppStyle([this] { return m_preferences.get(Settings::toolTipDelay); }));
     m_tray = std::make_unique<TrayMenu>(m_preferences, trayHandlers());
     m_tray->show();
     m_delegate.applicationDidFinishLaunching(m_launch);

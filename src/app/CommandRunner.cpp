@@ -70,7 +70,7 @@ void CommandRunner::run(const QStringList& arguments, quint64 requestID, Reply<C
     } else if (command->name == "annotate") {
         runOnWorker(
             Lane::utility,
-            [command = *command, settings = AnnotateCommand::settings(m_preferences.defaults())] {
+            [command = *command, settings = AnnotateCommand::settings(m_preferences)] {
                 return AnnotateCommand::run(command, settings);
             },
             reply);
@@ -123,7 +123,7 @@ void CommandRunner::runAccountCommand(const Command& command, Account& account, 
 {
     const bool signsIn = command.name == "sign-in";
     const auto answer = [reply, signsIn, &defaults](bool isDone) {
-        const bool isNoted = !isDone || !signsIn || defaults.set("hasCompletedOnboarding", true);
+        const bool isNoted = !isDone || !signsIn || Preferences(defaults).set(Settings::hasCompletedOnboarding, true);
         reply(isDone && isNoted
                   ? CommandAnswer{}
                   : CommandAnswer{.exitCode = CommandLine::failed,

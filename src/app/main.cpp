@@ -73,8 +73,9 @@ int runWithoutInstance(const Command& command, int& argc, char** argv)
         return report(CodesCommand::run(command));
     UserDefaults defaults(AppPaths::preferencesFile());
     Preferences::registerDefaults(defaults);
+    const Preferences preferences(defaults);
     if (command.name == "annotate")
-        return report(AnnotateCommand::run(command, AnnotateCommand::settings(defaults)));
+        return report(AnnotateCommand::run(command, AnnotateCommand::settings(preferences)));
     if (command.name == "preferences")
         return report(PreferencesCommand::run(defaults, toTexts(command.operands)));
     QtMainLoop loop;
@@ -84,7 +85,7 @@ int runWithoutInstance(const Command& command, int& argc, char** argv)
     Account account(tokens, secrets);
     VisionOCREngine recognition(
         loop, workers, std::make_unique<PatientRecogniser>([] { return std::make_unique<PluginTextRecogniser>(); }),
-        [&defaults] { return defaults.textList("textLanguages"); });
+        [&preferences] { return preferences.get(Settings::textLanguages); });
     const PluginCodeReader codeReader;
     QRCodeDetector codes(loop, workers, codeReader);
     TextCommand text(loop, workers, recognition, codes, ::isatty(STDERR_FILENO) ? &showProgress : nullptr);

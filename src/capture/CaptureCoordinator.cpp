@@ -150,7 +150,7 @@ bool CaptureCoordinator::ensureScreenAccess()
         m_services.access.refreshCredentials(credentialsMaxAge);
         return ensurePermission();
     }
-    if (m_services.preferences.defaults().boolean("hasCompletedOnboarding"))
+    if (m_services.preferences.get(Settings::hasCompletedOnboarding))
         m_services.access.showHome();
     else
         m_services.access.showOnboarding(true);
@@ -161,7 +161,7 @@ bool CaptureCoordinator::ensurePermission()
 {
     if (m_services.access.mayRecordScreen())
         return true;
-    if (m_services.preferences.defaults().boolean("hasCompletedOnboarding"))
+    if (m_services.preferences.get(Settings::hasCompletedOnboarding))
         m_services.access.showPermissionWindow();
     else
         m_services.access.showOnboarding(false);
@@ -266,7 +266,7 @@ Subscription CaptureCoordinator::onCaptureFinished(std::function<void(const Capt
 
 bool CaptureCoordinator::hideChrome(const Run& run, bool withToasts)
 {
-    if (!m_services.preferences.defaults().boolean("hideChromeFromRecordings"))
+    if (!m_services.preferences.get(Settings::hideChromeFromRecordings))
         return false;
     m_chromeHiddenBy = run->generation;
     bool changesScreen = m_services.cards.setHiddenForCapture(true);
@@ -299,7 +299,7 @@ QCoro::Task<> CaptureCoordinator::runFullScreen(Run run, std::optional<Display> 
         co_return;
     }
     m_services.cards.prepareForIncomingCapture(previewOn.value_or(*target).id);
-    const bool showCursor = m_services.preferences.defaults().boolean("showCursorInCapture");
+    const bool showCursor = m_services.preferences.get(Settings::showCursorInCapture);
     std::optional<PixelSource::Grab> grab =
         co_await m_scope.join(m_services.engine.pixels(target->pixelRect, showCursor));
     m_services.trace.mark(

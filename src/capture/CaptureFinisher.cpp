@@ -57,7 +57,7 @@ CaptureResult CaptureFinisher::makeResult(Pixels pixels) const
 
 CaptureFinisher::Delivery CaptureFinisher::planDelivery(const CaptureOptions& options) const
 {
-    const AfterCaptureActions actions = m_services.preferences.afterCaptureActions();
+    const AfterCaptureActions actions = m_services.preferences.get(Settings::afterCaptureActions);
     Delivery plan{
         .save = options.save || options.outputPath || actions.testFlag(AfterCaptureAction::save),
         .copy = options.copy || actions.testFlag(AfterCaptureAction::copy),

@@ -1,5 +1,6 @@
 #include "hotkeys/CaptureCommands.h"
 
+#include <algorithm>
 #include <array>
 
 namespace Kovrel {
@@ -12,15 +13,15 @@ using enum HotkeyAction;
 
 // At the places of their actions' numbers.
 constexpr std::array table{
-    Entry{area, "Capture Area", "hotkeyArea", Action::capture, CaptureMode::area},
-    Entry{fullScreen, "Capture Full Screen", "hotkeyFullScreen", Action::capture, CaptureMode::fullScreen},
-    Entry{window, "Capture Window", "hotkeyWindow", Action::capture, CaptureMode::window},
-    Entry{lastArea, "Capture Last Area", "hotkeyLastArea", Action::capture, CaptureMode::lastArea},
-    Entry{selfTimer, "Capture with Self-Timer", "hotkeySelfTimer", Action::capture, CaptureMode::timed},
-    Entry{extractText, "Extract Text", "hotkeyExtractText", Action::capture, CaptureMode::ocrRegion},
-    Entry{pickColor, "Pick Color", "hotkeyPickColor", Action::pickColor},
-    Entry{reopenClosedCapture, "Reopen Closed Capture", "hotkeyReopenClosedCapture", Action::reopenClosed},
-    Entry{history, "Recent Captures", "hotkeyHistory", Action::recentCaptures},
+    Entry{area, "Capture Area", &Settings::hotkeyArea, Action::capture, CaptureMode::area},
+    Entry{fullScreen, "Capture Full Screen", &Settings::hotkeyFullScreen, Action::capture, CaptureMode::fullScreen},
+    Entry{window, "Capture Window", &Settings::hotkeyWindow, Action::capture, CaptureMode::window},
+    Entry{lastArea, "Capture Last Area", &Settings::hotkeyLastArea, Action::capture, CaptureMode::lastArea},
+    Entry{selfTimer, "Capture with Self-Timer", &Settings::hotkeySelfTimer, Action::capture, CaptureMode::timed},
+    Entry{extractText, "Extract Text", &Settings::hotkeyExtractText, Action::capture, CaptureMode::ocrRegion},
+    Entry{pickColor, "Pick Color", &Settings::hotkeyPickColor, Action::pickColor},
+    Entry{reopenClosedCapture, "Reopen Closed Capture", &Settings::hotkeyReopenClosedCapture, Action::reopenClosed},
+    Entry{history, "Recent Captures", &Settings::hotkeyHistory, Action::recentCaptures},
 };
 
 constexpr std::array menuOrder{area,        window,    fullScreen, lastArea,           selfTimer,
@@ -43,6 +44,11 @@ std::span<const Entry> CaptureCommands::entries()
 std::span<const Entry> CaptureCommands::inHotkeyOrder()
 {
     return table;
+}
+
+bool CaptureCommands::isHotkeySetting(const QString& name)
+{
+    return std::ranges::any_of(table, [&](const Entry& command) { return command.hotkey->name == name; });
 }
 
 } // namespace Kovrel

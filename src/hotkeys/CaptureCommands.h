@@ -2,6 +2,7 @@
 
 #include "hotkeys/HotkeyAction.h"
 #include "model/CaptureMode.h"
+#include "preferences/Settings.h"
 
 #include <QString>
 
@@ -18,7 +19,7 @@ enum class Action { capture, pickColor, recentCaptures, reopenClosed };
 struct Entry {
     HotkeyAction hotkeyAction;
     const char* label;
-    const char* hotkey; // the setting that holds its key combination
+    const SettingKey<Hotkey>* hotkey; // the setting that holds its key combination
     Action action;
     std::optional<CaptureMode> mode = {}; // of a capture
 };
@@ -27,6 +28,8 @@ struct Entry {
 std::span<const Entry> entries();
 // As they are registered.
 std::span<const Entry> inHotkeyOrder();
+// Whether this is the name of a setting that holds the key combination of one.
+bool isHotkeySetting(const QString& name);
 
 } // namespace CaptureCommands
 

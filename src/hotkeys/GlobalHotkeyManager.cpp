@@ -14,13 +14,6 @@ Q_LOGGING_CATEGORY(log, "com.kovrel.hotkeys")
 
 constexpr KeyGrabs::Status takenByOurselves = -1;
 
-bool isHotkeySetting(const QString& key)
-{
-    return std::ranges::any_of(CaptureCommands::inHotkeyOrder(), [&](const CaptureCommands::Entry& command) {
-        return key == QLatin1StringView(command.hotkey);
-    });
-}
-
 void logRefusal(KeyGrabs::Status status)
 {
     qCWarning(log, "Kovrel: failed to register hotkey (status %d)", status);
@@ -34,7 +27,7 @@ GlobalHotkeyManager::GlobalHotkeyManager(KeyGrabs& keys, Preferences& preference
 {
     m_layoutChanges = m_keys.onLayoutChange([this] { refresh(); });
     m_settingChanges = m_preferences.defaults().onChange([this](const QString& key) {
-        if (isHotkeySetting(key))
+        if (CaptureCommands::isHotkeySetting(key))
             refresh();
     });
 }
@@ -70,7 +63,7 @@ std::map<HotkeyAction, KeyCombo> GlobalHotkeyManager::wantedCombos() const
 {
     std::map<HotkeyAction, KeyCombo> wanted;
     for (const CaptureCommands::Entry& command : CaptureCommands::inHotkeyOrder()) {
-        const auto combo = m_preferences.hotkey(command.hotkey);
+        const auto combo = m_preferences.get(*command.hotkey);
         if (!combo)
             continue;
         if (std::ranges::any_of(wanted, [&](const auto& earlier) { return earlier.second == *combo; }))

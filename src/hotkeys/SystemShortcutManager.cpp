@@ -21,9 +21,6 @@ constexpr std::array chords{
     SystemShortcutManager::Chord{{23, superShift}, 184},
 };
 
-constexpr const char* disabledKey = "kovrelDisabledNativeHotKeys";
-constexpr const char* takenKey = "takenDesktopShortcuts";
-
 // What a shortcut is to become, if it is still what it was.
 struct Change {
     ShortcutSwitches::Shortcut before;
@@ -59,7 +56,7 @@ std::span<const SystemShortcutManager::Chord> SystemShortcutManager::manageableC
 void SystemShortcutManager::startMaintaining()
 {
     m_settingChanges = m_preferences.defaults().onChange([this](const QString& key) {
-        if (key == "hasCompletedOnboarding" || key.startsWith("hotkey"))
+        if (key == Settings::hasCompletedOnboarding.name || CaptureCommands::isHotkeySetting(key))
             syncOwnership();
     });
     syncOwnership();
@@ -78,11 +75,11 @@ SystemShortcutManager::Ownership SystemShortcutManager::syncOwnership()
 std::set<int> SystemShortcutManager::wantedChords() const
 {
     std::set<int> wanted;
-    if (!m_preferences.defaults().boolean("hasCompletedOnboarding") || !m_mayCapture())
+    if (!m_preferences.get(Settings::hasCompletedOnboarding) || !m_mayCapture())
         return wanted;
     for (const CaptureCommands::Entry& command : CaptureCommands::inHotkeyOrder())
         for (const Chord& chord : chords)
-            if (m_preferences.hotkey(command.hotkey) == chord.combo)
+            if (m_preferences.get(*command.hotkey) == chord.combo)
                 wanted.insert(chord.symbolicHotKey);
     return wanted;
 }
@@ -172,14 +169,14 @@ std::optional<int> SystemShortcutManager::symbolicHotKey(const QString& accelera
 std::set<int> SystemShortcutManager::disabledByUs() const
 {
     std::set<int> numbers;
-    for (const QString& number : m_preferences.defaults().textList(disabledKey))
+    for (const QString& number : m_preferences.get(Settings::disabledNativeHotkeys))
         numbers.insert(number.toInt());
     return numbers;
 }
 
 std::vector<TakenShortcut> SystemShortcutManager::takenShortcuts() const
 {
-    return TakenShortcuts::fromJson(m_preferences.defaults().data(takenKey));
+    return TakenShortcuts::fromJson(m_preferences.get(Settings::takenDesktopShortcuts));
 }
 
 void SystemShortcutManager::store(const std::vector<TakenShortcut>& shortcuts)
@@ -191,13 +188,12 @@ void SystemShortcutManager::store(const std::vector<TakenShortcut>& shortcuts)
     QStringList texts;
     for (const int number : numbers)
         texts << QString::number(number);
-    UserDefaults& defaults = m_preferences.defaults();
     if (shortcuts.empty()) {
-        defaults.remove(takenKey);
-        defaults.remove(disabledKey);
+        m_preferences.remove(Settings::takenDesktopShortcuts);
+        m_preferences.remove(Settings::disabledNativeHotkeys);
     } else {
-        defaults.set(takenKey, TakenShortcuts::toJson(shortcuts));
-        defaults.set(disabledKey, texts);
+        m_preferences.set(Settings::takenDesktopShortcuts, TakenShortcuts::toJson(shortcuts));
+        m_preferences.set(Settings::disabledNativeHotkeys, texts);
     }
 }
 

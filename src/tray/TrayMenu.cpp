@@ -47,7 +47,7 @@ void TrayMenu::refresh()
     for (const auto& [action, entry] : m_commands) {
         action->setEnabled(m_handlers.isEnabled(entry));
         // Behind a tab, as a menu shows its shortcut: a real one would only work while the menu is open.
-        const auto combo = m_preferences.hotkey(entry.hotkey);
+        const auto combo = m_preferences.get(*entry.hotkey);
         action->setText(entry.label + (combo ? '\t' + combo->text() : QString()));
     }
 }

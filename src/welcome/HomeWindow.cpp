@@ -131,7 +131,7 @@ void HomeWindow::refresh()
     for (size_t i = 0; i < m_commands.size(); ++i) {
         const auto& [button, entry] = m_commands[i];
         button->setEnabled(m_handlers.isEnabled(entry));
-        const auto combo = m_preferences.hotkey(entry.hotkey);
+        const auto combo = m_preferences.get(*entry.hotkey);
         m_keys[i]->setText(combo ? combo->text() : QString());
         m_keys[i]->setEnabled(button->isEnabled());
     }

@@ -138,8 +138,8 @@ TEST_F(AppDelegateTest, TheFirstWindowFollowsAccountPermissionAndUpdate)
         {false, false, true, true, "", {}},
     };
     for (const Case& c : cases) {
-        defaults.set("hasCompletedOnboarding", c.onboarded);
-        defaults.set("lastRunBuild", c.lastBuild);
+        preferences.set(Settings::hasCompletedOnboarding, c.onboarded);
+        preferences.set(Settings::lastRunBuild, c.lastBuild);
         environment.signedIn = c.signedIn;
         environment.permitted = c.permitted;
         AppDelegate::Launch with = usual;
@@ -150,14 +150,14 @@ TEST_F(AppDelegateTest, TheFirstWindowFollowsAccountPermissionAndUpdate)
         EXPECT_EQ(log, c.windows) << c.onboarded << c.signedIn << c.permitted << c.loginItem << c.lastBuild;
         EXPECT_EQ(defaults.text("lastRunBuild"), "7");
     }
-    defaults.set("saveLocationBookmark", QByteArray("file:///elsewhere"));
+    preferences.set(Settings::saveLocationBookmark, QByteArray("file:///elsewhere"));
     launch(usual);
     EXPECT_EQ(environment.log.front(), "account") << "a chosen folder needs no default one";
 }
 
 TEST_F(AppDelegateTest, AnAccountChangeRegistersHotkeysAgain)
 {
-    defaults.set("hasCompletedOnboarding", true);
+    preferences.set(Settings::hasCompletedOnboarding, true);
     launch(usual);
     environment.takeLog();
     environment.accountChanged();
@@ -175,7 +175,7 @@ TEST_F(AppDelegateTest, ASecondStartBringsForwardWhatThereIs)
     environment.hasTitledWindow = false;
     delegate->applicationShouldHandleReopen();
     EXPECT_THAT(environment.takeLog(), ElementsAre("forward", "first run"));
-    defaults.set("hasCompletedOnboarding", true);
+    preferences.set(Settings::hasCompletedOnboarding, true);
     delegate->applicationShouldHandleReopen();
     EXPECT_THAT(environment.takeLog(), ElementsAre("forward", "home"));
 }

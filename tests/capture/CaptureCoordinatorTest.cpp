@@ -134,7 +134,7 @@ TEST_F(CoordinatorTest, ADesktopPictureThatNoWindowTookIsFetchedAnew)
 
 TEST_F(CoordinatorTest, TimedCountsDownThenTakesTheScreenItBeganOn)
 {
-    fake.defaults.set("selfTimerSeconds", 2);
+    fake.preferences.set(Settings::selfTimerSeconds, 2);
     captureAndSettle(CaptureMode::timed);
     EXPECT_THAT(fake.takeLog(), ElementsAreArray(request + Log{"cards: hide", "history window: hide", "grab Escape",
                                                                "toast on 1: Capturing in 2\u2026"}));
@@ -151,7 +151,7 @@ TEST_F(CoordinatorTest, TimedCountsDownThenTakesTheScreenItBeganOn)
 
 TEST_F(CoordinatorTest, SelfTimerBelowOneCountsFromFive)
 {
-    fake.defaults.set("selfTimerSeconds", 0);
+    fake.preferences.set(Settings::selfTimerSeconds, 0);
     captureAndSettle(CaptureMode::timed);
     EXPECT_TRUE(fake.logged("toast on 1: Capturing in 5\u2026"));
     seconds(4);
@@ -324,7 +324,7 @@ TEST_F(CoordinatorTest, ThreePressesWhilePixelsAreTakenLeaveTheLast)
 
 TEST_F(CoordinatorTest, ANewRunMayStartWhileTheOneBeforeFinishes)
 {
-    fake.defaults.set("afterCaptureActions", 5);
+    fake.preferences.set(Settings::afterCaptureActions, AfterCaptureActions::fromInt(5));
     capture(CaptureMode::fullScreen, {.waitsForFiles = true});
     // The save is still in flight when the next capture begins and ends.
     const Subscription captures = coordinator->onCaptureFinished([this](const CaptureResult& result) {
@@ -409,7 +409,7 @@ TEST_F(CoordinatorTest, AccessIsCheckedBeforeAnythingStarts)
                           Case{true, false, false, "show onboarding"}, Case{true, false, true, "show permission"}}) {
         fake.isSignedIn = c.signedIn;
         fake.mayRecord = c.permitted;
-        fake.defaults.set("hasCompletedOnboarding", c.onboarded);
+        fake.preferences.set(Settings::hasCompletedOnboarding, c.onboarded);
         captureAndSettle(CaptureMode::fullScreen);
         EXPECT_THAT(fake.takeLog(), ElementsAre("history: suspend", c.shown, "history: idle index"));
     }
@@ -482,7 +482,7 @@ TEST_F(CoordinatorTest, WhatHappensAfterwardsFollowsTheSettings)
     fake.chromeIsVisible = false;
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        fake.defaults.set("afterCaptureActions", c.actions);
+        fake.preferences.set(Settings::afterCaptureActions, AfterCaptureActions::fromInt(c.actions));
         fake.cardsCanPresent = c.canPresent;
         fake.historyRecords = c.records;
         capture(CaptureMode::fullScreen, c.options);
@@ -515,14 +515,14 @@ TEST_F(CoordinatorTest, WaitingRepliesComeWhenTheFilesAreOnDisk)
 
 TEST_F(CoordinatorTest, ChromeStaysWhenTheUserWantsItInCaptures)
 {
-    fake.defaults.set("hideChromeFromRecordings", false);
+    fake.preferences.set(Settings::hideChromeFromRecordings, false);
     captureAndSettle(CaptureMode::fullScreen);
     EXPECT_FALSE(fake.logged("cards: hide"));
     EXPECT_FALSE(fake.logged("cards: show"));
     EXPECT_FALSE(fake.logged("wait for repaint"));
     captureAndSettle(CaptureMode::fullScreen, {.waitsForRepaint = true});
     EXPECT_TRUE(fake.logged("wait for repaint")) << "a menu that was open must be gone";
-    fake.defaults.set("selfTimerSeconds", 1);
+    fake.preferences.set(Settings::selfTimerSeconds, 1);
     captureAndSettle(CaptureMode::timed);
     fake.takeLog();
     seconds(1);

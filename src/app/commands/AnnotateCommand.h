@@ -2,8 +2,8 @@
 
 #include "commandline/CommandLine.h"
 #include "model/MeasureUnit.h"
-#include "platform/UserDefaults.h"
 #include "platform/desktop/InstanceBus.h"
+#include "preferences/Preferences.h"
 
 namespace Kovrel {
 
@@ -15,7 +15,7 @@ struct Settings {
     MeasureUnit measureUnit = MeasureUnit::pixels;
 };
 
-Settings settings(const UserDefaults& defaults);
+Settings settings(const Preferences& preferences);
 
 CommandAnswer run(const Command& command, const Settings& settings);
 

@@ -81,7 +81,7 @@ void SelectionOverlayController::applyFrozenImages()
         return;
     using Ground = OverlaySurfaces::Ground;
     const bool freezes =
-        m_platform.preferences.defaults().boolean("freezeScreenDuringSelection") || !m_platform.displays.isComposited();
+        m_platform.preferences.get(Settings::freezeScreenDuringSelection) || !m_platform.displays.isComposited();
     OverlaySurfaces::Opening opening{
         .ground = freezes ? Ground::frozen : Ground::live,
         .shade = OverlayPainter::shade(),
@@ -174,11 +174,10 @@ void SelectionOverlayController::askForWindows()
 
 void SelectionOverlayController::showHint()
 {
-    UserDefaults& defaults = m_platform.preferences.defaults();
-    const int shown = defaults.integer("selectionHintShownCount");
+    const int shown = m_platform.preferences.get(Settings::selectionHintShownCount);
     m_showsHint = shown < mostHints;
     if (m_showsHint)
-        defaults.set("selectionHintShownCount", shown + 1);
+        m_platform.preferences.set(Settings::selectionHintShownCount, shown + 1);
 }
 
 void SelectionOverlayController::reassertPresence()

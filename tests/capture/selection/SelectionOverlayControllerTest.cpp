@@ -161,7 +161,7 @@ TEST_F(ControllerTest, TheGroundFollowsTheSettingAndFrozenImagesTheGround)
     open();
     EXPECT_EQ(surfaces.opening.ground, Ground::live);
     overlay->cancel();
-    defaults.set("freezeScreenDuringSelection", true);
+    preferences.set(Settings::freezeScreenDuringSelection, true);
     begin();
     EXPECT_EQ(surfaces.opening.ground, Ground::frozen);
     opened(Ground::frozen);
@@ -177,7 +177,7 @@ TEST_F(ControllerTest, TheGroundFollowsTheSettingAndFrozenImagesTheGround)
 
 TEST_F(ControllerTest, KeysAndPointerCountInTheOrderOfTheirTimes)
 {
-    defaults.set("freezeScreenDuringSelection", true);
+    preferences.set(Settings::freezeScreenDuringSelection, true);
     open();
     const quint32 start = now;
     surfaces.handlers.onPointer({Kind::press, {10, 10}, Qt::LeftButton, false, start});
