@@ -1,6 +1,7 @@
 #include "hotkeys/SystemShortcutManager.h"
 
 #include "hotkeys/CaptureCommands.h"
+#include "model/VirtualKeys.h"
 
 #include <QLoggingCategory>
 
@@ -16,9 +17,9 @@ Q_LOGGING_CATEGORY(log, "com.kovrel.hotkeys")
 constexpr quint32 superShift = KeyCombo::command | KeyCombo::shift;
 
 constexpr std::array chords{
-    SystemShortcutManager::Chord{{20, superShift}, 28},
-    SystemShortcutManager::Chord{{21, superShift}, 30},
-    SystemShortcutManager::Chord{{23, superShift}, 184},
+    SystemShortcutManager::Chord{{VirtualKeys::digit3, superShift}, 28},
+    SystemShortcutManager::Chord{{VirtualKeys::digit4, superShift}, 30},
+    SystemShortcutManager::Chord{{VirtualKeys::digit5, superShift}, 184},
 };
 
 // What a shortcut is to become, if it is still what it was.

@@ -1,5 +1,6 @@
 #include "preferences/PreferenceTable.h"
 
+#include "model/VirtualKeys.h"
 #include "preferences/Settings.h"
 
 #include <algorithm>
@@ -113,16 +114,20 @@ const auto Settings::liveTextHintSeen = row("liveTextHintSeen", false, "the hint
 const auto Settings::measureUnit = row("measureUnit", MeasureUnit::pixels, "unit of measured lengths");
 const auto Settings::defaultEditorNudgeShown =
     row("defaultEditorNudgeShown", false, "the default-editor suggestion was shown");
-const auto Settings::hotkeyArea = row("hotkeyArea", hotkey(superShift, 21), "Capture Area");
-const auto Settings::hotkeyFullScreen = row("hotkeyFullScreen", hotkey(superShift, 20), "Capture Full Screen");
-const auto Settings::hotkeyWindow = row("hotkeyWindow", hotkey(superShift, 23), "Capture Window");
-const auto Settings::hotkeyLastArea = row("hotkeyLastArea", hotkey(superShift, 22), "Capture Last Area");
-const auto Settings::hotkeySelfTimer = row("hotkeySelfTimer", hotkey(superShift, 28), "Capture with Self-Timer");
-const auto Settings::hotkeyExtractText = row("hotkeyExtractText", hotkey(superShift, 19), "Extract Text");
-const auto Settings::hotkeyPickColor = row("hotkeyPickColor", hotkey(controlAlt, 8), "Pick Color");
+const auto Settings::hotkeyArea = row("hotkeyArea", hotkey(superShift, VirtualKeys::digit4), "Capture Area");
+const auto Settings::hotkeyFullScreen =
+    row("hotkeyFullScreen", hotkey(superShift, VirtualKeys::digit3), "Capture Full Screen");
+const auto Settings::hotkeyWindow = row("hotkeyWindow", hotkey(superShift, VirtualKeys::digit5), "Capture Window");
+const auto Settings::hotkeyLastArea =
+    row("hotkeyLastArea", hotkey(superShift, VirtualKeys::digit6), "Capture Last Area");
+const auto Settings::hotkeySelfTimer =
+    row("hotkeySelfTimer", hotkey(superShift, VirtualKeys::digit8), "Capture with Self-Timer");
+const auto Settings::hotkeyExtractText =
+    row("hotkeyExtractText", hotkey(superShift, VirtualKeys::digit2), "Extract Text");
+const auto Settings::hotkeyPickColor = row("hotkeyPickColor", hotkey(controlAlt, VirtualKeys::c), "Pick Color");
 const auto Settings::hotkeyReopenClosedCapture =
-    row("hotkeyReopenClosedCapture", hotkey(controlAlt, 6), "Reopen Closed Capture");
-const auto Settings::hotkeyHistory = row("hotkeyHistory", hotkey(superShift, 1), "Recent Captures");
+    row("hotkeyReopenClosedCapture", hotkey(controlAlt, VirtualKeys::z), "Reopen Closed Capture");
+const auto Settings::hotkeyHistory = row("hotkeyHistory", hotkey(superShift, VirtualKeys::s), "Recent Captures");
 const auto Settings::saveLocationBookmark =
     unregistered<QByteArray>("saveLocationBookmark", "URL of the chosen save folder");
 const auto Settings::lastRunBuild = unregistered<QString>("lastRunBuild", "build number of the last run");

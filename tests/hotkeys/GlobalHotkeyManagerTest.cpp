@@ -1,4 +1,5 @@
 #include "hotkeys/GlobalHotkeyManager.h"
+#include "model/VirtualKeys.h"
 #include "ports/CaptureTrace.h"
 #include "tests/support/FakeKeyGrabs.h"
 #include "tests/support/FakeMainLoop.h"
@@ -94,7 +95,7 @@ TEST_F(GlobalHotkeyManagerTest, OnlyWhatChangedIsRegisteredAgain)
     EXPECT_THAT(performed, ElementsAre(HotkeyAction::area, HotkeyAction::history));
 
     hotkeys->unregisterAll();
-    preferences.set(Settings::hotkeyArea, KeyCombo{21, 0});
+    preferences.set(Settings::hotkeyArea, KeyCombo{VirtualKeys::digit4});
     EXPECT_EQ(keys.count(), 0u) << "nothing is to be registered";
 }
 

@@ -1,4 +1,5 @@
 #include "hotkeys/SystemShortcutManager.h"
+#include "model/VirtualKeys.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/TempFolder.h"
@@ -96,7 +97,7 @@ TEST_F(SystemShortcutManagerTest, TakesTheChordsOfOurHotkeysAndGivesThemBack)
     // Another of our commands has the chord, then none.
     const Hotkey chord = KeyCombo::fromText("Super+Shift+4");
     EXPECT_EQ(after([&] {
-                  run->preferences.set(Settings::hotkeyArea, KeyCombo{105, 0});
+                  run->preferences.set(Settings::hotkeyArea, KeyCombo{VirtualKeys::print});
                   run->preferences.set(Settings::hotkeyHistory, chord);
               }),
               allTaken);

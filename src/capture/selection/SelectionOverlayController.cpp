@@ -2,6 +2,7 @@
 
 #include "capture/selection/SelectionGeometry.h"
 #include "capture/selection/WindowTiles.h"
+#include "model/VirtualKeys.h"
 #include "overlay/OverlayPainter.h"
 #include "overlay/SelectionCursor.h"
 #include "platform/Displays.h"
@@ -25,12 +26,10 @@ constexpr double smallestSelection = 4; // points
 constexpr int mostHints = 5;
 constexpr int shiftedStep = 10;
 
-// Virtual key codes.
-constexpr quint32 returnKey = 36;
-constexpr quint32 spaceKey = 49;
-constexpr quint32 escapeKey = 53;
-constexpr quint32 enterKey = 76;
-constexpr std::pair<quint32, QPoint> arrowKeys[] = {{123, {-1, 0}}, {124, {1, 0}}, {125, {0, 1}}, {126, {0, -1}}};
+constexpr std::pair<quint32, QPoint> arrowKeys[] = {{VirtualKeys::left, {-1, 0}},
+                                                    {VirtualKeys::right, {1, 0}},
+                                                    {VirtualKeys::down, {0, 1}},
+                                                    {VirtualKeys::up, {0, -1}}};
 
 OverlayCursor cursorOf(SelectionOverlay::Mode mode, const Display& display)
 {
@@ -267,10 +266,10 @@ void SelectionOverlayController::registerKeys()
         m_spaceIsDown = false;
         m_area.endMoving();
     };
-    add(spaceKey, [this](KeyGrabs::Press press) { spacePressed(press); }, spaceReleased);
-    add(returnKey, [this](KeyGrabs::Press) { returnPressed(); });
-    add(enterKey, [this](KeyGrabs::Press) { returnPressed(); });
-    add(escapeKey, [this](KeyGrabs::Press) { cancel(); });
+    add(VirtualKeys::space, [this](KeyGrabs::Press press) { spacePressed(press); }, spaceReleased);
+    add(VirtualKeys::returnKey, [this](KeyGrabs::Press) { returnPressed(); });
+    add(VirtualKeys::enter, [this](KeyGrabs::Press) { returnPressed(); });
+    add(VirtualKeys::escape, [this](KeyGrabs::Press) { cancel(); });
     for (const auto& [key, direction] : arrowKeys)
         add(key, [this, direction](KeyGrabs::Press press) { arrowPressed(direction, press); });
 }

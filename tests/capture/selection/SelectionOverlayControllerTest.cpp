@@ -1,4 +1,5 @@
 #include "capture/selection/SelectionOverlayController.h"
+#include "model/VirtualKeys.h"
 #include "platform/Pointer.h"
 #include "platform/ScreenLock.h"
 #include "ports/CaptureTrace.h"
@@ -283,7 +284,7 @@ TEST_F(ControllerTest, TheEscapeThatClosesAMenuIsNotTheSessions)
 TEST_F(ControllerTest, ARefusedKeyIsLoggedAndAnotherWorkspaceChangesNothing)
 {
     Testing::MessageLog messages("com.kovrel.capture");
-    keys.ownedByOthers.insert(KeyCombo{49, 0}.stored());
+    keys.ownedByOthers.insert(KeyCombo{VirtualKeys::space}.stored());
     open();
     EXPECT_THAT(messages.warnings(), Contains(HasSubstr("Kovrel: selection failed to register key Space (status 10)")));
     surfaces.handlers.onDesktopSwitch();
