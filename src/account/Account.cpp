@@ -61,8 +61,7 @@ void Account::settle(bool isSignedIn)
     for (const auto& work : std::exchange(m_waiting, {}))
         work();
     if (isChange)
-        for (const auto& observer : m_observers)
-            observer();
+        m_observers.notify();
 }
 
 void Account::signInLocally(Reply<bool> reply)
@@ -112,9 +111,9 @@ void Account::handleCallback(const QUrl& url, Reply<bool> reply)
                     }));
 }
 
-void Account::onChange(std::function<void()> observer)
+Subscription Account::onChange(std::function<void()> observer)
 {
-    m_observers.push_back(std::move(observer));
+    return m_observers.add(std::move(observer));
 }
 
 } // namespace Kovrel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/MainLoop.h"
+#include "platform/Observers.h"
 #include "platform/TokenStore.h"
 
 #include <QUrl>
@@ -31,7 +32,7 @@ public:
     // kovrel://auth-callback?state=…&token=…; a wrong, used or missing state is logged and refused.
     void handleCallback(const QUrl& url, Reply<bool> reply);
 
-    void onChange(std::function<void()> observer);
+    Subscription onChange(std::function<void()> observer);
 
 private:
     void settle(bool isSignedIn);
@@ -43,7 +44,7 @@ private:
     bool m_isSignedIn = false;
     QString m_expectedState;
     std::vector<std::function<void()>> m_waiting;
-    std::vector<std::function<void()>> m_observers;
+    Observers<> m_observers;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); // answers after the end find it gone
 };
 

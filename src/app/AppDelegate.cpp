@@ -35,12 +35,12 @@ AppDelegate::~AppDelegate()
 
 void AppDelegate::applicationDidFinishLaunching(const Launch& launch)
 {
-    UserDefaults& defaults = m_preferences.defaults();
-    Preferences::registerDefaults(defaults);
-    defaults.registerDefaults({{"NSInitialToolTipDelay", 1000}});
+    Preferences::registerDefaults(m_preferences.defaults());
+    m_preferences.defaults().registerDefaults({{Settings::toolTipDelay.name, 1000}});
     for (const auto& feature : m_features)
         feature->start(launch);
-    m_ports.account.tell(&AccountStatus::onChange, [this] { accountChanged(); });
+    if (m_ports.account)
+        m_accountChanges = m_ports.account->onChange([this] { accountChanged(); });
     for (const auto& feature : m_features)
         feature->prewarm();
     m_prewarmTimer = m_loop.after(delayedPrewarm, [this] {
@@ -67,10 +67,9 @@ void AppDelegate::openFiles(const QStringList& paths)
 
 bool AppDelegate::noteBuild(const Launch& launch)
 {
-    UserDefaults& defaults = m_preferences.defaults();
-    const QString lastBuild = defaults.text("lastRunBuild");
+    const QString lastBuild = m_preferences.get(Settings::lastRunBuild);
     if (lastBuild != launch.build)
-        defaults.set("lastRunBuild", launch.build);
+        m_preferences.set(Settings::lastRunBuild, launch.build);
     return !lastBuild.isEmpty() && lastBuild != launch.build;
 }
 
@@ -103,7 +102,7 @@ bool AppDelegate::isSignedIn() const
 
 bool AppDelegate::isOnboarded() const
 {
-    return m_preferences.defaults().boolean("hasCompletedOnboarding");
+    return m_preferences.get(Settings::hasCompletedOnboarding);
 }
 
 // --- While it runs

@@ -2,6 +2,7 @@
 
 #include "app/foundation/Feature.h"
 #include "platform/MainLoop.h"
+#include "platform/Observers.h"
 #include "ports/Ports.h"
 #include "preferences/Preferences.h"
 
@@ -58,6 +59,7 @@ private:
     MainLoop& m_loop;
     Process m_process;
     MainLoop::TimerID m_prewarmTimer = 0;
+    Subscription m_accountChanges;
     bool m_isRelaunching = false;
     std::optional<std::chrono::microseconds> m_exitDeadline; // of the main loop's clock; set while terminating
 };

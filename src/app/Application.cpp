@@ -74,7 +74,9 @@ void Application::addCommands()
 
 void Application::announceCaptures()
 {
-    m_ports.captures.tell(&Captures::onCaptureFinished, [this](const CaptureResult& result) {
+    if (!m_ports.captures)
+        return;
+    m_captures = m_ports.captures->onCaptureFinished([this](const CaptureResult& result) {
         m_bus.announceCaptureFinished(nameOf(result), rawString(result.mode), result.image.width(),
                                       result.image.height());
     });
@@ -87,7 +89,7 @@ InstanceBus::Claim Application::claimInstance()
 
 void Application::start()
 {
-    QApplication::setStyle(new AppStyle(m_foundation.defaults));
+    QApplication::setStyle(new AppStyle([this] { return m_foundation.preferences.get(Settings::toolTipDelay); }));
     m_sigterm = std::make_unique<SigtermSource>([this] { m_delegate.quit("SIGTERM"); });
     m_delegate.applicationDidFinishLaunching(m_launch);
 }

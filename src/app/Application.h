@@ -47,6 +47,7 @@ private:
     AppDelegate::Features m_features;
     CommandRunner m_commands;
     AppDelegate m_delegate;
+    Subscription m_captures;
     std::unique_ptr<SigtermSource> m_sigterm;
 };
 

@@ -153,7 +153,7 @@ bool CaptureCoordinator::ensureScreenAccess()
         ports.account.tell(&AccountStatus::refreshCredentials, credentialsMaxAge);
         return ensurePermission();
     }
-    if (m_services.preferences.defaults().boolean("hasCompletedOnboarding"))
+    if (m_services.preferences.get(Settings::hasCompletedOnboarding))
         ports.help.tell(&HelpWindows::showHome);
     else
         ports.help.tell(&HelpWindows::showOnboarding, true);
@@ -164,7 +164,7 @@ bool CaptureCoordinator::ensurePermission()
 {
     if (m_services.mayRecordScreen())
         return true;
-    if (m_services.preferences.defaults().boolean("hasCompletedOnboarding"))
+    if (m_services.preferences.get(Settings::hasCompletedOnboarding))
         m_services.ports.help.tell(&HelpWindows::showPermissionWindow);
     else
         m_services.ports.help.tell(&HelpWindows::showOnboarding, false);
@@ -259,16 +259,16 @@ void CaptureCoordinator::flushDeferredForeground()
         work();
 }
 
-void CaptureCoordinator::onCaptureFinished(std::function<void(const CaptureResult&)> observer)
+Subscription CaptureCoordinator::onCaptureFinished(std::function<void(const CaptureResult&)> observer)
 {
-    m_finisher.onCaptureFinished(std::move(observer));
+    return m_finisher.onCaptureFinished(std::move(observer));
 }
 
 // --- What all flows use
 
 bool CaptureCoordinator::hideChrome(const Run& run, bool withToasts)
 {
-    if (!m_services.preferences.defaults().boolean("hideChromeFromRecordings"))
+    if (!m_services.preferences.get(Settings::hideChromeFromRecordings))
         return false;
     m_chromeHiddenBy = run->generation;
     bool changesScreen = setChromeHidden(true);
@@ -309,7 +309,7 @@ QCoro::Task<> CaptureCoordinator::runFullScreen(Run run, std::optional<Display> 
     }
     const quint32 cardDisplay = previewOn.value_or(*target).id;
     m_services.ports.cards.tell(&CardPile::prepareForIncomingCapture, cardDisplay);
-    const bool showCursor = m_services.preferences.defaults().boolean("showCursorInCapture");
+    const bool showCursor = m_services.preferences.get(Settings::showCursorInCapture);
     std::optional<PixelSource::Grab> grab =
         co_await m_scope.join(m_services.engine.pixels(target->pixelRect, showCursor));
     m_services.trace.mark(

@@ -51,7 +51,7 @@ public:
     void presentFromHistory(QUuid id, std::function<void(bool)> reply);
 
     void whenForegroundIsFree(std::function<void()> work) override;
-    void onCaptureFinished(std::function<void(const CaptureResult&)> observer) override;
+    Subscription onCaptureFinished(std::function<void(const CaptureResult&)> observer) override;
 
     std::shared_ptr<CaptureSave> lastCaptureSave() const { return m_finisher.lastCaptureSave(); }
 

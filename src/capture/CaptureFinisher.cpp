@@ -56,9 +56,9 @@ CaptureFinisher::CaptureFinisher(CaptureServices& services)
 {
 }
 
-void CaptureFinisher::onCaptureFinished(std::function<void(const CaptureResult&)> observer)
+Subscription CaptureFinisher::onCaptureFinished(std::function<void(const CaptureResult&)> observer)
 {
-    m_observers.push_back(std::move(observer));
+    return m_observers.add(std::move(observer));
 }
 
 CaptureResult CaptureFinisher::makeResult(Pixels pixels) const
@@ -78,7 +78,7 @@ CaptureResult CaptureFinisher::makeResult(Pixels pixels) const
 CaptureFinisher::Delivery CaptureFinisher::planDelivery(const CaptureOptions& options) const
 {
     const Ports& ports = m_services.ports;
-    const AfterCaptureActions actions = m_services.preferences.afterCaptureActions();
+    const AfterCaptureActions actions = m_services.preferences.get(Settings::afterCaptureActions);
     Delivery plan{
         .save = options.save || options.outputPath || actions.testFlag(AfterCaptureAction::save),
         .copy = options.copy || actions.testFlag(AfterCaptureAction::copy),
@@ -101,8 +101,7 @@ QCoro::Task<> CaptureFinisher::finish(Pixels pixels, std::shared_ptr<CaptureRun>
         ComposedCapture composed = co_await *pendingFully;
         result = result.replacing(composed.image, composed.subject);
     }
-    for (const auto& observer : m_observers)
-        observer(result);
+    m_observers.notify(result);
 
     const Delivery plan = planDelivery(run->options);
     const auto png = std::make_shared<EncodedPng>(result.image);

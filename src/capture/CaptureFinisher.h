@@ -3,6 +3,7 @@
 #include "capture/CaptureRun.h"
 #include "capture/CaptureServices.h"
 #include "capture/pixels/WindowBackdrop.h"
+#include "platform/Observers.h"
 #include "platform/Scope.h"
 #include "ports/CaptureHistory.h"
 #include "saving/EncodedPng.h"
@@ -30,7 +31,7 @@ public:
     explicit CaptureFinisher(CaptureServices& services);
 
     // Called with each finished capture, pixels included, before anything else is done with it.
-    void onCaptureFinished(std::function<void(const CaptureResult&)> observer);
+    Subscription onCaptureFinished(std::function<void(const CaptureResult&)> observer);
 
     QCoro::Task<> finish(Pixels pixels, std::shared_ptr<CaptureRun> run, PendingComposition pendingFully = {});
 
@@ -57,7 +58,7 @@ private:
                                    std::shared_ptr<CaptureSave> save, std::shared_ptr<CaptureRecording> recording);
 
     CaptureServices& m_services;
-    std::vector<std::function<void(const CaptureResult&)>> m_observers;
+    Observers<const CaptureResult&> m_observers;
     std::shared_ptr<CaptureSave> m_lastCaptureSave;
     Scope m_scope;
 };

@@ -20,6 +20,7 @@ SelectionFlow::SelectionFlow(CaptureServices& services, CaptureFinisher& finishe
       m_stages(stages),
       m_textCapture(services, finisher),
       m_composition(services),
+      m_modeChanges(services.overlay.onModeChange([this](SelectionOverlay::Mode mode) { m_overlayMode = mode; })),
       m_scope(services.loop, services.workers)
 {
 }
@@ -34,17 +35,11 @@ bool SelectionFlow::isSameAsOverlay(CaptureMode mode) const
            (mode == CaptureMode::window && m_overlayMode == SelectionOverlay::Mode::windowPick);
 }
 
-void SelectionFlow::armOverlayModeTracking(SelectionOverlay::Mode initial, bool isOCR)
-{
-    m_overlayMode = initial;
-    m_overlaySessionIsOCR = isOCR;
-    m_services.overlay.onModeChange([this](SelectionOverlay::Mode mode) { m_overlayMode = mode; });
-}
-
 QCoro::Task<SelectionResult> SelectionFlow::select(Run run, SelectionOverlay::Mode mode, bool ocrOnly)
 {
     const bool isWindowPick = mode == SelectionOverlay::Mode::windowPick;
-    armOverlayModeTracking(mode, ocrOnly);
+    m_overlayMode = mode;
+    m_overlaySessionIsOCR = ocrOnly;
     if (!isWindowPick)
         m_services.trace.mark("t1b runAreaSelection \u2192 overlay");
     m_overlayIsUp = true;

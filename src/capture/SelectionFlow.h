@@ -31,7 +31,6 @@ public:
 private:
     QCoro::Task<> runGivenArea(Run run, bool ocrOnly);
     QCoro::Task<SelectionResult> select(Run run, SelectionOverlay::Mode mode, bool ocrOnly);
-    void armOverlayModeTracking(SelectionOverlay::Mode initial, bool isOCR);
     QCoro::Task<> prewarmWindowBackdrop();
     QCoro::Task<> takeSelection(Run run, SelectionResult selection, bool ocrOnly);
     QCoro::Task<> takeArea(Run run, QRect rootPixels, bool ocrOnly);
@@ -49,6 +48,7 @@ private:
     bool m_overlayIsUp = false;
     SelectionOverlay::Mode m_overlayMode = SelectionOverlay::Mode::areaDrag;
     bool m_overlaySessionIsOCR = false;
+    Subscription m_modeChanges;
 
     Scope m_scope;
 };

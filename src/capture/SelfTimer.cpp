@@ -1,5 +1,6 @@
 #include "capture/SelfTimer.h"
 
+#include "model/VirtualKeys.h"
 #include "platform/KeyGrabs.h"
 #include "ports/Toasts.h"
 #include "preferences/Preferences.h"
@@ -10,7 +11,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr KeyCombo escape{53, 0};
+constexpr KeyCombo escape{VirtualKeys::escape};
 constexpr double untilUpdated = 3600; // the count keeps the toast up, not its linger
 
 ToastContent countToast(int seconds)

@@ -18,7 +18,7 @@ WindowComposition::Wallpaper WindowComposition::fetch(quint32 displayID, int max
 
 void WindowComposition::prewarm(const Display& display)
 {
-    if (m_prewarm || m_services.preferences.windowBackdropStyle() != WindowBackdropStyle::wallpaper)
+    if (m_prewarm || m_services.preferences.get(Settings::windowBackdropStyle) != WindowBackdropStyle::wallpaper)
         return;
     m_prewarmedDisplayID = display.id;
     m_prewarm = fetch(display.id, std::max(display.pixelRect.width(), display.pixelRect.height()));
@@ -31,7 +31,7 @@ void WindowComposition::forgetPrewarm()
 
 QCoro::Task<ComposedCapture> WindowComposition::compose(QImage window, std::optional<quint32> displayID)
 {
-    const WindowBackdropStyle style = m_services.preferences.windowBackdropStyle();
+    const WindowBackdropStyle style = m_services.preferences.get(Settings::windowBackdropStyle);
     auto pending = std::exchange(m_prewarm, std::nullopt);
     std::optional<QImage> wallpaper;
     if (style == WindowBackdropStyle::wallpaper && displayID) {

@@ -40,12 +40,12 @@ CommandSpec captureCommand()
         .maxOperands = 1,
         .choiceName = "capture mode",
         .choices = {"area", "window", "fullScreen", "lastArea", "ocrRegion", "timed"},
-        .menu = {{"Capture Area", "area", {"capture", "area"}, area, "hotkeyArea"},
-                 {"Capture Window", "window", {"capture", "window"}, window, "hotkeyWindow"},
-                 {"Capture Full Screen", "fullScreen", {"capture", "fullScreen"}, fullScreen, "hotkeyFullScreen"},
-                 {"Capture Last Area", "lastArea", {"capture", "lastArea"}, lastArea, "hotkeyLastArea"},
-                 {"Capture with Self-Timer", "timed", {"capture", "timed"}, selfTimer, "hotkeySelfTimer"},
-                 {"Extract Text", "ocrRegion", {"capture", "ocrRegion"}, extractText, "hotkeyExtractText"}},
+        .menu = {{"Capture Area", "area", {"capture", "area"}, area},
+                 {"Capture Window", "window", {"capture", "window"}, window},
+                 {"Capture Full Screen", "fullScreen", {"capture", "fullScreen"}, fullScreen},
+                 {"Capture Last Area", "lastArea", {"capture", "lastArea"}, lastArea},
+                 {"Capture with Self-Timer", "timed", {"capture", "timed"}, selfTimer},
+                 {"Extract Text", "ocrRegion", {"capture", "ocrRegion"}, extractText}},
     };
 }
 
@@ -147,13 +147,11 @@ const std::vector<CommandSpec>& table()
         {.name = "sign-out", .meaning = "forget the account", .runs = Runs::whereAsked},
         {.name = "quit", .meaning = "end the running program"},
         {.name = "pick-color",
-         .menu = {{"Pick Color", "pick-color", {"pick-color"}, pickColor, "hotkeyPickColor", true}},
+         .menu = {{"Pick Color", "pick-color", {"pick-color"}, pickColor, true}},
          .isOnCommandLine = false},
-        {.name = "recent",
-         .menu = {{"Recent Captures", "recent", {"recent"}, history, "hotkeyHistory"}},
-         .isOnCommandLine = false},
+        {.name = "recent", .menu = {{"Recent Captures", "recent", {"recent"}, history}}, .isOnCommandLine = false},
         {.name = "reopen",
-         .menu = {{"Reopen Closed Capture", "reopen", {"reopen"}, reopenClosedCapture, "hotkeyReopenClosedCapture"}},
+         .menu = {{"Reopen Closed Capture", "reopen", {"reopen"}, reopenClosedCapture}},
          .isOnCommandLine = false},
     };
     return all;
@@ -193,10 +191,16 @@ std::span<const MenuEntry> CommandTable::menu()
     return entries;
 }
 
+const MenuEntry& CommandTable::entryOf(HotkeyAction action)
+{
+    return *std::ranges::find(menu(), action, &MenuEntry::hotkey);
+}
+
 std::span<const MenuEntry> CommandTable::menuInHotkeyOrder()
 {
     static const std::vector<MenuEntry> entries = [] {
         auto sorted = entriesOfAllCommands();
+        std::erase_if(sorted, [](const MenuEntry& entry) { return !entry.hotkey; });
         std::ranges::sort(sorted, {}, &MenuEntry::hotkey);
         return sorted;
     }();

@@ -28,8 +28,7 @@ struct MenuEntry {
     const char* label;
     const char* action;                 // its name on the bus
     std::vector<std::string> arguments; // of the command line
-    HotkeyAction hotkey;
-    const char* hotkeySetting; // the setting that holds its key combination
+    std::optional<HotkeyAction> hotkey{};
     bool beginsGroup = false;
 };
 
@@ -69,7 +68,9 @@ const OptionSpec* findOption(const CommandSpec& command, const std::string& name
 
 // Of all commands, as menus have them.
 std::span<const MenuEntry> menu();
-// As hotkeys are registered.
+// The entry of a hotkey.
+const MenuEntry& entryOf(HotkeyAction action);
+// Those that have a hotkey, as these are registered.
 std::span<const MenuEntry> menuInHotkeyOrder();
 
 } // namespace CommandTable

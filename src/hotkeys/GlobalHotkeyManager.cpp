@@ -1,5 +1,7 @@
 #include "hotkeys/GlobalHotkeyManager.h"
 
+#include "hotkeys/HotkeySettings.h"
+
 #include "ports/CaptureTrace.h"
 
 #include <QLoggingCategory>
@@ -14,13 +16,6 @@ Q_LOGGING_CATEGORY(log, "com.kovrel.hotkeys")
 
 constexpr KeyGrabs::Status takenByOurselves = -1;
 
-bool isHotkeySetting(const QString& key)
-{
-    return std::ranges::any_of(CommandTable::menuInHotkeyOrder(), [&](const MenuEntry& command) {
-        return key == QLatin1StringView(command.hotkeySetting);
-    });
-}
-
 void logRefusal(KeyGrabs::Status status)
 {
     qCWarning(log, "Kovrel: failed to register hotkey (status %d)", status);
@@ -32,16 +27,15 @@ GlobalHotkeyManager::GlobalHotkeyManager(KeyGrabs& keys, Preferences& preference
                                          Handlers handlers)
     : m_keys(keys), m_preferences(preferences), m_trace(trace), m_handlers(std::move(handlers))
 {
-    m_keys.onLayoutChange([this] { refresh(); });
-    m_preferences.defaults().onChange([this](const QString& key) {
-        if (isHotkeySetting(key))
+    m_layoutChanges = m_keys.onLayoutChange([this] { refresh(); });
+    m_settingChanges = m_preferences.defaults().onChange([this](const QString& key) {
+        if (HotkeySettings::isOne(key))
             refresh();
     });
 }
 
 GlobalHotkeyManager::~GlobalHotkeyManager()
 {
-    m_keys.onLayoutChange({});
     unregisterAll();
 }
 
@@ -71,13 +65,13 @@ std::map<HotkeyAction, KeyCombo> GlobalHotkeyManager::wantedCombos() const
 {
     std::map<HotkeyAction, KeyCombo> wanted;
     for (const MenuEntry& command : CommandTable::menuInHotkeyOrder()) {
-        const auto combo = m_preferences.hotkey(command.hotkeySetting);
+        const auto combo = HotkeySettings::combo(m_preferences, command);
         if (!combo)
             continue;
         if (std::ranges::any_of(wanted, [&](const auto& earlier) { return earlier.second == *combo; }))
             logRefusal(takenByOurselves);
         else
-            wanted.emplace(command.hotkey, *combo);
+            wanted.emplace(*command.hotkey, *combo);
     }
     return wanted;
 }
@@ -115,7 +109,7 @@ void GlobalHotkeyManager::handle(ID id)
     if (hotkey == m_hotkeys.end())
         return;
     m_trace.begin();
-    m_handlers.perform(CommandTable::menuInHotkeyOrder()[size_t(hotkey->second.action)]);
+    m_handlers.perform(CommandTable::entryOf(hotkey->second.action));
 }
 
 } // namespace Kovrel

@@ -58,6 +58,8 @@ private:
     ID m_lastID = 0;
     int m_revision = 0;
     bool m_isActive = false;
+    Subscription m_layoutChanges;
+    Subscription m_settingChanges;
 };
 
 } // namespace Kovrel

@@ -1,6 +1,7 @@
 #include "hotkeys/SystemShortcutManager.h"
 
-#include "commandline/CommandTable.h"
+#include "hotkeys/HotkeySettings.h"
+#include "model/VirtualKeys.h"
 
 #include <QLoggingCategory>
 
@@ -16,13 +17,10 @@ Q_LOGGING_CATEGORY(log, "com.kovrel.hotkeys")
 constexpr quint32 superShift = KeyCombo::command | KeyCombo::shift;
 
 constexpr std::array chords{
-    SystemShortcutManager::Chord{{20, superShift}, 28},
-    SystemShortcutManager::Chord{{21, superShift}, 30},
-    SystemShortcutManager::Chord{{23, superShift}, 184},
+    SystemShortcutManager::Chord{{VirtualKeys::digit3, superShift}, 28},
+    SystemShortcutManager::Chord{{VirtualKeys::digit4, superShift}, 30},
+    SystemShortcutManager::Chord{{VirtualKeys::digit5, superShift}, 184},
 };
-
-constexpr const char* disabledKey = "kovrelDisabledNativeHotKeys";
-constexpr const char* takenKey = "takenDesktopShortcuts";
 
 // What a shortcut is to become, if it is still what it was.
 struct Change {
@@ -58,8 +56,8 @@ std::span<const SystemShortcutManager::Chord> SystemShortcutManager::manageableC
 
 void SystemShortcutManager::startMaintaining()
 {
-    m_preferences.defaults().onChange([this](const QString& key) {
-        if (key == "hasCompletedOnboarding" || key.startsWith("hotkey"))
+    m_settingChanges = m_preferences.defaults().onChange([this](const QString& key) {
+        if (key == Settings::hasCompletedOnboarding.name || HotkeySettings::isOne(key))
             syncOwnership();
     });
     syncOwnership();
@@ -78,11 +76,11 @@ SystemShortcutManager::Ownership SystemShortcutManager::syncOwnership()
 std::set<int> SystemShortcutManager::wantedChords() const
 {
     std::set<int> wanted;
-    if (!m_preferences.defaults().boolean("hasCompletedOnboarding") || !m_mayCapture())
+    if (!m_preferences.get(Settings::hasCompletedOnboarding) || !m_mayCapture())
         return wanted;
     for (const MenuEntry& command : CommandTable::menuInHotkeyOrder())
         for (const Chord& chord : chords)
-            if (m_preferences.hotkey(command.hotkeySetting) == chord.combo)
+            if (HotkeySettings::combo(m_preferences, command) == chord.combo)
                 wanted.insert(chord.symbolicHotKey);
     return wanted;
 }
@@ -134,8 +132,8 @@ QCoro::Task<> SystemShortcutManager::switchOff(std::set<int> target, int generat
         co_return;
     store(shortcuts);
     co_await m_scope.onWorker(Lane::utility, [s = m_switches, changes] { apply(*s, changes); });
-    if (generation == m_generation && m_onSwitchedOff)
-        m_onSwitchedOff();
+    if (generation == m_generation)
+        m_switchedOff.notify();
 }
 
 // Notes, as the last one, what is taken from a shortcut. An older note holds as long as the shortcut is what we left of
@@ -172,14 +170,14 @@ std::optional<int> SystemShortcutManager::symbolicHotKey(const QString& accelera
 std::set<int> SystemShortcutManager::disabledByUs() const
 {
     std::set<int> numbers;
-    for (const QString& number : m_preferences.defaults().textList(disabledKey))
+    for (const QString& number : m_preferences.get(Settings::disabledNativeHotkeys))
         numbers.insert(number.toInt());
     return numbers;
 }
 
 std::vector<TakenShortcut> SystemShortcutManager::takenShortcuts() const
 {
-    return TakenShortcuts::fromJson(m_preferences.defaults().data(takenKey));
+    return TakenShortcuts::fromJson(m_preferences.get(Settings::takenDesktopShortcuts));
 }
 
 void SystemShortcutManager::store(const std::vector<TakenShortcut>& shortcuts)
@@ -191,13 +189,12 @@ void SystemShortcutManager::store(const std::vector<TakenShortcut>& shortcuts)
     QStringList texts;
     for (const int number : numbers)
         texts << QString::number(number);
-    UserDefaults& defaults = m_preferences.defaults();
     if (shortcuts.empty()) {
-        defaults.remove(takenKey);
-        defaults.remove(disabledKey);
+        m_preferences.remove(Settings::takenDesktopShortcuts);
+        m_preferences.remove(Settings::disabledNativeHotkeys);
     } else {
-        defaults.set(takenKey, TakenShortcuts::toJson(shortcuts));
-        defaults.set(disabledKey, texts);
+        m_preferences.set(Settings::takenDesktopShortcuts, TakenShortcuts::toJson(shortcuts));
+        m_preferences.set(Settings::disabledNativeHotkeys, texts);
     }
 }
 

@@ -46,7 +46,7 @@ public:
     std::set<int> disabledByUs() const;
 
     // Called once the desktop has let go of chords.
-    void onSwitchedOff(std::function<void()> callback) { m_onSwitchedOff = std::move(callback); }
+    Subscription onSwitchedOff(std::function<void()> callback) { return m_switchedOff.add(std::move(callback)); }
 
 private:
     std::set<int> wantedChords() const;
@@ -62,9 +62,10 @@ private:
     Preferences& m_preferences;
     std::shared_ptr<ShortcutSwitches> m_switches;
     std::function<bool()> m_mayCapture;
-    std::function<void()> m_onSwitchedOff;
+    Observers<> m_switchedOff;
     std::optional<std::set<int>> m_target; // of the last reconciliation
     int m_generation = 0;
+    Subscription m_settingChanges;
     Scope m_scope;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Display.h"
+#include "platform/Observers.h"
 
 #include <functional>
 
@@ -18,7 +19,7 @@ public:
     // Whether windows can be translucent: shadows and rounded corners show what is behind them.
     virtual bool isComposited() const = 0;
     // Called after a display came, went, moved or changed its scale.
-    virtual void onChange(std::function<void()> callback) = 0;
+    virtual Subscription onChange(std::function<void()> callback) = 0;
 };
 
 } // namespace Kovrel

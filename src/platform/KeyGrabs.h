@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/KeyCombo.h"
+#include "platform/Observers.h"
 
 #include <expected>
 #include <functional>
@@ -45,14 +46,13 @@ public:
 
     // Called when the modifiers of a grabbed combination are held, Super and another one, and nothing else yet: its key
     // is likely to follow in a moment.
-    virtual void onModifiersHeld(std::function<void()> callback) = 0;
+    virtual Subscription onModifiersHeld(std::function<void()> callback) = 0;
 
     // Called after the keyboard's layout changed: what was refused before may be had now.
-    virtual void onLayoutChange(std::function<void()> callback) = 0;
+    virtual Subscription onLayoutChange(std::function<void()> callback) = 0;
 
     // Called when another program takes the whole keyboard and keeps it, as a screen lock does: no grab works then.
-    // An empty callback ends the watch.
-    virtual void watchForTakeover(std::function<void()> onTakeover) = 0;
+    virtual Subscription watchForTakeover(std::function<void()> onTakeover) = 0;
 };
 
 } // namespace Kovrel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include "platform/Observers.h"
 
 namespace Kovrel {
 
@@ -9,7 +9,7 @@ class ScreenLock {
 public:
     virtual ~ScreenLock() = default;
     // Called whenever the screen gets locked, as far as the desktop tells.
-    virtual void onLock(std::function<void()> callback) = 0;
+    virtual Subscription onLock(std::function<void()> callback) = 0;
 };
 
 } // namespace Kovrel

@@ -213,14 +213,13 @@ bool UserDefaults::change(const QString& key, std::optional<QVariant> value)
     if (m_workers)
         m_workers->submit(Lane::utility, [path = m_path, key, value] { writeChange(path, key, value); });
     const bool isStored = m_workers || writeChange(m_path, key, value);
-    for (const auto& observer : m_observers)
-        observer(key);
+    m_observers.notify(key);
     return isStored;
 }
 
-void UserDefaults::onChange(std::function<void(const QString&)> callback)
+Subscription UserDefaults::onChange(std::function<void(const QString&)> callback)
 {
-    m_observers.push_back(std::move(callback));
+    return m_observers.add(std::move(callback));
 }
 
 } // namespace Kovrel

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "platform/Observers.h"
+
 #include <QHash>
 #include <QMutex>
 #include <QVariant>
 
-#include <functional>
 #include <optional>
 
 namespace Kovrel {
@@ -40,7 +41,7 @@ public:
     bool remove(const QString& key);
 
     // Called on the main thread after a value was set or removed here.
-    void onChange(std::function<void(const QString& key)> callback);
+    Subscription onChange(std::function<void(const QString& key)> callback);
 
 private:
     template <class T>
@@ -53,7 +54,7 @@ private:
     mutable QMutex m_lock;
     QHash<QString, QVariant> m_stored;
     QHash<QString, QVariant> m_registered;
-    std::vector<std::function<void(const QString&)>> m_observers;
+    Observers<const QString&> m_observers;
 };
 
 } // namespace Kovrel

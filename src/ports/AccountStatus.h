@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Observers.h"
+
 #include <chrono>
 #include <functional>
 
@@ -15,7 +17,7 @@ public:
     // Runs at once when it is known already.
     virtual void whenKnown(std::function<void()> work) = 0;
     // Called after somebody signed in or out.
-    virtual void onChange(std::function<void()> observer) = 0;
+    virtual Subscription onChange(std::function<void()> observer) = 0;
     // Uses the account that is kept on this computer.
     virtual void signInOnThisComputer() = 0;
     // Asks for fresh credentials in the background when the stored ones are older.

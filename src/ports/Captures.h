@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/CaptureResult.h"
+#include "platform/Observers.h"
 
 #include <functional>
 
@@ -12,7 +13,7 @@ public:
     virtual ~Captures() = default;
 
     // Called with each finished capture, pixels included, before anything else is done with it.
-    virtual void onCaptureFinished(std::function<void(const CaptureResult&)> observer) = 0;
+    virtual Subscription onCaptureFinished(std::function<void(const CaptureResult&)> observer) = 0;
     // Work that wants to bring a window to the front runs now, or when the selection in progress has ended.
     virtual void whenForegroundIsFree(std::function<void()> work) = 0;
 

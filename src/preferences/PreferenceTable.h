@@ -1,14 +1,13 @@
 #pragma once
 
+#include "preferences/SettingValue.h"
+
 #include <QHash>
-#include <QStringList>
 #include <QVariant>
 
 #include <span>
 
 namespace Kovrel {
-
-enum class SettingType { boolean, integer, real, text, data, textList, keyCombo };
 
 // One setting: its key, what it holds, and the value it reads as while the user has set none.
 struct Setting {

@@ -1,22 +1,12 @@
 #pragma once
 
-#include "model/AfterCaptureActions.h"
-#include "model/AnnotationFillStyle.h"
-#include "model/AnnotationTextStyle.h"
-#include "model/AutoCloseAction.h"
 #include "model/BackdropChips.h"
-#include "model/CaptureSound.h"
-#include "model/EditorTool.h"
-#include "model/ImageFormat.h"
-#include "model/KeyCombo.h"
-#include "model/MeasureUnit.h"
-#include "model/WindowBackdropStyle.h"
-#include "platform/UserDefaults.h"
+#include "preferences/Settings.h"
 
 namespace Kovrel {
 
-// The typed reads of the settings whose values need conversion; plain ones are read from the defaults by their key.
-// An unknown or missing text reads as the registered default. Main thread.
+// The settings by their typed keys, and those reads that follow more than one of them. Reads are safe on any thread,
+// changes are for the main thread.
 class Preferences {
 public:
     explicit Preferences(UserDefaults& defaults) : m_defaults(defaults) {}
@@ -27,19 +17,35 @@ public:
 
     const UserDefaults& defaults() const { return m_defaults; }
 
-    AfterCaptureActions afterCaptureActions() const;
-    AutoCloseAction autoCloseAction() const;
-    CaptureSound captureSound() const;
-    QString fileNameTemplate() const;
-    ImageFormat imageFormat() const;
-    MeasureUnit measureUnit() const;
-    int selfTimerSeconds() const;
-    WindowBackdropStyle windowBackdropStyle() const;
-    std::optional<KeyCombo> hotkey(const QString& key) const;
+    // What is stored, else what is registered, else the type's zero; what can't be read as the type counts as not
+    // stored.
+    template <class T>
+    T get(const SettingKey<T>& key) const
+    {
+        return SettingValue<T>::read(m_defaults, key);
+    }
 
-    AnnotationFillStyle annotationFillStyle() const;
-    AnnotationTextStyle annotationTextStyle() const;
-    void setAnnotationTextStyle(AnnotationTextStyle style);
+    // False when it could not be written.
+    template <class T>
+    bool set(const SettingKey<T>& key, const std::type_identity_t<T>& value)
+    {
+        return m_defaults.set(key.name, SettingValue<T>::stored(value));
+    }
+
+    template <class T>
+    bool isStored(const SettingKey<T>& key) const
+    {
+        return m_defaults.isStored(key.name);
+    }
+
+    template <class T>
+    bool remove(const SettingKey<T>& key)
+    {
+        return m_defaults.remove(key.name);
+    }
+
+    // What is below 1 counts as 5, what is longer than a day as a day.
+    int selfTimerSeconds() const;
 
     // A tool's own value, else what is usual for that tool, else the global value.
     QString toolColorHex(EditorTool tool) const;
@@ -49,12 +55,6 @@ public:
     void setToolFillStyle(AnnotationFillStyle style, EditorTool tool);
     bool toolRoundedCorners(EditorTool tool) const;
 
-    // The JSON of the backdrops, as it is stored.
-    QByteArray backdropPresets() const;
-    void setBackdropPresets(const QByteArray& json);
-    QByteArray lastBackdrop() const;
-    void setLastBackdrop(const QByteArray& json);
-    QStringList backdropCustomColors() const;
     QStringList backdropRowOrder(BackdropChips chips) const;
     void setBackdropRowOrder(const QStringList& order, BackdropChips chips);
     QStringList hiddenBackdropChips(BackdropChips chips) const;
@@ -68,9 +68,6 @@ public:
     void setSaveDirectory(const QString& path);
 
 private:
-    template <class Enum>
-    Enum enumerated(const QString& key, Enum fallback) const;
-
     UserDefaults& m_defaults;
 };
 

@@ -70,7 +70,7 @@ CaptureSounds::~CaptureSounds()
 void CaptureSounds::prewarm()
 {
     applyVolume();
-    if (m_outputVolume == 0 || !Bank::shutter(m_preferences.captureSound()))
+    if (m_outputVolume == 0 || !Bank::shutter(m_preferences.get(Settings::captureSound)))
         return;
     submit([](Engine& engine) { engine.arm(); });
     scheduleRelease();
@@ -78,7 +78,7 @@ void CaptureSounds::prewarm()
 
 void CaptureSounds::playShutterIfEnabled()
 {
-    const CaptureSound choice = m_preferences.captureSound();
+    const CaptureSound choice = m_preferences.get(Settings::captureSound);
     m_trace.mark("shutter (" + rawString(choice) + ")");
     if (const auto cue = Bank::shutter(choice))
         play(*cue);
@@ -86,24 +86,24 @@ void CaptureSounds::playShutterIfEnabled()
 
 void CaptureSounds::playToastIfEnabled()
 {
-    if (m_preferences.defaults().boolean("playToastSound"))
+    if (m_preferences.get(Settings::playToastSound))
         play(Bank::toast());
 }
 
 void CaptureSounds::previewShutter()
 {
-    if (const auto cue = Bank::shutter(m_preferences.captureSound()))
+    if (const auto cue = Bank::shutter(m_preferences.get(Settings::captureSound)))
         play(*cue);
 }
 
 void CaptureSounds::previewVolume()
 {
-    play(Bank::shutter(m_preferences.captureSound()).value_or(Bank::toast()));
+    play(Bank::shutter(m_preferences.get(Settings::captureSound)).value_or(Bank::toast()));
 }
 
 void CaptureSounds::applyVolume()
 {
-    m_outputVolume = std::clamp(m_preferences.defaults().real("soundVolume"), 0.0, 1.0);
+    m_outputVolume = std::clamp(m_preferences.get(Settings::soundVolume), 0.0, 1.0);
 }
 
 void CaptureSounds::play(const Cue& cue)

@@ -1,5 +1,7 @@
 #include "tray/TrayMenu.h"
 
+#include "hotkeys/HotkeySettings.h"
+
 namespace Kovrel {
 
 TrayMenu::TrayMenu(Preferences& preferences, Handlers handlers)
@@ -47,7 +49,7 @@ void TrayMenu::refresh()
     for (const auto& [action, entry] : m_commands) {
         action->setEnabled(m_handlers.isEnabled(entry));
         // Behind a tab, as a menu shows its shortcut: a real one would only work while the menu is open.
-        const auto combo = m_preferences.hotkey(entry.hotkeySetting);
+        const auto combo = HotkeySettings::combo(m_preferences, entry);
         action->setText(entry.label + (combo ? '\t' + combo->text() : QString()));
     }
 }

@@ -1,26 +1,26 @@
 #pragma once
 
-#include "platform/UserDefaults.h"
-
 #include <QProxyStyle>
+
+#include <functional>
 
 namespace Kovrel {
 
 // The desktop's own style, with tool tips that come when the user setting says.
 class AppStyle : public QProxyStyle {
 public:
-    explicit AppStyle(const UserDefaults& defaults) : m_defaults(defaults) {}
+    explicit AppStyle(std::function<int()> toolTipDelay) : m_toolTipDelay(std::move(toolTipDelay)) {}
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override
     {
         if (hint == SH_ToolTip_WakeUpDelay)
-            return int(m_defaults.integer("NSInitialToolTipDelay"));
+            return m_toolTipDelay();
         return QProxyStyle::styleHint(hint, option, widget, data);
     }
 
 private:
-    const UserDefaults& m_defaults;
+    std::function<int()> m_toolTipDelay;
 };
 
 } // namespace Kovrel

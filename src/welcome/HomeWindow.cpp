@@ -1,5 +1,7 @@
 #include "welcome/HomeWindow.h"
 
+#include "hotkeys/HotkeySettings.h"
+
 #include <QGridLayout>
 #include <QIcon>
 
@@ -131,7 +133,7 @@ void HomeWindow::refresh()
     for (size_t i = 0; i < m_commands.size(); ++i) {
         const auto& [button, entry] = m_commands[i];
         button->setEnabled(m_handlers.isEnabled(entry));
-        const auto combo = m_preferences.hotkey(entry.hotkeySetting);
+        const auto combo = HotkeySettings::combo(m_preferences, entry);
         m_keys[i]->setText(combo ? combo->text() : QString());
         m_keys[i]->setEnabled(button->isEnabled());
     }

@@ -42,10 +42,11 @@ struct AccountTest : testing::Test {
     SlowKeychain keychain;
     std::optional<Account> account{std::in_place, local, keychain};
     int changes = 0;
+    Subscription observation;
 
     void SetUp() override
     {
-        account->onChange([this] { ++changes; });
+        observation = account->onChange([this] { ++changes; });
     }
 
     void settle()

@@ -59,7 +59,11 @@ struct LoggedParts : AccountStatus, HelpWindows, CaptureEditors {
 
     void whenKnown(std::function<void()> work) override { work(); }
 
-    void onChange(std::function<void()> observer) override { accountChanged = std::move(observer); }
+    Subscription onChange(std::function<void()> observer) override
+    {
+        accountChanged = std::move(observer);
+        return {};
+    }
 
     void signInOnThisComputer() override {}
 
@@ -158,8 +162,8 @@ TEST_F(AppDelegateTest, TheFirstWindowFollowsAccountPermissionAndUpdate)
         {false, false, true, true, "", {}},
     };
     for (const Case& c : cases) {
-        defaults.set("hasCompletedOnboarding", c.onboarded);
-        defaults.set("lastRunBuild", c.lastBuild);
+        preferences.set(Settings::hasCompletedOnboarding, c.onboarded);
+        preferences.set(Settings::lastRunBuild, c.lastBuild);
         parts.signedIn = c.signedIn;
         parts.permitted = c.permitted;
         Launch with = usual;
@@ -174,7 +178,7 @@ TEST_F(AppDelegateTest, TheFirstWindowFollowsAccountPermissionAndUpdate)
 
 TEST_F(AppDelegateTest, SigningOutShowsTheHomeWindow)
 {
-    defaults.set("hasCompletedOnboarding", true);
+    preferences.set(Settings::hasCompletedOnboarding, true);
     launch(usual);
     parts.takeLog();
     parts.accountChanged();
@@ -192,7 +196,7 @@ TEST_F(AppDelegateTest, ASecondStartBringsForwardWhatThereIs)
     parts.hasTitledWindow = false;
     delegate->applicationShouldHandleReopen();
     EXPECT_THAT(parts.takeLog(), ElementsAre("forward", "first run"));
-    defaults.set("hasCompletedOnboarding", true);
+    preferences.set(Settings::hasCompletedOnboarding, true);
     delegate->applicationShouldHandleReopen();
     EXPECT_THAT(parts.takeLog(), ElementsAre("forward", "home"));
 }

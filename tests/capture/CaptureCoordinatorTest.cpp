@@ -142,7 +142,7 @@ TEST_F(CoordinatorTest, ADesktopPictureThatNoWindowTookIsFetchedAnew)
 
 TEST_F(CoordinatorTest, TimedCountsDownThenTakesTheScreenItBeganOn)
 {
-    fake.defaults.set("selfTimerSeconds", 2);
+    fake.preferences.set(Settings::selfTimerSeconds, 2);
     captureAndSettle(CaptureMode::timed);
     EXPECT_THAT(fake.takeLog(), ElementsAreArray(request + Log{"cards: hide", "history window: hide", "grab Escape",
                                                                "toast on 1: Capturing in 2\u2026"}));
@@ -159,7 +159,7 @@ TEST_F(CoordinatorTest, TimedCountsDownThenTakesTheScreenItBeganOn)
 
 TEST_F(CoordinatorTest, SelfTimerBelowOneCountsFromFive)
 {
-    fake.defaults.set("selfTimerSeconds", 0);
+    fake.preferences.set(Settings::selfTimerSeconds, 0);
     captureAndSettle(CaptureMode::timed);
     EXPECT_TRUE(fake.logged("toast on 1: Capturing in 5\u2026"));
     seconds(4);
@@ -287,7 +287,7 @@ TEST_F(CoordinatorTest, RequestsWhileTheOverlayIsUp)
         outcomes.clear();
         captureAndSettle(c.first);
         if (c.switchedTo)
-            fake.modeChanged(*c.switchedTo);
+            fake.modeObservers.notify(*c.switchedTo);
         fake.isCommitting = c.isCommitting;
         fake.takeLog();
         capture(c.second);
@@ -332,10 +332,10 @@ TEST_F(CoordinatorTest, ThreePressesWhilePixelsAreTakenLeaveTheLast)
 
 TEST_F(CoordinatorTest, ANewRunMayStartWhileTheOneBeforeFinishes)
 {
-    fake.defaults.set("afterCaptureActions", 5);
+    fake.preferences.set(Settings::afterCaptureActions, AfterCaptureActions::fromInt(5));
     capture(CaptureMode::fullScreen, {.waitsForFiles = true});
     // The save is still in flight when the next capture begins and ends.
-    coordinator->onCaptureFinished([this](const CaptureResult& result) {
+    const Subscription captures = coordinator->onCaptureFinished([this](const CaptureResult& result) {
         if (result.mode == CaptureMode::fullScreen)
             capture(CaptureMode::area);
     });
@@ -417,7 +417,7 @@ TEST_F(CoordinatorTest, AccessIsCheckedBeforeAnythingStarts)
                           Case{true, false, false, "show onboarding"}, Case{true, false, true, "show permission"}}) {
         fake.isSignedIn = c.signedIn;
         fake.mayRecord = c.permitted;
-        fake.defaults.set("hasCompletedOnboarding", c.onboarded);
+        fake.preferences.set(Settings::hasCompletedOnboarding, c.onboarded);
         captureAndSettle(CaptureMode::fullScreen);
         EXPECT_THAT(fake.takeLog(), ElementsAre("history: suspend", c.shown, "history: idle index"));
     }
@@ -490,7 +490,7 @@ TEST_F(CoordinatorTest, WhatHappensAfterwardsFollowsTheSettings)
     fake.chromeIsVisible = false;
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        fake.defaults.set("afterCaptureActions", c.actions);
+        fake.preferences.set(Settings::afterCaptureActions, AfterCaptureActions::fromInt(c.actions));
         fake.cardsCanPresent = c.canPresent;
         fake.historyRecords = c.records;
         capture(CaptureMode::fullScreen, c.options);
@@ -523,14 +523,14 @@ TEST_F(CoordinatorTest, WaitingRepliesComeWhenTheFilesAreOnDisk)
 
 TEST_F(CoordinatorTest, ChromeStaysWhenTheUserWantsItInCaptures)
 {
-    fake.defaults.set("hideChromeFromRecordings", false);
+    fake.preferences.set(Settings::hideChromeFromRecordings, false);
     captureAndSettle(CaptureMode::fullScreen);
     EXPECT_FALSE(fake.logged("cards: hide"));
     EXPECT_FALSE(fake.logged("cards: show"));
     EXPECT_FALSE(fake.logged("wait for repaint"));
     captureAndSettle(CaptureMode::fullScreen, {.waitsForRepaint = true});
     EXPECT_TRUE(fake.logged("wait for repaint")) << "a menu that was open must be gone";
-    fake.defaults.set("selfTimerSeconds", 1);
+    fake.preferences.set(Settings::selfTimerSeconds, 1);
     captureAndSettle(CaptureMode::timed);
     fake.takeLog();
     seconds(1);

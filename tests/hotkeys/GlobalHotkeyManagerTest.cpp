@@ -1,4 +1,5 @@
 #include "hotkeys/GlobalHotkeyManager.h"
+#include "model/VirtualKeys.h"
 #include "ports/CaptureTrace.h"
 #include "tests/support/FakeKeyGrabs.h"
 #include "tests/support/FakeMainLoop.h"
@@ -30,11 +31,11 @@ struct GlobalHotkeyManagerTest : testing::Test {
     void SetUp() override
     {
         Preferences::registerDefaults(defaults);
-        hotkeys.emplace(
-            keys, preferences, trace,
-            GlobalHotkeyManager::Handlers{.isSignedIn = [this] { return signedIn; },
-                                          .syncOwnership = [this] { ++syncs; },
-                                          .perform = [this](const auto& entry) { performed.push_back(entry.hotkey); }});
+        hotkeys.emplace(keys, preferences, trace,
+                        GlobalHotkeyManager::Handlers{
+                            .isSignedIn = [this] { return signedIn; },
+                            .syncOwnership = [this] { ++syncs; },
+                            .perform = [this](const auto& entry) { performed.push_back(*entry.hotkey); }});
     }
 };
 
@@ -67,7 +68,7 @@ TEST_F(GlobalHotkeyManagerTest, EachCombinationPerformsItsCommandOnceUntilReleas
 TEST_F(GlobalHotkeyManagerTest, StoredNonsenseIsNoHotkeyAndNoError)
 {
     for (const qint64 stored : {qint64(0), qint64(-5), qint64(1) << 48 | 21, qint64(1) << 62}) {
-        defaults.set("hotkeyArea", stored);
+        defaults.set(Settings::hotkeyArea.name, stored);
         hotkeys->registerAll();
         EXPECT_EQ(keys.count(), 8u) << stored;
     }
@@ -78,23 +79,23 @@ TEST_F(GlobalHotkeyManagerTest, OnlyWhatChangedIsRegisteredAgain)
 {
     hotkeys->registerAll();
     keys.requests = 0;
-    defaults.set("hotkeyArea", KeyCombo::fromText("Print")->stored());
+    preferences.set(Settings::hotkeyArea, KeyCombo::fromText("Print"));
     EXPECT_EQ(keys.requests, 1);
     EXPECT_TRUE(keys.press("Print"));
     EXPECT_FALSE(keys.press("Super+Shift+4"));
-    defaults.set("imageFormat", "tiff");
+    preferences.set(Settings::imageFormat, ImageFormat::tiff);
     keys.layoutChanged();
     EXPECT_EQ(keys.requests, 1);
 
-    defaults.set("hotkeyHistory", KeyCombo::fromText("Print")->stored()); // is the area's
+    preferences.set(Settings::hotkeyHistory, KeyCombo::fromText("Print")); // is the area's
     performed.clear();
     keys.press("Print");
-    defaults.set("hotkeyArea", 0);
+    preferences.set(Settings::hotkeyArea, {});
     keys.press("Print");
     EXPECT_THAT(performed, ElementsAre(HotkeyAction::area, HotkeyAction::history));
 
     hotkeys->unregisterAll();
-    defaults.set("hotkeyArea", 21);
+    preferences.set(Settings::hotkeyArea, KeyCombo{VirtualKeys::digit4});
     EXPECT_EQ(keys.count(), 0u) << "nothing is to be registered";
 }
 

@@ -1,4 +1,5 @@
 #include "hotkeys/SystemShortcutManager.h"
+#include "model/VirtualKeys.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/TempFolder.h"
@@ -69,7 +70,7 @@ struct SystemShortcutManagerTest : testing::Test {
     {
         desktop->bindings = usual;
         run.emplace(folder / "kovrel.conf", desktop);
-        run->defaults.set("hasCompletedOnboarding", true);
+        run->preferences.set(Settings::hasCompletedOnboarding, true);
         after([] {});
     }
 
@@ -94,14 +95,14 @@ TEST_F(SystemShortcutManagerTest, TakesTheChordsOfOurHotkeysAndGivesThemBack)
     EXPECT_EQ(run->shortcuts.syncOwnership(), Ownership::owned);
 
     // Another of our commands has the chord, then none.
-    const qint64 chord = KeyCombo::fromText("Super+Shift+4")->stored();
+    const Hotkey chord = KeyCombo::fromText("Super+Shift+4");
     EXPECT_EQ(after([&] {
-                  run->defaults.set("hotkeyArea", 105);
-                  run->defaults.set("hotkeyHistory", chord);
+                  run->preferences.set(Settings::hotkeyArea, KeyCombo{VirtualKeys::print});
+                  run->preferences.set(Settings::hotkeyHistory, chord);
               }),
               allTaken);
-    EXPECT_EQ(after([&] { run->defaults.set("hotkeyHistory", 0); })["area"], usual.at("area"));
-    EXPECT_EQ(after([&] { run->defaults.set("hotkeyWindow", 0); })["both"], QStringList{"Super+Shift+5"});
+    EXPECT_EQ(after([&] { run->preferences.set(Settings::hotkeyHistory, {}); })["area"], usual.at("area"));
+    EXPECT_EQ(after([&] { run->preferences.set(Settings::hotkeyWindow, {}); })["both"], QStringList{"Super+Shift+5"});
     EXPECT_EQ(run->shortcuts.disabledByUs(), std::set{28});
     EXPECT_EQ(after([&] { run->shortcuts.reconcile({}); }), usual) << "the program ends";
     EXPECT_TRUE(run->shortcuts.disabledByUs().empty());
@@ -110,13 +111,13 @@ TEST_F(SystemShortcutManagerTest, TakesTheChordsOfOurHotkeysAndGivesThemBack)
 TEST_F(SystemShortcutManagerTest, OwnsNothingBeforeItMayCapture)
 {
     for (const auto& [onboarded, account] : {std::pair(false, true), {true, false}}) {
-        run->defaults.set("hasCompletedOnboarding", onboarded);
+        run->preferences.set(Settings::hasCompletedOnboarding, onboarded);
         run->signedIn = account;
         EXPECT_EQ(after([&] { EXPECT_EQ(run->shortcuts.syncOwnership(), Ownership::none); }), usual);
     }
     run->signedIn = true;
     EXPECT_NE(after([&] { run->shortcuts.startMaintaining(); }), usual);
-    EXPECT_EQ(after([&] { run->defaults.set("hasCompletedOnboarding", false); }), usual);
+    EXPECT_EQ(after([&] { run->preferences.set(Settings::hasCompletedOnboarding, false); }), usual);
 
     SystemShortcutManager without(run->loop, run->workers, run->preferences, nullptr, [] { return true; });
     EXPECT_EQ(without.syncOwnership(), Ownership::unavailable);

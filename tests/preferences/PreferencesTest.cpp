@@ -87,9 +87,9 @@ TEST_F(PreferencesTest, WrongTypesReadAsTheDefault)
     EXPECT_FALSE(defaults.boolean("saveFormatAuto"));
     EXPECT_EQ(defaults.text("imageFormat"), "png");
     EXPECT_TRUE(defaults.boolean("hideChromeFromRecordings"));
-    EXPECT_EQ(preferences.windowBackdropStyle(), WindowBackdropStyle::wallpaper);
-    EXPECT_FALSE(preferences.hotkey("hotkeyArea"));
-    EXPECT_EQ(preferences.fileNameTemplate(), "a, b");
+    EXPECT_EQ(preferences.get(Settings::windowBackdropStyle), WindowBackdropStyle::wallpaper);
+    EXPECT_FALSE(preferences.get(Settings::hotkeyArea));
+    EXPECT_EQ(preferences.get(Settings::fileNameTemplate), "a, b");
 }
 
 TEST_F(PreferencesTest, DamagedFileKeepsWhatCanBeReadAndACopy)
@@ -123,7 +123,7 @@ TEST_F(PreferencesTest, TheFileIsWrittenOnAWorkerAndKeepsOthersChanges)
     Testing::FakeWorkers workers;
     UserDefaults defaults(path, &workers);
     QStringList changed;
-    defaults.onChange([&](const QString& key) { changed << key; });
+    const Subscription changes = defaults.onChange([&](const QString& key) { changed << key; });
     defaults.set("selfTimerSeconds", 8);
     EXPECT_EQ(defaults.integer("selfTimerSeconds"), 8);
     EXPECT_FALSE(QFile::exists(path));
@@ -134,13 +134,43 @@ TEST_F(PreferencesTest, TheFileIsWrittenOnAWorkerAndKeepsOthersChanges)
     EXPECT_EQ(changed, QStringList{"selfTimerSeconds"});
 }
 
+TEST_F(PreferencesTest, ValuesAreStoredInTheFormOfTheirType)
+{
+    UserDefaults defaults(path);
+    Preferences preferences(defaults);
+    preferences.set(Settings::imageFormat, ImageFormat::heic);
+    preferences.set(Settings::afterCaptureActions, AfterCaptureAction::copy | AfterCaptureAction::save);
+    preferences.set(Settings::hotkeyArea, KeyCombo{21, KeyCombo::command});
+    preferences.set(Settings::hotkeyWindow, {});
+    preferences.set(Settings::annotationFillStyle.of(EditorTool::rectangle), AnnotationFillStyle::hatched);
+    EXPECT_EQ(defaults.text("imageFormat"), "heic");
+    EXPECT_EQ(defaults.integer("afterCaptureActions"), 6);
+    EXPECT_EQ(defaults.integer("hotkeyArea"), 0x1000000 + 21);
+    EXPECT_TRUE(defaults.isStored("hotkeyWindow"));
+    EXPECT_EQ(defaults.integer("hotkeyWindow"), 0);
+    EXPECT_EQ(defaults.text("annotationFillStyle.rectangle"), "hatched");
+}
+
+TEST_F(PreferencesTest, ValuesOfNoUseReadAsTheNearestOrTheRegisteredOne)
+{
+    UserDefaults defaults(path);
+    Preferences::registerDefaults(defaults);
+    const Preferences preferences(defaults);
+    defaults.set("captureSound", "unheard-of");
+    defaults.set("annotationTextStyle", "unheard-of");
+    defaults.set("historyRetentionCount", qint64(1) << 40);
+    EXPECT_EQ(preferences.get(Settings::captureSound), CaptureSound::pop);
+    EXPECT_EQ(preferences.get(Settings::annotationTextStyle), AnnotationTextStyle::bubble);
+    EXPECT_EQ(preferences.get(Settings::historyRetentionCount), std::numeric_limits<int>::max());
+}
+
 TEST_F(PreferencesTest, ToolSettingsFallBackToolByTool)
 {
     UserDefaults defaults(path);
     Preferences::registerDefaults(defaults);
     Preferences preferences(defaults);
-    defaults.set("annotationColorHex", "#112233");
-    defaults.set("annotationFillStyle", "hatched");
+    preferences.set(Settings::annotationColorHex, "#112233");
+    preferences.set(Settings::annotationFillStyle, AnnotationFillStyle::hatched);
 
     struct Case {
         EditorTool tool;
@@ -159,11 +189,11 @@ TEST_F(PreferencesTest, ToolSettingsFallBackToolByTool)
     }
     preferences.setToolColorHex("#ABCDEF", EditorTool::text);
     preferences.setToolFillStyle(AnnotationFillStyle::translucent, EditorTool::rectangle);
-    defaults.set("annotationStrokeWidth.rectangle", 9.0);
+    preferences.set(Settings::annotationStrokeWidth.of(EditorTool::rectangle), 9.0);
     EXPECT_EQ(preferences.toolColorHex(EditorTool::text), "#ABCDEF");
     EXPECT_EQ(preferences.toolFillStyle(EditorTool::rectangle), AnnotationFillStyle::translucent);
     EXPECT_EQ(preferences.toolStrokeWidth(EditorTool::rectangleFilled), 9.0);
-    EXPECT_EQ(preferences.annotationTextStyle(), AnnotationTextStyle::bubble);
+    EXPECT_EQ(preferences.get(Settings::annotationTextStyle), AnnotationTextStyle::bubble);
 }
 
 TEST_F(PreferencesTest, SelfTimerBelowOneCountsAsFive)

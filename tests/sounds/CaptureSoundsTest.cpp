@@ -59,8 +59,8 @@ TEST_F(CaptureSoundsTest, TheChosenSoundIsPlayedAtTheChosenVolume)
         {"unheard-of", 1, {"pop 1"}},
     };
     for (const Case& c : cases) {
-        defaults.set("captureSound", c.choice);
-        defaults.set("soundVolume", c.volume);
+        defaults.set(Settings::captureSound.name, c.choice);
+        preferences.set(Settings::soundVolume, c.volume);
         capture();
         EXPECT_THAT(std::exchange(service.log, {}), ElementsAreArray(c.heard)) << c.choice << " " << c.volume;
     }
@@ -68,10 +68,10 @@ TEST_F(CaptureSoundsTest, TheChosenSoundIsPlayedAtTheChosenVolume)
 
 TEST_F(CaptureSoundsTest, SilenceOpensNothing)
 {
-    defaults.set("captureSound", "none");
+    preferences.set(Settings::captureSound, CaptureSound::none);
     capture();
-    defaults.set("captureSound", "pop");
-    defaults.set("soundVolume", 0);
+    preferences.set(Settings::captureSound, CaptureSound::pop);
+    preferences.set(Settings::soundVolume, 0);
     capture();
     EXPECT_THAT(service.log, ElementsAre());
     EXPECT_EQ(loop.pendingTimers(), 0);
@@ -82,8 +82,8 @@ TEST_F(CaptureSoundsTest, ToastsAndPreviewsAreHeardToo)
     sounds.playToastIfEnabled();
     sounds.previewShutter();
     sounds.previewVolume();
-    defaults.set("captureSound", "none");
-    defaults.set("playToastSound", false);
+    preferences.set(Settings::captureSound, CaptureSound::none);
+    preferences.set(Settings::playToastSound, false);
     sounds.playToastIfEnabled();
     sounds.previewShutter();
     sounds.previewVolume();
@@ -133,7 +133,7 @@ TEST_F(CaptureSoundsTest, TheTraceNamesTheSound)
     const Testing::MessageLog log("com.kovrel.capture");
     isTracing = true;
     for (const char* choice : {"apple", "none"}) {
-        defaults.set("captureSound", choice);
+        defaults.set(Settings::captureSound.name, choice);
         capture();
     }
     EXPECT_THAT(log.traces(), ElementsAre("shutter (apple)", "shutter (none)"));

@@ -73,7 +73,7 @@ struct FakeCaptureServices {
 
     // What came of it.
     std::function<void(SelectionResult)> overlayCompletion;
-    std::function<void(SelectionOverlay::Mode)> modeChanged;
+    Observers<SelectionOverlay::Mode> modeObservers;
     std::function<void()> escapePressed;
     std::vector<CaptureResult> recorded;
     std::vector<CardPile::Card> cardsShown;
@@ -89,7 +89,7 @@ struct FakeCaptureServices {
 
         bool isComposited() const override { return true; }
 
-        void onChange(std::function<void()>) override {}
+        Subscription onChange(std::function<void()>) override { return {}; }
 
         void position(Reply<std::optional<PointerPosition>> reply) override;
         void image(Reply<std::optional<PointerImage>> reply) override;
@@ -104,11 +104,11 @@ struct FakeCaptureServices {
         std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers, Modifiers) override;
         void release(GrabID) override;
 
-        void onModifiersHeld(std::function<void()>) override {}
+        Subscription onModifiersHeld(std::function<void()>) override { return {}; }
 
-        void onLayoutChange(std::function<void()>) override {}
+        Subscription onLayoutChange(std::function<void()>) override { return {}; }
 
-        void watchForTakeover(std::function<void()>) override {}
+        Subscription watchForTakeover(std::function<void()>) override { return {}; }
 
         FakeCaptureServices& fake;
     } desktop{*this};
@@ -129,7 +129,10 @@ struct FakeCaptureServices {
 
         void begin(Mode mode, std::function<void(SelectionResult)> completion) override;
 
-        void onModeChange(std::function<void(Mode)> callback) override { fake.modeChanged = std::move(callback); }
+        Subscription onModeChange(std::function<void(Mode)> callback) override
+        {
+            return fake.modeObservers.add(std::move(callback));
+        }
 
         void applyFrozenImages() override { fake.say("overlay: freeze"); }
 
@@ -249,7 +252,7 @@ struct FakeCaptureServices {
 
         void whenKnown(std::function<void()> work) override { work(); }
 
-        void onChange(std::function<void()>) override {}
+        Subscription onChange(std::function<void()>) override { return {}; }
 
         void signInOnThisComputer() override {}
 

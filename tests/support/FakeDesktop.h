@@ -18,17 +18,16 @@ public:
 
     bool isComposited() const override { return true; }
 
-    void onChange(std::function<void()> callback) override { m_callbacks.push_back(std::move(callback)); }
+    Subscription onChange(std::function<void()> callback) override { return m_observers.add(std::move(callback)); }
 
     void change(DisplayList to)
     {
         displays = std::move(to);
-        for (const auto& callback : m_callbacks)
-            callback();
+        m_observers.notify();
     }
 
 private:
-    std::vector<std::function<void()>> m_callbacks;
+    Observers<> m_observers;
 };
 
 // Answers through the main loop with parts of one picture of the root window, or with the failure.

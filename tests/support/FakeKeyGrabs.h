@@ -12,8 +12,6 @@ namespace Kovrel::Testing {
 class FakeKeyGrabs : public KeyGrabs {
 public:
     std::set<qint64> ownedByOthers; // combinations, as they are stored
-    std::function<void()> layoutChanged;
-    std::function<void()> takeOver; // of the keyboard, by another program
     int requests = 0;               // for a combination
 
     std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers, Modifiers) override
@@ -27,11 +25,22 @@ public:
 
     void release(GrabID grab) override { m_grabs.erase(grab); }
 
-    void onModifiersHeld(std::function<void()>) override {}
+    Subscription onModifiersHeld(std::function<void()>) override { return {}; }
 
-    void onLayoutChange(std::function<void()> callback) override { layoutChanged = std::move(callback); }
+    Subscription onLayoutChange(std::function<void()> callback) override
+    {
+        return m_layoutObservers.add(std::move(callback));
+    }
 
-    void watchForTakeover(std::function<void()> onTakeover) override { takeOver = std::move(onTakeover); }
+    Subscription watchForTakeover(std::function<void()> onTakeover) override
+    {
+        return m_takeoverObservers.add(std::move(onTakeover));
+    }
+
+    void layoutChanged() { m_layoutObservers.notify(); }
+
+    // By another program.
+    void takeOver() { m_takeoverObservers.notify(); }
 
     size_t count() const { return m_grabs.size(); }
 
@@ -63,6 +72,8 @@ private:
 
     std::map<GrabID, std::pair<KeyCombo, Handlers>> m_grabs;
     GrabID m_last = 0;
+    Observers<> m_layoutObservers;
+    Observers<> m_takeoverObservers;
 };
 
 } // namespace Kovrel::Testing

@@ -83,10 +83,10 @@ CommandAnswer failure(const QString& message)
 
 } // namespace
 
-AnnotateCommand::Settings AnnotateCommand::settings(const UserDefaults& defaults)
+AnnotateCommand::Settings AnnotateCommand::settings(const Preferences& preferences)
 {
-    return {.quality = defaults.real("jpegQuality"),
-            .measureUnit = fromRawString<MeasureUnit>(defaults.text("measureUnit")).value_or(MeasureUnit::pixels)};
+    return {.quality = preferences.get(Kovrel::Settings::jpegQuality),
+            .measureUnit = preferences.get(Kovrel::Settings::measureUnit)};
 }
 
 CommandAnswer AnnotateCommand::run(const Command& command, const Settings& settings)

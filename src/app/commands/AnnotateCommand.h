@@ -3,7 +3,7 @@
 #include "commandline/Command.h"
 #include "model/CommandAnswer.h"
 #include "model/MeasureUnit.h"
-#include "platform/UserDefaults.h"
+#include "preferences/Preferences.h"
 
 namespace Kovrel {
 
@@ -15,7 +15,7 @@ struct Settings {
     MeasureUnit measureUnit = MeasureUnit::pixels;
 };
 
-Settings settings(const UserDefaults& defaults);
+Settings settings(const Preferences& preferences);
 
 CommandAnswer run(const Command& command, const Settings& settings);
 

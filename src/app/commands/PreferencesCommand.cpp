@@ -3,6 +3,7 @@
 #include "commandline/Command.h"
 #include "model/KeyCombo.h"
 #include "preferences/PreferenceTable.h"
+#include "preferences/Settings.h"
 
 #include <QUrl>
 
@@ -89,7 +90,7 @@ std::expected<QVariant, QString> parsed(const QString& text, const Setting& sett
             return std::unexpected("takes one of: " + setting.choices.join(", "));
         return QVariant(text);
     case SettingType::data:
-        return setting.key == QLatin1StringView("saveLocationBookmark") ? parsedFolder(text) : QVariant(text.toUtf8());
+        return setting.key == Settings::saveLocationBookmark.name ? parsedFolder(text) : QVariant(text.toUtf8());
     case SettingType::textList:
         return QVariant(splitList(text));
     case SettingType::keyCombo:

@@ -55,8 +55,8 @@ void AccountFeature::signInOnThisComputer()
 
 void AccountFeature::signIn(const Reply<CommandAnswer>& reply)
 {
-    m_account.signInLocally([reply, &defaults = m_foundation.defaults](bool isStored) {
-        const bool isNoted = isStored && defaults.set("hasCompletedOnboarding", true);
+    m_account.signInLocally([reply, &preferences = m_foundation.preferences](bool isStored) {
+        const bool isNoted = isStored && preferences.set(Settings::hasCompletedOnboarding, true);
         reply(doneOr(isNoted, "the account could not be stored"));
     });
 }

@@ -26,7 +26,7 @@ private:
 
     void whenKnown(std::function<void()> work) override { m_account.whenKnown(std::move(work)); }
 
-    void onChange(std::function<void()> observer) override { m_account.onChange(std::move(observer)); }
+    Subscription onChange(std::function<void()> observer) override { return m_account.onChange(std::move(observer)); }
 
     void signInOnThisComputer() override;
 

@@ -8,7 +8,7 @@ namespace Kovrel {
 std::vector<CommandHandler> AnnotatingFeature::commands()
 {
     return {{.command = "annotate", .run = [this](const Invocation& invocation, const Reply<CommandAnswer>& reply) {
-                 const auto settings = AnnotateCommand::settings(m_foundation.defaults);
+                 const auto settings = AnnotateCommand::settings(m_foundation.preferences);
                  CommandJob::run(
                      m_foundation, Lane::utility,
                      [command = invocation.command, settings] { return AnnotateCommand::run(command, settings); },

@@ -57,7 +57,7 @@ CaptureServices CaptureFeature::services()
 void CaptureFeature::prewarm()
 {
     m_overlay.prewarm();
-    m_foundation.desktop->keys().onModifiersHeld([this] { m_overlay.expectSession(); });
+    m_heldModifiers = m_foundation.desktop->keys().onModifiersHeld([this] { m_overlay.expectSession(); });
 }
 
 std::vector<CommandHandler> CaptureFeature::commands()

@@ -31,6 +31,7 @@ private:
     SelectionOverlayController m_overlay;
     SelectionCapture m_grabber;
     CaptureCoordinator m_coordinator;
+    Subscription m_heldModifiers;
 };
 
 } // namespace Kovrel

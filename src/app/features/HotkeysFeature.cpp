@@ -38,13 +38,14 @@ bool HotkeysFeature::isSignedIn() const
 
 void HotkeysFeature::start(const Launch&)
 {
-    m_shortcuts.onSwitchedOff([this] { m_foundation.loop.after(shortcutDelay, [this] { m_hotkeys.refresh(); }); });
+    m_freedShortcuts =
+        m_shortcuts.onSwitchedOff([this] { m_foundation.loop.after(shortcutDelay, [this] { m_hotkeys.refresh(); }); });
     if (!m_ports.account) {
         takeKeys();
         return;
     }
     m_ports.account->whenKnown([this] { takeKeys(); });
-    m_ports.account->onChange([this] {
+    m_accountChanges = m_ports.account->onChange([this] {
         m_hotkeys.unregisterAll();
         m_hotkeys.registerAll();
     });

@@ -25,6 +25,8 @@ private:
     const Ports& m_ports;
     SystemShortcutManager m_shortcuts;
     GlobalHotkeyManager m_hotkeys;
+    Subscription m_freedShortcuts;
+    Subscription m_accountChanges;
 };
 
 } // namespace Kovrel

@@ -19,7 +19,7 @@ std::unique_ptr<TextRecogniser> makeRecogniser()
 ReadingFeature::ReadingFeature(Foundation& foundation, Ports& ports)
     : m_foundation(foundation),
       m_recognition(foundation.loop, foundation.workers, makeRecogniser(),
-                    [&defaults = foundation.defaults] { return defaults.textList("textLanguages"); }),
+                    [&preferences = foundation.preferences] { return preferences.get(Settings::textLanguages); }),
       m_codes(foundation.loop, foundation.workers, m_codeReader),
       m_textReader(foundation.loop, foundation.workers, m_recognition, m_codes),
       m_textCommand(foundation.loop, foundation.workers, m_recognition, m_codes, foundation.progress)

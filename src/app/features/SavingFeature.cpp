@@ -18,7 +18,7 @@ SavingFeature::SavingFeature(Foundation& foundation, Ports& ports)
 
 void SavingFeature::start(const Launch&)
 {
-    if (!m_foundation.defaults.isStored("saveLocationBookmark"))
+    if (!m_foundation.preferences.isStored(Settings::saveLocationBookmark))
         ensureDefaultSaveFolder();
     sweepTemporaryFiles();
 }

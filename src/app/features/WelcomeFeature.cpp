@@ -15,8 +15,10 @@ WelcomeFeature::WelcomeFeature(Foundation& foundation, Ports& ports) : m_foundat
 
 void WelcomeFeature::start(const Launch&)
 {
-    m_ports.account.tell(&AccountStatus::onChange, [this] { refresh(); });
-    m_ports.captures.tell(&Captures::onCaptureFinished, [this](const CaptureResult&) { refresh(); });
+    if (m_ports.account)
+        m_accountChanges = m_ports.account->onChange([this] { refresh(); });
+    if (m_ports.captures)
+        m_finishedCaptures = m_ports.captures->onCaptureFinished([this](const CaptureResult&) { refresh(); });
 }
 
 void WelcomeFeature::refresh()

@@ -2,6 +2,7 @@
 
 #include "app/foundation/Feature.h"
 #include "app/foundation/Foundation.h"
+#include "platform/Observers.h"
 #include "ports/HelpWindows.h"
 #include "ports/Ports.h"
 #include "welcome/HomeWindow.h"
@@ -31,6 +32,8 @@ private:
     Foundation& m_foundation;
     const Ports& m_ports;
     std::unique_ptr<HomeWindow> m_window; // null until it is shown for the first time
+    Subscription m_accountChanges;
+    Subscription m_finishedCaptures;
 };
 
 } // namespace Kovrel

@@ -8,7 +8,7 @@ namespace Kovrel {
 Foundation::Foundation(Kind kind)
     : defaults(AppPaths::preferencesFile(), kind == Kind::instance ? &workers : nullptr),
       preferences(defaults),
-      trace(loop, [this] { return defaults.boolean("traceCapture"); }),
+      trace(loop, [this] { return preferences.get(Settings::traceCapture); }),
       secrets(Desktops::openSecrets(loop)),
       desktop(kind == Kind::instance ? Desktops::open(loop, workers) : nullptr)
 {

@@ -74,16 +74,15 @@ CaptureOutput::CaptureOutput(MainLoop& loop, Workers& workers, Preferences& pref
 
 SaveSettings CaptureOutput::saveSettings() const
 {
-    const UserDefaults& defaults = m_preferences.defaults();
     const DisplayList displays = m_displays.all();
     const Display* primary = primaryDisplay(displays);
     return {
-        .formatAuto = defaults.boolean("saveFormatAuto"),
-        .format = m_preferences.imageFormat(),
-        .quality = defaults.real("jpegQuality"),
-        .downscale = defaults.boolean("retinaDownscale"),
+        .formatAuto = m_preferences.get(Settings::saveFormatAuto),
+        .format = m_preferences.get(Settings::imageFormat),
+        .quality = m_preferences.get(Settings::jpegQuality),
+        .downscale = m_preferences.get(Settings::retinaDownscale),
         .mainScreenScale = primary ? primary->scale : 2.0,
-        .fileNameTemplate = m_preferences.fileNameTemplate(),
+        .fileNameTemplate = m_preferences.get(Settings::fileNameTemplate),
         .folder = {},
     };
 }

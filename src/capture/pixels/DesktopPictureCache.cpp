@@ -3,9 +3,11 @@
 namespace Kovrel {
 
 DesktopPictureCache::DesktopPictureCache(MainLoop& loop, Workers& workers, DesktopPicture& desktop, Displays& displays)
-    : m_loop(loop), m_desktop(desktop), m_scope(loop, workers)
+    : m_loop(loop),
+      m_desktop(desktop),
+      m_displayChanges(displays.onChange([this] { forgetAll(); })),
+      m_scope(loop, workers)
 {
-    displays.onChange([this] { forgetAll(); });
 }
 
 std::optional<QImage> DesktopPictureCache::cachedWallpaper(const DesktopKey& key) const

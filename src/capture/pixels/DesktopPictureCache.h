@@ -40,6 +40,7 @@ private:
     quint64 m_displayGeneration = 0;
     std::map<DesktopKey, QImage> m_pictures;
     std::map<DesktopKey, std::vector<Reply<Picture>>> m_desktopInFlight; // who waits for each grab
+    Subscription m_displayChanges;
     Scope m_scope;
 };
 

@@ -230,7 +230,7 @@ void WindowBackdropCompositor::captureWallpaper(quint32 displayID, int maxPixelS
 void WindowBackdropCompositor::compose(QImage window, WindowBackdropStyle style, std::optional<QImage> wallpaper,
                                        Reply<ComposedCapture> reply)
 {
-    const QString colourHex = m_preferences.defaults().text("windowBackdropColorHex");
+    const QString colourHex = m_preferences.get(Settings::windowBackdropColorHex);
     Scope::start(composeAndReply(std::move(window), backgroundOf(style, wallpaper, colourHex), std::move(reply)),
                  "The window's backdrop");
 }

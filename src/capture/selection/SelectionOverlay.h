@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Observers.h"
 #include "platform/OverlaySurfaces.h"
 #include "platform/Windows.h"
 
@@ -32,8 +33,8 @@ public:
 
     // Opens the overlay. The completion is called exactly once, never inside this call, when it has closed.
     virtual void begin(Mode mode, std::function<void(SelectionResult)> completion) = 0;
-    // The overlay's mode as the user switches it, until the session ends.
-    virtual void onModeChange(std::function<void(Mode)> callback) = 0;
+    // The mode of the session, as the user switches it.
+    virtual Subscription onModeChange(std::function<void(Mode)> callback) = 0;
     // Freezes the displays as they look now and shows that, when the user wants frozen screens.
     virtual void applyFrozenImages() = 0;
     // The frozen images of the session that ended, which the overlay then no longer owns. Empty when it was live.

@@ -2,6 +2,7 @@
 
 #include "capture/selection/SelectionGeometry.h"
 #include "capture/selection/WindowTiles.h"
+#include "model/VirtualKeys.h"
 #include "overlay/OverlayPainter.h"
 #include "overlay/SelectionCursor.h"
 #include "platform/Displays.h"
@@ -25,12 +26,10 @@ constexpr double smallestSelection = 4; // points
 constexpr int mostHints = 5;
 constexpr int shiftedStep = 10;
 
-// Virtual key codes.
-constexpr quint32 returnKey = 36;
-constexpr quint32 spaceKey = 49;
-constexpr quint32 escapeKey = 53;
-constexpr quint32 enterKey = 76;
-constexpr std::pair<quint32, QPoint> arrowKeys[] = {{123, {-1, 0}}, {124, {1, 0}}, {125, {0, 1}}, {126, {0, -1}}};
+constexpr std::pair<quint32, QPoint> arrowKeys[] = {{VirtualKeys::left, {-1, 0}},
+                                                    {VirtualKeys::right, {1, 0}},
+                                                    {VirtualKeys::down, {0, 1}},
+                                                    {VirtualKeys::up, {0, -1}}};
 
 OverlayCursor cursorOf(SelectionOverlay::Mode mode, const Display& display)
 {
@@ -42,8 +41,8 @@ OverlayCursor cursorOf(SelectionOverlay::Mode mode, const Display& display)
 
 SelectionOverlayController::SelectionOverlayController(Platform platform) : m_platform(platform)
 {
-    m_platform.displays.onChange([this] { cancel(); });
-    m_platform.lock.onLock([this] { cancel(); });
+    m_displayChanges = m_platform.displays.onChange([this] { cancel(); });
+    m_locks = m_platform.lock.onLock([this] { cancel(); });
 }
 
 SelectionOverlayController::~SelectionOverlayController()
@@ -81,7 +80,7 @@ void SelectionOverlayController::applyFrozenImages()
         return;
     using Ground = OverlaySurfaces::Ground;
     const bool freezes =
-        m_platform.preferences.defaults().boolean("freezeScreenDuringSelection") || !m_platform.displays.isComposited();
+        m_platform.preferences.get(Settings::freezeScreenDuringSelection) || !m_platform.displays.isComposited();
     OverlaySurfaces::Opening opening{
         .ground = freezes ? Ground::frozen : Ground::live,
         .shade = OverlayPainter::shade(),
@@ -110,7 +109,7 @@ void SelectionOverlayController::applyFrozenImages()
     askForWindows();
     // These are many requests: the server gets them while the displays are being frozen.
     registerKeys();
-    m_platform.keys.watchForTakeover([this] { cancel(); });
+    m_takeovers = m_platform.keys.watchForTakeover([this] { cancel(); });
 }
 
 void SelectionOverlayController::opened(std::optional<OverlaySurfaces::Opened> opened)
@@ -174,11 +173,10 @@ void SelectionOverlayController::askForWindows()
 
 void SelectionOverlayController::showHint()
 {
-    UserDefaults& defaults = m_platform.preferences.defaults();
-    const int shown = defaults.integer("selectionHintShownCount");
+    const int shown = m_platform.preferences.get(Settings::selectionHintShownCount);
     m_showsHint = shown < mostHints;
     if (m_showsHint)
-        defaults.set("selectionHintShownCount", shown + 1);
+        m_platform.preferences.set(Settings::selectionHintShownCount, shown + 1);
 }
 
 void SelectionOverlayController::reassertPresence()
@@ -208,7 +206,7 @@ void SelectionOverlayController::dismiss(bool keepingFrozenScreens)
     ++m_session;
     m_inputs.clear();
     releaseKeys();
-    m_platform.keys.watchForTakeover({});
+    m_takeovers = {};
     m_platform.surfaces.close();
     m_views.clear();
     if (keepingFrozenScreens)
@@ -216,7 +214,6 @@ void SelectionOverlayController::dismiss(bool keepingFrozenScreens)
     m_frozen.clear();
     m_windows.reset();
     m_hovered.clear();
-    m_onModeChange = nullptr;
     m_pressedInWindowMode = false;
     m_isPicked = false;
     m_spaceIsDown = false;
@@ -269,10 +266,10 @@ void SelectionOverlayController::registerKeys()
         m_spaceIsDown = false;
         m_area.endMoving();
     };
-    add(spaceKey, [this](KeyGrabs::Press press) { spacePressed(press); }, spaceReleased);
-    add(returnKey, [this](KeyGrabs::Press) { returnPressed(); });
-    add(enterKey, [this](KeyGrabs::Press) { returnPressed(); });
-    add(escapeKey, [this](KeyGrabs::Press) { cancel(); });
+    add(VirtualKeys::space, [this](KeyGrabs::Press press) { spacePressed(press); }, spaceReleased);
+    add(VirtualKeys::returnKey, [this](KeyGrabs::Press) { returnPressed(); });
+    add(VirtualKeys::enter, [this](KeyGrabs::Press) { returnPressed(); });
+    add(VirtualKeys::escape, [this](KeyGrabs::Press) { cancel(); });
     for (const auto& [key, direction] : arrowKeys)
         add(key, [this, direction](KeyGrabs::Press press) { arrowPressed(direction, press); });
 }
@@ -323,8 +320,7 @@ void SelectionOverlayController::toggleMode()
     m_mode = m_mode == Mode::areaDrag ? Mode::windowPick : Mode::areaDrag;
     m_area = AreaSelection(m_platform.displays.all());
     m_pressedInWindowMode = false;
-    if (m_onModeChange)
-        m_onModeChange(m_mode);
+    m_modeObservers.notify(m_mode);
     reassertPresence();
     updateHoveredWindows();
     if (m_mode == Mode::windowPick)

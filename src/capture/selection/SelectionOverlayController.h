@@ -40,7 +40,10 @@ public:
 
     void begin(Mode mode, std::function<void(SelectionResult)> completion) override;
 
-    void onModeChange(std::function<void(Mode)> callback) override { m_onModeChange = std::move(callback); }
+    Subscription onModeChange(std::function<void(Mode)> callback) override
+    {
+        return m_modeObservers.add(std::move(callback));
+    }
 
     void applyFrozenImages() override;
 
@@ -81,7 +84,7 @@ private:
 
     Platform m_platform;
     std::function<void(SelectionResult)> m_completion;
-    std::function<void(Mode)> m_onModeChange;
+    Observers<Mode> m_modeObservers;
     quint64 m_session = 0;
     Mode m_mode = Mode::areaDrag;
     bool m_isCommitting = false;
@@ -105,6 +108,9 @@ private:
     };
 
     std::vector<Input> m_inputs; // that wait until all of one moment are there
+    Subscription m_displayChanges;
+    Subscription m_locks;
+    Subscription m_takeovers;
 };
 
 } // namespace Kovrel

@@ -27,7 +27,7 @@ std::optional<BackdropPreset> presetFrom(const nlohmann::json& entry)
 std::vector<BackdropPreset> BackdropPresets::stored(const Preferences& preferences)
 {
     std::vector<BackdropPreset> presets;
-    const auto list = boundedJSON(preferences.backdropPresets(), mostBytes);
+    const auto list = boundedJSON(preferences.get(Settings::backdropPresets), mostBytes);
     if (list.is_array())
         for (const auto& entry : list)
             if (auto preset = presetFrom(entry))
@@ -40,8 +40,8 @@ void BackdropPresets::store(const std::vector<BackdropPreset>& presets, Preferen
     Json list = Json::array();
     for (const auto& [name, backdrop] : presets)
         list.push_back({{"name", name.toStdString()}, {"backdrop", backdrop.toJson()}});
-    preferences.setBackdropPresets(
-        QByteArray::fromStdString(list.dump(-1, ' ', false, Json::error_handler_t::replace)));
+    preferences.set(Settings::backdropPresets,
+                    QByteArray::fromStdString(list.dump(-1, ' ', false, Json::error_handler_t::replace)));
 }
 
 void BackdropPresets::save(const BackdropPreset& preset, Preferences& preferences)
@@ -67,12 +67,12 @@ void BackdropPresets::remove(const QString& name, Preferences& preferences)
 
 EditorBackdrop BackdropPresets::last(const Preferences& preferences)
 {
-    return EditorBackdrop::decode(preferences.lastBackdrop()).value_or(EditorBackdrop());
+    return EditorBackdrop::decode(preferences.get(Settings::lastBackdrop)).value_or(EditorBackdrop());
 }
 
 void BackdropPresets::setLast(const EditorBackdrop& backdrop, Preferences& preferences)
 {
-    preferences.setLastBackdrop(backdrop.encode());
+    preferences.set(Settings::lastBackdrop, backdrop.encode());
 }
 
 } // namespace Kovrel

@@ -98,13 +98,12 @@ bool CropSizeEstimator::sourceServes(SizeKey size) const
 
 CropSizeEstimator::Job CropSizeEstimator::job(SizeKey size) const
 {
-    const UserDefaults& defaults = m_preferences.defaults();
     return {.pixels = m_context->pixels,
             .crop = crop(),
             .size = size,
-            .settings = {.formatAuto = defaults.boolean("saveFormatAuto"),
-                         .format = m_preferences.imageFormat(),
-                         .quality = defaults.real("jpegQuality")}};
+            .settings = {.formatAuto = m_preferences.get(Settings::saveFormatAuto),
+                         .format = m_preferences.get(Settings::imageFormat),
+                         .quality = m_preferences.get(Settings::jpegQuality)}};
 }
 
 void CropSizeEstimator::request(const std::vector<Size>& sizes)

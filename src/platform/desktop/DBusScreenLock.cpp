@@ -13,10 +13,8 @@ DBusScreenLock::DBusScreenLock()
 
 void DBusScreenLock::activeChanged(bool isActive)
 {
-    if (!isActive)
-        return;
-    for (const auto& callback : m_callbacks)
-        callback();
+    if (isActive)
+        m_observers.notify();
 }
 
 } // namespace Kovrel

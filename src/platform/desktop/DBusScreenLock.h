@@ -4,8 +4,6 @@
 
 #include <QObject>
 
-#include <vector>
-
 namespace Kovrel {
 
 // The desktop's screen saver, as it announces itself on the session bus. A lock that announces nothing is known by
@@ -16,13 +14,13 @@ class DBusScreenLock : public QObject, public ScreenLock {
 public:
     DBusScreenLock();
 
-    void onLock(std::function<void()> callback) override { m_callbacks.push_back(std::move(callback)); }
+    Subscription onLock(std::function<void()> callback) override { return m_observers.add(std::move(callback)); }
 
 private Q_SLOTS:
     void activeChanged(bool isActive);
 
 private:
-    std::vector<std::function<void()>> m_callbacks;
+    Observers<> m_observers;
 };
 
 } // namespace Kovrel

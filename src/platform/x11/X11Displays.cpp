@@ -111,9 +111,7 @@ void X11Displays::readAgain()
     if (displays == m_displays)
         return;
     m_displays = std::move(displays);
-    const auto callbacks = m_callbacks;
-    for (const auto& callback : callbacks)
-        callback();
+    m_observers.notify();
 }
 
 } // namespace Kovrel

@@ -20,7 +20,7 @@ public:
 
     bool isComposited() const override;
 
-    void onChange(std::function<void()> callback) override { m_callbacks.push_back(std::move(callback)); }
+    Subscription onChange(std::function<void()> callback) override { return m_observers.add(std::move(callback)); }
 
     // Looks again, for a change that the server does not tell, as that of a scale.
     void refresh();
@@ -37,7 +37,7 @@ private:
     std::unique_ptr<X11Connection> m_connection;
     ScaleLookup m_scaleOf;
     DisplayList m_displays;
-    std::vector<std::function<void()>> m_callbacks;
+    Observers<> m_observers;
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 

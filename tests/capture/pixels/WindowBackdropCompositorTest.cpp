@@ -111,7 +111,7 @@ TEST_F(WindowBackdropCompositorTest, ReadsTheRadiusOfACorner)
 
 TEST_F(WindowBackdropCompositorTest, EachStyleHasItsBackgroundAndLeavesTheWindowAsItIs)
 {
-    defaults.set("windowBackdropColorHex", "#204060");
+    preferences.set(Settings::windowBackdropColorHex, "#204060");
     const QColor colour("#204060");
     const QImage captured = window({600, 400}, 20);
     const QImage wallpaper = filled({100, 100}, Qt::yellow);
@@ -151,7 +151,7 @@ TEST_F(WindowBackdropCompositorTest, EachStyleHasItsBackgroundAndLeavesTheWindow
     EXPECT_EQ(subject->rect, (Rect{0, 0, 600, 400}));
     EXPECT_NEAR(subject->cornerRadius, 20, 0.5);
 
-    defaults.set("windowBackdropColorHex", "no colour");
+    preferences.set(Settings::windowBackdropColorHex, "no colour");
     EXPECT_EQ(compose(captured, WindowBackdropStyle::solidColor).image.pixel(0, 0), qRgb(255, 255, 255));
     EXPECT_TRUE(compose(QImage(), WindowBackdropStyle::wallpaper).image.isNull());
 }

@@ -1,4 +1,5 @@
 #include "capture/selection/SelectionOverlayController.h"
+#include "model/VirtualKeys.h"
 #include "platform/Pointer.h"
 #include "platform/ScreenLock.h"
 #include "ports/CaptureTrace.h"
@@ -40,9 +41,11 @@ struct FakePointer : Pointer {
 };
 
 struct FakeLock : ScreenLock {
-    void onLock(std::function<void()> callback) override { lock = std::move(callback); }
+    Subscription onLock(std::function<void()> callback) override { return observers.add(std::move(callback)); }
 
-    std::function<void()> lock;
+    void lock() { observers.notify(); }
+
+    Observers<> observers;
 };
 
 // Surfaces without pixels, which the test opens and on which it moves the pointer.
@@ -159,7 +162,7 @@ TEST_F(ControllerTest, TheGroundFollowsTheSettingAndFrozenImagesTheGround)
     open();
     EXPECT_EQ(surfaces.opening.ground, Ground::live);
     overlay->cancel();
-    defaults.set("freezeScreenDuringSelection", true);
+    preferences.set(Settings::freezeScreenDuringSelection, true);
     begin();
     EXPECT_EQ(surfaces.opening.ground, Ground::frozen);
     opened(Ground::frozen);
@@ -175,7 +178,7 @@ TEST_F(ControllerTest, TheGroundFollowsTheSettingAndFrozenImagesTheGround)
 
 TEST_F(ControllerTest, KeysAndPointerCountInTheOrderOfTheirTimes)
 {
-    defaults.set("freezeScreenDuringSelection", true);
+    preferences.set(Settings::freezeScreenDuringSelection, true);
     open();
     const quint32 start = now;
     surfaces.handlers.onPointer({Kind::press, {10, 10}, Qt::LeftButton, false, start});
@@ -210,7 +213,7 @@ TEST_F(ControllerTest, HeldSpaceSwitchesTheModeOnce)
 {
     std::vector<Mode> modes;
     begin();
-    overlay->onModeChange([&](Mode mode) { modes.push_back(mode); });
+    const Subscription modeChanges = overlay->onModeChange([&](Mode mode) { modes.push_back(mode); });
     opened(Ground::live);
     type("Space");
     for (int i = 0; i < 3; ++i)
@@ -281,7 +284,7 @@ TEST_F(ControllerTest, TheEscapeThatClosesAMenuIsNotTheSessions)
 TEST_F(ControllerTest, ARefusedKeyIsLoggedAndAnotherWorkspaceChangesNothing)
 {
     Testing::MessageLog messages("com.kovrel.capture");
-    keys.ownedByOthers.insert(KeyCombo{49, 0}.stored());
+    keys.ownedByOthers.insert(KeyCombo{VirtualKeys::space}.stored());
     open();
     EXPECT_THAT(messages.warnings(), Contains(HasSubstr("Kovrel: selection failed to register key Space (status 10)")));
     surfaces.handlers.onDesktopSwitch();

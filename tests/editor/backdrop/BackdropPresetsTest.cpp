@@ -51,11 +51,11 @@ TEST_F(BackdropPresetsTest, NothingIsSavedWithoutANameOrABackdrop)
 
 TEST_F(BackdropPresetsTest, ABadEntryLosesOnlyItself)
 {
-    preferences.setBackdropPresets(R"([{"name": "one", "backdrop": {}}, 7, {"name": 3, "backdrop": {}},
+    preferences.set(Settings::backdropPresets, R"([{"name": "one", "backdrop": {}}, 7, {"name": 3, "backdrop": {}},
         {"name": "two", "backdrop": {"padding": "x"}}, {"name": "three"}, {"name": "four", "backdrop": {"blur": 1}}])");
     EXPECT_EQ(names(), (QStringList{"one", "four"}));
     for (const QByteArray json : {"{}", "[", "", "null", "\xff"}) {
-        preferences.setBackdropPresets(json);
+        preferences.set(Settings::backdropPresets, json);
         EXPECT_TRUE(names().isEmpty()) << json.constData();
     }
 }
@@ -67,7 +67,7 @@ TEST_F(BackdropPresetsTest, TheLastOneIsRememberedAndElseANewOne)
     EXPECT_EQ(BackdropPresets::last(preferences), padded(0.4));
     BackdropPresets::setLast(EditorBackdrop::none, preferences);
     EXPECT_EQ(BackdropPresets::last(preferences), EditorBackdrop::none);
-    preferences.setLastBackdrop("{");
+    preferences.set(Settings::lastBackdrop, "{");
     EXPECT_EQ(BackdropPresets::last(preferences), EditorBackdrop());
 }
 

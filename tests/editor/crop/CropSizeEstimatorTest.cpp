@@ -77,15 +77,15 @@ TEST_F(CropSizeEstimatorTest, ReadsWhatASaveWouldWrite)
 
 TEST_F(CropSizeEstimatorTest, TheFormatIsTheOneThatASaveWouldPick)
 {
-    defaults.set("imageFormat", "jpeg");
-    defaults.set("jpegQuality", 0.5);
+    preferences.set(Settings::imageFormat, ImageFormat::jpeg);
+    preferences.set(Settings::jpegQuality, 0.5);
     estimator->setContext(context());
     estimator->request({{50, 30}});
     loop.advance(200ms);
     finishEncodes();
     EXPECT_EQ(estimator->reading({50, 30}), expected(image, {50, 30}, ImageFormat::jpeg, 0.5));
 
-    defaults.set("saveFormatAuto", true);
+    preferences.set(Settings::saveFormatAuto, true);
     image = testPicture({1100, 1000}, Texture::flat);
     estimator->setContext({.source = image, .pixels = image, .region = {0, 0, 1100, 1000}, .canvasSize = {1100, 1000}});
     estimator->request({{1000, 1000}, {999, 1000}});

@@ -101,7 +101,7 @@ TEST_F(DisplaysTest, ChangesAreToldOnceAndOnlyWhenSomethingChanged)
     Testing::PaintedScreen screen(server.name());
     const auto displays = open();
     std::vector<size_t> counts;
-    displays->onChange([&] { counts.push_back(displays->all().size()); });
+    const Subscription changes = displays->onChange([&] { counts.push_back(displays->all().size()); });
 
     server.setMonitors({{"MAIN", {0, 0, 600, 900}}, {"SIDE", {600, 0, 600, 900}}});
     EXPECT_TRUE(waitFor([&] { return displays->all().size() == 2; }));
@@ -122,7 +122,7 @@ TEST_F(DisplaysTest, AServerThatDiesLeavesNoDisplays)
 {
     const auto displays = open();
     bool isTold = false;
-    displays->onChange([&] { isTold = true; });
+    const Subscription changes = displays->onChange([&] { isTold = true; });
     server.end();
     EXPECT_TRUE(waitFor([&] { return isTold; }));
     EXPECT_TRUE(displays->all().empty());

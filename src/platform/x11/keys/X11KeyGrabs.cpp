@@ -217,13 +217,7 @@ void X11KeyGrabs::followLayout()
         if (const Status status = take(id, m_grabs.at(id)))
             qCWarning(log, "%s can't be had on the new keyboard layout (status %d)",
                       qUtf8Printable(m_grabs.at(id).combo.text()), status);
-    if (m_onLayoutChange)
-        m_onLayoutChange();
-}
-
-void X11KeyGrabs::watchForTakeover(std::function<void()> onTakeover)
-{
-    m_takeovers.watch(std::move(onTakeover));
+    m_layoutObservers.notify();
 }
 
 X11TakeoverWatch::OwnKeys X11KeyGrabs::ownKeys() const
@@ -307,11 +301,11 @@ void X11KeyGrabs::modifiersChanged()
 {
     const quint32 held = m_keyboard.modifiers(m_modifiers);
     const bool isMoreThanSuper = held & KeyCombo::command && held != KeyCombo::command;
-    if (!m_onModifiersHeld || !isMoreThanSuper || !m_held.empty())
+    if (!isMoreThanSuper || !m_held.empty())
         return;
     for (const auto& [id, grab] : m_grabs) {
         if (grab.modifiers == Modifiers::exact && grab.combo.modifiers == held) {
-            m_onModifiersHeld();
+            m_modifierObservers.notify();
             return;
         }
     }

@@ -32,11 +32,20 @@ public:
                                        Modifiers modifiers = Modifiers::exact) override;
     void release(GrabID grab) override;
 
-    void onModifiersHeld(std::function<void()> callback) override { m_onModifiersHeld = std::move(callback); }
+    Subscription onModifiersHeld(std::function<void()> callback) override
+    {
+        return m_modifierObservers.add(std::move(callback));
+    }
 
-    void onLayoutChange(std::function<void()> callback) override { m_onLayoutChange = std::move(callback); }
+    Subscription onLayoutChange(std::function<void()> callback) override
+    {
+        return m_layoutObservers.add(std::move(callback));
+    }
 
-    void watchForTakeover(std::function<void()> onTakeover) override;
+    Subscription watchForTakeover(std::function<void()> onTakeover) override
+    {
+        return m_takeovers.watch(std::move(onTakeover));
+    }
 
 private:
     // A key with the state of all modifier bits, as the server compares them.
@@ -90,8 +99,8 @@ private:
     std::map<xcb_keycode_t, HeldKey> m_held;
     GrabID m_lastGrab = 0;
     Time m_time = 0; // of the event that is handled
-    std::function<void()> m_onLayoutChange;
-    std::function<void()> m_onModifiersHeld;
+    Observers<> m_layoutObservers;
+    Observers<> m_modifierObservers;
     bool m_layoutIsOld = false; // to be read again
     bool m_groupIsOld = false;  // read, but another one of its groups is in use
     X11TakeoverWatch m_takeovers;

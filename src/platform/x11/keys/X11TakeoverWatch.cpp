@@ -16,16 +16,17 @@ X11TakeoverWatch::~X11TakeoverWatch()
     m_loop.cancel(m_timer);
 }
 
-void X11TakeoverWatch::watch(std::function<void()> onTakeover)
+Subscription X11TakeoverWatch::watch(std::function<void()> onTakeover)
 {
-    m_onTakeover = std::move(onTakeover);
+    Subscription watcher = m_watchers.add(std::move(onTakeover));
     m_loop.cancel(std::exchange(m_timer, 0));
     if (!m_connection.isAlive())
-        return;
-    select(m_connection.root(), m_onTakeover ? XCB_EVENT_MASK_FOCUS_CHANGE : XCB_EVENT_MASK_NO_EVENT);
+        return watcher;
+    select(m_connection.root(), XCB_EVENT_MASK_FOCUS_CHANGE);
     followFocus();
-    if (m_onTakeover && isTaken())
+    if (isTaken())
         suspect({1000ms});
+    return watcher;
 }
 
 void X11TakeoverWatch::select(xcb_window_t window, uint32_t mask)
@@ -34,16 +35,24 @@ void X11TakeoverWatch::select(xcb_window_t window, uint32_t mask)
     xcb_flush(m_connection.handle());
 }
 
-// To the window that has the focus now; without a watch, to none.
+// To the window that has the focus now.
 void X11TakeoverWatch::followFocus()
 {
     m_handlers.eventsMayWait();
-    xcb_window_t focus = XCB_NONE;
-    if (m_onTakeover) {
-        const auto answer = m_connection.reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_connection.handle()));
-        if (answer && answer->focus != XCB_INPUT_FOCUS_POINTER_ROOT && answer->focus != m_connection.root())
-            focus = answer->focus;
-    }
+    const auto answer = m_connection.reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_connection.handle()));
+    const bool isWindow =
+        answer && answer->focus != XCB_INPUT_FOCUS_POINTER_ROOT && answer->focus != m_connection.root();
+    listenTo(isWindow ? answer->focus : XCB_NONE);
+}
+
+void X11TakeoverWatch::stopListening()
+{
+    select(m_connection.root(), XCB_EVENT_MASK_NO_EVENT);
+    listenTo(XCB_NONE);
+}
+
+void X11TakeoverWatch::listenTo(xcb_window_t focus)
+{
     if (focus == m_focus)
         return;
     if (m_focus != XCB_NONE)
@@ -56,8 +65,12 @@ void X11TakeoverWatch::followFocus()
 void X11TakeoverWatch::handle(const xcb_generic_event_t& event)
 {
     const int type = event.response_type & 0x7f;
-    if (!m_onTakeover || (type != XCB_FOCUS_IN && type != XCB_FOCUS_OUT) || isOurs(event))
+    if ((type != XCB_FOCUS_IN && type != XCB_FOCUS_OUT) || isOurs(event))
         return;
+    if (m_watchers.isEmpty()) {
+        stopListening();
+        return;
+    }
     switch (reinterpret_cast<const xcb_focus_in_event_t&>(event).mode) {
     case XCB_NOTIFY_MODE_GRAB:
         if (m_handlers.ownKeys() == OwnKeys::up)
@@ -87,14 +100,12 @@ void X11TakeoverWatch::suspect(Waits waits)
 
 void X11TakeoverWatch::probe(Waits waits)
 {
-    if (!isTaken())
+    if (m_watchers.isEmpty() || !isTaken())
         return;
-    if (!waits.empty()) {
+    if (waits.empty())
+        m_watchers.notify();
+    else
         suspect(std::move(waits));
-        return;
-    }
-    const auto onTakeover = m_onTakeover; // it may end the watch
-    onTakeover();
 }
 
 bool X11TakeoverWatch::isTaken()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/MainLoop.h"
+#include "platform/Observers.h"
 #include "platform/x11/X11Connection.h"
 
 #include <array>
@@ -27,9 +28,9 @@ public:
     X11TakeoverWatch(const X11TakeoverWatch&) = delete;
     X11TakeoverWatch& operator=(const X11TakeoverWatch&) = delete;
 
-    // Where the keyboard is held already, as by a menu, its holder has a second to let go. An empty callback ends the
-    // watch. Costs two round trips.
-    void watch(std::function<void()> onTakeover);
+    // Where the keyboard is held already, as by a menu, its holder has a second to let go. Costs two round trips. After
+    // the last watch has ended the next event ends the listening.
+    Subscription watch(std::function<void()> onTakeover);
 
     // An event of the connection.
     void handle(const xcb_generic_event_t& event);
@@ -39,6 +40,8 @@ private:
 
     void select(xcb_window_t window, uint32_t mask);
     void followFocus();
+    void listenTo(xcb_window_t focus);
+    void stopListening();
     void suspect(Waits waits);
     void probe(Waits waits);
     bool isTaken();
@@ -47,7 +50,7 @@ private:
     MainLoop& m_loop;
     X11Connection& m_connection;
     Handlers m_handlers;
-    std::function<void()> m_onTakeover;
+    Observers<> m_watchers;
     xcb_window_t m_focus = XCB_NONE;
     std::array<uint32_t, 2> m_ownRequests{}; // of the last probe: the events they cause are no news
     MainLoop::TimerID m_timer = 0;

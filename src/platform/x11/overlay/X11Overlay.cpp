@@ -1,5 +1,6 @@
 #include "platform/x11/overlay/X11Overlay.h"
 
+#include "model/VirtualKeys.h"
 #include "platform/x11/X11Cursor.h"
 #include "platform/x11/keys/X11Keyboard.h"
 
@@ -14,7 +15,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr quint32 escapeKey = 53; // virtual key code
 constexpr int mostOpenMenus = 12; // one within another; each wants an Escape of its own
 constexpr auto untilMenuCloses = 40ms;
 
@@ -191,7 +191,7 @@ void X11Overlay::pressEscape()
     xcb_connection_t* c = m_connection.handle();
     X11Keyboard keyboard(m_connection);
     keyboard.read();
-    const auto keys = keyboard.keysFor(escapeKey);
+    const auto keys = keyboard.keysFor(VirtualKeys::escape);
     if (keys.empty() || !m_connection.has(xcb_test_id))
         return;
     for (const uint8_t type : {XCB_KEY_PRESS, XCB_KEY_RELEASE})

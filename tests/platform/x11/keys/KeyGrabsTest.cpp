@@ -142,7 +142,7 @@ TEST_F(KeyGrabsTest, CombinationsAreTheKeysThatBearTheirSymbols)
 TEST_F(KeyGrabsTest, GrabsFollowTheLayoutWhileTheProgramRuns)
 {
     int changes = 0;
-    grabs.onLayoutChange([&] { ++changes; });
+    const Subscription layoutChanges = grabs.onLayoutChange([&] { ++changes; });
     ASSERT_TRUE(grab(color, "color"));
     const std::vector<xcb_keycode_t> usual{TestKeyboard::control, TestKeyboard::alt, TestKeyboard::placeOfC};
     const std::vector<xcb_keycode_t> dvorak{TestKeyboard::control, TestKeyboard::alt, TestKeyboard::placeOfI};
@@ -230,7 +230,7 @@ TEST_F(KeyGrabsTest, OnlyAKeyboardThatStaysTakenIsATakeover)
 {
     bool isTaken = false;
     ASSERT_TRUE(grab(escape, "escape"));
-    grabs.watchForTakeover([&] { isTaken = true; });
+    Subscription watch = grabs.watchForTakeover([&] { isTaken = true; });
     EXPECT_EQ(loop.pendingTimers(), 0u);
 
     keyboard.holdKeyboard(); // a window manager's shortcut
@@ -256,18 +256,18 @@ TEST_F(KeyGrabsTest, OnlyAKeyboardThatStaysTakenIsATakeover)
     EXPECT_TRUE(isTaken);
 
     isTaken = false;
-    grabs.watchForTakeover([&] { isTaken = true; }); // it is locked already
+    watch = grabs.watchForTakeover([&] { isTaken = true; }); // it is locked already
     loop.advance(999ms);
     EXPECT_FALSE(isTaken);
     loop.advance(1ms);
     EXPECT_TRUE(isTaken);
 
     isTaken = false;
-    grabs.watchForTakeover([&] { isTaken = true; }); // a menu that closes in time
+    watch = grabs.watchForTakeover([&] { isTaken = true; }); // a menu that closes in time
     keyboard.letKeyboardGo();
     loop.advance(1s);
     EXPECT_FALSE(isTaken);
-    grabs.watchForTakeover({});
+    watch = {};
     EXPECT_EQ(loop.pendingTimers(), 0u);
 }
 
@@ -280,7 +280,7 @@ TEST_F(KeyGrabsTest, AServerThatDiesRefusesEverything)
 
 TEST_F(KeyGrabsTest, TheModifiersOfACombinationTellThatItsKeyMayFollow)
 {
-    grabs.onModifiersHeld([this] { log.push_back("held"); });
+    const Subscription heldModifiers = grabs.onModifiersHeld([this] { log.push_back("held"); });
     ASSERT_TRUE(grab(area, "area"));
     ASSERT_TRUE(grab(color, "color"));
     ASSERT_TRUE(grab(escape, "escape", KeyGrabs::Modifiers::any));
