@@ -2,6 +2,7 @@
 
 #include "app/AppPaths.h"
 #include "platform/Clipboard.h"
+#include "platform/desktop/AnimationSetting.h"
 #include "platform/plugins/PluginSoundPlayer.h"
 #include "platform/plugins/PluginTextRecogniser.h"
 #include "platform/session/DesktopSession.h"
@@ -9,6 +10,7 @@
 #include "saving/DragFiles.h"
 #include "saving/PrivateFolder.h"
 #include "ui/AppStyle.h"
+#include "ui/tokens/Motion.h"
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -154,6 +156,7 @@ InstanceBus::Claim Application::claimInstance()
 void Application::start()
 {
     QApplication::setStyle(new AppStyle(m_defaults));
+    AnimationSetting::read(m_loop, m_workers, [](bool isOn) { Motion::shared().setReduced(!isOn); });
     m_tray = std::make_unique<TrayMenu>(m_preferences, trayHandlers());
     m_tray->show();
     m_delegate.applicationDidFinishLaunching(m_launch);
