@@ -117,8 +117,7 @@ std::shared_ptr<CaptureSave> CaptureFinisher::startSave(const CaptureResult& res
         else
             services.toasts.present({.message = "The capture could not be saved",
                                      .subtitle = outcome.error(),
-                                     .icon = "exclamationmark.triangle",
-                                     .iconTint = QColor("#FF9F0A")},
+                                     .icon = "exclamationmark.triangle"},
                                     display, true);
     });
     return save;

@@ -1,4 +1,4 @@
-#include "ui/SymbolPainter.h"
+#include "ui/Symbols.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -31,7 +31,7 @@ QPainterPath timer()
     return path;
 }
 
-QPainterPath warning()
+QPainterPath warningTriangle()
 {
     QPainterPath path = lines({{0.5, 0.06}, {0.98, 0.92}, {0.02, 0.92}, {0.5, 0.06}});
     path.addPath(lines({{0.5, 0.36}, {0.5, 0.6}}));
@@ -76,8 +76,8 @@ QPainterPath pathNamed(const QString& name)
         return checkmark();
     if (name == "timer")
         return timer();
-    if (name == "exclamationmark.triangle")
-        return warning();
+    if (name == Symbols::warning)
+        return warningTriangle();
     if (name == "doc.on.clipboard.fill")
         return clipboard();
     if (name == "text.viewfinder")
@@ -91,7 +91,7 @@ QPainterPath pathNamed(const QString& name)
 
 } // namespace
 
-void SymbolPainter::paint(QPainter& painter, const QString& name, const QRectF& box, const QColor& color)
+void Symbols::paint(QPainter& painter, const QString& name, const QRectF& box, const QColor& color)
 {
     painter.save();
     painter.translate(box.topLeft());
