@@ -1,5 +1,7 @@
 #include "ui/Symbols.h"
 
+#include "ui/SymbolIconEngine.h"
+
 #include <QPainter>
 #include <QPainterPath>
 
@@ -36,6 +38,15 @@ QPainterPath warningTriangle()
     QPainterPath path = lines({{0.5, 0.06}, {0.98, 0.92}, {0.02, 0.92}, {0.5, 0.06}});
     path.addPath(lines({{0.5, 0.36}, {0.5, 0.6}}));
     path.addPath(lines({{0.5, 0.75}, {0.5, 0.76}}));
+    return path;
+}
+
+QPainterPath informationCircle()
+{
+    QPainterPath path;
+    path.addEllipse(QRectF(0, 0, 1, 1));
+    path.addPath(lines({{0.5, 0.45}, {0.5, 0.75}}));
+    path.addPath(lines({{0.5, 0.25}, {0.5, 0.26}}));
     return path;
 }
 
@@ -78,6 +89,8 @@ QPainterPath pathNamed(const QString& name)
         return timer();
     if (name == Symbols::warning)
         return warningTriangle();
+    if (name == Symbols::information)
+        return informationCircle();
     if (name == "doc.on.clipboard.fill")
         return clipboard();
     if (name == "text.viewfinder")
@@ -99,6 +112,11 @@ void Symbols::paint(QPainter& painter, const QString& name, const QRectF& box, c
     painter.setPen(QPen(color, box.width() / 9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPath(QTransform::fromScale(box.width(), box.height()).map(pathNamed(name)));
     painter.restore();
+}
+
+QIcon Symbols::icon(const QString& name)
+{
+    return QIcon(new SymbolIconEngine(name));
 }
 
 } // namespace Kovrel
