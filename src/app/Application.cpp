@@ -1,9 +1,11 @@
 #include "app/Application.h"
 
+#include "platform/desktop/AnimationSetting.h"
 #include "platform/session/DesktopSession.h"
 #include "ports/Captures.h"
 #include "ui/AppStyle.h"
 #include "ui/TitledWindows.h"
+#include "ui/tokens/Motion.h"
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -91,6 +93,8 @@ void Application::start()
 {
     QApplication::setStyle(new AppStyle([this] { return m_foundation.preferences.get(Settings::toolTipDelay); }));
     m_sigterm = std::make_unique<SigtermSource>([this] { m_delegate.quit("SIGTERM"); });
+    AnimationSetting::read(m_foundation.loop, m_foundation.workers,
+                           [](bool isOn) { Motion::shared().setReduced(!isOn); });
     m_delegate.applicationDidFinishLaunching(m_launch);
 }
 

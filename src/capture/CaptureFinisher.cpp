@@ -36,10 +36,7 @@ CaptureOutcome outcomeOf(const CaptureResult& result)
 
 ToastContent couldNotBeSaved(const QString& reason)
 {
-    return {.message = "The capture could not be saved",
-            .subtitle = reason,
-            .icon = "exclamationmark.triangle",
-            .iconTint = QColor("#FF9F0A")};
+    return {.message = "The capture could not be saved", .subtitle = reason, .icon = "exclamationmark.triangle"};
 }
 
 std::shared_ptr<CaptureSave> saveWithoutDelivery()

@@ -36,9 +36,8 @@ std::optional<KeyCombo> HotkeySettings::combo(const Preferences& preferences, co
 
 bool HotkeySettings::isOne(const QString& name)
 {
-    return std::ranges::any_of(CommandTable::menuInHotkeyOrder(), [&](const MenuEntry& entry) {
-        return name == keyOf(*entry.hotkey).name;
-    });
+    return std::ranges::any_of(CommandTable::menuInHotkeyOrder(),
+                               [&](const MenuEntry& entry) { return name == keyOf(*entry.hotkey).name; });
 }
 
 } // namespace Kovrel

@@ -1,5 +1,8 @@
 #include "overlay/OverlayPainter.h"
 
+#include "ui/tokens/OverlayTokens.h"
+#include "ui/tokens/SoftShadow.h"
+
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QPainterPath>
@@ -10,22 +13,9 @@ namespace Kovrel {
 
 namespace {
 
+using namespace OverlayTokens;
 using Decoration = OverlayScene::Decoration;
 using Kind = Decoration::Kind;
-
-constexpr QColor accent(0x2f, 0x6b, 0xff);
-constexpr QColor pill(24, 24, 27, 230);
-constexpr QColor pillEdge(255, 255, 255, 46);
-
-// In points.
-constexpr double labelText = 12;
-constexpr double hintText = 13;
-constexpr double hintPadding = 16;
-constexpr double labelPadding = 9;
-constexpr double hintHeight = 36;
-constexpr double labelHeight = 24;
-constexpr double magnifierRadius = 12;
-constexpr int shadowSteps = 8;
 
 QFont pillFont(Kind kind, double scale)
 {
@@ -37,27 +27,21 @@ QFont pillFont(Kind kind, double scale)
     return font;
 }
 
-int shadowReach(double scale)
+// With a pixel for the drop of the shadow.
+int shadowMargin(double scale)
 {
-    return int(std::ceil((shadowSteps + 1) * scale));
+    return int(std::ceil((shadowReach + 1) * scale));
 }
 
-// Soft, as a stack of faint rounded outlines, each a little wider.
 QImage shadowOf(QSize size, double radius, double scale)
 {
-    const int margin = shadowReach(scale);
+    const int margin = shadowMargin(scale);
     QImage image(size + 2 * QSize(margin, margin), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 12));
-    const QRectF rect(QPointF(margin, margin), size);
-    for (int step = shadowSteps; step > 0; --step) {
-        const double reach = step * scale;
-        painter.drawRoundedRect(rect.adjusted(-reach, -reach + scale, reach, reach + scale), radius + reach,
-                                radius + reach);
-    }
+    const SoftShadow shadow{.layer = shadowLayer, .layers = shadowReach, .step = scale, .drop = scale};
+    shadow.paint(painter, QRectF(QPointF(margin, margin), size), radius);
     return image;
 }
 
@@ -69,25 +53,25 @@ void drawFrame(QPainter& painter, const Decoration& decoration)
 
 void drawHandle(QPainter& painter, const Decoration& decoration)
 {
-    const double line = 1.5 * decoration.scale;
-    painter.setPen(QPen(accent, line));
-    painter.setBrush(Qt::white);
-    painter.drawEllipse(QRectF(decoration.rect).adjusted(line / 2, line / 2, -line / 2, -line / 2));
+    const double edge = line * decoration.scale;
+    painter.setPen(QPen(accent, edge));
+    painter.setBrush(knob);
+    painter.drawEllipse(QRectF(decoration.rect).adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2));
 }
 
 // The cell of the pixel in the middle, twice outlined so that it stands out from any colour.
 void drawMagnifiedPixel(QPainter& painter, const QRectF& cell, double scale)
 {
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(QColor(0, 0, 0, 160), 3 * scale));
+    painter.setPen(QPen(pixelMarkEdge, 2 * line * scale));
     painter.drawRect(cell);
-    painter.setPen(QPen(Qt::white, 1.5 * scale));
+    painter.setPen(QPen(pixelMark, line * scale));
     painter.drawRect(cell);
 }
 
 void drawGrid(QPainter& painter, const QRectF& rect, double cell)
 {
-    painter.setPen(QPen(QColor(128, 128, 128, 56), 1));
+    painter.setPen(QPen(magnifierGrid, 1));
     for (double at = cell; at < rect.width() - 0.5; at += cell) {
         painter.drawLine(QPointF(rect.x() + at, rect.y()), QPointF(rect.x() + at, rect.bottom()));
         painter.drawLine(QPointF(rect.x(), rect.y() + at), QPointF(rect.right(), rect.y() + at));
@@ -107,7 +91,7 @@ QImage magnifierShape(QSize size, double scale)
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::black);
+    painter.setBrush(magnifierGround);
     painter.drawRoundedRect(QRectF({}, size), magnifierRadius * scale, magnifierRadius * scale);
     return image;
 }
@@ -121,11 +105,11 @@ QImage magnifierGlass(QSize size, double scale)
     const double middle = OverlayScene::magnifierReach * cell;
     drawMagnifiedPixel(painter, QRectF(middle, middle, cell, cell), scale);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double line = 1.5 * scale;
+    const double edge = line * scale;
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(QColor(255, 255, 255, 220), line));
-    const double radius = (magnifierRadius - 0.75) * scale;
-    painter.drawRoundedRect(QRectF({}, size).adjusted(line / 2, line / 2, -line / 2, -line / 2), radius, radius);
+    painter.setPen(QPen(magnifierRim, edge));
+    const double radius = (magnifierRadius - line / 2) * scale;
+    painter.drawRoundedRect(QRectF({}, size).adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2), radius, radius);
     return image;
 }
 
@@ -133,7 +117,7 @@ QImage magnifierGlass(QSize size, double scale)
 
 QColor OverlayPainter::shade()
 {
-    return QColor(0, 0, 0, 112);
+    return OverlayTokens::shade;
 }
 
 QSize OverlayPainter::pillSize(Kind kind, const QString& text, double scale)
@@ -155,7 +139,7 @@ void OverlayPainter::drawShadow(QPainter& painter, const QRect& rect, double rad
         m_shadows.push_back({rect.size(), scale, shadowOf(rect.size(), radius, scale)});
         shadow = std::prev(m_shadows.end());
     }
-    const int margin = shadowReach(scale);
+    const int margin = shadowMargin(scale);
     painter.drawImage(rect.topLeft() - QPoint(margin, margin), shadow->image);
 }
 
@@ -169,7 +153,7 @@ void OverlayPainter::drawPill(QPainter& painter, const Decoration& decoration)
     painter.setPen(QPen(pillEdge, edge));
     painter.drawRoundedRect(rect.adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2), radius, radius);
     painter.setFont(pillFont(decoration.kind, decoration.scale));
-    painter.setPen(Qt::white);
+    painter.setPen(pillText);
     painter.drawText(rect, Qt::AlignCenter, decoration.text);
 }
 
@@ -183,7 +167,7 @@ void OverlayPainter::drawMagnifier(QPainter& painter, const Decoration& decorati
     constexpr int reach = OverlayScene::magnifierReach;
     const QPoint first = decoration.pixel - QPoint(reach, reach) - screenRect.topLeft();
     QImage pixels(size, QImage::Format_RGB32);
-    pixels.fill(QColor(24, 24, 27)); // beyond the edge of the display
+    pixels.fill(magnifierGround);
     QPainter(&pixels).drawImage(QRectF({}, size), screen, QRectF(first, QSizeF(2 * reach + 1, 2 * reach + 1)));
     // The screen's unused byte is no alpha: here it becomes one.
     QImage content = pixels.convertToFormat(QImage::Format_ARGB32_Premultiplied);

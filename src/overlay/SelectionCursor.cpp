@@ -1,5 +1,7 @@
 #include "overlay/SelectionCursor.h"
 
+#include "ui/tokens/OverlayTokens.h"
+
 #include <QPainter>
 #include <QPainterPath>
 
@@ -51,9 +53,9 @@ OverlayCursor SelectionCursor::crosshair(double scale)
                           {middle - reach, middle - half, reach - gap, thickness},
                           {middle + gap + 1, middle - half, reach - gap, thickness}};
     for (const QRect& arm : arms)
-        painter.fillRect(arm.adjusted(-edge, -edge, edge, edge), Qt::white);
+        painter.fillRect(arm.adjusted(-edge, -edge, edge, edge), OverlayTokens::cursorEdge);
     for (const QRect& arm : arms)
-        painter.fillRect(arm, Qt::black);
+        painter.fillRect(arm, OverlayTokens::crosshair);
     return cursor;
 }
 
@@ -65,8 +67,8 @@ OverlayCursor SelectionCursor::camera(double scale)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(scale, scale);
     const QPainterPath body = cameraBody();
-    painter.strokePath(body, QPen(Qt::white, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.fillPath(body, QColor(20, 20, 22));
+    painter.strokePath(body, QPen(OverlayTokens::cursorEdge, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(body, OverlayTokens::camera);
     return cursor;
 }
 

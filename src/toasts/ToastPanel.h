@@ -1,39 +1,31 @@
 #pragma once
 
 #include "model/ToastContent.h"
-#include "platform/Display.h"
-
-#include <QWidget>
+#include "ui/FloatingPanel.h"
 
 namespace Kovrel {
 
-// The floating card of one toast, with room for its shadow around it where windows can be translucent. It never takes
-// the focus.
-class ToastPanel : public QWidget {
+// The floating card of one toast.
+class ToastPanel : public FloatingPanel {
     Q_OBJECT
 
 public:
     ToastPanel(ToastContent content, const Display& display, bool isComposited);
 
     void setContent(ToastContent content);
-    void popIn();
-    // Fades and then deletes itself.
-    void fadeOut();
 
 Q_SIGNALS:
     void closeClicked();
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void paintContent(QPainter& painter, const QRectF& card) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void place(const Display& display);
-    void paintCard(QPainter& painter) const;
+    void paintIcon(QPainter& painter, const QRectF& circle) const;
     void paintText(QPainter& painter, const QRectF& area) const;
 
     ToastContent m_content;
-    double m_shadowRoom; // around the card, in points
 };
 
 } // namespace Kovrel

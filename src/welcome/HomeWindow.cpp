@@ -1,6 +1,12 @@
 #include "welcome/HomeWindow.h"
 
 #include "hotkeys/HotkeySettings.h"
+#include "ui/Label.h"
+#include "ui/LookChanges.h"
+#include "ui/Notice.h"
+#include "ui/PrimaryButton.h"
+#include "ui/RowButton.h"
+#include "ui/tokens/Metrics.h"
 
 #include <QGridLayout>
 #include <QIcon>
@@ -10,41 +16,14 @@ namespace Kovrel {
 namespace {
 
 constexpr int contentWidth = 420;
-constexpr int margin = 28;
+constexpr int iconSize = 56;
 
-QLabel* label(int pixelSize, QFont::Weight weight)
+QLabel* programIcon()
 {
-    auto* label = new QLabel;
-    QFont font = label->font();
-    font.setPixelSize(pixelSize);
-    font.setWeight(weight);
-    label->setFont(font);
-    label->setWordWrap(true);
-    return label;
+    auto* icon = new QLabel;
+    icon->setPixmap(QIcon(":/com.kovrel.Kovrel.svg").pixmap({iconSize, iconSize}, icon->devicePixelRatioF()));
+    return icon;
 }
-
-void dim(QWidget* widget)
-{
-    QPalette palette = widget->palette();
-    for (const auto& [group, opacity] :
-         {std::pair{QPalette::Active, 0.62f}, {QPalette::Inactive, 0.62f}, {QPalette::Disabled, 0.26f}}) {
-        QColor color = palette.color(QPalette::Active, QPalette::WindowText);
-        color.setAlphaF(opacity);
-        palette.setColor(group, QPalette::WindowText, color);
-    }
-    widget->setPalette(palette);
-}
-
-constexpr const char* buttonStyle =
-    "QPushButton { text-align: left; padding: 8px 12px; border: none; border-radius: 8px; font-size: 14px; }"
-    "QPushButton:hover:enabled { background: rgba(47, 107, 255, 34); }"
-    "QPushButton:focus { background: rgba(47, 107, 255, 26); }";
-constexpr const char* primaryStyle =
-    "QPushButton { padding: 10px 18px; border: none; border-radius: 9px; font-size: 14px; font-weight: 600;"
-    " color: white; background: #2F6BFF; }"
-    "QPushButton:hover { background: #4A7FFF; } QPushButton:pressed { background: #2358DB; }";
-constexpr const char* noticeStyle =
-    "QLabel { padding: 12px 14px; border-radius: 10px; background: rgba(255, 159, 10, 40); }";
 
 } // namespace
 
@@ -53,96 +32,79 @@ HomeWindow::HomeWindow(Preferences& preferences, Handlers handlers)
 {
     setWindowTitle("Kovrel");
     setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(margin, margin, margin, margin - 4);
-    layout->setSpacing(18);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
-    layout->addWidget(makeHeader());
-    layout->addWidget(makeNotice());
-    m_signIn = new QPushButton("Use Kovrel on this computer");
-    m_signIn->setStyleSheet(primaryStyle);
-    m_signIn->setCursor(Qt::PointingHandCursor);
+    m_notice = new Notice;
+    m_notice->hide();
+    m_signIn = new PrimaryButton(tr("Use Kovrel on this computer"));
     connect(m_signIn, &QPushButton::clicked, this, [this] { m_handlers.signIn(); });
-    layout->addWidget(m_signIn);
-    layout->addWidget(makeCommands());
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(Spacing::window, Spacing::window, Spacing::window, Spacing::window);
+    layout->setSpacing(Spacing::large);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    for (QWidget* part : std::initializer_list<QWidget*>{makeHeader(), m_notice, m_signIn, makeCommands()})
+        layout->addWidget(part);
+    setWidths();
+    connect(&LookChanges::shared(), &LookChanges::changed, this, &HomeWindow::setWidths);
 }
 
 QWidget* HomeWindow::makeHeader()
 {
-    auto* header = new QWidget;
-    auto* layout = new QGridLayout(header);
+    m_header = new QWidget;
+    m_title = new Label(TextStyle::headline);
+    m_subtitle = new Label(TextStyle::body, Label::Role::secondary);
+    auto* layout = new QGridLayout(m_header);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setHorizontalSpacing(16);
-    auto* icon = new QLabel;
-    icon->setPixmap(QIcon(":/com.kovrel.Kovrel.svg").pixmap(QSize(56, 56), devicePixelRatioF()));
-    m_title = label(22, QFont::Bold);
-    m_subtitle = label(13, QFont::Normal);
-    dim(m_subtitle);
-    layout->addWidget(icon, 0, 0, 2, 1, Qt::AlignTop);
+    layout->setHorizontalSpacing(Spacing::medium);
+    layout->setVerticalSpacing(Spacing::tight);
+    layout->addWidget(programIcon(), 0, 0, 2, 1, Qt::AlignTop);
     layout->addWidget(m_title, 0, 1, Qt::AlignBottom);
     layout->addWidget(m_subtitle, 1, 1, Qt::AlignTop);
     layout->setColumnStretch(1, 1);
-    header->setFixedWidth(contentWidth);
-    return header;
-}
-
-QWidget* HomeWindow::makeNotice()
-{
-    m_notice = label(13, QFont::Normal);
-    m_notice->setStyleSheet(noticeStyle);
-    m_notice->setFixedWidth(contentWidth);
-    m_notice->hide();
-    return m_notice;
+    return m_header;
 }
 
 QWidget* HomeWindow::makeCommands()
 {
     m_commandList = new QWidget;
-    auto* layout = new QGridLayout(m_commandList);
+    auto* layout = new QVBoxLayout(m_commandList);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setVerticalSpacing(2);
+    layout->setSpacing(Spacing::tight);
     for (const MenuEntry& entry : CommandTable::menu()) {
-        auto* button = new QPushButton(entry.label);
-        button->setStyleSheet(buttonStyle);
-        connect(button, &QPushButton::clicked, this, [this, entry] { m_handlers.perform(entry); });
-        auto* keys = label(13, QFont::Normal);
-        dim(keys);
-        keys->setWordWrap(false);
-        const int row = int(m_commands.size());
-        layout->addWidget(button, row, 0);
-        layout->addWidget(keys, row, 1, Qt::AlignRight | Qt::AlignVCenter);
-        m_commands.emplace_back(button, entry);
-        m_keys.push_back(keys);
+        auto* row = new RowButton(entry.label);
+        connect(row, &QPushButton::clicked, this, [this, entry] { m_handlers.perform(entry); });
+        layout->addWidget(row);
+        m_commands.emplace_back(row, entry);
     }
-    layout->setColumnStretch(0, 1);
-    m_commandList->setFixedWidth(contentWidth);
     return m_commandList;
+}
+
+void HomeWindow::setWidths()
+{
+    const int width = int(contentWidth * Typography::scale());
+    for (QWidget* part : std::initializer_list<QWidget*>{m_header, m_notice, m_signIn, m_commandList})
+        part->setFixedWidth(width);
 }
 
 void HomeWindow::refresh()
 {
     const bool isSignedIn = m_handlers.isSignedIn();
     const QString obstacle = m_handlers.obstacle();
-    m_title->setText(isSignedIn ? "Kovrel" : "Welcome to Kovrel");
-    m_subtitle->setText(isSignedIn ? "Capture from here, from the tray or from the command line."
-                                   : "Captures, kept and found again. Everything stays on this computer.");
+    m_title->setText(isSignedIn ? tr("Kovrel") : tr("Welcome to Kovrel"));
+    m_subtitle->setText(isSignedIn ? tr("Capture from here, from the tray or from the command line.")
+                                   : tr("Captures, kept and found again. Everything stays on this computer."));
     if (!obstacle.isEmpty())
-        showNotice(obstacle);
+        m_notice->show(Notice::Kind::warning, obstacle);
     m_signIn->setVisible(!isSignedIn && obstacle.isEmpty());
     m_commandList->setVisible(isSignedIn && obstacle.isEmpty());
-    for (size_t i = 0; i < m_commands.size(); ++i) {
-        const auto& [button, entry] = m_commands[i];
-        button->setEnabled(m_handlers.isEnabled(entry));
+    for (const auto& [row, entry] : m_commands) {
+        row->setEnabled(m_handlers.isEnabled(entry));
         const auto combo = HotkeySettings::combo(m_preferences, entry);
-        m_keys[i]->setText(combo ? combo->text() : QString());
-        m_keys[i]->setEnabled(button->isEnabled());
+        row->setKeys(combo ? combo->text() : QString());
     }
 }
 
 void HomeWindow::showNotice(const QString& text)
 {
-    m_notice->setText(text);
-    m_notice->show();
+    m_notice->show(Notice::Kind::information, text);
 }
 
 void HomeWindow::present()

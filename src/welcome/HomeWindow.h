@@ -2,16 +2,20 @@
 
 #include "commandline/CommandTable.h"
 #include "preferences/Preferences.h"
-
-#include <QLabel>
-#include <QPushButton>
-#include <QWidget>
+#include "ui/AppWindow.h"
 
 namespace Kovrel {
 
+class Label;
+class Notice;
+class PrimaryButton;
+class RowButton;
+
 // The program's own window: first steps, what stands in the way of capturing, and every command with its keys, for
 // desktops without a tray too. Main thread.
-class HomeWindow : public QWidget {
+class HomeWindow : public AppWindow {
+    Q_OBJECT
+
 public:
     struct Handlers {
         std::function<bool()> isSignedIn;
@@ -31,18 +35,18 @@ public:
 
 private:
     QWidget* makeHeader();
-    QWidget* makeNotice();
     QWidget* makeCommands();
+    void setWidths();
 
     Preferences& m_preferences;
     Handlers m_handlers;
-    QLabel* m_title = nullptr;
-    QLabel* m_subtitle = nullptr;
-    QLabel* m_notice = nullptr;
-    QPushButton* m_signIn = nullptr;
+    QWidget* m_header = nullptr;
+    Label* m_title = nullptr;
+    Label* m_subtitle = nullptr;
+    Notice* m_notice = nullptr;
+    PrimaryButton* m_signIn = nullptr;
     QWidget* m_commandList = nullptr;
-    std::vector<std::pair<QPushButton*, MenuEntry>> m_commands;
-    std::vector<QLabel*> m_keys;
+    std::vector<std::pair<RowButton*, MenuEntry>> m_commands;
 };
 
 } // namespace Kovrel

@@ -2,8 +2,6 @@
 
 #include "editor/marks/LabelText.h"
 
-#include <QColor>
-
 #include <algorithm>
 #include <cmath>
 
@@ -20,11 +18,6 @@ constexpr double emptyWidth = 4;
 // The tail leaves the plate near its left end and points down.
 constexpr double tailDrop = 0.6;
 constexpr double tailInset = 0.6;
-
-double linear(double channel)
-{
-    return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-}
 
 } // namespace
 
@@ -127,11 +120,6 @@ std::optional<EditorTool> editorToolStyling(Annotation::Kind kind)
         return std::nullopt;
     }
     return std::nullopt;
-}
-
-double relativeLuminance(const QColor& color)
-{
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
 } // namespace Kovrel

@@ -103,7 +103,4 @@ struct RawStrings<Annotation::Kind> {
 // The tool whose style settings a kind of mark shares; none for the kinds without a style panel.
 std::optional<EditorTool> editorToolStyling(Annotation::Kind kind);
 
-// WCAG 2.1, "relative luminance", of an sRGB colour: 0 to 1.
-double relativeLuminance(const QColor& color);
-
 } // namespace Kovrel

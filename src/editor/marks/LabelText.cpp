@@ -1,6 +1,7 @@
 #include "editor/marks/LabelText.h"
 
 #include "editor/marks/Annotation.h"
+#include "model/Contrast.h"
 
 #include <QFontMetricsF>
 #include <QGlyphRun>

@@ -1,7 +1,8 @@
 #include "platform/desktop/GnomeShortcuts.h"
 
+#include "platform/desktop/Gsettings.h"
+
 #include <QHash>
-#include <QProcess>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -25,22 +26,6 @@ const std::array<Schema, 2>& schemas()
                 "window-screenshot-clip"}},
     };
     return all;
-}
-
-constexpr int patienceMilliseconds = 5000;
-
-// What the program says; none when it fails, as for a schema that is not installed.
-std::optional<QString> gsettings(const QStringList& arguments)
-{
-    QProcess program;
-    program.start("gsettings", arguments);
-    if (!program.waitForFinished(patienceMilliseconds) || program.exitStatus() != QProcess::NormalExit ||
-        program.exitCode() != 0) {
-        program.kill();
-        program.waitForFinished();
-        return std::nullopt;
-    }
-    return QString::fromUtf8(program.readAllStandardOutput());
 }
 
 // The texts of a list, or the one text of a setting that older versions have: ['<Super>a', '<Super>b'], '<Super>a',
@@ -83,7 +68,7 @@ std::vector<ShortcutSwitches::Shortcut> GnomeShortcuts::shortcuts()
 {
     std::vector<Shortcut> found;
     for (const Schema& schema : schemas()) {
-        const auto values = gsettings({"list-recursively", schema.name});
+        const auto values = Gsettings::run({"list-recursively", schema.name});
         if (!values)
             continue;
         for (const QString& line : values->split('\n')) { // schema, key, value
@@ -99,12 +84,12 @@ bool GnomeShortcuts::set(const Shortcut& shortcut)
 {
     const QString schema = shortcut.id.section('/', 0, 0);
     const QString key = shortcut.id.section('/', 1);
-    const auto present = gsettings({"get", schema, key});
+    const auto present = Gsettings::run({"get", schema, key});
     if (!present)
         return false;
     const bool isList = present->contains('[');
     const QString value = isList ? listOf(shortcut.accelerators) : quoted(shortcut.accelerators.value(0));
-    return gsettings({"set", schema, key, value}).has_value();
+    return Gsettings::run({"set", schema, key, value}).has_value();
 }
 
 std::optional<KeyCombo> GnomeShortcuts::combo(const QString& accelerator) const

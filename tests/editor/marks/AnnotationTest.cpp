@@ -1,6 +1,7 @@
 #include "editor/marks/Annotation.h"
 
 #include "editor/marks/LabelText.h"
+#include "model/Contrast.h"
 #include "model/HexColor.h"
 
 #include <gtest/gtest.h>

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-// Text is drawn, without a display.
+// Text is drawn, for which fonts come with a platform; offscreen it has no display.
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
+    const QGuiApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

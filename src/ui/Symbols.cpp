@@ -1,4 +1,6 @@
-#include "ui/SymbolPainter.h"
+#include "ui/Symbols.h"
+
+#include "ui/SymbolIconEngine.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -31,11 +33,20 @@ QPainterPath timer()
     return path;
 }
 
-QPainterPath warning()
+QPainterPath warningTriangle()
 {
     QPainterPath path = lines({{0.5, 0.06}, {0.98, 0.92}, {0.02, 0.92}, {0.5, 0.06}});
     path.addPath(lines({{0.5, 0.36}, {0.5, 0.6}}));
     path.addPath(lines({{0.5, 0.75}, {0.5, 0.76}}));
+    return path;
+}
+
+QPainterPath informationCircle()
+{
+    QPainterPath path;
+    path.addEllipse(QRectF(0, 0, 1, 1));
+    path.addPath(lines({{0.5, 0.45}, {0.5, 0.75}}));
+    path.addPath(lines({{0.5, 0.25}, {0.5, 0.26}}));
     return path;
 }
 
@@ -76,8 +87,10 @@ QPainterPath pathNamed(const QString& name)
         return checkmark();
     if (name == "timer")
         return timer();
-    if (name == "exclamationmark.triangle")
-        return warning();
+    if (name == Symbols::warning)
+        return warningTriangle();
+    if (name == Symbols::information)
+        return informationCircle();
     if (name == "doc.on.clipboard.fill")
         return clipboard();
     if (name == "text.viewfinder")
@@ -91,7 +104,7 @@ QPainterPath pathNamed(const QString& name)
 
 } // namespace
 
-void SymbolPainter::paint(QPainter& painter, const QString& name, const QRectF& box, const QColor& color)
+void Symbols::paint(QPainter& painter, const QString& name, const QRectF& box, const QColor& color)
 {
     painter.save();
     painter.translate(box.topLeft());
@@ -99,6 +112,11 @@ void SymbolPainter::paint(QPainter& painter, const QString& name, const QRectF& 
     painter.setPen(QPen(color, box.width() / 9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPath(QTransform::fromScale(box.width(), box.height()).map(pathNamed(name)));
     painter.restore();
+}
+
+QIcon Symbols::icon(const QString& name)
+{
+    return QIcon(new SymbolIconEngine(name));
 }
 
 } // namespace Kovrel

@@ -1,0 +1,97 @@
+#include "ui/FloatingPanel.h"
+
+#include "ui/tokens/Metrics.h"
+#include "ui/tokens/Motion.h"
+#include "ui/tokens/SoftShadow.h"
+#include "ui/tokens/Theme.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPropertyAnimation>
+#include <QScreen>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr double shadowRoom = 30;
+
+} // namespace
+
+FloatingPanel::FloatingPanel(bool isComposited, Desktops desktops) : m_shadowRoom(isComposited ? shadowRoom : 0)
+{
+    setWindowFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::ToolTip | Qt::WindowDoesNotAcceptFocus);
+    // A window manager puts a window on one of its desktops; what it does not know of is on all of them.
+    setWindowFlag(Qt::BypassWindowManagerHint, desktops == Desktops::every);
+    setAttribute(Qt::WA_TranslucentBackground, isComposited);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_DeleteOnClose);
+}
+
+void FloatingPanel::placeAtTopRight(const Display& display, QSizeF cardSize, QSizeF margin)
+{
+    for (QScreen* screen : QGuiApplication::screens()) {
+        if (screen->name() != display.name)
+            continue;
+        const QRectF area = screen->availableGeometry();
+        const QPointF topLeft(area.right() - margin.width() - cardSize.width() - m_shadowRoom,
+                              area.top() + margin.height() - m_shadowRoom);
+        setScreen(screen);
+        setGeometry(QRectF(topLeft, cardSize + QSizeF(2 * m_shadowRoom, 2 * m_shadowRoom)).toAlignedRect());
+        return;
+    }
+}
+
+QRectF FloatingPanel::card() const
+{
+    return QRectF(rect()).adjusted(m_shadowRoom, m_shadowRoom, -m_shadowRoom, -m_shadowRoom);
+}
+
+void FloatingPanel::popIn()
+{
+    setWindowOpacity(0);
+    show();
+    makeFade(1, Motion::shared().appearing())->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void FloatingPanel::fadeOut()
+{
+    QPropertyAnimation* fade = makeFade(0, Motion::shared().disappearing());
+    fade->setObjectName("fade");
+    connect(fade, &QPropertyAnimation::finished, this, &QWidget::close);
+    fade->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+QPropertyAnimation* FloatingPanel::makeFade(double opacity, std::chrono::milliseconds duration)
+{
+    auto* fade = new QPropertyAnimation(this, "windowOpacity", this);
+    fade->setDuration(int(duration.count()));
+    fade->setEasingCurve(Motion::easing);
+    fade->setEndValue(opacity);
+    return fade;
+}
+
+void FloatingPanel::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintGround(painter);
+    paintContent(painter, card());
+}
+
+void FloatingPanel::paintGround(QPainter& painter) const
+{
+    const Theme& theme = Theme::current();
+    const bool isComposited = m_shadowRoom > 0;
+    const double radius = isComposited ? Radius::card : 0;
+    if (isComposited)
+        SoftShadow{.layer = theme.shadow, .layers = 12, .step = 2, .drop = 5}.paint(painter, card(), radius);
+    else
+        painter.fillRect(rect(), theme.card);
+    const double inset = Stroke::hairline / 2;
+    painter.setPen(QPen(theme.cardEdge, Stroke::hairline));
+    painter.setBrush(theme.card);
+    painter.drawRoundedRect(card().adjusted(inset, inset, -inset, -inset), radius, radius);
+}
+
+} // namespace Kovrel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/Display.h"
+
+#include <QWidget>
+
+#include <chrono>
+
+class QPropertyAnimation;
+
+namespace Kovrel {
+
+// A card that floats above other windows and never takes the focus. Where the desktop composites, it has round corners
+// and room for its shadow around it; elsewhere it is square and opaque. It deletes itself when it is closed.
+// Lengths are points.
+class FloatingPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    enum class Desktops { current, every };
+
+    FloatingPanel(bool isComposited, Desktops desktops);
+
+    void popIn();
+    // Fades and then closes.
+    void fadeOut();
+
+protected:
+    // The card's upper right corner stands `margin` within that of the usable area of the display.
+    void placeAtTopRight(const Display& display, QSizeF cardSize, QSizeF margin);
+
+    virtual void paintContent(QPainter& painter, const QRectF& card) = 0;
+
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QRectF card() const;
+    void paintGround(QPainter& painter) const;
+    QPropertyAnimation* makeFade(double opacity, std::chrono::milliseconds duration);
+
+    double m_shadowRoom; // around the card
+};
+
+} // namespace Kovrel

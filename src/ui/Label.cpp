@@ -1,0 +1,16 @@
+#include "ui/Label.h"
+
+#include "ui/LookChanges.h"
+
+namespace Kovrel {
+
+Label::Label(TextStyle style, Role role)
+{
+    const auto takeFont = [this, style] { setFont(Typography::font(style)); };
+    takeFont();
+    connect(&LookChanges::shared(), &LookChanges::changed, this, takeFont);
+    setForegroundRole(role == Role::secondary ? QPalette::PlaceholderText : QPalette::WindowText);
+    setWordWrap(true);
+}
+
+} // namespace Kovrel

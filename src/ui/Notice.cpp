@@ -1,0 +1,61 @@
+#include "ui/Notice.h"
+
+#include "ui/LookChanges.h"
+#include "ui/Symbols.h"
+#include "ui/tokens/Metrics.h"
+#include "ui/tokens/Theme.h"
+
+#include <QPainter>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr int padding = Spacing::medium;
+constexpr int gap = 10;
+
+int symbolSize()
+{
+    return int(16 * Typography::scale());
+}
+
+} // namespace
+
+Notice::Notice() : Label(TextStyle::body)
+{
+    makeRoom();
+    connect(&LookChanges::shared(), &LookChanges::changed, this, &Notice::makeRoom);
+}
+
+void Notice::makeRoom()
+{
+    setContentsMargins(padding + symbolSize() + gap, padding, padding, padding);
+}
+
+void Notice::show(Kind kind, const QString& text)
+{
+    m_kind = kind;
+    setText(text);
+    QWidget::show();
+    update();
+}
+
+void Notice::paintEvent(QPaintEvent* event)
+{
+    const Theme& theme = Theme::current();
+    const bool isWarning = m_kind == Kind::warning;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double inset = Stroke::hairline / 2;
+    painter.setPen(QPen(theme.cardEdge, Stroke::hairline));
+    painter.setBrush(isWarning ? theme.warningGround : theme.accentGround);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), Radius::notice, Radius::notice);
+    const double middle = padding + QFontMetricsF(font()).height() / 2; // of the first line
+    const double size = symbolSize();
+    Symbols::paint(painter, isWarning ? Symbols::warning : Symbols::information,
+                   {padding, middle - size / 2, size, size}, isWarning ? theme.warning : theme.accentText);
+    painter.end();
+    Label::paintEvent(event);
+}
+
+} // namespace Kovrel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QColor>
+
+namespace Kovrel {
+
+// What lies over the user's screen while something is selected. It stands out from whatever is shown there, so it is
+// the same in every colour scheme. Lengths are in points.
+namespace OverlayTokens {
+
+constexpr QColor shade(0, 0, 0, 112); // over everything that is not selected
+constexpr QColor accent(0x2f, 0x6b, 0xff);
+constexpr QColor knob(255, 255, 255);
+
+constexpr QColor pill(24, 24, 27, 230);
+constexpr QColor pillEdge(255, 255, 255, 46);
+constexpr QColor pillText(255, 255, 255);
+constexpr QColor shadowLayer(0, 0, 0, 12);
+
+constexpr QColor magnifierGround(24, 24, 27); // beyond the edge of the display
+constexpr QColor magnifierGrid(128, 128, 128, 56);
+constexpr QColor magnifierRim(255, 255, 255, 220);
+constexpr QColor pixelMark(255, 255, 255);
+constexpr QColor pixelMarkEdge(0, 0, 0, 160);
+
+constexpr QColor crosshair(0, 0, 0);
+constexpr QColor camera(20, 20, 22);
+constexpr QColor cursorEdge(255, 255, 255);
+
+constexpr double labelText = 12;
+constexpr double hintText = 13;
+constexpr double labelPadding = 9;
+constexpr double hintPadding = 16;
+constexpr double labelHeight = 24;
+constexpr double hintHeight = 36;
+constexpr double magnifierRadius = 12;
+constexpr double line = 1.5;
+constexpr int shadowReach = 8;
+
+} // namespace OverlayTokens
+
+} // namespace Kovrel
