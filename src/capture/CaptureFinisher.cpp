@@ -39,10 +39,18 @@ ToastContent couldNotBeSaved(const QString& reason)
     return {.message = "The capture could not be saved", .subtitle = reason, .icon = "exclamationmark.triangle"};
 }
 
+// What is said where nothing saves and copies.
+constexpr const char* noDelivery = "this program can neither save nor copy captures";
+
+CaptureOutcome undelivered()
+{
+    return {.kind = CaptureOutcome::Kind::failed, .message = noDelivery};
+}
+
 std::shared_ptr<CaptureSave> saveWithoutDelivery()
 {
     auto save = std::make_shared<CaptureSave>();
-    save->finish(std::unexpected(QString("this program can't save captures")));
+    save->finish(std::unexpected(QString(noDelivery)));
     return save;
 }
 
@@ -117,7 +125,7 @@ QCoro::Task<> CaptureFinisher::finish(Pixels pixels, std::shared_ptr<CaptureRun>
     if (run->options.waitsForFiles)
         co_await reportWhenOnDisk(outcomeOf(result), run, save, recording);
     else
-        run->reply.give(outcomeOf(result));
+        run->reply.give(m_services.ports.delivery || !(plan.save || plan.copy) ? outcomeOf(result) : undelivered());
 }
 
 std::shared_ptr<CaptureSave> CaptureFinisher::startSave(const CaptureResult& result, const CaptureOptions& options,

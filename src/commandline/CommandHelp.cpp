@@ -38,6 +38,15 @@ std::string escapedForManual(const std::string& text)
     return escaped;
 }
 
+// The name in bold, and in the next line what it takes.
+std::string manualLines(const CommandSpec& command)
+{
+    const std::string name = command.name;
+    const std::string rest = CommandHelp::synopsis(command).substr(name.size());
+    return ".B kovrel " + escapedForManual(name) + "\n" +
+           (rest.empty() ? rest : escapedForManual(rest.substr(1)) + "\n");
+}
+
 } // namespace
 
 std::string CommandHelp::synopsis(const CommandSpec& command)
@@ -73,8 +82,7 @@ std::string CommandHelp::manualSynopsis()
     std::string text = ".B kovrel\n[\\-\\-background]\n";
     for (const CommandSpec& command : CommandTable::commands())
         if (command.isOnCommandLine)
-            text += ".br\n.B kovrel " + escapedForManual(command.name) + "\n" +
-                    escapedForManual(synopsis(command).substr(std::string(command.name).size())) + "\n";
+            text += ".br\n" + manualLines(command);
     return text;
 }
 

@@ -1,6 +1,11 @@
 #include "commandline/CommandLine.h"
+#include "commandline/CommandHelp.h"
+#include "commandline/CommandTable.h"
+#include "commandline/Completion.h"
 
 #include <gtest/gtest.h>
+
+#include <set>
 
 namespace Kovrel {
 
@@ -60,6 +65,66 @@ TEST(CommandLine, AnnotateRefusesWhatMakesNoSense)
     ASSERT_TRUE(command) << command.error();
     EXPECT_EQ(command->options.at("backdrop"), "/h/b.json");
     EXPECT_EQ(command->options.at("output"), "/h/o.tif");
+}
+
+TEST(CommandLine, HelpIsAskedForBehindACommandToo)
+{
+    const auto help = CommandLine::parse({"capture", "--rect", "nonsense", "--help"}, "/");
+    ASSERT_TRUE(help) << help.error();
+    EXPECT_EQ(*help, (Command{.name = "help", .operands = {"capture"}}));
+    const std::string text = CommandHelp::usage(*CommandTable::find("capture"));
+    for (const char* part : {"usage: kovrel capture MODE ", "[--save | --output FILE]", "\n  --rect X,Y,W,H "})
+        EXPECT_NE(text.find(part), std::string::npos) << part << text;
+}
+
+TEST(CommandLine, ShellsAreOfferedWhatComesNext)
+{
+    struct Case {
+        std::vector<std::string> words;
+        std::vector<std::string> some;
+        std::vector<std::string> none;
+    };
+
+    const Case cases[] = {
+        {{""}, {"capture", "quit", "--background"}, {"pick-color"}},
+        {{"capture", ""}, {"area", "ocrRegion"}, {"--rect", "<files>"}},
+        {{"capture", "area", "--"}, {"--rect", "--output", "--help"}, {"--raw"}},
+        {{"capture", "area", "--output", ""}, {"<files>"}, {"area"}},
+        {{"capture", "--save", ""}, {"area"}, {}},
+        {{"annotate", "a.png", "--scale", ""}, {}, {"<files>"}},
+        {{"text", ""}, {"<files>"}, {}},
+        {{"preferences", ""}, {"reset"}, {"<settings>"}},
+        {{"preferences", "get", ""}, {"<settings>"}, {}},
+        {{"preferences", "list", ""}, {}, {"<settings>"}},
+        {{"nonsense", ""}, {}, {"capture"}},
+    };
+    for (const Case& c : cases) {
+        const auto offered = Completion::candidates(c.words);
+        const auto isOffered = [&](const std::string& word) {
+            return std::find(offered.begin(), offered.end(), word) != offered.end();
+        };
+        for (const std::string& word : c.some)
+            EXPECT_TRUE(isOffered(word)) << word << " behind " << c.words.front();
+        for (const std::string& word : c.none)
+            EXPECT_FALSE(isOffered(word)) << word << " behind " << c.words.front();
+    }
+}
+
+// Two commands, two options of one, or two entries of menus that answer to one name: the second is never reached.
+TEST(CommandLine, NamesAreThereOnce)
+{
+    std::set<std::string> commands;
+    std::set<std::string> actions;
+    for (const CommandSpec& command : CommandTable::commands()) {
+        EXPECT_TRUE(commands.insert(command.name).second) << command.name;
+        std::set<std::string> options;
+        for (const OptionSpec& option : command.options)
+            EXPECT_TRUE(options.insert(option.name).second) << command.name << " --" << option.name;
+        for (const MenuEntry& entry : command.menu) {
+            EXPECT_TRUE(actions.insert(entry.action).second) << entry.action;
+            EXPECT_EQ(entry.arguments.front(), command.name);
+        }
+    }
 }
 
 } // namespace Kovrel
