@@ -349,7 +349,7 @@ void Application::showPermissionWindow()
 void Application::presentUpdatedNotice(const QString& version)
 {
     showHome();
-    homeWindow().showNotice("Kovrel was updated to version " + version + ".");
+    homeWindow().showNotice(HomeWindow::tr("Kovrel was updated to version %1.").arg(version));
 }
 
 void Application::openFiles(const QStringList& paths)

@@ -115,7 +115,7 @@ std::shared_ptr<CaptureSave> CaptureFinisher::startSave(const CaptureResult& res
         if (outcome)
             services.ledger.rememberSavedFile(id, *outcome);
         else
-            services.toasts.present({.message = "The capture could not be saved",
+            services.toasts.present({.message = tr("The capture could not be saved"),
                                      .subtitle = outcome.error(),
                                      .icon = "exclamationmark.triangle"},
                                     display, true);

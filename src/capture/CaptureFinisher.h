@@ -7,6 +7,8 @@
 #include "ports/CaptureSave.h"
 #include "saving/EncodedPng.h"
 
+#include <QCoreApplication>
+
 #include <memory>
 
 namespace Kovrel {
@@ -14,6 +16,8 @@ namespace Kovrel {
 // Turns pixels in hand into a finished capture: the record, the notification, file, clipboard, history, card, editor.
 // Main thread.
 class CaptureFinisher {
+    Q_DECLARE_TR_FUNCTIONS(Kovrel::CaptureFinisher)
+
 public:
     struct Pixels {
         QImage image;

@@ -1,5 +1,7 @@
 #include "hotkeys/CaptureCommands.h"
 
+#include <QCoreApplication>
+
 #include <array>
 
 namespace Kovrel {
@@ -12,15 +14,21 @@ using enum HotkeyAction;
 
 // At the places of their actions' numbers.
 constexpr std::array table{
-    Entry{area, "Capture Area", "hotkeyArea", Action::capture, CaptureMode::area},
-    Entry{fullScreen, "Capture Full Screen", "hotkeyFullScreen", Action::capture, CaptureMode::fullScreen},
-    Entry{window, "Capture Window", "hotkeyWindow", Action::capture, CaptureMode::window},
-    Entry{lastArea, "Capture Last Area", "hotkeyLastArea", Action::capture, CaptureMode::lastArea},
-    Entry{selfTimer, "Capture with Self-Timer", "hotkeySelfTimer", Action::capture, CaptureMode::timed},
-    Entry{extractText, "Extract Text", "hotkeyExtractText", Action::capture, CaptureMode::ocrRegion},
-    Entry{pickColor, "Pick Color", "hotkeyPickColor", Action::pickColor},
-    Entry{reopenClosedCapture, "Reopen Closed Capture", "hotkeyReopenClosedCapture", Action::reopenClosed},
-    Entry{history, "Recent Captures", "hotkeyHistory", Action::recentCaptures},
+    Entry{area, QT_TRANSLATE_NOOP("CaptureCommands", "Capture Area"), "hotkeyArea", Action::capture, CaptureMode::area},
+    Entry{fullScreen, QT_TRANSLATE_NOOP("CaptureCommands", "Capture Full Screen"), "hotkeyFullScreen", Action::capture,
+          CaptureMode::fullScreen},
+    Entry{window, QT_TRANSLATE_NOOP("CaptureCommands", "Capture Window"), "hotkeyWindow", Action::capture,
+          CaptureMode::window},
+    Entry{lastArea, QT_TRANSLATE_NOOP("CaptureCommands", "Capture Last Area"), "hotkeyLastArea", Action::capture,
+          CaptureMode::lastArea},
+    Entry{selfTimer, QT_TRANSLATE_NOOP("CaptureCommands", "Capture with Self-Timer"), "hotkeySelfTimer",
+          Action::capture, CaptureMode::timed},
+    Entry{extractText, QT_TRANSLATE_NOOP("CaptureCommands", "Extract Text"), "hotkeyExtractText", Action::capture,
+          CaptureMode::ocrRegion},
+    Entry{pickColor, QT_TRANSLATE_NOOP("CaptureCommands", "Pick Color"), "hotkeyPickColor", Action::pickColor},
+    Entry{reopenClosedCapture, QT_TRANSLATE_NOOP("CaptureCommands", "Reopen Closed Capture"),
+          "hotkeyReopenClosedCapture", Action::reopenClosed},
+    Entry{history, QT_TRANSLATE_NOOP("CaptureCommands", "Recent Captures"), "hotkeyHistory", Action::recentCaptures},
 };
 
 constexpr std::array menuOrder{area,        window,    fullScreen, lastArea,           selfTimer,
@@ -34,6 +42,11 @@ constexpr auto menu = [] {
 }();
 
 } // namespace
+
+QString CaptureCommands::title(const Entry& entry)
+{
+    return QCoreApplication::translate("CaptureCommands", entry.label);
+}
 
 std::span<const Entry> CaptureCommands::entries()
 {

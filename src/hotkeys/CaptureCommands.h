@@ -17,11 +17,14 @@ enum class Action { capture, pickColor, recentCaptures, reopenClosed };
 
 struct Entry {
     HotkeyAction hotkeyAction;
-    const char* label;
+    const char* label;  // in English
     const char* hotkey; // the setting that holds its key combination
     Action action;
     std::optional<CaptureMode> mode = {}; // of a capture
 };
+
+// What people read.
+QString title(const Entry& entry);
 
 // As the menu has them.
 std::span<const Entry> entries();

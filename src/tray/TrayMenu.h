@@ -10,6 +10,8 @@ namespace Kovrel {
 
 // The tray item and its menu: the nine commands with their key combinations, and the open windows. Main thread.
 class TrayMenu : public QObject {
+    Q_OBJECT
+
 public:
     // One of the program's windows, on the screen or minimised.
     struct OpenWindow {

@@ -68,7 +68,7 @@ QWidget* HomeWindow::makeCommands()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(Spacing::tight);
     for (const CaptureCommands::Entry& entry : CaptureCommands::entries()) {
-        auto* row = new RowButton(entry.label);
+        auto* row = new RowButton(CaptureCommands::title(entry));
         connect(row, &QPushButton::clicked, this, [this, entry] { m_handlers.perform(entry); });
         layout->addWidget(row);
         m_commands.emplace_back(row, entry);
@@ -87,7 +87,7 @@ void HomeWindow::refresh()
 {
     const bool isSignedIn = m_handlers.isSignedIn();
     const QString obstacle = m_handlers.obstacle();
-    m_title->setText(isSignedIn ? tr("Kovrel") : tr("Welcome to Kovrel"));
+    m_title->setText(isSignedIn ? QString("Kovrel") : tr("Welcome to Kovrel"));
     m_subtitle->setText(isSignedIn ? tr("Capture from here, from the tray or from the command line.")
                                    : tr("Captures, kept and found again. Everything stays on this computer."));
     if (!obstacle.isEmpty())

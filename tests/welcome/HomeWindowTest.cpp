@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPalette>
+#include <QTranslator>
 
 #include <gtest/gtest.h>
 
@@ -70,6 +71,16 @@ struct HomeWindowTest : testing::Test {
     }
 };
 
+// Every text in another language, of a kind.
+struct Bracketed : QTranslator {
+    bool isEmpty() const override { return false; }
+
+    QString translate(const char*, const char* text, const char*, int) const override
+    {
+        return '[' + QString::fromUtf8(text) + ']';
+    }
+};
+
 QString accessibleText(QWidget* widget, QAccessible::Text kind)
 {
     return QAccessible::queryAccessibleInterface(widget)->text(kind);
@@ -117,6 +128,23 @@ TEST_F(HomeWindowTest, RowsTellTheirKeys)
     const auto rows = window.findChildren<RowButton*>();
     ASSERT_EQ(rows.size(), 9);
     EXPECT_EQ(accessibleText(rows.first(), QAccessible::Description), preferences.hotkey("hotkeyArea")->text());
+}
+
+TEST_F(HomeWindowTest, SpeaksTheLanguageOfTheUser)
+{
+    Bracketed language;
+    QCoreApplication::installTranslator(&language);
+    HomeWindow translated(preferences, {.isSignedIn = [] { return false; },
+                                        .signIn = [] {},
+                                        .obstacle = [] { return QString(); },
+                                        .isEnabled = [](const auto&) { return true; },
+                                        .perform = [](const auto&) {}});
+    translated.refresh();
+    for (const auto* button : translated.findChildren<QAbstractButton*>())
+        EXPECT_TRUE(button->text().startsWith('[')) << qPrintable(button->text());
+    for (const auto* label : translated.findChildren<QLabel*>())
+        EXPECT_TRUE(label->text().isEmpty() || label->text().startsWith('[')) << qPrintable(label->text());
+    QCoreApplication::removeTranslator(&language);
 }
 
 TEST_F(HomeWindowTest, FollowsColoursAndFontsOfTheDesktopWhileItIsOpen)
