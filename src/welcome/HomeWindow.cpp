@@ -1,9 +1,11 @@
 #include "welcome/HomeWindow.h"
 
+#include "ui/Card.h"
 #include "ui/Label.h"
 #include "ui/LookChanges.h"
 #include "ui/Notice.h"
 #include "ui/PrimaryButton.h"
+#include "ui/ProgramIcon.h"
 #include "ui/RowButton.h"
 #include "ui/tokens/Metrics.h"
 
@@ -15,14 +17,6 @@ namespace Kovrel {
 namespace {
 
 constexpr int contentWidth = 420;
-constexpr int iconSize = 56;
-
-QLabel* programIcon()
-{
-    auto* icon = new QLabel;
-    icon->setPixmap(QIcon(":/com.kovrel.Kovrel.svg").pixmap({iconSize, iconSize}, icon->devicePixelRatioF()));
-    return icon;
-}
 
 } // namespace
 
@@ -54,7 +48,7 @@ QWidget* HomeWindow::makeHeader()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setHorizontalSpacing(Spacing::medium);
     layout->setVerticalSpacing(Spacing::tight);
-    layout->addWidget(programIcon(), 0, 0, 2, 1, Qt::AlignTop);
+    layout->addWidget(new ProgramIcon, 0, 0, 2, 1, Qt::AlignTop);
     layout->addWidget(m_title, 0, 1, Qt::AlignBottom);
     layout->addWidget(m_subtitle, 1, 1, Qt::AlignTop);
     layout->setColumnStretch(1, 1);
@@ -63,9 +57,9 @@ QWidget* HomeWindow::makeHeader()
 
 QWidget* HomeWindow::makeCommands()
 {
-    m_commandList = new QWidget;
+    m_commandList = new Card;
     auto* layout = new QVBoxLayout(m_commandList);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(Spacing::small, Spacing::small, Spacing::small, Spacing::small);
     layout->setSpacing(Spacing::tight);
     for (const CaptureCommands::Entry& entry : CaptureCommands::entries()) {
         auto* row = new RowButton(CaptureCommands::title(entry));

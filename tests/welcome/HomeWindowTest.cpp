@@ -147,6 +147,34 @@ TEST_F(HomeWindowTest, SpeaksTheLanguageOfTheUser)
     QCoreApplication::removeTranslator(&language);
 }
 
+TEST_F(HomeWindowTest, NoTextIsCutOffWithALargerFont)
+{
+    const QFont before = QApplication::font();
+    for (const int pixelSize : {13, 20, 26}) {
+        QFont font = before;
+        font.setPixelSize(pixelSize);
+        QApplication::setFont(font);
+        for (const bool signedIn : {false, true}) {
+            isSignedIn = signedIn;
+            window.showNotice("Something that takes more than a single line to be said in this small window.");
+            show();
+            QCoreApplication::processEvents();
+            for (const QWidget* widget : window.findChildren<QWidget*>()) {
+                if (!widget->isVisible())
+                    continue;
+                EXPECT_TRUE(window.rect().contains(QRect(widget->mapTo(&window, QPoint()), widget->size())));
+                if (qobject_cast<const QAbstractButton*>(widget))
+                    EXPECT_GE(widget->width(), widget->sizeHint().width()) << pixelSize;
+                const int height = qobject_cast<const QLabel*>(widget) ? widget->heightForWidth(widget->width())
+                                                                       : widget->sizeHint().height();
+                EXPECT_GE(widget->height(), height) << pixelSize;
+            }
+            window.hide();
+        }
+    }
+    QApplication::setFont(before);
+}
+
 TEST_F(HomeWindowTest, FollowsColoursAndFontsOfTheDesktopWhileItIsOpen)
 {
     const QPalette palette = QApplication::palette();
