@@ -1,7 +1,11 @@
-// Takes a picture of every window and state, light and dark, into a folder, to be looked at:
+// Takes a picture of every window and state into a folder, to be looked at: light and dark, both in high contrast, at
+// scale 1 and 2, with a usual font and with one that is half as large again.
 //
-//     QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=2 bench_window_pictures FOLDER
+//     QT_QPA_PLATFORM=offscreen bench_window_pictures FOLDER
+#include "overlay/OverlayPainter.h"
 #include "toasts/ToastPanel.h"
+#include "ui/RowButton.h"
+#include "ui/tokens/Theme.h"
 #include "welcome/HomeWindow.h"
 
 #include <QApplication>
@@ -14,53 +18,66 @@ namespace Kovrel {
 
 namespace {
 
+struct Look {
+    ColorScheme scheme;
+    double scale;
+    bool hasLargeFont;
+
+    QString name() const
+    {
+        return QString("%1%2-%3x%4")
+            .arg(scheme.isDark ? "dark" : "light", scheme.isHighContrast ? "-contrast" : "", QString::number(scale),
+                 hasLargeFont ? "-large" : "");
+    }
+};
+
 struct Pictures {
     QString folder;
-    QString look;
-    QColor desktop;
+    Look look;
+
+    void save(const QString& name, const QImage& picture) const
+    {
+        picture.save(folder + '/' + name + '-' + look.name() + ".png");
+    }
 
     void save(const QString& name, QWidget& widget) const
     {
         widget.ensurePolished();
         widget.adjustSize();
-        QPixmap picture(widget.size() * widget.devicePixelRatioF());
-        picture.setDevicePixelRatio(widget.devicePixelRatioF());
-        picture.fill(desktop);
+        QImage picture((QSizeF(widget.size()) * look.scale).toSize(), QImage::Format_RGB32);
+        picture.setDevicePixelRatio(look.scale);
+        picture.fill(look.scheme.isDark ? QColor("#20232b") : QColor("#c9d3e6"));
         widget.render(&picture, {}, {}, QWidget::DrawWindowBackground | QWidget::DrawChildren);
-        picture.save(folder + '/' + name + '-' + look + ".png");
+        save(name, picture);
     }
 };
-
-QPalette darkPalette()
-{
-    QPalette palette(QColor(40, 42, 48), QColor(32, 33, 38));
-    palette.setColor(QPalette::Base, QColor(28, 29, 33));
-    palette.setColor(QPalette::WindowText, QColor(240, 240, 244));
-    palette.setColor(QPalette::ButtonText, QColor(240, 240, 244));
-    palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(120, 120, 126));
-    return palette;
-}
 
 void homeWindows(const Pictures& pictures, Preferences& preferences)
 {
     for (const bool isSignedIn : {false, true})
         for (const bool isBlocked : {false, true}) {
+            const QString obstacle =
+                "Kovrel can't capture a Wayland session yet. Log out, choose an X11 (Xorg) session "
+                "at the login screen and start Kovrel there.";
             HomeWindow window(preferences,
                               {
                                   .isSignedIn = [=] { return isSignedIn; },
                                   .signIn = [] {},
-                                  .obstacle =
-                                      [=] {
-                                          return isBlocked ? QString("Nothing can be captured "
-                                                                     "here, and this is why.")
-                                                           : QString();
-                                      },
+                                  .obstacle = [=] { return isBlocked ? obstacle : QString(); },
                                   .isEnabled = [](const auto& entry) { return entry.arguments.front() == "capture"; },
                                   .perform = [](const auto&) {},
                               });
             window.refresh();
-            pictures.save(QString("home-%1%2").arg(isSignedIn ? "commands" : "welcome", isBlocked ? "-blocked" : ""),
-                          window);
+            const QString name =
+                QString("home-%1%2").arg(isSignedIn ? "commands" : "welcome", isBlocked ? "-blocked" : "");
+            pictures.save(name, window);
+            if (isBlocked)
+                continue;
+            window.showNotice("Kovrel was updated to version 1.2.");
+            window.present();
+            QApplication::setActiveWindow(&window);
+            window.findChildren<RowButton*>().at(1)->setDown(true);
+            pictures.save(name + "-focused", window);
         }
 }
 
@@ -85,20 +102,69 @@ void toasts(const Pictures& pictures)
         }
 }
 
+// A desktop that is light at the left and dark at the right.
+QImage screen(const QRect& rect)
+{
+    QImage image(rect.size(), QImage::Format_RGB32);
+    QLinearGradient gradient(0, 0, rect.width(), 0);
+    gradient.setColorAt(0, Qt::white);
+    gradient.setColorAt(1, QColor("#102030"));
+    QPainter(&image).fillRect(rect, gradient);
+    return image;
+}
+
+void overlays(const Pictures& pictures)
+{
+    const double scale = pictures.look.scale;
+    const QRect rect(QPoint(), (QSizeF(800, 500) * scale).toSize());
+    const Display display{.id = 1, .pixelRect = rect, .scale = scale};
+    const auto at = [&](double x, double y) { return QPoint(int(x * scale), int(y * scale)); };
+    const QRect area(at(150, 90), at(520, 320));
+    const std::pair<const char*, OverlayScene::Moment> moments[] = {
+        {"hint", {.pointer = at(300, 200), .showsHint = true}},
+        {"area", {.area = area, .isDragging = true, .pointer = area.bottomRight()}},
+        {"window",
+         {.isWindowMode = true,
+          .windows = {area},
+          .windowsInSight = area,
+          .pointer = area.center(),
+          .showsHint = true}},
+    };
+    for (const auto& [name, moment] : moments) {
+        const OverlayScene scene = OverlayScene::of(display, moment);
+        const QImage bare = screen(rect);
+        QImage picture = bare;
+        QPainter painter(&picture);
+        for (const QRect& part : QRegion(rect) - scene.lit)
+            painter.fillRect(part, OverlayPainter::shade());
+        OverlayPainter overlay;
+        for (const auto& decoration : scene.decorations)
+            overlay.draw(painter, decoration, bare, rect);
+        painter.end();
+        pictures.save(QString("overlay-") + name, picture);
+    }
+}
+
 void takeAll(const QString& folder)
 {
     UserDefaults defaults(QDir::temp().filePath("kovrel-window-pictures.conf"));
     Preferences::registerDefaults(defaults);
     Preferences preferences(defaults);
     QDir().mkpath(folder);
-    const QString scale = QString::number(qApp->devicePixelRatio()) + "x";
-    for (const bool isDark : {false, true}) {
-        QApplication::setPalette(isDark ? darkPalette() : QPalette(QColor(239, 239, 239)));
-        const Pictures pictures{folder, (isDark ? "dark-" : "light-") + scale,
-                                isDark ? QColor("#20232b") : QColor("#c9d3e6")};
-        homeWindows(pictures, preferences);
-        toasts(pictures);
-    }
+    const QFont usualFont = QApplication::font();
+    for (const ColorScheme scheme : {ColorScheme{}, {true, false}, {false, true}, {true, true}})
+        for (const double scale : {1.0, 2.0})
+            for (const bool hasLargeFont : {false, true}) {
+                const Pictures pictures{folder, {scheme, scale, hasLargeFont}};
+                QFont font = usualFont;
+                font.setPixelSize(hasLargeFont ? 20 : 13);
+                QApplication::setFont(font);
+                QApplication::setPalette(Theme::of(scheme).palette());
+                homeWindows(pictures, preferences);
+                toasts(pictures);
+                if (scheme == ColorScheme{} && !hasLargeFont)
+                    overlays(pictures);
+            }
 }
 
 } // namespace

@@ -36,7 +36,9 @@ CaptureOutcome outcomeOf(const CaptureResult& result)
 
 ToastContent couldNotBeSaved(const QString& reason)
 {
-    return {.message = "The capture could not be saved", .subtitle = reason, .icon = "exclamationmark.triangle"};
+    return {.message = CaptureFinisher::tr("The capture could not be saved"),
+            .subtitle = reason,
+            .icon = "exclamationmark.triangle"};
 }
 
 // What is said where nothing saves and copies.

@@ -8,6 +8,8 @@
 #include "ports/CaptureHistory.h"
 #include "saving/EncodedPng.h"
 
+#include <QCoreApplication>
+
 #include <memory>
 
 namespace Kovrel {
@@ -15,6 +17,8 @@ namespace Kovrel {
 // Turns pixels in hand into a finished capture: the record, the notification, file, clipboard, history, card, editor.
 // Main thread.
 class CaptureFinisher {
+    Q_DECLARE_TR_FUNCTIONS(Kovrel::CaptureFinisher)
+
 public:
     struct Pixels {
         QImage image;

@@ -1,17 +1,21 @@
 #include "capture/QRToast.h"
 
+#include <QCoreApplication>
+
 namespace Kovrel {
 
 QString QRToast::qrMessage(qsizetype count)
 {
-    return count == 1 ? QString("QR code copied") : QString("%1 QR codes copied").arg(count);
+    return count == 1 ? QCoreApplication::translate("QRToast", "QR code copied")
+                      : QCoreApplication::translate("QRToast", "%1 QR codes copied").arg(count);
 }
 
 QString QRToast::qrDetail(const QStringList& payloads)
 {
     if (payloads.size() < 2)
         return payloads.join(QString());
-    return QString("%1  (+%2 more)").arg(payloads.first(), QString::number(payloads.size() - 1));
+    return QCoreApplication::translate("QRToast", "%1  (+%2 more)")
+        .arg(payloads.first(), QString::number(payloads.size() - 1));
 }
 
 std::function<void()> QRToast::openLinkTap(const QString& payload, std::function<void(QUrl)> open)

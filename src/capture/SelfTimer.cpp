@@ -16,7 +16,7 @@ constexpr double untilUpdated = 3600; // the count keeps the toast up, not its l
 
 ToastContent countToast(int seconds)
 {
-    return {.message = QString("Capturing in %1\u2026").arg(seconds), .icon = "timer", .dwell = untilUpdated};
+    return {.message = SelfTimer::tr("Capturing in %1\u2026").arg(seconds), .icon = "timer", .dwell = untilUpdated};
 }
 
 } // namespace

@@ -3,10 +3,14 @@
 #include "capture/CaptureServices.h"
 #include "platform/Scope.h"
 
+#include <QCoreApplication>
+
 namespace Kovrel {
 
 // The countdown before a timed capture, with its toast. Escape ends it from anywhere. Main thread.
 class SelfTimer {
+    Q_DECLARE_TR_FUNCTIONS(Kovrel::SelfTimer)
+
 public:
     explicit SelfTimer(CaptureServices& services);
     ~SelfTimer();

@@ -39,8 +39,8 @@ QString preview(const QString& text)
 ToastContent nothingCopied(const TextReader::Reading& reading)
 {
     if (reading.failure.isEmpty())
-        return {.message = "No text found in the capture", .icon = "text.viewfinder"};
-    return {.message = "The text can't be read",
+        return {.message = TextCapture::tr("No text found in the capture"), .icon = "text.viewfinder"};
+    return {.message = TextCapture::tr("The text can't be read"),
             .subtitle = reading.failure,
             .icon = "exclamationmark.triangle",
             .dwell = failureDwell};
@@ -58,7 +58,7 @@ ToastContent confirmation(const TextReader::Reading& reading, const std::functio
                 .icon = "qrcode",
                 .copied = true,
                 .onTap = QRToast::openLinkTap(codes.first(), openLink)};
-    return {.message = codes.isEmpty() ? preview(text) : "Text and QR code copied",
+    return {.message = codes.isEmpty() ? preview(text) : TextCapture::tr("Text and QR code copied"),
             .icon = "doc.on.clipboard.fill",
             .copied = true};
 }
@@ -88,9 +88,10 @@ QCoro::Task<> TextCapture::runOCR(CaptureFinisher::Pixels pixels, std::shared_pt
     const int generation = ++m_generation;
     const QImage image = pixels.image;
     const double scale = pixels.pixelScale;
-    ports.toasts.tell(&Toasts::present,
-                      ToastContent{.message = "Extracting text\u2026", .icon = "text.viewfinder", .showsSpinner = true},
-                      pixels.displayID, false);
+    ports.toasts.tell(
+        &Toasts::present,
+        ToastContent{.message = tr("Extracting text\u2026"), .icon = "text.viewfinder", .showsSpinner = true},
+        pixels.displayID, false);
     CaptureResult result = m_finisher.keepInHistory(std::move(pixels));
 
     TextReader::Reading reading{.failure = "this program can't read text"};

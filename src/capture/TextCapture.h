@@ -7,6 +7,8 @@ namespace Kovrel {
 
 // The capture whose text is wanted: reads the picture, copies what it says and confirms it with a toast. Main thread.
 class TextCapture {
+    Q_DECLARE_TR_FUNCTIONS(Kovrel::TextCapture)
+
 public:
     TextCapture(CaptureServices& services, CaptureFinisher& finisher);
 

@@ -8,6 +8,9 @@ namespace Kovrel {
 
 namespace {
 
+// Marks what people read for the tools of translators, which know this name.
+#define QT_TRANSLATE_NOOP(context, text) text
+
 using enum HotkeyAction;
 using Runs = CommandSpec::Runs;
 
@@ -40,12 +43,16 @@ CommandSpec captureCommand()
         .maxOperands = 1,
         .choiceName = "capture mode",
         .choices = {"area", "window", "fullScreen", "lastArea", "ocrRegion", "timed"},
-        .menu = {{"Capture Area", "area", {"capture", "area"}, area},
-                 {"Capture Window", "window", {"capture", "window"}, window},
-                 {"Capture Full Screen", "fullScreen", {"capture", "fullScreen"}, fullScreen},
-                 {"Capture Last Area", "lastArea", {"capture", "lastArea"}, lastArea},
-                 {"Capture with Self-Timer", "timed", {"capture", "timed"}, selfTimer},
-                 {"Extract Text", "ocrRegion", {"capture", "ocrRegion"}, extractText}},
+        .menu =
+            {{QT_TRANSLATE_NOOP("CommandTable", "Capture Area"), "area", {"capture", "area"}, area},
+             {QT_TRANSLATE_NOOP("CommandTable", "Capture Window"), "window", {"capture", "window"}, window},
+             {QT_TRANSLATE_NOOP("CommandTable", "Capture Full Screen"),
+              "fullScreen",
+              {"capture", "fullScreen"},
+              fullScreen},
+             {QT_TRANSLATE_NOOP("CommandTable", "Capture Last Area"), "lastArea", {"capture", "lastArea"}, lastArea},
+             {QT_TRANSLATE_NOOP("CommandTable", "Capture with Self-Timer"), "timed", {"capture", "timed"}, selfTimer},
+             {QT_TRANSLATE_NOOP("CommandTable", "Extract Text"), "ocrRegion", {"capture", "ocrRegion"}, extractText}},
     };
 }
 
@@ -147,11 +154,14 @@ const std::vector<CommandSpec>& table()
         {.name = "sign-out", .meaning = "forget the account", .runs = Runs::whereAsked},
         {.name = "quit", .meaning = "end the running program"},
         {.name = "pick-color",
-         .menu = {{"Pick Color", "pick-color", {"pick-color"}, pickColor, true}},
+         .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Pick Color"), "pick-color", {"pick-color"}, pickColor, true}},
          .isOnCommandLine = false},
-        {.name = "recent", .menu = {{"Recent Captures", "recent", {"recent"}, history}}, .isOnCommandLine = false},
+        {.name = "recent",
+         .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Recent Captures"), "recent", {"recent"}, history}},
+         .isOnCommandLine = false},
         {.name = "reopen",
-         .menu = {{"Reopen Closed Capture", "reopen", {"reopen"}, reopenClosedCapture}},
+         .menu =
+             {{QT_TRANSLATE_NOOP("CommandTable", "Reopen Closed Capture"), "reopen", {"reopen"}, reopenClosedCapture}},
          .isOnCommandLine = false},
     };
     return all;

@@ -137,9 +137,10 @@ private:
 
     void addHint()
     {
-        const QString text = m_moment.isWindowMode
-                                 ? "Click a window to capture it  \u00b7  Space to drag instead  \u00b7  Esc to cancel"
-                                 : "Drag to select an area  \u00b7  Space for a window  \u00b7  Esc to cancel";
+        const QString text =
+            m_moment.isWindowMode
+                ? OverlayScene::tr("Click a window to capture it  \u00b7  Space to drag instead  \u00b7  Esc to cancel")
+                : OverlayScene::tr("Drag to select an area  \u00b7  Space for a window  \u00b7  Esc to cancel");
         const QSize size = OverlayPainter::pillSize(Kind::hint, text, m_scale);
         const QRect& room = m_display.pixelRect;
         const int fromBottom = pixels(hintFromBottom, m_scale);

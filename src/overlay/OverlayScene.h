@@ -2,6 +2,7 @@
 
 #include "platform/Display.h"
 
+#include <QCoreApplication>
 #include <QRegion>
 #include <QString>
 
@@ -12,6 +13,9 @@ namespace Kovrel {
 
 // What one display shows of the selection, as values: two scenes tell what must be painted anew. Root pixels.
 struct OverlayScene {
+    Q_DECLARE_TR_FUNCTIONS(Kovrel::OverlayScene)
+
+public:
     struct Decoration {
         enum class Kind {
             areaFrame,   // a line around `rect`, outside of it

@@ -1,5 +1,6 @@
 #include "saving/AtomicFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QUuid>
@@ -100,7 +101,8 @@ std::expected<void, SaveFailure> AtomicFile::write(const QString& path, const QB
     struct stat old{};
     const bool isThere = ::stat(QFile::encodeName(target), &old) == 0;
     if (isThere && !S_ISREG(old.st_mode))
-        return std::unexpected(SaveFailure{path + " is not a regular file."});
+        return std::unexpected(
+            SaveFailure{QCoreApplication::translate("AtomicFile", "%1 is not a regular file.").arg(path)});
 
     const QString folder = QFileInfo(target).absolutePath();
     HiddenFile file(folder, access);

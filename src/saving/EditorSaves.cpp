@@ -1,5 +1,7 @@
 #include "saving/EditorSaves.h"
 
+#include <QCoreApplication>
+
 namespace Kovrel {
 
 using namespace std::chrono_literals;
@@ -12,7 +14,7 @@ SaveService::Result save(const EditorSaves::Request& request)
         return SaveService::overwriteFile(request.settings, request.image, *request.sourceFileURL);
     if (request.existingSavedURL)
         return SaveService::overwrite(request.settings, request.image, *request.existingSavedURL, request.pixelScale);
-    return std::unexpected(SaveFailure{"This picture has no file yet."});
+    return std::unexpected(SaveFailure{QCoreApplication::translate("EditorSaves", "This picture has no file yet.")});
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "saving/FileNameFormatter.h"
 #include "saving/SaveLog.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -48,12 +49,14 @@ std::expected<QString, SaveFailure> writeToNewFile(const QString& folder, const 
                                                    ReservationJournal& journal)
 {
     if (!QDir().mkpath(folder))
-        return std::unexpected(SaveFailure{"The folder " + folder + " cannot be made."});
+        return std::unexpected(
+            SaveFailure{QCoreApplication::translate("SaveService", "The folder %1 cannot be made.").arg(folder)});
     const auto place = SaveService::uniqueURL(folder, name, journal);
     if (!place.isReserved && place.error != 0)
         return std::unexpected(AtomicFile::systemFailure(folder, place.error));
     if (!place.isReserved && QFileInfo::exists(place.path))
-        return std::unexpected(SaveFailure{"The folder " + folder + " has no name left for " + name + "."});
+        return std::unexpected(SaveFailure{
+            QCoreApplication::translate("SaveService", "The folder %1 has no name left for %2.").arg(folder, name)});
     const auto written = AtomicFile::write(place.path, bytes, Access::everyoneReads);
     if (!written && place.isReserved)
         QFile::remove(place.path);
@@ -88,7 +91,8 @@ Result saveNew(const SaveSettings& settings, const QImage& image, const QDateTim
 Result saveOver(const SaveSettings& settings, const Picture& picture, const QString& path)
 {
     if (!QFileInfo::exists(path))
-        return std::unexpected(SaveFailure{path + " is not there any more."});
+        return std::unexpected(
+            SaveFailure{QCoreApplication::translate("SaveService", "%1 is not there any more.").arg(path)});
     const auto named = imageFormatForExtension(QFileInfo(path).suffix());
     const auto format = named ? *named : SaveService::resolvedFormat(settings, picture.image);
     const auto bytes = ImageCodec::encode(picture.image, format, settings.quality);
@@ -146,7 +150,8 @@ Result SaveService::saveTo(const QImage& image, const QString& path, double qual
 {
     const auto format = imageFormatForExtension(QFileInfo(path).suffix());
     if (!format)
-        return std::unexpected(SaveFailure{path + " should end in .png, .jpeg, .heic or .tiff."});
+        return std::unexpected(SaveFailure{
+            QCoreApplication::translate("SaveService", "%1 should end in .png, .jpeg, .heic or .tiff.").arg(path)});
     return logged("Kovrel save failed: ", saveAs(image, path, *format, quality));
 }
 

@@ -1,24 +1,25 @@
 #include "tray/TrayMenu.h"
 
 #include "hotkeys/HotkeySettings.h"
+#include "ui/MenuTitle.h"
 
 namespace Kovrel {
 
 TrayMenu::TrayMenu(Preferences& preferences, Handlers handlers)
     : m_preferences(preferences), m_handlers(std::move(handlers)), m_item(QIcon(":/MenuBarIcon.svg"))
 {
-    m_cancelCountdown = m_menu.addAction("Cancel Countdown", this, [this] { m_handlers.cancelCountdown(); });
+    m_cancelCountdown = m_menu.addAction(tr("Cancel Countdown"), this, [this] { m_handlers.cancelCountdown(); });
     for (const MenuEntry& entry : CommandTable::menu()) {
         if (entry.beginsGroup)
             m_menu.addSeparator();
-        m_commands.emplace_back(m_menu.addAction(entry.label, this, [this, entry] { m_handlers.perform(entry); }),
+        m_commands.emplace_back(m_menu.addAction(menuTitle(entry), this, [this, entry] { m_handlers.perform(entry); }),
                                 entry);
     }
     m_menu.addSeparator();
-    m_windowMenu.setTitle("Windows");
+    m_windowMenu.setTitle(tr("Windows"));
     m_menu.addMenu(&m_windowMenu);
-    m_menu.addAction("Open Kovrel\u2026", this, [this] { m_handlers.openHome(); });
-    m_menu.addAction("Quit Kovrel", this, [this] { m_handlers.quit(); });
+    m_menu.addAction(tr("Open Kovrel\u2026"), this, [this] { m_handlers.openHome(); });
+    m_menu.addAction(tr("Quit Kovrel"), this, [this] { m_handlers.quit(); });
     refresh();
 
     connect(&m_menu, &QMenu::aboutToShow, this, &TrayMenu::refresh);
@@ -35,7 +36,7 @@ void TrayMenu::refreshWindows()
     m_windowMenu.clear();
     for (const TitledWindows::Entry& window : m_handlers.openWindows()) {
         QAction* action =
-            m_windowMenu.addAction(window.title.isEmpty() ? "Untitled" : window.title, this, window.focus);
+            m_windowMenu.addAction(window.title.isEmpty() ? tr("Untitled") : window.title, this, window.focus);
         action->setCheckable(true);
         action->setChecked(window.isActive);
     }
@@ -50,7 +51,7 @@ void TrayMenu::refresh()
         action->setEnabled(m_handlers.isEnabled(entry));
         // Behind a tab, as a menu shows its shortcut: a real one would only work while the menu is open.
         const auto combo = HotkeySettings::combo(m_preferences, entry);
-        action->setText(entry.label + (combo ? '\t' + combo->text() : QString()));
+        action->setText(menuTitle(entry) + (combo ? '\t' + combo->text() : QString()));
     }
 }
 

@@ -11,6 +11,8 @@ namespace Kovrel {
 
 // The tray item and its menu: the nine commands with their key combinations, and the open windows. Main thread.
 class TrayMenu : public QObject {
+    Q_OBJECT
+
 public:
     struct Handlers {
         // Whether a command can be used now; asked each time the menu opens.

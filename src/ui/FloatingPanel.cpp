@@ -1,5 +1,6 @@
 #include "ui/FloatingPanel.h"
 
+#include "ui/Ground.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Motion.h"
 #include "ui/tokens/SoftShadow.h"
@@ -88,10 +89,7 @@ void FloatingPanel::paintGround(QPainter& painter) const
         SoftShadow{.layer = theme.shadow, .layers = 12, .step = 2, .drop = 5}.paint(painter, card(), radius);
     else
         painter.fillRect(rect(), theme.card);
-    const double inset = Stroke::hairline / 2;
-    painter.setPen(QPen(theme.cardEdge, Stroke::hairline));
-    painter.setBrush(theme.card);
-    painter.drawRoundedRect(card().adjusted(inset, inset, -inset, -inset), radius, radius);
+    Ground{.color = theme.card, .edge = theme.cardEdge, .radius = radius}.paint(painter, card());
 }
 
 } // namespace Kovrel

@@ -1,5 +1,6 @@
 #include "ui/Notice.h"
 
+#include "ui/Ground.h"
 #include "ui/LookChanges.h"
 #include "ui/Symbols.h"
 #include "ui/tokens/Metrics.h"
@@ -45,11 +46,8 @@ void Notice::paintEvent(QPaintEvent* event)
     const Theme& theme = Theme::current();
     const bool isWarning = m_kind == Kind::warning;
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const double inset = Stroke::hairline / 2;
-    painter.setPen(QPen(theme.cardEdge, Stroke::hairline));
-    painter.setBrush(isWarning ? theme.warningGround : theme.accentGround);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), Radius::notice, Radius::notice);
+    const QColor color = isWarning ? theme.warningGround : theme.accentGround;
+    Ground{.color = color, .edge = theme.cardEdge, .radius = Radius::group}.paint(painter, rect());
     const double middle = padding + QFontMetricsF(font()).height() / 2; // of the first line
     const double size = symbolSize();
     Symbols::paint(painter, isWarning ? Symbols::warning : Symbols::information,

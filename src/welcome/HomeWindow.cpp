@@ -1,10 +1,13 @@
 #include "welcome/HomeWindow.h"
 
 #include "hotkeys/HotkeySettings.h"
+#include "ui/Card.h"
 #include "ui/Label.h"
 #include "ui/LookChanges.h"
+#include "ui/MenuTitle.h"
 #include "ui/Notice.h"
 #include "ui/PrimaryButton.h"
+#include "ui/ProgramIcon.h"
 #include "ui/RowButton.h"
 #include "ui/tokens/Metrics.h"
 
@@ -16,14 +19,6 @@ namespace Kovrel {
 namespace {
 
 constexpr int contentWidth = 420;
-constexpr int iconSize = 56;
-
-QLabel* programIcon()
-{
-    auto* icon = new QLabel;
-    icon->setPixmap(QIcon(":/com.kovrel.Kovrel.svg").pixmap({iconSize, iconSize}, icon->devicePixelRatioF()));
-    return icon;
-}
 
 } // namespace
 
@@ -55,7 +50,7 @@ QWidget* HomeWindow::makeHeader()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setHorizontalSpacing(Spacing::medium);
     layout->setVerticalSpacing(Spacing::tight);
-    layout->addWidget(programIcon(), 0, 0, 2, 1, Qt::AlignTop);
+    layout->addWidget(new ProgramIcon, 0, 0, 2, 1, Qt::AlignTop);
     layout->addWidget(m_title, 0, 1, Qt::AlignBottom);
     layout->addWidget(m_subtitle, 1, 1, Qt::AlignTop);
     layout->setColumnStretch(1, 1);
@@ -64,12 +59,12 @@ QWidget* HomeWindow::makeHeader()
 
 QWidget* HomeWindow::makeCommands()
 {
-    m_commandList = new QWidget;
+    m_commandList = new Card;
     auto* layout = new QVBoxLayout(m_commandList);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(Spacing::small, Spacing::small, Spacing::small, Spacing::small);
     layout->setSpacing(Spacing::tight);
     for (const MenuEntry& entry : CommandTable::menu()) {
-        auto* row = new RowButton(entry.label);
+        auto* row = new RowButton(menuTitle(entry));
         connect(row, &QPushButton::clicked, this, [this, entry] { m_handlers.perform(entry); });
         layout->addWidget(row);
         m_commands.emplace_back(row, entry);
@@ -88,7 +83,7 @@ void HomeWindow::refresh()
 {
     const bool isSignedIn = m_handlers.isSignedIn();
     const QString obstacle = m_handlers.obstacle();
-    m_title->setText(isSignedIn ? tr("Kovrel") : tr("Welcome to Kovrel"));
+    m_title->setText(isSignedIn ? QString("Kovrel") : tr("Welcome to Kovrel"));
     m_subtitle->setText(isSignedIn ? tr("Capture from here, from the tray or from the command line.")
                                    : tr("Captures, kept and found again. Everything stays on this computer."));
     if (!obstacle.isEmpty())

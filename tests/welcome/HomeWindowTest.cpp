@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPalette>
+#include <QTranslator>
 
 #include <gtest/gtest.h>
 
@@ -70,6 +71,16 @@ struct HomeWindowTest : testing::Test {
     }
 };
 
+// Every text in another language, of a kind.
+struct Bracketed : QTranslator {
+    bool isEmpty() const override { return false; }
+
+    QString translate(const char*, const char* text, const char*, int) const override
+    {
+        return '[' + QString::fromUtf8(text) + ']';
+    }
+};
+
 QString accessibleText(QWidget* widget, QAccessible::Text kind)
 {
     return QAccessible::queryAccessibleInterface(widget)->text(kind);
@@ -117,6 +128,51 @@ TEST_F(HomeWindowTest, RowsTellTheirKeys)
     const auto rows = window.findChildren<RowButton*>();
     ASSERT_EQ(rows.size(), 9);
     EXPECT_EQ(accessibleText(rows.first(), QAccessible::Description), preferences.get(Settings::hotkeyArea)->text());
+}
+
+TEST_F(HomeWindowTest, SpeaksTheLanguageOfTheUser)
+{
+    Bracketed language;
+    QCoreApplication::installTranslator(&language);
+    HomeWindow translated(preferences, {.isSignedIn = [] { return false; },
+                                        .signIn = [] {},
+                                        .obstacle = [] { return QString(); },
+                                        .isEnabled = [](const auto&) { return true; },
+                                        .perform = [](const auto&) {}});
+    translated.refresh();
+    for (const auto* button : translated.findChildren<QAbstractButton*>())
+        EXPECT_TRUE(button->text().startsWith('[')) << qPrintable(button->text());
+    for (const auto* label : translated.findChildren<QLabel*>())
+        EXPECT_TRUE(label->text().isEmpty() || label->text().startsWith('[')) << qPrintable(label->text());
+    QCoreApplication::removeTranslator(&language);
+}
+
+TEST_F(HomeWindowTest, NoTextIsCutOffWithALargerFont)
+{
+    const QFont before = QApplication::font();
+    for (const int pixelSize : {13, 20, 26}) {
+        QFont font = before;
+        font.setPixelSize(pixelSize);
+        QApplication::setFont(font);
+        for (const bool signedIn : {false, true}) {
+            isSignedIn = signedIn;
+            window.showNotice("Something that takes more than a single line to be said in this small window.");
+            show();
+            QCoreApplication::processEvents();
+            for (const QWidget* widget : window.findChildren<QWidget*>()) {
+                if (!widget->isVisible())
+                    continue;
+                EXPECT_TRUE(window.rect().contains(QRect(widget->mapTo(&window, QPoint()), widget->size())));
+                if (qobject_cast<const QAbstractButton*>(widget))
+                    EXPECT_GE(widget->width(), widget->sizeHint().width()) << pixelSize;
+                const int height = qobject_cast<const QLabel*>(widget) ? widget->heightForWidth(widget->width())
+                                                                       : widget->sizeHint().height();
+                EXPECT_GE(widget->height(), height) << pixelSize;
+            }
+            window.hide();
+        }
+    }
+    QApplication::setFont(before);
 }
 
 TEST_F(HomeWindowTest, FollowsColoursAndFontsOfTheDesktopWhileItIsOpen)

@@ -67,7 +67,7 @@ void WelcomeFeature::showPermissionWindow()
 void WelcomeFeature::presentUpdatedNotice(const QString& version)
 {
     showHome();
-    window().showNotice("Kovrel was updated to version " + version + ".");
+    window().showNotice(HomeWindow::tr("Kovrel was updated to version %1.").arg(version));
 }
 
 std::unique_ptr<Feature> makeWelcomeFeature(Foundation& foundation, Ports& ports)

@@ -42,7 +42,7 @@ SaveOutcome rescue(const SaveJob& job, const QString& failedFolder, const QStrin
         if (folder == failedFolder)
             continue;
         if (const auto saved = saveIntoFolder(job, folder))
-            return std::unexpected(reason + "; kept as " + saved->path);
+            return std::unexpected(CaptureOutput::tr("%1; kept as %2").arg(reason, saved->path));
     }
     return std::unexpected(reason);
 }

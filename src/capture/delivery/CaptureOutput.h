@@ -8,11 +8,15 @@
 #include "saving/ReservationJournal.h"
 #include "saving/SaveSettings.h"
 
+#include <QCoreApplication>
+
 namespace Kovrel {
 
 // Where finished captures go: the save folder, the clipboard. A capture that can't be saved where it should go is kept
 // in the default folder, else among the program's own data, and the failure says where. Main thread.
 class CaptureOutput : public CaptureDelivery {
+    Q_DECLARE_TR_FUNCTIONS(Kovrel::CaptureOutput)
+
 public:
     CaptureOutput(MainLoop& loop, Workers& workers, Preferences& preferences, Displays& displays,
                   ClipboardService& clipboard, std::shared_ptr<ReservationJournal> journal, QString rescueFolder);

@@ -10,6 +10,7 @@
 #include "platform/plugins/Plugins.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QFile>
 #include <QImageReader>
 
@@ -80,12 +81,15 @@ std::expected<QImage, Failure> decodeWithToolkit(const QByteArray& data)
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
     if (!pictures.contains(reader.format()))
-        return std::unexpected(Failure{"This is no picture that Kovrel can read."});
+        return std::unexpected(
+            Failure{QCoreApplication::translate("ImageCodec", "This is no picture that Kovrel can read.")});
     if (!CodecLimits::fits(reader.size().width(), reader.size().height()))
-        return std::unexpected(Failure{"The picture is damaged or too large."});
+        return std::unexpected(
+            Failure{QCoreApplication::translate("ImageCodec", "The picture is damaged or too large.")});
     QImage image;
     if (!reader.read(&image))
-        return std::unexpected(Failure{"The picture cannot be read: " + reader.errorString()});
+        return std::unexpected(Failure{
+            QCoreApplication::translate("ImageCodec", "The picture cannot be read: %1").arg(reader.errorString())});
     return withPlainPixels(std::move(image));
 }
 
@@ -94,7 +98,7 @@ std::expected<QImage, Failure> decodeWithToolkit(const QByteArray& data)
 std::expected<QByteArray, Failure> ImageCodec::encode(const QImage& image, ImageFormat format, double quality)
 {
     if (image.isNull())
-        return std::unexpected(Failure{"There is no picture to encode."});
+        return std::unexpected(Failure{QCoreApplication::translate("ImageCodec", "There is no picture to encode.")});
     switch (format) {
     case ImageFormat::png:
         return PngEncoder::encode(image);

@@ -1,5 +1,6 @@
 #include "platform/plugins/Plugins.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLibrary>
@@ -32,9 +33,10 @@ std::expected<void*, QString> Plugins::find(const QString& name, const char* sym
         library.setLoadHints(QLibrary::PreventUnloadHint);
         if (void* const address = reinterpret_cast<void*>(library.resolve(symbol)))
             return address;
-        return std::unexpected("The part " + file + " of Kovrel cannot be used: " + library.errorString());
+        return std::unexpected(QCoreApplication::translate("Plugins", "The part %1 of Kovrel cannot be used: %2")
+                                   .arg(file, library.errorString()));
     }
-    return std::unexpected("The part " + file + " of Kovrel is not installed.");
+    return std::unexpected(QCoreApplication::translate("Plugins", "The part %1 of Kovrel is not installed.").arg(file));
 }
 
 } // namespace Kovrel

@@ -2,6 +2,7 @@
 
 #include "platform/recognisers/LanguageData.h"
 
+#include <QCoreApplication>
 #include <QTextBoundaryFinder>
 
 #include <tesseract/baseapi.h>
@@ -172,8 +173,10 @@ std::expected<std::unique_ptr<TesseractEngine>, QString> TesseractEngine::make(c
 {
     std::unique_ptr<TesseractEngine> engine(new TesseractEngine(kind));
     if (!engine->load())
-        return std::unexpected("The language data for text recognition (" + kind.models.join(", ") + ") in " +
-                               LanguageData::folder() + " can't be used.");
+        return std::unexpected(
+            QCoreApplication::translate("TesseractEngine",
+                                        "The language data for text recognition (%1) in %2 can't be used.")
+                .arg(kind.models.join(", "), LanguageData::folder()));
     return engine;
 }
 

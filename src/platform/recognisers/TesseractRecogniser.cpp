@@ -6,6 +6,7 @@
 #include "platform/recognisers/TextDirection.h"
 #include "platform/recognisers/TextLines.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <QTransform>
 
@@ -248,9 +249,9 @@ std::optional<TextRecogniser::Failure> TesseractRecogniser::prepareEngines(const
     const TesseractEngine::Kind kind{LanguageData::chosen(request.languages), request.correctsLanguage,
                                      request.customWords};
     if (kind.models.isEmpty())
-        return Failure{
-            "Install the package tesseract-ocr-eng, or that of another language: there is no language data for "
-            "text recognition."};
+        return Failure{QCoreApplication::translate("TesseractRecogniser",
+                                                   "Install the package tesseract-ocr-eng, or that of another "
+                                                   "language: there is no language data for text recognition.")};
     if (kind != m_kind)
         m_engines.clear();
     m_kind = kind;
@@ -266,7 +267,8 @@ std::optional<TextRecogniser::Failure> TesseractRecogniser::prepareEngines(const
 TextRecogniser::Outcome TesseractRecogniser::recognise(const QImage& picture, const Request& request)
 {
     if (picture.isNull())
-        return std::unexpected(Failure{"There is no picture to read."});
+        return std::unexpected(
+            Failure{QCoreApplication::translate("TesseractRecogniser", "There is no picture to read.")});
     Page page = Page::of(picture);
     if (const auto failure = prepareEngines(request, page.lines.size() == 1 ? 1 : threadCount))
         return std::unexpected(*failure);

@@ -2,6 +2,7 @@
 
 #include "platform/x11/X11Connection.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QLibraryInfo>
 
@@ -26,8 +27,9 @@ bool DesktopSession::canShowWindows()
 QString DesktopSession::obstacle()
 {
     if (kind() == Kind::wayland)
-        return "Kovrel can't capture a Wayland session yet. Log out, choose an X11 (Xorg) session at the login screen "
-               "and start Kovrel there.";
+        return QCoreApplication::translate(
+            "DesktopSession", "Kovrel can't capture a Wayland session yet. Log out, choose an X11 (Xorg) session at "
+                              "the login screen and start Kovrel there.");
     return {};
 }
 

@@ -4,6 +4,7 @@
 #include "recognition/codes/RegionSearch.h"
 #include "recognition/text/TextLayout.h"
 
+#include <QCoreApplication>
 #include <QLoggingCategory>
 
 #include <atomic>
@@ -159,7 +160,8 @@ QRCodeDetector::Outcome QRCodeDetector::detectCodesSync(const QImage& image, boo
         return {};
     const QImage grey = GreyPicture::of(image);
     if (grey.isNull())
-        return std::unexpected("There is not enough memory to look for codes.");
+        return std::unexpected(
+            QCoreApplication::translate("QRCodeDetector", "There is not enough memory to look for codes."));
     const auto found = search(grey, fullPass, tilePass, engine, reader);
     if (!found)
         return std::unexpected(found.error());

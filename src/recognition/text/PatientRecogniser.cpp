@@ -1,5 +1,6 @@
 #include "recognition/text/PatientRecogniser.h"
 
+#include <QCoreApplication>
 #include <QLoggingCategory>
 
 #include <condition_variable>
@@ -84,7 +85,9 @@ TextRecogniser::Outcome PatientRecogniser::recognise(const QImage& picture, cons
     m_recogniser.reset();
     qCWarning(log, "The text recogniser makes no progress and is left to itself; the next picture gets a new one");
     return std::unexpected(
-        Failure{"The recognition of the text came to a standstill and was given up.", request.stop.stop_requested()});
+        Failure{QCoreApplication::translate("PatientRecogniser",
+                                            "The recognition of the text came to a standstill and was given up."),
+                request.stop.stop_requested()});
 }
 
 void PatientRecogniser::releaseMemory()

@@ -16,7 +16,7 @@ constexpr int window = 28; // from a window's edge to what is in it
 namespace Radius {
 
 constexpr double control = 8;
-constexpr double notice = 10;
+constexpr double group = 12; // cards and notices within a window
 constexpr double card = 16;
 
 } // namespace Radius

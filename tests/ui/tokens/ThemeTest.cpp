@@ -44,6 +44,7 @@ constexpr Pair marks[] = {
     {"the focus on a window", &Theme::focusRing, &Theme::window},
     {"the focus on a card", &Theme::focusRing, &Theme::card},
     {"what can't be used now, on a window", &Theme::disabledText, &Theme::window},
+    {"what can't be used now, on a card", &Theme::disabledText, &Theme::card},
     {"a primary button on a window", &Theme::accent, &Theme::window},
 };
 
