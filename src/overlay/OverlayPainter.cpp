@@ -1,41 +1,23 @@
 #include "overlay/OverlayPainter.h"
 
-#include <QFontDatabase>
-#include <QFontMetricsF>
-#include <QPainterPath>
+#include "overlay/OverlayMetrics.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Kovrel {
 
 namespace {
 
-using Decoration = OverlayScene::Decoration;
-using Kind = Decoration::Kind;
+using Kind = OverlayDecoration::Kind;
 
 constexpr QColor accent(0x2f, 0x6b, 0xff);
 constexpr QColor pill(24, 24, 27, 230);
 constexpr QColor pillEdge(255, 255, 255, 46);
 
 // In points.
-constexpr double labelText = 12;
-constexpr double hintText = 13;
-constexpr double hintPadding = 16;
-constexpr double labelPadding = 9;
-constexpr double hintHeight = 36;
-constexpr double labelHeight = 24;
 constexpr double magnifierRadius = 12;
 constexpr int shadowSteps = 8;
-
-QFont pillFont(Kind kind, double scale)
-{
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setPixelSize(int(std::lround((kind == Kind::hint ? hintText : labelText) * scale)));
-    font.setWeight(QFont::Medium);
-    font.setHintingPreference(QFont::PreferNoHinting);
-    font.setStyleStrategy(QFont::NoSubpixelAntialias);
-    return font;
-}
 
 int shadowReach(double scale)
 {
@@ -61,13 +43,13 @@ QImage shadowOf(QSize size, double radius, double scale)
     return image;
 }
 
-void drawFrame(QPainter& painter, const Decoration& decoration)
+void drawFrame(QPainter& painter, const OverlayDecoration& decoration)
 {
     for (const QRect& side : decoration.region())
         painter.fillRect(side, accent);
 }
 
-void drawHandle(QPainter& painter, const Decoration& decoration)
+void drawHandle(QPainter& painter, const OverlayDecoration& decoration)
 {
     const double line = 1.5 * decoration.scale;
     painter.setPen(QPen(accent, line));
@@ -116,9 +98,9 @@ QImage magnifierGlass(QSize size, double scale)
 {
     QImage image = canvas(size);
     QPainter painter(&image);
-    const double cell = double(size.width()) / (2 * OverlayScene::magnifierReach + 1);
+    const double cell = double(size.width()) / (2 * OverlayMetrics::magnifierReach + 1);
     drawGrid(painter, QRectF({}, size), cell);
-    const double middle = OverlayScene::magnifierReach * cell;
+    const double middle = OverlayMetrics::magnifierReach * cell;
     drawMagnifiedPixel(painter, QRectF(middle, middle, cell, cell), scale);
     painter.setRenderHint(QPainter::Antialiasing);
     const double line = 1.5 * scale;
@@ -136,14 +118,6 @@ QColor OverlayPainter::shade()
     return QColor(0, 0, 0, 112);
 }
 
-QSize OverlayPainter::pillSize(Kind kind, const QString& text, double scale)
-{
-    const bool isHint = kind == Kind::hint;
-    const double width = QFontMetricsF(pillFont(kind, scale)).horizontalAdvance(text);
-    return {int(std::ceil(width + 2 * (isHint ? hintPadding : labelPadding) * scale)),
-            int(std::lround((isHint ? hintHeight : labelHeight) * scale))};
-}
-
 void OverlayPainter::drawShadow(QPainter& painter, const QRect& rect, double radius, double scale)
 {
     constexpr size_t mostKept = 8;
@@ -159,7 +133,7 @@ void OverlayPainter::drawShadow(QPainter& painter, const QRect& rect, double rad
     painter.drawImage(rect.topLeft() - QPoint(margin, margin), shadow->image);
 }
 
-void OverlayPainter::drawPill(QPainter& painter, const Decoration& decoration)
+void OverlayPainter::drawPill(QPainter& painter, const OverlayDecoration& decoration)
 {
     const QRectF rect(decoration.rect);
     const double radius = rect.height() / 2;
@@ -168,19 +142,19 @@ void OverlayPainter::drawPill(QPainter& painter, const Decoration& decoration)
     painter.setBrush(pill);
     painter.setPen(QPen(pillEdge, edge));
     painter.drawRoundedRect(rect.adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2), radius, radius);
-    painter.setFont(pillFont(decoration.kind, decoration.scale));
+    painter.setFont(OverlayMetrics::pillFont(decoration.kind, decoration.scale));
     painter.setPen(Qt::white);
     painter.drawText(rect, Qt::AlignCenter, decoration.text);
 }
 
-void OverlayPainter::drawMagnifier(QPainter& painter, const Decoration& decoration, const QImage& screen,
+void OverlayPainter::drawMagnifier(QPainter& painter, const OverlayDecoration& decoration, const QImage& screen,
                                    const QRect& screenRect)
 {
     const QSize size = decoration.rect.size();
     const double scale = decoration.scale;
     if (m_magnifier.scale != scale)
         m_magnifier = {scale, magnifierGlass(size, scale), magnifierShape(size, scale)};
-    constexpr int reach = OverlayScene::magnifierReach;
+    constexpr int reach = OverlayMetrics::magnifierReach;
     const QPoint first = decoration.pixel - QPoint(reach, reach) - screenRect.topLeft();
     QImage pixels(size, QImage::Format_RGB32);
     pixels.fill(QColor(24, 24, 27)); // beyond the edge of the display
@@ -196,7 +170,7 @@ void OverlayPainter::drawMagnifier(QPainter& painter, const Decoration& decorati
     painter.drawImage(decoration.rect.topLeft(), content);
 }
 
-void OverlayPainter::draw(QPainter& painter, const Decoration& decoration, const QImage& screen,
+void OverlayPainter::draw(QPainter& painter, const OverlayDecoration& decoration, const QImage& screen,
                           const QRect& screenRect)
 {
     painter.setRenderHint(QPainter::Antialiasing);

@@ -1,6 +1,7 @@
 #include "capture/selection/SelectionOverlayController.h"
 
 #include "capture/selection/SelectionGeometry.h"
+#include "capture/selection/SelectionScene.h"
 #include "capture/selection/WindowTiles.h"
 #include "model/VirtualKeys.h"
 #include "overlay/OverlayPainter.h"
@@ -96,7 +97,7 @@ void SelectionOverlayController::applyFrozenImages()
             },
         .onExposed =
             [this](const QRect& rootPixels) {
-                for (SelectionOverlayView& view : m_views)
+                for (OverlayView& view : m_views)
                     view.repaint(rootPixels);
             },
         .onLost = [this] { cancel(); },
@@ -392,7 +393,7 @@ void SelectionOverlayController::update()
 {
     if (m_views.empty())
         return;
-    OverlayScene::Moment moment{
+    SelectionScene::Moment moment{
         .isWindowMode = m_mode == Mode::windowPick,
         .area = m_area.rect(),
         .isDragging = m_area.isDragging(),
@@ -406,8 +407,8 @@ void SelectionOverlayController::update()
         moment.windows.push_back(window.pixelRect);
         moment.windowsInSight += SelectionGeometry::partInSight(*m_windows, window, ownPid);
     }
-    for (SelectionOverlayView& view : m_views)
-        view.show(OverlayScene::of(view.display(), moment));
+    for (OverlayView& view : m_views)
+        view.show(SelectionScene::of(view.display(), moment));
 }
 
 // --- Geometry

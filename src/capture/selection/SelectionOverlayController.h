@@ -2,7 +2,7 @@
 
 #include "capture/selection/AreaSelection.h"
 #include "capture/selection/SelectionOverlay.h"
-#include "overlay/SelectionOverlayView.h"
+#include "overlay/OverlayView.h"
 #include "platform/KeyGrabs.h"
 
 namespace Kovrel {
@@ -95,7 +95,7 @@ private:
 
     FrozenScreens m_frozen; // of the session that is open; empty on live ground
     FrozenScreens m_kept;   // of the one that ended with a result
-    std::vector<SelectionOverlayView> m_views;
+    std::vector<OverlayView> m_views;
     AreaSelection m_area;
     std::optional<QPoint> m_pointer;
     std::optional<std::vector<WindowInfo>> m_windows; // front to back; none until the desktop has told
