@@ -86,7 +86,8 @@ Log operator+(Log left, const Log& right)
 
 TEST_F(CoordinatorTest, EachFlowDoesItsStepsInOrder)
 {
-    fake.windowList = {{.id = 7, .app = {"Editor", "org.editor"}, .pixelRect = {0, 0, 3000, 3000}, .isOnScreen = true}};
+    fake.desktop.windows().windows = std::vector{
+        WindowInfo{.id = 7, .app = {"Editor", "org.editor"}, .pixelRect = {0, 0, 3000, 3000}, .isOnScreen = true}};
     captureAndSettle(CaptureMode::fullScreen);
     EXPECT_THAT(fake.takeLog(),
                 ElementsAreArray(
@@ -138,7 +139,7 @@ TEST_F(CoordinatorTest, TimedCountsDownThenTakesTheScreenItBeganOn)
     captureAndSettle(CaptureMode::timed);
     EXPECT_THAT(fake.takeLog(), ElementsAreArray(request + Log{"cards: hide", "history window: hide", "grab Escape",
                                                                "toast on 1: Capturing in 2\u2026"}));
-    fake.pointerDisplay = 2;
+    fake.desktop.pointer().place->displayID = 2;
     seconds(1);
     EXPECT_THAT(fake.takeLog(), ElementsAre("toast: Capturing in 1\u2026"));
     seconds(1);
@@ -169,7 +170,7 @@ TEST_F(CoordinatorTest, CountdownIsCancelledByEscapeAndByCommand)
         EXPECT_TRUE(coordinator->isCountingDown());
         fake.takeLog();
         if (byEscape)
-            std::function(fake.escapePressed)();
+            fake.desktop.keys().press("Escape");
         else
             coordinator->cancelCountdown();
         fake.loop.runPosted();
@@ -360,7 +361,7 @@ TEST_F(CoordinatorTest, FailedGrabsSettleAndFreeTheNextPress)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         if (c.what == std::string("no display"))
-            fake.displayList.clear();
+            fake.desktop.displays().displays.clear();
         outcomes.clear();
         captureAndSettle(c.mode, c.options);
         if (c.selection) {
@@ -441,10 +442,10 @@ TEST_F(CoordinatorTest, GivenAreaIsMeasuredFromThePrimaryAndBecomesTheLast)
     }
     EXPECT_EQ(fake.recorded.back().pixelScale, 2.0);
     // The display moved: its area moves with it. It went: the same place on the display under the pointer.
-    fake.displayList[1].pixelRect.translate(0, 100);
+    fake.desktop.displays().displays[1].pixelRect.translate(0, 100);
     captureAndSettle(CaptureMode::lastArea);
     EXPECT_TRUE(fake.logged("grab 20,120 200x100"));
-    fake.displayList.pop_back();
+    fake.desktop.displays().displays.pop_back();
     captureAndSettle(CaptureMode::lastArea);
     EXPECT_TRUE(fake.logged("grab 820,220 200x100"));
 }
