@@ -5,8 +5,9 @@
 //   bench_overlay [ROUNDS]
 
 #include "bench/Samples.h"
+#include "capture/selection/SelectionScene.h"
 #include "overlay/OverlayPainter.h"
-#include "overlay/SelectionOverlayView.h"
+#include "overlay/OverlayView.h"
 #include "platform/x11/overlay/X11Overlay.h"
 #include "tests/e2e/UserSession.h"
 #include "tests/support/PaintedScreen.h"
@@ -202,12 +203,12 @@ void measureMoves(const QByteArray& displayName, int rounds)
     X11Overlay overlay(reader, X11Visuals::read(*connection));
     const auto opened = overlay.open({{display, {}}}, OverlaySurfaces::Ground::frozen, OverlayPainter::shade());
     WaitingSurfaces surfaces(overlay, *connection);
-    SelectionOverlayView view(surfaces, display, opened->screens.front().image, OverlaySurfaces::Ground::frozen);
+    OverlayView view(surfaces, display, opened->screens.front().image, OverlaySurfaces::Ground::frozen);
     Bench::Samples moves;
     Bench::Samples wholes;
     for (int round = 0; round < rounds; ++round) {
         const QPoint pointer = QPoint(2600 + 12 * round, 1500 + 7 * round);
-        const OverlayScene scene = OverlayScene::of(
+        const OverlayScene scene = SelectionScene::of(
             display, {.area = QRect(QPoint(400, 300), pointer), .isDragging = true, .pointer = pointer});
         const double move = Bench::milliseconds([&] {
             view.show(scene);

@@ -2,6 +2,7 @@
 // scale 1 and 2, with a usual font and with one that is half as large again.
 //
 //     QT_QPA_PLATFORM=offscreen bench_window_pictures FOLDER
+#include "capture/selection/SelectionScene.h"
 #include "overlay/OverlayPainter.h"
 #include "toasts/ToastPanel.h"
 #include "ui/RowButton.h"
@@ -120,7 +121,7 @@ void overlays(const Pictures& pictures)
     const Display display{.id = 1, .pixelRect = rect, .scale = scale};
     const auto at = [&](double x, double y) { return QPoint(int(x * scale), int(y * scale)); };
     const QRect area(at(150, 90), at(520, 320));
-    const std::pair<const char*, OverlayScene::Moment> moments[] = {
+    const std::pair<const char*, SelectionScene::Moment> moments[] = {
         {"hint", {.pointer = at(300, 200), .showsHint = true}},
         {"area", {.area = area, .isDragging = true, .pointer = area.bottomRight()}},
         {"window",
@@ -131,7 +132,7 @@ void overlays(const Pictures& pictures)
           .showsHint = true}},
     };
     for (const auto& [name, moment] : moments) {
-        const OverlayScene scene = OverlayScene::of(display, moment);
+        const OverlayScene scene = SelectionScene::of(display, moment);
         const QImage bare = screen(rect);
         QImage picture = bare;
         QPainter painter(&picture);

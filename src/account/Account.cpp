@@ -12,16 +12,6 @@ Q_LOGGING_CATEGORY(log, "com.kovrel.account")
 
 constexpr const char* tokenKey = "kovrel.session.token";
 
-// Wraps an answer so that it is dropped once the account has gone.
-template <class T>
-Reply<T> whileAlive(const std::shared_ptr<bool>& alive, Reply<T> reply)
-{
-    return [weak = std::weak_ptr(alive), reply = std::move(reply)](T value) {
-        if (!weak.expired())
-            reply(std::move(value));
-    };
-}
-
 } // namespace
 
 Account::Account(TokenStore& local, TokenStore& secrets) : m_local(local), m_secrets(secrets) {}
@@ -34,14 +24,13 @@ void Account::restore()
         if (generation == m_generation)
             settle(isSignedIn);
     };
-    const auto fromSecrets =
-        whileAlive<Token>(m_alive, [settleIfCurrent](Token token) { settleIfCurrent(token.has_value()); });
-    m_local.read(tokenKey, whileAlive<Token>(m_alive, [this, settleIfCurrent, fromSecrets](Token token) {
-                     if (token)
-                         settleIfCurrent(true);
-                     else
-                         m_secrets.read(tokenKey, fromSecrets);
-                 }));
+    const auto fromSecrets = m_lifeline.guard([settleIfCurrent](Token token) { settleIfCurrent(token.has_value()); });
+    m_local.read(tokenKey, m_lifeline.guard([this, settleIfCurrent, fromSecrets](Token token) {
+        if (token)
+            settleIfCurrent(true);
+        else
+            m_secrets.read(tokenKey, fromSecrets);
+    }));
 }
 
 void Account::whenKnown(std::function<void()> work)
@@ -67,11 +56,11 @@ void Account::settle(bool isSignedIn)
 void Account::signInLocally(Reply<bool> reply)
 {
     const QString token = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    m_local.write(tokenKey, token, whileAlive<bool>(m_alive, [this, reply](bool isStored) {
-                      if (isStored)
-                          settle(true);
-                      reply(isStored);
-                  }));
+    m_local.write(tokenKey, token, m_lifeline.guard([this, reply](bool isStored) {
+        if (isStored)
+            settle(true);
+        reply(isStored);
+    }));
 }
 
 void Account::signOut(Reply<bool> reply)
@@ -81,11 +70,11 @@ void Account::signOut(Reply<bool> reply)
             settle(false);
         reply(localIsGone && secretIsGone);
     };
-    m_local.remove(tokenKey, whileAlive<bool>(m_alive, [this, removed](bool localIsGone) {
-                       m_secrets.remove(tokenKey, whileAlive<bool>(m_alive, [removed, localIsGone](bool secretIsGone) {
-                                            removed(localIsGone, secretIsGone);
-                                        }));
-                   }));
+    m_local.remove(tokenKey, m_lifeline.guard([this, removed](bool localIsGone) {
+        m_secrets.remove(tokenKey, m_lifeline.guard([removed, localIsGone](bool secretIsGone) {
+            removed(localIsGone, secretIsGone);
+        }));
+    }));
 }
 
 QString Account::beginWebSignIn()
@@ -104,11 +93,11 @@ void Account::handleCallback(const QUrl& url, Reply<bool> reply)
         return;
     }
     m_expectedState.clear();
-    m_secrets.write(tokenKey, token, whileAlive<bool>(m_alive, [this, reply](bool isStored) {
-                        if (isStored)
-                            settle(true);
-                        reply(isStored);
-                    }));
+    m_secrets.write(tokenKey, token, m_lifeline.guard([this, reply](bool isStored) {
+        if (isStored)
+            settle(true);
+        reply(isStored);
+    }));
 }
 
 Subscription Account::onChange(std::function<void()> observer)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Lifeline.h"
 #include "platform/MainLoop.h"
 #include "platform/Observers.h"
 #include "platform/TokenStore.h"
@@ -45,7 +46,7 @@ private:
     QString m_expectedState;
     std::vector<std::function<void()>> m_waiting;
     Observers<> m_observers;
-    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); // answers after the end find it gone
+    Lifeline m_lifeline; // answers may come after the end
 };
 
 } // namespace Kovrel

@@ -1,12 +1,12 @@
 #include "overlay/OverlayPainter.h"
 
+#include "overlay/OverlayMetrics.h"
 #include "ui/tokens/OverlayTokens.h"
 #include "ui/tokens/SoftShadow.h"
 
-#include <QFontDatabase>
-#include <QFontMetricsF>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Kovrel {
@@ -14,18 +14,7 @@ namespace Kovrel {
 namespace {
 
 using namespace OverlayTokens;
-using Decoration = OverlayScene::Decoration;
-using Kind = Decoration::Kind;
-
-QFont pillFont(Kind kind, double scale)
-{
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setPixelSize(int(std::lround((kind == Kind::hint ? hintText : labelText) * scale)));
-    font.setWeight(QFont::Medium);
-    font.setHintingPreference(QFont::PreferNoHinting);
-    font.setStyleStrategy(QFont::NoSubpixelAntialias);
-    return font;
-}
+using Kind = OverlayDecoration::Kind;
 
 // With a pixel for the drop of the shadow.
 int shadowMargin(double scale)
@@ -45,13 +34,13 @@ QImage shadowOf(QSize size, double radius, double scale)
     return image;
 }
 
-void drawFrame(QPainter& painter, const Decoration& decoration)
+void drawFrame(QPainter& painter, const OverlayDecoration& decoration)
 {
     for (const QRect& side : decoration.region())
         painter.fillRect(side, accent);
 }
 
-void drawHandle(QPainter& painter, const Decoration& decoration)
+void drawHandle(QPainter& painter, const OverlayDecoration& decoration)
 {
     const double edge = line * decoration.scale;
     painter.setPen(QPen(accent, edge));
@@ -100,9 +89,9 @@ QImage magnifierGlass(QSize size, double scale)
 {
     QImage image = canvas(size);
     QPainter painter(&image);
-    const double cell = double(size.width()) / (2 * OverlayScene::magnifierReach + 1);
+    const double cell = double(size.width()) / (2 * OverlayMetrics::magnifierReach + 1);
     drawGrid(painter, QRectF({}, size), cell);
-    const double middle = OverlayScene::magnifierReach * cell;
+    const double middle = OverlayMetrics::magnifierReach * cell;
     drawMagnifiedPixel(painter, QRectF(middle, middle, cell, cell), scale);
     painter.setRenderHint(QPainter::Antialiasing);
     const double edge = line * scale;
@@ -120,14 +109,6 @@ QColor OverlayPainter::shade()
     return OverlayTokens::shade;
 }
 
-QSize OverlayPainter::pillSize(Kind kind, const QString& text, double scale)
-{
-    const bool isHint = kind == Kind::hint;
-    const double width = QFontMetricsF(pillFont(kind, scale)).horizontalAdvance(text);
-    return {int(std::ceil(width + 2 * (isHint ? hintPadding : labelPadding) * scale)),
-            int(std::lround((isHint ? hintHeight : labelHeight) * scale))};
-}
-
 void OverlayPainter::drawShadow(QPainter& painter, const QRect& rect, double radius, double scale)
 {
     constexpr size_t mostKept = 8;
@@ -143,7 +124,7 @@ void OverlayPainter::drawShadow(QPainter& painter, const QRect& rect, double rad
     painter.drawImage(rect.topLeft() - QPoint(margin, margin), shadow->image);
 }
 
-void OverlayPainter::drawPill(QPainter& painter, const Decoration& decoration)
+void OverlayPainter::drawPill(QPainter& painter, const OverlayDecoration& decoration)
 {
     const QRectF rect(decoration.rect);
     const double radius = rect.height() / 2;
@@ -152,19 +133,19 @@ void OverlayPainter::drawPill(QPainter& painter, const Decoration& decoration)
     painter.setBrush(pill);
     painter.setPen(QPen(pillEdge, edge));
     painter.drawRoundedRect(rect.adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2), radius, radius);
-    painter.setFont(pillFont(decoration.kind, decoration.scale));
+    painter.setFont(OverlayMetrics::pillFont(decoration.kind, decoration.scale));
     painter.setPen(pillText);
     painter.drawText(rect, Qt::AlignCenter, decoration.text);
 }
 
-void OverlayPainter::drawMagnifier(QPainter& painter, const Decoration& decoration, const QImage& screen,
+void OverlayPainter::drawMagnifier(QPainter& painter, const OverlayDecoration& decoration, const QImage& screen,
                                    const QRect& screenRect)
 {
     const QSize size = decoration.rect.size();
     const double scale = decoration.scale;
     if (m_magnifier.scale != scale)
         m_magnifier = {scale, magnifierGlass(size, scale), magnifierShape(size, scale)};
-    constexpr int reach = OverlayScene::magnifierReach;
+    constexpr int reach = OverlayMetrics::magnifierReach;
     const QPoint first = decoration.pixel - QPoint(reach, reach) - screenRect.topLeft();
     QImage pixels(size, QImage::Format_RGB32);
     pixels.fill(magnifierGround);
@@ -180,7 +161,7 @@ void OverlayPainter::drawMagnifier(QPainter& painter, const Decoration& decorati
     painter.drawImage(decoration.rect.topLeft(), content);
 }
 
-void OverlayPainter::draw(QPainter& painter, const Decoration& decoration, const QImage& screen,
+void OverlayPainter::draw(QPainter& painter, const OverlayDecoration& decoration, const QImage& screen,
                           const QRect& screenRect)
 {
     painter.setRenderHint(QPainter::Antialiasing);

@@ -94,7 +94,8 @@ TextReader::Reading readingOf(const QString& text, const QStringList& payloads, 
 
 TEST_F(CoordinatorTest, EachFlowDoesItsStepsInOrder)
 {
-    fake.windowList = {{.id = 7, .app = {"Editor", "org.editor"}, .pixelRect = {0, 0, 3000, 3000}, .isOnScreen = true}};
+    fake.desktop.windows().windows = std::vector{
+        WindowInfo{.id = 7, .app = {"Editor", "org.editor"}, .pixelRect = {0, 0, 3000, 3000}, .isOnScreen = true}};
     captureAndSettle(CaptureMode::fullScreen);
     EXPECT_THAT(fake.takeLog(),
                 ElementsAreArray(
@@ -146,7 +147,7 @@ TEST_F(CoordinatorTest, TimedCountsDownThenTakesTheScreenItBeganOn)
     captureAndSettle(CaptureMode::timed);
     EXPECT_THAT(fake.takeLog(), ElementsAreArray(request + Log{"cards: hide", "history window: hide", "grab Escape",
                                                                "toast on 1: Capturing in 2\u2026"}));
-    fake.pointerDisplay = 2;
+    fake.desktop.pointer().place->displayID = 2;
     seconds(1);
     EXPECT_THAT(fake.takeLog(), ElementsAre("toast: Capturing in 1\u2026"));
     seconds(1);
@@ -177,7 +178,7 @@ TEST_F(CoordinatorTest, CountdownIsCancelledByEscapeAndByCommand)
         EXPECT_TRUE(coordinator->isCountingDown());
         fake.takeLog();
         if (byEscape)
-            std::function(fake.escapePressed)();
+            fake.desktop.keys().press("Escape");
         else
             coordinator->cancelCountdown();
         fake.loop.runPosted();
@@ -368,7 +369,7 @@ TEST_F(CoordinatorTest, FailedGrabsSettleAndFreeTheNextPress)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         if (c.what == std::string("no display"))
-            fake.displayList.clear();
+            fake.desktop.displays().displays.clear();
         outcomes.clear();
         captureAndSettle(c.mode, c.options);
         if (c.selection) {
@@ -449,10 +450,10 @@ TEST_F(CoordinatorTest, GivenAreaIsMeasuredFromThePrimaryAndBecomesTheLast)
     }
     EXPECT_EQ(fake.recorded.back().pixelScale, 2.0);
     // The display moved: its area moves with it. It went: the same place on the display under the pointer.
-    fake.displayList[1].pixelRect.translate(0, 100);
+    fake.desktop.displays().displays[1].pixelRect.translate(0, 100);
     captureAndSettle(CaptureMode::lastArea);
     EXPECT_TRUE(fake.logged("grab 20,120 200x100"));
-    fake.displayList.pop_back();
+    fake.desktop.displays().displays.pop_back();
     captureAndSettle(CaptureMode::lastArea);
     EXPECT_TRUE(fake.logged("grab 820,220 200x100"));
 }

@@ -1,10 +1,10 @@
 #include "hotkeys/GlobalHotkeyManager.h"
 #include "model/VirtualKeys.h"
 #include "ports/CaptureTrace.h"
-#include "tests/support/FakeKeyGrabs.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/LogLines.h"
 #include "tests/support/TempFolder.h"
+#include "tests/support/desktop/FakeKeyGrabs.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

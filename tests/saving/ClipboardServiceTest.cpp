@@ -1,11 +1,11 @@
 #include "saving/ClipboardService.h"
 
 #include "platform/ImageCodec.h"
-#include "tests/support/FakeClipboard.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/TestPictures.h"
+#include "tests/support/desktop/FakeClipboard.h"
 
 #include <QFile>
 #include <QUrl>

@@ -1,5 +1,6 @@
 #include "saving/SaveWithPanel.h"
 
+#include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/LogLines.h"
@@ -12,35 +13,20 @@ namespace Kovrel {
 
 namespace {
 
-struct AskedPanel : SavePanel {
-    void ask(const QString& suggestedPath, QWindow*, Reply<std::optional<QString>> reply) override
-    {
-        suggested = suggestedPath;
-        answer = std::move(reply);
-    }
-
-    QString suggested;
-    Reply<std::optional<QString>> answer;
-};
-
-struct RevealedFiles : FileManager {
-    void reveal(const QString& path) override { paths << path; }
-
-    QStringList paths;
-};
-
 struct SaveWithPanelTest : testing::Test {
     Testing::FakeMainLoop loop;
     Testing::FakeWorkers workers;
     Testing::TempFolder folder;
-    AskedPanel panel;
-    RevealedFiles files;
+    Testing::FakeDesktop desktop{loop};
+    Testing::FakeSavePanel& panel = desktop.savePanel();
+    Testing::FakeFileManager& files = desktop.fileManager();
     SaveWithPanel saving{loop, workers, panel, files};
     QStringList saved;
     QStringList failures;
 
     void saveAndAnswer(std::optional<QString> answer)
     {
+        panel.choice = std::move(answer);
         saving.saveWithPanel({.image = Testing::testPicture({30, 20}, Testing::Texture::blocks),
                               .suggestedPath = folder / "suggested.tiff",
                               .format = ImageFormat::tiff,
@@ -48,7 +34,7 @@ struct SaveWithPanelTest : testing::Test {
                               .window = nullptr,
                               .onSaved = [this](const QString& path) { saved << path; },
                               .onFailed = [this](const SaveFailure& failure) { failures << failure.message; }});
-        panel.answer(std::move(answer));
+        loop.runPosted();
         workers.run(Lane::save);
         loop.runPosted();
     }

@@ -26,7 +26,7 @@ QString hiding(const char* what, bool isHidden)
 FakeCaptureServices::FakeCaptureServices()
 {
     Preferences::registerDefaults(defaults);
-    displayList = {
+    desktop.displays().displays = {
         {.id = 1,
          .name = "main",
          .frame = {0, 0, 1000, 500},
@@ -54,6 +54,10 @@ FakeCaptureServices::FakeCaptureServices()
     ports.cards.offer(cards);
     ports.toasts.offer(toasts);
     ports.chrome = {&historyWindow};
+    desktop.pointer().place = PointerPosition{{}, {}, 1};
+    desktop.windows().windows.emplace();
+    desktop.pixels().onWait = [this] { say("wait for repaint"); };
+    desktop.keys().onRequest = [this](const QString& request) { say(request); };
 }
 
 CaptureServices FakeCaptureServices::services()
@@ -63,11 +67,11 @@ CaptureServices FakeCaptureServices::services()
         .workers = workers,
         .preferences = preferences,
         .trace = trace,
-        .displays = desktop,
-        .pointer = desktop,
-        .pixels = desktop,
-        .windows = desktop,
-        .keys = desktop,
+        .displays = desktop.displays(),
+        .pointer = desktop.pointer(),
+        .pixels = desktop.pixels(),
+        .windows = desktop.windows(),
+        .keys = desktop.keys(),
         .engine = engine,
         .overlay = overlay,
         .grabber = grabber,
@@ -83,44 +87,6 @@ void FakeCaptureServices::releasePixels()
     for (const auto& reply : std::exchange(engine.held, {}))
         reply({});
     loop.runPosted();
-}
-
-void FakeCaptureServices::Desktop::position(Reply<std::optional<PointerPosition>> reply)
-{
-    std::optional<PointerPosition> position;
-    if (fake.pointerDisplay)
-        position = PointerPosition{{}, {}, *fake.pointerDisplay};
-    fake.answer(reply, position);
-}
-
-void FakeCaptureServices::Desktop::image(Reply<std::optional<PointerImage>> reply)
-{
-    fake.answer(reply, std::optional<PointerImage>());
-}
-
-void FakeCaptureServices::Desktop::whenRepainted(Reply<bool> reply)
-{
-    fake.say("wait for repaint");
-    fake.answer(reply, true);
-}
-
-void FakeCaptureServices::Desktop::list(Reply<std::optional<std::vector<WindowInfo>>> reply)
-{
-    fake.answer(reply, std::optional(fake.windowList));
-}
-
-std::expected<KeyGrabs::GrabID, KeyGrabs::Status> FakeCaptureServices::Desktop::grab(KeyCombo combo, Handlers handlers,
-                                                                                     Modifiers)
-{
-    fake.say("grab " + combo.text());
-    fake.escapePressed = [handlers] { handlers.onPress({}); };
-    return 1;
-}
-
-void FakeCaptureServices::Desktop::release(GrabID)
-{
-    fake.say("release Escape");
-    fake.escapePressed = nullptr;
 }
 
 QCoro::Task<std::optional<PixelSource::Grab>> FakeCaptureServices::Engine::pixels(QRect rootPixels, bool showCursor)

@@ -4,11 +4,7 @@
 #include "capture/pixels/PixelSource.h"
 #include "capture/pixels/WindowBackdrop.h"
 #include "capture/selection/SelectionGrabber.h"
-#include "platform/Displays.h"
-#include "platform/KeyGrabs.h"
-#include "platform/Pointer.h"
 #include "platform/Scope.h"
-#include "platform/Windows.h"
 #include "ports/AccountStatus.h"
 #include "ports/CaptureDelivery.h"
 #include "ports/CaptureEditors.h"
@@ -23,6 +19,7 @@
 #include "ports/TextReader.h"
 #include "ports/Toasts.h"
 #include "preferences/Preferences.h"
+#include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/TempFolder.h"
@@ -51,10 +48,9 @@ struct FakeCaptureServices {
     Preferences preferences{defaults};
     CaptureTrace trace{loop, [] { return false; }};
 
-    // What the desktop is like.
-    DisplayList displayList;
-    std::optional<quint32> pointerDisplay = 1;
-    std::vector<WindowInfo> windowList;
+    FakeDesktop desktop{loop};
+
+    // How the others answer.
     bool grabSucceeds = true;
     bool holdsPixels = false;
     bool frozenGrabSucceeds = true;
@@ -74,44 +70,12 @@ struct FakeCaptureServices {
     // What came of it.
     std::function<void(SelectionResult)> overlayCompletion;
     Observers<SelectionOverlay::Mode> modeObservers;
-    std::function<void()> escapePressed;
     std::vector<CaptureResult> recorded;
     std::vector<CardPile::Card> cardsShown;
 
     void endSelection(SelectionResult result) { std::exchange(overlayCompletion, nullptr)(std::move(result)); }
 
     void releasePixels();
-
-    struct Desktop : Displays, Pointer, ScreenPixels, Windows, KeyGrabs {
-        explicit Desktop(FakeCaptureServices& f) : fake(f) {}
-
-        DisplayList all() const override { return fake.displayList; }
-
-        bool isComposited() const override { return true; }
-
-        Subscription onChange(std::function<void()>) override { return {}; }
-
-        void position(Reply<std::optional<PointerPosition>> reply) override;
-        void image(Reply<std::optional<PointerImage>> reply) override;
-
-        void grab(QRect, PointerOption, Reply<GrabbedImage>) override {}
-
-        void whenRepainted(Reply<bool> reply) override;
-        void list(Reply<std::optional<std::vector<WindowInfo>>> reply) override;
-
-        void grab(quint32, Reply<GrabbedImage>) override {}
-
-        std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers, Modifiers) override;
-        void release(GrabID) override;
-
-        Subscription onModifiersHeld(std::function<void()>) override { return {}; }
-
-        Subscription onLayoutChange(std::function<void()>) override { return {}; }
-
-        Subscription watchForTakeover(std::function<void()>) override { return {}; }
-
-        FakeCaptureServices& fake;
-    } desktop{*this};
 
     struct Engine : PixelSource {
         explicit Engine(FakeCaptureServices& f) : fake(f), scope(f.loop, f.workers) {}

@@ -1,97 +1,83 @@
 #pragma once
 
-#include "platform/DesktopPicture.h"
-#include "platform/Displays.h"
-#include "platform/MainLoop.h"
-#include "platform/ScreenPixels.h"
-#include "platform/Windows.h"
-
-#include <map>
+#include "platform/Desktop.h"
+#include "platform/ShortcutSwitches.h"
+#include "tests/support/desktop/FakeClipboard.h"
+#include "tests/support/desktop/FakeDesktopPicture.h"
+#include "tests/support/desktop/FakeDisplays.h"
+#include "tests/support/desktop/FakeFileManager.h"
+#include "tests/support/desktop/FakeKeyGrabs.h"
+#include "tests/support/desktop/FakeOverlaySurfaces.h"
+#include "tests/support/desktop/FakePointer.h"
+#include "tests/support/desktop/FakeSavePanel.h"
+#include "tests/support/desktop/FakeScreenLock.h"
+#include "tests/support/desktop/FakeScreenPixels.h"
+#include "tests/support/desktop/FakeTokenStore.h"
+#include "tests/support/desktop/FakeToolProcess.h"
+#include "tests/support/desktop/FakeWindows.h"
 
 namespace Kovrel::Testing {
 
-class FakeDisplays : public Displays {
+// A desktop of data: displays, windows, pointer and pixels are what the test says, and so is whether a service refuses,
+// comes late or never answers.
+class FakeDesktop : public Desktop {
 public:
-    DisplayList displays;
-
-    DisplayList all() const override { return displays; }
-
-    bool isComposited() const override { return true; }
-
-    Subscription onChange(std::function<void()> callback) override { return m_observers.add(std::move(callback)); }
-
-    void change(DisplayList to)
+    explicit FakeDesktop(MainLoop& loop)
+        : m_pointer(loop),
+          m_pixels(loop),
+          m_overlay(loop, m_displays, m_pixels),
+          m_windows(loop),
+          m_picture(loop),
+          m_savePanel(loop),
+          m_secrets(loop),
+          m_tools(loop)
     {
-        displays = std::move(to);
-        m_observers.notify();
     }
+
+    FakeDisplays& displays() override { return m_displays; }
+
+    FakePointer& pointer() override { return m_pointer; }
+
+    FakeKeyGrabs& keys() override { return m_keys; }
+
+    FakeOverlaySurfaces& overlay() override { return m_overlay; }
+
+    FakeScreenPixels& pixels() override { return m_pixels; }
+
+    FakeWindows& windows() override { return m_windows; }
+
+    FakeDesktopPicture& picture() override { return m_picture; }
+
+    FakeScreenLock& lock() override { return m_lock; }
+
+    FakeClipboard& clipboard() override { return m_clipboard; }
+
+    FakeFileManager& fileManager() override { return m_fileManager; }
+
+    FakeSavePanel& savePanel() override { return m_savePanel; }
+
+    FakeTokenStore& secrets() { return m_secrets; }
+
+    FakeToolProcess& tools() override { return m_tools; }
+
+    std::shared_ptr<ShortcutSwitches> shortcuts() override { return switches; }
+
+    std::shared_ptr<ShortcutSwitches> switches;
 
 private:
-    Observers<> m_observers;
-};
-
-// Answers through the main loop with parts of one picture of the root window, or with the failure.
-class FakeScreenPixels : public ScreenPixels {
-public:
-    explicit FakeScreenPixels(MainLoop& loop) : m_loop(loop) {}
-
-    GrabbedImage root = std::unexpected(GrabFailure::noDisplay);
-    std::vector<std::pair<QRect, PointerOption>> grabs;
-
-    void grab(QRect rootPixels, PointerOption pointer, Reply<GrabbedImage> reply) override
-    {
-        grabs.emplace_back(rootPixels, pointer);
-        m_loop.post([reply, image = root ? GrabbedImage(root->copy(rootPixels)) : root] { reply(image); });
-    }
-
-    void whenRepainted(Reply<bool> reply) override
-    {
-        m_loop.post([reply] { reply(true); });
-    }
-
-private:
-    MainLoop& m_loop;
-};
-
-class FakeWindows : public Windows {
-public:
-    explicit FakeWindows(MainLoop& loop) : m_loop(loop) {}
-
-    std::optional<std::vector<WindowInfo>> windows;
-    std::map<quint32, QImage> images;
-
-    void list(Reply<std::optional<std::vector<WindowInfo>>> reply) override
-    {
-        m_loop.post([reply, list = windows] { reply(list); });
-    }
-
-    void grab(quint32 windowID, Reply<GrabbedImage> reply) override
-    {
-        const auto found = images.find(windowID);
-        const GrabbedImage image = found == images.end() ? GrabbedImage(std::unexpected(GrabFailure::windowGone))
-                                                         : GrabbedImage(found->second);
-        m_loop.post([reply, image] { reply(image); });
-    }
-
-private:
-    MainLoop& m_loop;
-};
-
-class FakeDesktopPicture : public DesktopPicture {
-public:
-    explicit FakeDesktopPicture(MainLoop& loop) : m_loop(loop) {}
-
-    std::optional<QImage> picture; // of every display, at any size
-    std::vector<std::pair<quint32, int>> grabs;
-
-    void grab(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply) override
-    {
-        grabs.emplace_back(displayID, maxPixelSize);
-        m_loop.post([reply, image = picture] { reply(image); });
-    }
-
-private:
-    MainLoop& m_loop;
+    FakeDisplays m_displays;
+    FakePointer m_pointer;
+    FakeKeyGrabs m_keys;
+    FakeScreenPixels m_pixels;
+    FakeOverlaySurfaces m_overlay;
+    FakeWindows m_windows;
+    FakeDesktopPicture m_picture;
+    FakeScreenLock m_lock;
+    FakeClipboard m_clipboard;
+    FakeFileManager m_fileManager;
+    FakeSavePanel m_savePanel;
+    FakeTokenStore m_secrets;
+    FakeToolProcess m_tools;
 };
 
 } // namespace Kovrel::Testing

@@ -16,7 +16,8 @@ namespace {
 
 struct ToastControllerTest : testing::Test {
     Testing::FakeMainLoop loop;
-    Testing::FakeDisplays displays;
+    Testing::FakeDesktop desktop{loop};
+    Testing::FakeDisplays& displays = desktop.displays();
     ToastController toasts{loop, displays};
 
     void SetUp() override

@@ -4,7 +4,6 @@
 #include "platform/ImageCodec.h"
 #include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeMainLoop.h"
-#include "tests/support/FakeToolProcess.h"
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/MessageLog.h"
 #include "tests/support/Patterns.h"
@@ -84,10 +83,11 @@ struct NativeScreenCaptureTest : testing::Test {
 
     Testing::FakeMainLoop loop;
     Testing::FakeWorkers workers;
-    Testing::FakeDisplays displays;
-    Testing::FakeScreenPixels screen{loop};
-    Testing::FakeWindows windows{loop};
-    Testing::FakeToolProcess tool{loop};
+    Testing::FakeDesktop desktop{loop};
+    Testing::FakeDisplays& displays = desktop.displays();
+    Testing::FakeScreenPixels& screen = desktop.pixels();
+    Testing::FakeWindows& windows = desktop.windows();
+    Testing::FakeToolProcess& tool = desktop.tools();
     Testing::TempFolder folder;
     CaptureTrace trace{loop, [] { return true; }};
     Testing::MessageLog log{"com.kovrel.capture"};

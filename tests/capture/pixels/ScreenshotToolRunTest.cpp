@@ -57,15 +57,17 @@ struct ScreenshotToolRunTest : testing::Test {
         return result.value_or(std::nullopt);
     }
 
-    NativeScreenCapture::Services services() { return {loop, workers, trace, pixels, windows, displays, toolProcess}; }
+    NativeScreenCapture::Services services()
+    {
+        return {loop, workers, trace, desktop.pixels(), desktop.windows(), displays, toolProcess};
+    }
 
     Testing::VirtualDisplay server{{600, 400}};
     Testing::PaintedScreen screen{server.name()};
     Testing::FakeMainLoop loop;
     Testing::FakeWorkers workers;
-    Testing::FakeDisplays displays;
-    Testing::FakeScreenPixels pixels{loop};
-    Testing::FakeWindows windows{loop};
+    Testing::FakeDesktop desktop{loop};
+    Testing::FakeDisplays& displays = desktop.displays();
     SpawnedToolProcess toolProcess;
     Testing::TempFolder folder;
     CaptureTrace trace{loop, [] { return false; }};

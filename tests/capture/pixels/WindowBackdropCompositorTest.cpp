@@ -44,8 +44,9 @@ struct WindowBackdropCompositorTest : testing::Test {
     Testing::TempFolder folder;
     UserDefaults defaults{folder / "kovrel.conf"};
     Preferences preferences{defaults};
-    Testing::FakeDesktopPicture desktop{loop};
-    Testing::FakeDisplays displays;
+    Testing::FakeDesktop surroundings{loop};
+    Testing::FakeDesktopPicture& desktop = surroundings.picture();
+    Testing::FakeDisplays& displays = surroundings.displays();
     Compositor compositor{loop, workers, desktop, displays, preferences};
 
     ComposedCapture compose(const QImage& image, WindowBackdropStyle style, std::optional<QImage> wallpaper = {})

@@ -22,7 +22,8 @@ const FrozenScreens screens{{1, {0, 0, 100, 80}, filled({100, 80}, 0xff0000)},
 struct SelectionCaptureTest : testing::Test {
     Testing::FakeMainLoop loop;
     Testing::FakeWorkers workers;
-    Testing::FakeWindows windows{loop};
+    Testing::FakeDesktop desktop{loop};
+    Testing::FakeWindows& windows = desktop.windows();
     SelectionCapture capture{loop, workers, windows};
 
     std::optional<QImage> grab(std::vector<WindowInfo> picked)

@@ -1,11 +1,8 @@
 #include "capture/selection/SelectionOverlayController.h"
 #include "model/VirtualKeys.h"
-#include "platform/Pointer.h"
-#include "platform/ScreenLock.h"
 #include "ports/CaptureTrace.h"
 #include "preferences/Preferences.h"
 #include "tests/support/FakeDesktop.h"
-#include "tests/support/FakeKeyGrabs.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/MessageLog.h"
@@ -27,66 +24,6 @@ using Mode = SelectionOverlay::Mode;
 using Kind = OverlayPointer::Kind;
 using Ground = OverlaySurfaces::Ground;
 
-struct FakePointer : Pointer {
-    explicit FakePointer(MainLoop& loop) : loop(loop) {}
-
-    void position(Reply<std::optional<PointerPosition>> reply) override
-    {
-        loop.post([reply] { reply(PointerPosition{{100, 100}, {}, 1}); });
-    }
-
-    void image(Reply<std::optional<PointerImage>>) override {}
-
-    MainLoop& loop;
-};
-
-struct FakeLock : ScreenLock {
-    Subscription onLock(std::function<void()> callback) override { return observers.add(std::move(callback)); }
-
-    void lock() { observers.notify(); }
-
-    Observers<> observers;
-};
-
-// Surfaces without pixels, which the test opens and on which it moves the pointer.
-struct FakeSurfaces : OverlaySurfaces {
-    void prewarm() override {}
-
-    void expectOpening() override { ++expected; }
-
-    void open(Opening given, Handlers givenHandlers, Reply<std::optional<Opened>> givenReply) override
-    {
-        opening = std::move(given);
-        handlers = std::move(givenHandlers);
-        reply = std::move(givenReply);
-    }
-
-    void takePointer(Reply<bool> done) override { pointerTaken = std::move(done); }
-
-    void reveal(const QRect&) override {}
-
-    void shade(const QRect&) override {}
-
-    void put(QPoint, const QImage&) override {}
-
-    void setCursor(std::function<OverlayCursor(const Display&)>) override { ++cursors; }
-
-    void movePointer(QPoint rootPixel) override { pointer = rootPixel; }
-
-    void raise() override { ++raises; }
-
-    void close() override { handlers = {}; }
-
-    Opening opening;
-    Handlers handlers;
-    Reply<std::optional<Opened>> reply;
-    Reply<bool> pointerTaken;
-    QPoint pointer;
-    int expected = 0;
-    int cursors = 0;
-    int raises = 0;
-};
-
 struct ControllerTest : testing::Test {
     Testing::FakeMainLoop loop;
     Testing::FakeWorkers workers;
@@ -94,12 +31,12 @@ struct ControllerTest : testing::Test {
     UserDefaults defaults{folder / "kovrel.conf"};
     Preferences preferences{defaults};
     CaptureTrace trace{loop, [] { return false; }};
-    Testing::FakeDisplays displays;
-    FakePointer pointer{loop};
-    Testing::FakeWindows windows{loop};
-    Testing::FakeKeyGrabs keys;
-    FakeLock lock;
-    FakeSurfaces surfaces;
+    Testing::FakeDesktop desktop{loop};
+    Testing::FakeDisplays& displays = desktop.displays();
+    Testing::FakeWindows& windows = desktop.windows();
+    Testing::FakeKeyGrabs& keys = desktop.keys();
+    Testing::FakeScreenLock& lock = desktop.lock();
+    Testing::FakeOverlaySurfaces& surfaces = desktop.overlay();
     std::unique_ptr<SelectionOverlayController> overlay;
     std::vector<std::string> results;
     quint32 now = 0xfffffffe; // the clock wraps around soon
@@ -110,8 +47,10 @@ struct ControllerTest : testing::Test {
         displays.displays = {{.id = 1, .frame = {0, 0, 800, 600}, .pixelRect = {0, 0, 800, 600}, .isPrimary = true}};
         windows.windows =
             std::vector{WindowInfo{.id = 7, .ownerPid = 1, .pixelRect = {50, 50, 200, 200}, .isOnScreen = true}};
+        desktop.pointer().place = PointerPosition{{100, 100}, {}, 1};
+        surfaces.answers.manner = Testing::FakeAnswers::Manner::late;
         overlay = std::make_unique<SelectionOverlayController>(SelectionOverlayController::Platform{
-            loop, preferences, trace, displays, pointer, windows, keys, lock, surfaces});
+            loop, preferences, trace, displays, desktop.pointer(), windows, keys, lock, surfaces});
     }
 
     void begin(Mode mode = Mode::areaDrag)
@@ -133,17 +72,23 @@ struct ControllerTest : testing::Test {
         return picked ? "window " + std::to_string(picked->windows.front().id) : "cancelled";
     }
 
-    void opened(Ground ground, bool isPointerHeld = false)
+    void opened(bool isPointerHeld = false)
     {
-        surfaces.reply(OverlaySurfaces::Opened{
-            ground, {{1, {0, 0, 800, 600}, QImage(800, 600, QImage::Format_RGB32)}}, isPointerHeld});
+        surfaces.isPointerHeld = isPointerHeld;
+        answer();
+    }
+
+    // What the surfaces were asked.
+    void answer()
+    {
+        surfaces.answers.catchUp();
         loop.runPosted();
     }
 
     void open(Mode mode = Mode::areaDrag)
     {
         begin(mode);
-        opened(surfaces.opening.ground);
+        opened();
     }
 
     void act(Kind kind, QPoint at, Qt::MouseButton button = Qt::LeftButton)
@@ -165,7 +110,7 @@ TEST_F(ControllerTest, TheGroundFollowsTheSettingAndFrozenImagesTheGround)
     preferences.set(Settings::freezeScreenDuringSelection, true);
     begin();
     EXPECT_EQ(surfaces.opening.ground, Ground::frozen);
-    opened(Ground::frozen);
+    opened();
     act(Kind::press, {10, 10});
     act(Kind::move, {60, 40});
     act(Kind::release, {60, 40});
@@ -214,7 +159,7 @@ TEST_F(ControllerTest, HeldSpaceSwitchesTheModeOnce)
     std::vector<Mode> modes;
     begin();
     const Subscription modeChanges = overlay->onModeChange([&](Mode mode) { modes.push_back(mode); });
-    opened(Ground::live);
+    opened();
     type("Space");
     for (int i = 0; i < 3; ++i)
         keys.press("Space", true, now++);
@@ -228,11 +173,14 @@ TEST_F(ControllerTest, HeldSpaceSwitchesTheModeOnce)
 
 TEST_F(ControllerTest, AClickThatComesBeforeTheWindowsAreKnownWaitsForThem)
 {
-    begin(Mode::windowPick);
-    surfaces.reply(OverlaySurfaces::Opened{Ground::live, {{1, {0, 0, 800, 600}, QImage()}}, false});
+    windows.answers.manner = Testing::FakeAnswers::Manner::late;
+    open(Mode::windowPick);
     act(Kind::press, {100, 100});
     act(Kind::release, {100, 100});
     act(Kind::move, {700, 500});
+    loop.runPosted();
+    EXPECT_THAT(results, IsEmpty());
+    windows.answers.catchUp();
     loop.runPosted();
     EXPECT_THAT(results, ElementsAre("window 7"));
 }
@@ -261,23 +209,24 @@ TEST_F(ControllerTest, WhatTakesItsGroundAwayCancelsItOnce)
         EXPECT_THAT(overlay->takeFrozenImages(), IsEmpty());
     }
     results.clear();
-    begin();
-    surfaces.reply(std::nullopt);
+    surfaces.isRefused = true;
+    open();
     EXPECT_THAT(results, ElementsAre("cancelled")) << "refused surfaces";
 }
 
 TEST_F(ControllerTest, TheEscapeThatClosesAMenuIsNotTheSessions)
 {
     begin();
-    opened(Ground::frozen, true);
+    opened(true);
     EXPECT_EQ(keys.count(), 0u);
-    surfaces.pointerTaken(true);
+    answer();
     EXPECT_GT(keys.count(), 0u);
     EXPECT_THAT(results, IsEmpty());
     overlay->cancel();
     begin();
-    opened(Ground::frozen, true);
-    surfaces.pointerTaken(false);
+    opened(true);
+    surfaces.letsPointerGo = false;
+    answer();
     EXPECT_THAT(results, ElementsAre("cancelled", "cancelled")) << "somebody holds on to the pointer";
 }
 

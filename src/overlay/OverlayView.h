@@ -1,16 +1,17 @@
 #pragma once
 
 #include "overlay/OverlayPainter.h"
+#include "overlay/OverlayScene.h"
 #include "platform/OverlaySurfaces.h"
 
 namespace Kovrel {
 
 // What one display shows of a session, painted onto its surface: each new scene repaints only what differs from the
 // one before. Main thread.
-class SelectionOverlayView {
+class OverlayView {
 public:
     // `screen` is what the display showed. The surface shows the shaded ground already.
-    SelectionOverlayView(OverlaySurfaces& surfaces, Display display, QImage screen, OverlaySurfaces::Ground ground);
+    OverlayView(OverlaySurfaces& surfaces, Display display, QImage screen, OverlaySurfaces::Ground ground);
 
     const Display& display() const { return m_display; }
 

@@ -1,4 +1,5 @@
-#include "overlay/SelectionOverlayView.h"
+#include "overlay/OverlayView.h"
+#include "capture/selection/SelectionScene.h"
 #include "tests/support/Patterns.h"
 
 #include <QPainter>
@@ -83,13 +84,13 @@ struct PaintedSurfaces : OverlaySurfaces {
 
 } // namespace
 
-TEST(SelectionOverlayView, EverySceneLooksAsIfPaintedAnewAndRepaintsOnlyWhatChanged)
+TEST(OverlayView, EverySceneLooksAsIfPaintedAnewAndRepaintsOnlyWhatChanged)
 {
     const Display display{.id = 1, .pixelRect = displayPixels, .scale = 1.5};
     const auto dragged = [](QPoint from, QPoint to) {
-        return OverlayScene::Moment{.area = QRect(from, to), .isDragging = true, .pointer = to};
+        return SelectionScene::Moment{.area = QRect(from, to), .isDragging = true, .pointer = to};
     };
-    const OverlayScene::Moment moments[] = {
+    const SelectionScene::Moment moments[] = {
         {.pointer = QPoint(400, 300), .showsHint = true},
         dragged({400, 300}, {700, 500}),
         dragged({400, 300}, {705, 503}),
@@ -106,37 +107,37 @@ TEST(SelectionOverlayView, EverySceneLooksAsIfPaintedAnewAndRepaintsOnlyWhatChan
     const QImage screen = Testing::pattern(displayPixels.size()).convertToFormat(QImage::Format_RGB32);
     for (const Ground ground : {Ground::frozen, Ground::live}) {
         PaintedSurfaces surfaces(screen, ground);
-        SelectionOverlayView view(surfaces, display, screen, ground);
+        OverlayView view(surfaces, display, screen, ground);
         for (const auto& moment : moments) {
             SCOPED_TRACE(&moment - moments);
-            view.show(OverlayScene::of(display, moment));
+            view.show(SelectionScene::of(display, moment));
             const QImage expected = view.compose(displayPixels);
             EXPECT_EQ(surfaces.shown, expected);
         }
         surfaces.painted = 0;
-        view.show(OverlayScene::of(display, moments[1]));
+        view.show(SelectionScene::of(display, moments[1]));
         const qint64 whole = surfaces.painted;
         surfaces.painted = 0;
-        view.show(OverlayScene::of(display, moments[2]));
+        view.show(SelectionScene::of(display, moments[2]));
         EXPECT_LT(surfaces.painted, whole * 7 / 10) << "a move by some pixels";
         surfaces.painted = 0;
-        view.show(OverlayScene::of(display, moments[2]));
+        view.show(SelectionScene::of(display, moments[2]));
         EXPECT_EQ(surfaces.painted, 0) << "nothing changed";
     }
 }
 
-TEST(SelectionOverlayView, ShowsOnlyWhatConcernsItsDisplay)
+TEST(OverlayView, ShowsOnlyWhatConcernsItsDisplay)
 {
     const Display display{.id = 1, .pixelRect = displayPixels};
-    const auto elsewhere = OverlayScene::of(
+    const auto elsewhere = SelectionScene::of(
         display, {.area = QRect(0, 0, 50, 50), .isDragging = true, .pointer = QPoint(40, 40), .showsHint = true});
     EXPECT_TRUE(elsewhere.decorations.empty());
     EXPECT_TRUE(elsewhere.lit.isEmpty());
     const auto across =
-        OverlayScene::of(display, {.area = QRect(0, 0, 500, 400), .isDragging = true, .pointer = QPoint(40, 40)});
+        SelectionScene::of(display, {.area = QRect(0, 0, 500, 400), .isDragging = true, .pointer = QPoint(40, 40)});
     EXPECT_EQ(across.lit, QRegion(300, 200, 200, 200));
     for (const auto& decoration : across.decorations)
-        EXPECT_NE(decoration.kind, OverlayScene::Decoration::Kind::sizeLabel) << "the pointer is on another one";
+        EXPECT_NE(decoration.kind, OverlayDecoration::Kind::sizeLabel) << "the pointer is on another one";
 }
 
 } // namespace Kovrel

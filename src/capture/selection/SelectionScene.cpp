@@ -1,35 +1,22 @@
-#include "overlay/OverlayScene.h"
+#include "capture/selection/SelectionScene.h"
 
-#include "overlay/OverlayPainter.h"
+#include "overlay/OverlayMetrics.h"
 
-#include <cmath>
+#include <QCoreApplication>
 
 namespace Kovrel {
 
 namespace {
 
-using Decoration = OverlayScene::Decoration;
-using Kind = Decoration::Kind;
+using Kind = OverlayDecoration::Kind;
+using OverlayMetrics::pixels;
 
 // All in points.
-constexpr double areaLine = 1.5;
-constexpr double windowLine = 3;
 constexpr double handleRadius = 4;
-constexpr double shadowReach = 10;
 constexpr double labelGap = 8;
 constexpr double hintFromBottom = 64;
 constexpr double magnifierPixel = 8;
 constexpr double magnifierGap = 20;
-
-int pixels(double points, double scale)
-{
-    return std::max(1, int(std::lround(points * scale)));
-}
-
-QRect grown(const QRect& rect, int by)
-{
-    return rect.adjusted(-by, -by, by, by);
-}
 
 QRect centredAt(QPoint middle, QSize size)
 {
@@ -75,7 +62,7 @@ QRect besidePointer(QPoint pointer, int side, int gap, const QRect& room)
 
 class Builder {
 public:
-    Builder(const Display& display, const OverlayScene::Moment& moment)
+    Builder(const Display& display, const SelectionScene::Moment& moment)
         : m_display(display), m_scale(display.scale), m_moment(moment)
     {
     }
@@ -96,7 +83,7 @@ private:
 
     void add(Kind kind, const QRect& rect, const QString& text = {}, QPoint pixel = {})
     {
-        const Decoration decoration{kind, rect, m_scale, text, pixel};
+        const OverlayDecoration decoration{kind, rect, m_scale, text, pixel};
         if (decoration.region().intersects(m_display.pixelRect))
             m_scene.decorations.push_back(decoration);
     }
@@ -123,7 +110,7 @@ private:
             return;
         if (isSelected)
             addSizeLabel(*m_moment.area);
-        const int side = pixels(magnifierPixel, m_scale) * (2 * OverlayScene::magnifierReach + 1);
+        const int side = pixels(magnifierPixel, m_scale) * (2 * OverlayMetrics::magnifierReach + 1);
         add(Kind::magnifier, besidePointer(*m_moment.pointer, side, pixels(magnifierGap, m_scale), m_display.pixelRect),
             {}, *m_moment.pointer);
     }
@@ -131,7 +118,7 @@ private:
     void addSizeLabel(const QRect& area)
     {
         const QString text = QString("%1 \u00d7 %2").arg(area.width()).arg(area.height());
-        const QSize size = OverlayPainter::pillSize(Kind::sizeLabel, text, m_scale);
+        const QSize size = OverlayMetrics::pillSize(Kind::sizeLabel, text, m_scale);
         add(Kind::sizeLabel, besideArea(area, size, pixels(labelGap, m_scale), m_display.pixelRect), text);
     }
 
@@ -139,9 +126,12 @@ private:
     {
         const QString text =
             m_moment.isWindowMode
-                ? OverlayScene::tr("Click a window to capture it  \u00b7  Space to drag instead  \u00b7  Esc to cancel")
-                : OverlayScene::tr("Drag to select an area  \u00b7  Space for a window  \u00b7  Esc to cancel");
-        const QSize size = OverlayPainter::pillSize(Kind::hint, text, m_scale);
+                ? QCoreApplication::translate(
+                      "SelectionScene",
+                      "Click a window to capture it  \u00b7  Space to drag instead  \u00b7  Esc to cancel")
+                : QCoreApplication::translate(
+                      "SelectionScene", "Drag to select an area  \u00b7  Space for a window  \u00b7  Esc to cancel");
+        const QSize size = OverlayMetrics::pillSize(Kind::hint, text, m_scale);
         const QRect& room = m_display.pixelRect;
         const int fromBottom = pixels(hintFromBottom, m_scale);
         add(Kind::hint,
@@ -151,34 +141,13 @@ private:
 
     const Display& m_display;
     double m_scale;
-    const OverlayScene::Moment& m_moment;
+    const SelectionScene::Moment& m_moment;
     OverlayScene m_scene;
 };
 
 } // namespace
 
-int OverlayScene::Decoration::lineWidth() const
-{
-    return pixels(kind == Kind::areaFrame ? areaLine : windowLine, scale);
-}
-
-QRegion OverlayScene::Decoration::region() const
-{
-    switch (kind) {
-    case Kind::areaFrame:
-    case Kind::windowFrame:
-        return QRegion(grown(rect, lineWidth())) - rect;
-    case Kind::handle:
-        return rect;
-    case Kind::sizeLabel:
-    case Kind::hint:
-    case Kind::magnifier:
-        return grown(rect, pixels(shadowReach, scale));
-    }
-    Q_UNREACHABLE();
-}
-
-OverlayScene OverlayScene::of(const Display& display, const Moment& moment)
+OverlayScene SelectionScene::of(const Display& display, const Moment& moment)
 {
     return Builder(display, moment).build();
 }

@@ -11,19 +11,25 @@ namespace Kovrel::Testing {
 // A keyboard whose keys are pressed by the test.
 class FakeKeyGrabs : public KeyGrabs {
 public:
-    std::set<qint64> ownedByOthers; // combinations, as they are stored
-    int requests = 0;               // for a combination
+    std::set<qint64> ownedByOthers;                                        // combinations, as they are stored
+    int requests = 0;                                                      // for a combination
+    std::function<void(const QString&)> onRequest = [](const QString&) {}; // "grab Escape", "release Escape"
 
     std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers, Modifiers) override
     {
         ++requests;
+        onRequest("grab " + combo.text());
         if (ownedByOthers.contains(combo.stored()))
             return std::unexpected(10);
         m_grabs.emplace(++m_last, std::pair(combo, std::move(handlers)));
         return m_last;
     }
 
-    void release(GrabID grab) override { m_grabs.erase(grab); }
+    void release(GrabID grab) override
+    {
+        if (const auto released = m_grabs.extract(grab))
+            onRequest("release " + released.mapped().first.text());
+    }
 
     Subscription onModifiersHeld(std::function<void()>) override { return {}; }
 

@@ -1,4 +1,4 @@
-#include "overlay/SelectionOverlayView.h"
+#include "overlay/OverlayView.h"
 
 #include <algorithm>
 
@@ -6,7 +6,7 @@ namespace Kovrel {
 
 namespace {
 
-using Decorations = std::vector<OverlayScene::Decoration>;
+using Decorations = std::vector<OverlayDecoration>;
 
 // What the first has and the second has not.
 QRegion regionWithout(const Decorations& first, const Decorations& second)
@@ -45,15 +45,14 @@ std::vector<QRect> fewRects(const QRegion& region)
 
 } // namespace
 
-SelectionOverlayView::SelectionOverlayView(OverlaySurfaces& surfaces, Display display, QImage screen,
-                                           OverlaySurfaces::Ground ground)
+OverlayView::OverlayView(OverlaySurfaces& surfaces, Display display, QImage screen, OverlaySurfaces::Ground ground)
     : m_surfaces(surfaces), m_display(std::move(display)), m_screen(std::move(screen)), m_ground(ground)
 {
 }
 
 // Big areas without decorations are the surface's to paint; where decorations are, or were, all is composed here and
 // put at once, so that nothing flickers.
-void SelectionOverlayView::show(OverlayScene scene)
+void OverlayView::show(OverlayScene scene)
 {
     const QRegion ground = m_scene.lit ^ scene.lit;
     QRegion composed =
@@ -73,14 +72,14 @@ void SelectionOverlayView::show(OverlayScene scene)
         m_surfaces.put(rect.topLeft(), compose(rect));
 }
 
-void SelectionOverlayView::repaint(const QRect& rootPixels)
+void OverlayView::repaint(const QRect& rootPixels)
 {
     const QRect part = rootPixels & m_display.pixelRect;
     if (!part.isEmpty())
         m_surfaces.put(part.topLeft(), compose(part));
 }
 
-QImage SelectionOverlayView::compose(const QRect& rootPixels)
+QImage OverlayView::compose(const QRect& rootPixels)
 {
     const bool isFrozen = m_ground == OverlaySurfaces::Ground::frozen;
     QImage image(rootPixels.size(), isFrozen ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);

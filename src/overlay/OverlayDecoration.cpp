@@ -1,0 +1,42 @@
+#include "overlay/OverlayDecoration.h"
+
+#include "overlay/OverlayMetrics.h"
+
+namespace Kovrel {
+
+namespace {
+
+// In points.
+constexpr double areaLine = 1.5;
+constexpr double windowLine = 3;
+constexpr double shadowReach = 10;
+
+QRect grown(const QRect& rect, int by)
+{
+    return rect.adjusted(-by, -by, by, by);
+}
+
+} // namespace
+
+int OverlayDecoration::lineWidth() const
+{
+    return OverlayMetrics::pixels(kind == Kind::areaFrame ? areaLine : windowLine, scale);
+}
+
+QRegion OverlayDecoration::region() const
+{
+    switch (kind) {
+    case Kind::areaFrame:
+    case Kind::windowFrame:
+        return QRegion(grown(rect, lineWidth())) - rect;
+    case Kind::handle:
+        return rect;
+    case Kind::sizeLabel:
+    case Kind::hint:
+    case Kind::magnifier:
+        return grown(rect, OverlayMetrics::pixels(shadowReach, scale));
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace Kovrel

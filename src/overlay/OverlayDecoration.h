@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QRect>
+#include <QRegion>
+#include <QString>
+
+namespace Kovrel {
+
+// One thing that is drawn over a display in a session, as a value. Root pixels.
+struct OverlayDecoration {
+    enum class Kind {
+        areaFrame,   // a line around `rect`, outside of it
+        windowFrame, // the same, stronger
+        handle,      // a knob in the middle of `rect`
+        sizeLabel,   // `text` on a pill that fills `rect`
+        hint,        // the same, larger
+        magnifier,   // the pixels around `pixel`, in `rect`
+    };
+
+    Kind kind = Kind::areaFrame;
+    QRect rect;
+    double scale = 1; // of the display
+    QString text = {};
+    QPoint pixel = {};
+
+    // All that it may touch.
+    QRegion region() const;
+    // Of a frame, in pixels.
+    int lineWidth() const;
+
+    bool operator==(const OverlayDecoration&) const = default;
+};
+
+} // namespace Kovrel
