@@ -13,13 +13,8 @@
 
 namespace Kovrel {
 
-namespace {
-
-constexpr double shadowRoom = 30;
-
-} // namespace
-
-FloatingPanel::FloatingPanel(bool isComposited, Desktops desktops) : m_shadowRoom(isComposited ? shadowRoom : 0)
+FloatingPanel::FloatingPanel(bool isComposited, Desktops desktops)
+    : m_shadowRoom(isComposited ? SoftShadow::floatingRoom : 0)
 {
     setWindowFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::ToolTip | Qt::WindowDoesNotAcceptFocus);
     // A window manager puts a window on one of its desktops; what it does not know of is on all of them.
@@ -86,7 +81,7 @@ void FloatingPanel::paintGround(QPainter& painter) const
     const bool isComposited = m_shadowRoom > 0;
     const double radius = isComposited ? Radius::card : 0;
     if (isComposited)
-        SoftShadow{.layer = theme.shadow, .layers = 12, .step = 2, .drop = 5}.paint(painter, card(), radius);
+        SoftShadow::floating(theme.shadow).paint(painter, card(), radius);
     else
         painter.fillRect(rect(), theme.card);
     Ground{.color = theme.card, .edge = theme.cardEdge, .radius = radius}.paint(painter, card());

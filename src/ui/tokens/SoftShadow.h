@@ -14,6 +14,11 @@ struct SoftShadow {
     double step = 0; // from layer to layer
     double drop = 0; // how much lower the shadow lies
 
+    // Of a card that floats above other windows, in points; it stays within this room around the card.
+    static constexpr double floatingRoom = 30;
+
+    static SoftShadow floating(const QColor& layer) { return {.layer = layer, .layers = 12, .step = 2, .drop = 5}; }
+
     void paint(QPainter& painter, const QRectF& caster, double radius) const;
 };
 

@@ -3,6 +3,7 @@
 #include <QFontInfo>
 #include <QGuiApplication>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Kovrel {

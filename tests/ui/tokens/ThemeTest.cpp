@@ -1,8 +1,10 @@
 #include "ui/tokens/Theme.h"
 
 #include "model/Contrast.h"
+#include "ui/tokens/OverlayTokens.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
 
 #include <gtest/gtest.h>
@@ -63,6 +65,16 @@ TEST(ThemeTest, EveryTextIsReadOnEachOfItsGrounds)
             EXPECT_GE(contrast(theme.*mark, theme.*ground), scheme.isHighContrast ? 4.5 : 3)
                 << what << ", dark " << scheme.isDark << ", high contrast " << scheme.isHighContrast;
         EXPECT_EQ(theme.window.lightnessF() < 0.5, scheme.isDark);
+    }
+}
+
+TEST(ThemeTest, TextsOverTheScreenAreReadWhateverIsShownThere)
+{
+    for (const QColor& below : {QColor(Qt::white), QColor(Qt::black), QColor(Qt::gray)}) {
+        QImage pixel(1, 1, QImage::Format_RGB32);
+        pixel.fill(below);
+        QPainter(&pixel).fillRect(pixel.rect(), OverlayTokens::pill);
+        EXPECT_GE(contrast(OverlayTokens::pillText, pixel.pixelColor(0, 0)), 4.5) << qPrintable(below.name());
     }
 }
 
