@@ -1,4 +1,5 @@
 #include "app/Application.h"
+#include "preferences/PreferenceTable.h"
 #include "tests/support/EventLoop.h"
 #include "tests/support/PaintedScreen.h"
 #include "tests/support/Patterns.h"
@@ -88,5 +89,25 @@ TEST_P(LeftOutTest, TheOthersWorkAndWhatIsAbsentSaysSo)
 
 INSTANTIATE_TEST_SUITE_P(Features, LeftOutTest, testing::ValuesIn(namesOfFeatures()),
                          [](const auto& info) { return "Without" + info.param; });
+
+// A key on two pages could be changed in one and show its old value in the other.
+TEST(FeatureList, EachSettingIsOnOnePageAtMost)
+{
+    const Testing::VirtualDisplay display;
+    qputenv("DISPLAY", display.name());
+    Foundation foundation(Foundation::Kind::instance);
+    Ports ports;
+    QStringList keys;
+    for (const auto& feature : FeatureList::make(FeatureList::all(), foundation, ports))
+        for (const SettingsPage& page : feature->settingsPages()) {
+            EXPECT_FALSE(page.title.isEmpty());
+            for (const QString& key : page.keys) {
+                EXPECT_TRUE(PreferenceTable::find(key)) << qPrintable(key);
+                EXPECT_FALSE(keys.contains(key)) << qPrintable(key);
+                keys << key;
+            }
+        }
+    EXPECT_FALSE(keys.isEmpty());
+}
 
 } // namespace Kovrel

@@ -5,6 +5,8 @@
 #include "platform/session/DesktopSession.h"
 #include "ports/AccountStatus.h"
 
+#include <QCoreApplication>
+
 namespace Kovrel {
 
 namespace {
@@ -87,6 +89,14 @@ void CaptureFeature::capture(const Invocation& invocation, const Reply<CommandAn
         m_ports.account->whenKnown(start);
     else
         start();
+}
+
+std::vector<SettingsPage> CaptureFeature::settingsPages() const
+{
+    using namespace Settings;
+    return {{.title = QCoreApplication::translate("SettingsPage", "Capture"),
+             .keys = {freezeScreenDuringSelection.name, showCursorInCapture.name, hideChromeFromRecordings.name,
+                      selfTimerSeconds.name, windowBackdropStyle.name, windowBackdropColorHex.name}}};
 }
 
 std::unique_ptr<Feature> makeCaptureFeature(Foundation& foundation, Ports& ports)

@@ -4,6 +4,8 @@
 #include "ports/AccountStatus.h"
 #include "ports/ProgramCommands.h"
 
+#include <QCoreApplication>
+
 namespace Kovrel {
 
 namespace {
@@ -62,6 +64,15 @@ void HotkeysFeature::prepareToEnd()
 {
     m_hotkeys.unregisterAll();
     m_shortcuts.reconcile({});
+}
+
+std::vector<SettingsPage> HotkeysFeature::settingsPages() const
+{
+    using namespace Settings;
+    return {
+        {.title = QCoreApplication::translate("SettingsPage", "Hotkeys"),
+         .keys = {hotkeyArea.name, hotkeyWindow.name, hotkeyFullScreen.name, hotkeyLastArea.name, hotkeySelfTimer.name,
+                  hotkeyExtractText.name, hotkeyPickColor.name, hotkeyHistory.name, hotkeyReopenClosedCapture.name}}};
 }
 
 std::unique_ptr<Feature> makeHotkeysFeature(Foundation& foundation, Ports& ports)

@@ -14,6 +14,7 @@ public:
     HotkeysFeature(Foundation& foundation, Ports& ports);
 
     void start(const Launch& launch) override;
+    std::vector<SettingsPage> settingsPages() const override;
     void prepareToEnd() override;
 
 private:

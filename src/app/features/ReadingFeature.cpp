@@ -5,6 +5,8 @@
 #include "platform/plugins/PluginTextRecogniser.h"
 #include "recognition/text/PatientRecogniser.h"
 
+#include <QCoreApplication>
+
 namespace Kovrel {
 
 namespace {
@@ -44,6 +46,12 @@ std::vector<CommandHandler> ReadingFeature::commands()
                      reply);
              }},
     };
+}
+
+std::vector<SettingsPage> ReadingFeature::settingsPages() const
+{
+    using namespace Settings;
+    return {{.title = QCoreApplication::translate("SettingsPage", "Text"), .keys = {textLanguages.name}}};
 }
 
 std::unique_ptr<Feature> makeReadingFeature(Foundation& foundation, Ports& ports)

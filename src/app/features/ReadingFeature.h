@@ -17,6 +17,7 @@ public:
     ReadingFeature(Foundation& foundation, Ports& ports);
 
     std::vector<CommandHandler> commands() override;
+    std::vector<SettingsPage> settingsPages() const override;
 
 private:
     Foundation& m_foundation;

@@ -4,6 +4,8 @@
 #include "saving/DragFiles.h"
 #include "saving/PrivateFolder.h"
 
+#include <QCoreApplication>
+
 namespace Kovrel {
 
 SavingFeature::SavingFeature(Foundation& foundation, Ports& ports)
@@ -45,6 +47,14 @@ void SavingFeature::finishPending(std::chrono::milliseconds deadline, std::funct
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(until - m_foundation.loop.now());
         m_output.afterPendingSaves(std::max(left, std::chrono::milliseconds(0)), done);
     });
+}
+
+std::vector<SettingsPage> SavingFeature::settingsPages() const
+{
+    using namespace Settings;
+    return {{.title = QCoreApplication::translate("SettingsPage", "Saving"),
+             .keys = {afterCaptureActions.name, saveLocationBookmark.name, fileNameTemplate.name, imageFormat.name,
+                      saveFormatAuto.name, jpegQuality.name, retinaDownscale.name}}};
 }
 
 std::unique_ptr<Feature> makeSavingFeature(Foundation& foundation, Ports& ports)

@@ -2,6 +2,8 @@
 
 #include "platform/plugins/PluginSoundPlayer.h"
 
+#include <QCoreApplication>
+
 namespace Kovrel {
 
 SoundsFeature::SoundsFeature(Foundation& foundation, Ports& ports)
@@ -9,6 +11,13 @@ SoundsFeature::SoundsFeature(Foundation& foundation, Ports& ports)
                std::make_unique<PluginSoundPlayer>())
 {
     ports.effects.offer(m_sounds);
+}
+
+std::vector<SettingsPage> SoundsFeature::settingsPages() const
+{
+    using namespace Settings;
+    return {{.title = QCoreApplication::translate("SettingsPage", "Sounds"),
+             .keys = {captureSound.name, soundVolume.name, playToastSound.name}}};
 }
 
 std::unique_ptr<Feature> makeSoundsFeature(Foundation& foundation, Ports& ports)

@@ -11,6 +11,7 @@ namespace Kovrel {
 class SoundsFeature : public Feature {
 public:
     SoundsFeature(Foundation& foundation, Ports& ports);
+    std::vector<SettingsPage> settingsPages() const override;
 
 private:
     CaptureSounds m_sounds;

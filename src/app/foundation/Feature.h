@@ -2,6 +2,7 @@
 
 #include "app/foundation/CommandHandler.h"
 #include "app/foundation/Launch.h"
+#include "app/foundation/SettingsPage.h"
 #include "app/foundation/UrlHandler.h"
 
 #include <chrono>
@@ -21,6 +22,8 @@ public:
     virtual std::vector<CommandHandler> commands() { return {}; }
 
     virtual std::vector<UrlHandler> urlHandlers() { return {}; }
+
+    virtual std::vector<SettingsPage> settingsPages() const { return {}; }
 
     virtual void start(const Launch&) {}
 

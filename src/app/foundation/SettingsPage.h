@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QStringList>
+
+namespace Kovrel {
+
+// A page of the settings: what users may change of a capability.
+struct SettingsPage {
+    QString title;
+    QStringList keys; // of the PreferenceTable, in the order in which they are shown
+};
+
+} // namespace Kovrel
