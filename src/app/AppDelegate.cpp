@@ -145,8 +145,8 @@ void AppDelegate::quit(const QString& reason)
     if (m_exitDeadline || terminationDecision(reason) == TerminationDecision::cancel)
         return;
     m_exitDeadline = m_loop.now() + pendingSaveDeadline;
-    m_process.stopTakingCommands();
     finishPending([this] { end(); });
+    m_process.stopTakingCommands();
 }
 
 // All features at the same time; the last one calls back.

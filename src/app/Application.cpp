@@ -41,15 +41,24 @@ Application::Application(Launch launch, std::span<const FeatureEntry> features)
 
 Application::~Application()
 {
-    // Jobs in flight use what goes after this; a save that was begun is finished, but not for ever waited for.
-    // A log-out may end the event loop without asking us first.
-    if (!m_foundation.workers.finish(std::max(m_delegate.timeToExit().value_or(fullGrace), shortestGrace))) {
+    m_suddenExit.reset();
+    if (!finishWork()) {
         qCWarning(log, "Background work hangs; Kovrel ends without it");
         std::_Exit(EXIT_FAILURE);
     }
     while (!m_features.empty())
         m_features.pop_back();
     QApplication::setStyle(new QProxyStyle);
+}
+
+// Jobs in flight use what goes after this; a save that was begun is finished, but not for ever waited for. A log-out may
+// end the event loop without asking us first, and so may the end of the display server.
+bool Application::finishWork()
+{
+    if (!m_delegate.timeToExit())
+        for (const auto& feature : m_features)
+            feature->prepareToEnd();
+    return m_foundation.workers.finish(std::max(m_delegate.timeToExit().value_or(fullGrace), shortestGrace));
 }
 
 void Application::addCommands()
@@ -92,7 +101,8 @@ InstanceBus::Claim Application::claimInstance()
 void Application::start()
 {
     QApplication::setStyle(new AppStyle([this] { return m_foundation.preferences.get(Settings::toolTipDelay); }));
-    m_sigterm = std::make_unique<SigtermSource>([this] { m_delegate.quit("SIGTERM"); });
+    m_signals = std::make_unique<QuitSignals>([this](const char* name) { m_delegate.quit(name); });
+    m_suddenExit = std::make_unique<SuddenExit>([this] { finishWork(); });
     AnimationSetting::read(m_foundation.loop, m_foundation.workers,
                            [](bool isOn) { Motion::shared().setReduced(!isOn); });
     m_delegate.applicationDidFinishLaunching(m_launch);

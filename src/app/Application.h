@@ -2,7 +2,8 @@
 
 #include "app/AppDelegate.h"
 #include "app/CommandRunner.h"
-#include "app/SigtermSource.h"
+#include "app/QuitSignals.h"
+#include "app/SuddenExit.h"
 #include "app/features/FeatureList.h"
 #include "platform/desktop/InstanceBus.h"
 #include "ports/ProgramCommands.h"
@@ -37,6 +38,7 @@ private:
 
     void addCommands();
     void announceCaptures();
+    bool finishWork();
     InstanceBus::Handlers busHandlers();
     AppDelegate::Process process();
 
@@ -48,7 +50,8 @@ private:
     CommandRunner m_commands;
     AppDelegate m_delegate;
     Subscription m_captures;
-    std::unique_ptr<SigtermSource> m_sigterm;
+    std::unique_ptr<QuitSignals> m_signals;
+    std::unique_ptr<SuddenExit> m_suddenExit;
 };
 
 } // namespace Kovrel

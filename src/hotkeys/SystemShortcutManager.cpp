@@ -28,12 +28,19 @@ struct Change {
     QStringList after;
 };
 
-void apply(ShortcutSwitches& switches, const std::vector<Change>& changes)
+// Answers with the shortcuts about which nothing is left to be done: changed, or changed by somebody else meanwhile.
+QStringList apply(ShortcutSwitches& switches, const std::vector<Change>& changes)
 {
     const auto present = switches.shortcuts();
-    for (const auto& [before, after] : changes)
-        if (std::ranges::find(present, before) != present.end() && !switches.set({before.id, after}))
+    QStringList settled;
+    for (const auto& [before, after] : changes) {
+        const bool isAsBefore = std::ranges::find(present, before) != present.end();
+        if (present.empty() || (isAsBefore && !switches.set({before.id, after})))
             qCWarning(log, "The desktop's shortcut %s can't be changed", qUtf8Printable(before.id));
+        else
+            settled << before.id;
+    }
+    return settled;
 }
 
 } // namespace
@@ -90,38 +97,78 @@ void SystemShortcutManager::reconcile(const std::set<int>& target)
     if (!m_switches)
         return;
     m_target = target;
-    ++m_generation;
-    switchOnAllBut(target);
-    if (!target.empty())
-        Scope::start(switchOff(target, m_generation), "Switching the desktop's shortcuts off");
+    // The main loop may be about to end; the notes go when what this does is confirmed.
+    if (target.empty())
+        giveBackAtOnce();
+    if (!std::exchange(m_isWorking, true))
+        Scope::start(work(), "Switching the desktop's shortcuts");
 }
 
-// The note is removed behind the change: jobs and settings are written on the same lane.
-void SystemShortcutManager::switchOnAllBut(const std::set<int>& target)
+void SystemShortcutManager::whenSettled(std::function<void()> done)
 {
-    std::vector<TakenShortcut> shortcuts = takenShortcuts();
+    if (m_isWorking)
+        m_waiting.push_back(std::move(done));
+    else
+        done();
+}
+
+void SystemShortcutManager::giveBackAtOnce()
+{
     std::vector<Change> changes;
-    for (TakenShortcut& shortcut : shortcuts) {
-        const ShortcutSwitches::Shortcut before{shortcut.original.id, shortcut.left()};
+    for (const TakenShortcut& shortcut : takenShortcuts())
+        changes.push_back({{shortcut.original.id, shortcut.left()}, shortcut.original.accelerators});
+    if (!changes.empty())
+        m_workers.submit(Lane::utility, [switches = m_switches, changes] { apply(*switches, changes); });
+}
+
+// One target after the other, until the newest one is reached.
+QCoro::Task<> SystemShortcutManager::work()
+{
+    const auto atEnd = qScopeGuard([this] { m_isWorking = false; });
+    std::optional<std::set<int>> reached;
+    while (reached != m_target) {
+        const std::set<int> target = *m_target;
+        co_await switchOnAllBut(target);
+        if (m_target == target && !target.empty())
+            co_await switchOff(target);
+        reached = target;
+    }
+    m_isWorking = false;
+    for (const auto& done : std::exchange(m_waiting, {}))
+        done();
+}
+
+// The note of a shortcut goes only once the desktop has it back.
+QCoro::Task<> SystemShortcutManager::switchOnAllBut(std::set<int> target)
+{
+    const auto remaining = [this, &target](TakenShortcut shortcut) {
         shortcut.taken.removeIf([&](const QString& accelerator) {
             const auto number = symbolicHotKey(accelerator);
             return !number || !target.contains(*number);
         });
-        if (shortcut.left() != before.accelerators)
-            changes.push_back({before, shortcut.left()});
-    }
+        return shortcut;
+    };
+    std::vector<Change> changes;
+    for (const TakenShortcut& shortcut : takenShortcuts())
+        if (const TakenShortcut rest = remaining(shortcut); rest.left() != shortcut.left())
+            changes.push_back({{shortcut.original.id, shortcut.left()}, rest.left()});
     if (changes.empty())
-        return;
-    m_workers.submit(Lane::utility, [switches = m_switches, changes] { apply(*switches, changes); });
+        co_return;
+    const QStringList settled =
+        co_await m_scope.onWorker(Lane::utility, [s = m_switches, changes] { return apply(*s, changes); });
+    std::vector<TakenShortcut> shortcuts = takenShortcuts();
+    for (TakenShortcut& shortcut : shortcuts)
+        if (settled.contains(shortcut.original.id))
+            shortcut = remaining(shortcut);
     std::erase_if(shortcuts, [](const TakenShortcut& shortcut) { return shortcut.taken.isEmpty(); });
     store(shortcuts);
 }
 
 // The note is written ahead of the change.
-QCoro::Task<> SystemShortcutManager::switchOff(std::set<int> target, int generation)
+QCoro::Task<> SystemShortcutManager::switchOff(std::set<int> target)
 {
     const auto present = co_await m_scope.onWorker(Lane::utility, [s = m_switches] { return s->shortcuts(); });
-    if (generation != m_generation)
+    if (m_target != target)
         co_return;
     std::vector<TakenShortcut> shortcuts = takenShortcuts();
     std::vector<Change> changes;
@@ -132,7 +179,7 @@ QCoro::Task<> SystemShortcutManager::switchOff(std::set<int> target, int generat
         co_return;
     store(shortcuts);
     co_await m_scope.onWorker(Lane::utility, [s = m_switches, changes] { apply(*s, changes); });
-    if (generation == m_generation)
+    if (m_target == target)
         m_switchedOff.notify();
 }
 

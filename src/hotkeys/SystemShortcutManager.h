@@ -37,9 +37,12 @@ public:
     void startMaintaining();
     // Takes the chords of our hotkeys, if the program may capture.
     Ownership syncOwnership();
-    // Switches off what is in the target, and on what we once switched off and is not in it. Jobs that are under way
-    // when the program ends are still done.
+    // Switches off what is in the target, and on what we once switched off and is not in it. What the desktop has not
+    // confirmed to have back stays noted, and is tried again at the next start. Jobs that are under way when the
+    // program ends are still done.
     void reconcile(const std::set<int>& target);
+    // Calls back once the last reconciliation is done, or has failed; at once where none is under way.
+    void whenSettled(std::function<void()> done);
 
     void forceEnableAllNative() { reconcile({}); }
 
@@ -53,8 +56,10 @@ private:
     std::optional<int> symbolicHotKey(const QString& accelerator) const;
     std::vector<TakenShortcut> takenShortcuts() const;
     void store(const std::vector<TakenShortcut>& shortcuts);
-    void switchOnAllBut(const std::set<int>& target);
-    QCoro::Task<> switchOff(std::set<int> target, int generation);
+    void giveBackAtOnce();
+    QCoro::Task<> work();
+    QCoro::Task<> switchOnAllBut(std::set<int> target);
+    QCoro::Task<> switchOff(std::set<int> target);
     bool take(const ShortcutSwitches::Shortcut& shortcut, const std::set<int>& target,
               std::vector<TakenShortcut>& shortcuts) const;
 
@@ -64,7 +69,8 @@ private:
     std::function<bool()> m_mayCapture;
     Observers<> m_switchedOff;
     std::optional<std::set<int>> m_target; // of the last reconciliation
-    int m_generation = 0;
+    bool m_isWorking = false;
+    std::vector<std::function<void()>> m_waiting;
     Subscription m_settingChanges;
     Scope m_scope;
 };

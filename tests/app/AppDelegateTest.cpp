@@ -207,7 +207,7 @@ TEST_F(AppDelegateTest, QuittingWithoutAReasonClosesWindowsWithOneWaitsForSaves)
     EXPECT_THAT(parts.takeLog(), ElementsAre("close windows"));
     delegate->quit("log-out");
     delegate->quit("SIGTERM");
-    EXPECT_THAT(parts.takeLog(), ElementsAre("no commands", "wait 15000", "wait 15000")) << "asked twice, ended once";
+    EXPECT_THAT(parts.takeLog(), ElementsAre("wait 15000", "wait 15000", "no commands")) << "asked twice, ended once";
     savesLand(1);
     EXPECT_TRUE(parts.log.empty());
     savesLand(0);
@@ -216,7 +216,7 @@ TEST_F(AppDelegateTest, QuittingWithoutAReasonClosesWindowsWithOneWaitsForSaves)
     delegate.emplace(features, ports, preferences, loop, parts.process());
     delegate->setRelaunching(true);
     delegate->quit("");
-    EXPECT_THAT(parts.takeLog(), ElementsAre("no commands", "wait 15000", "wait 15000"));
+    EXPECT_THAT(parts.takeLog(), ElementsAre("wait 15000", "wait 15000", "no commands"));
 }
 
 TEST_F(AppDelegateTest, OnlySignInAnswersAreUrlsItKnows)

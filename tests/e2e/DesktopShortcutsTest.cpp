@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 namespace Kovrel {
 
 using Testing::UserSession;
@@ -107,6 +109,20 @@ TEST_F(GnomeShortcutsTest, ComeBackAfterACrash)
     EXPECT_TRUE(become({usual[0], usual[1], "['<Super>s']", usual[3], "''"}));
     quit();
     EXPECT_TRUE(become({usual[0], usual[1], "['<Super>s']", usual[3], usual[4]}));
+}
+
+TEST_F(GnomeShortcutsTest, ComeBackHoweverTheProgramEnds)
+{
+    for (const int signal : {SIGINT, SIGHUP, SIGTERM, 0}) {
+        QProcess& program = start();
+        EXPECT_TRUE(become(taken)) << signal;
+        if (signal != 0)
+            ::kill(pid_t(program.processId()), signal);
+        else
+            display.end();
+        EXPECT_TRUE(program.waitForFinished(20000)) << signal;
+        EXPECT_TRUE(become(usual)) << signal << ": " << program.readAllStandardError().constData();
+    }
 }
 
 TEST_F(DesktopShortcutsTest, OfKdeStepAsideToo)

@@ -15,9 +15,13 @@ using Bindings = std::map<QString, QStringList>;
 // A desktop that writes its accelerators as Kovrel does.
 struct FakeSwitches : ShortcutSwitches {
     Bindings bindings;
+    bool answers = true;
+    bool accepts = true;
 
     std::vector<Shortcut> shortcuts() override
     {
+        if (!answers)
+            return {};
         std::vector<Shortcut> all;
         for (const auto& [id, accelerators] : bindings)
             all.push_back({id, accelerators});
@@ -26,6 +30,8 @@ struct FakeSwitches : ShortcutSwitches {
 
     bool set(const Shortcut& shortcut) override
     {
+        if (!answers || !accepts)
+            return false;
         bindings[shortcut.id] = shortcut.accelerators;
         return true;
     }
@@ -135,6 +141,27 @@ TEST_F(SystemShortcutManagerTest, ACrashAtAnyMomentLosesNothing)
         restart();
         EXPECT_EQ(after([&] { run->shortcuts.forceEnableAllNative(); }), usual) << jobs;
         EXPECT_TRUE(run->shortcuts.disabledByUs().empty());
+    }
+}
+
+TEST_F(SystemShortcutManagerTest, WhatCouldNotBeGivenBackIsGivenBackAtTheNextStart)
+{
+    for (bool* const ability : {&desktop->answers, &desktop->accepts}) {
+        after([&] { run->shortcuts.startMaintaining(); });
+        *ability = false;
+        bool isSettled = false;
+        after([&] {
+            run->shortcuts.reconcile({});
+            run->shortcuts.whenSettled([&] { isSettled = true; });
+        });
+        EXPECT_TRUE(isSettled) << "a quit waits for it";
+        EXPECT_NE(desktop->bindings, usual);
+        EXPECT_EQ(run->shortcuts.disabledByUs(), (std::set{28, 30, 184})) << "noted as long as they are not back";
+        *ability = true;
+        restart();
+        EXPECT_EQ(after([&] { run->shortcuts.forceEnableAllNative(); }), usual);
+        EXPECT_TRUE(run->shortcuts.disabledByUs().empty());
+        restart();
     }
 }
 

@@ -59,7 +59,19 @@ void HotkeysFeature::takeKeys()
     m_shortcuts.startMaintaining();
 }
 
-// The desktop can have its keys once they are free.
+// The desktop can have its keys once they are free. Another instance that starts now can have them, too.
+void HotkeysFeature::finishPending(std::chrono::milliseconds deadline, std::function<void()> done)
+{
+    prepareToEnd();
+    const auto once = std::make_shared<std::function<void()>>(std::move(done));
+    const auto finish = [once] {
+        if (const auto callback = std::exchange(*once, nullptr))
+            callback();
+    };
+    m_shortcuts.whenSettled(finish);
+    m_foundation.loop.after(deadline, finish);
+}
+
 void HotkeysFeature::prepareToEnd()
 {
     m_hotkeys.unregisterAll();

@@ -15,6 +15,7 @@ public:
 
     void start(const Launch& launch) override;
     std::vector<SettingsPage> settingsPages() const override;
+    void finishPending(std::chrono::milliseconds deadline, std::function<void()> done) override;
     void prepareToEnd() override;
 
 private:

@@ -12,27 +12,27 @@ namespace Kovrel {
 
 namespace {
 
+// Nothing here is static: shortcuts are given back also while a process exits, when such objects are gone.
 struct Schema {
     const char* name;
     std::vector<QString> keys;
 };
 
-const std::array<Schema, 2>& schemas()
+std::vector<Schema> schemas()
 {
-    static const std::array<Schema, 2> all{
-        Schema{"org.gnome.shell.keybindings", {"screenshot", "screenshot-window", "show-screenshot-ui"}},
-        Schema{"org.gnome.settings-daemon.plugins.media-keys",
-               {"screenshot", "area-screenshot", "window-screenshot", "screenshot-clip", "area-screenshot-clip",
-                "window-screenshot-clip"}},
+    return {
+        {"org.gnome.shell.keybindings", {"screenshot", "screenshot-window", "show-screenshot-ui"}},
+        {"org.gnome.settings-daemon.plugins.media-keys",
+         {"screenshot", "area-screenshot", "window-screenshot", "screenshot-clip", "area-screenshot-clip",
+          "window-screenshot-clip"}},
     };
-    return all;
 }
 
 // The texts of a list, or the one text of a setting that older versions have: ['<Super>a', '<Super>b'], '<Super>a',
 // @as [].
 QStringList textsOf(const QString& value)
 {
-    static const QRegularExpression text("'([^']*)'|\"([^\"]*)\"");
+    const QRegularExpression text("'([^']*)'|\"([^\"]*)\"");
     QStringList texts;
     for (const QRegularExpressionMatch& match : text.globalMatch(value))
         if (!match.captured(0).mid(1).chopped(1).isEmpty())
@@ -53,11 +53,11 @@ QString listOf(const QStringList& texts)
 // GTK's names of the modifiers.
 std::optional<quint32> modifierNamed(const QString& name)
 {
-    static const QHash<QString, quint32> modifiers{{"super", KeyCombo::command},   {"mod4", KeyCombo::command},
-                                                   {"shift", KeyCombo::shift},     {"shft", KeyCombo::shift},
-                                                   {"alt", KeyCombo::option},      {"mod1", KeyCombo::option},
-                                                   {"control", KeyCombo::control}, {"ctrl", KeyCombo::control},
-                                                   {"ctl", KeyCombo::control},     {"primary", KeyCombo::control}};
+    const QHash<QString, quint32> modifiers{{"super", KeyCombo::command},   {"mod4", KeyCombo::command},
+                                            {"shift", KeyCombo::shift},     {"shft", KeyCombo::shift},
+                                            {"alt", KeyCombo::option},      {"mod1", KeyCombo::option},
+                                            {"control", KeyCombo::control}, {"ctrl", KeyCombo::control},
+                                            {"ctl", KeyCombo::control},     {"primary", KeyCombo::control}};
     const auto found = modifiers.constFind(name.toLower());
     return found == modifiers.constEnd() ? std::nullopt : std::optional(*found);
 }
@@ -94,7 +94,7 @@ bool GnomeShortcuts::set(const Shortcut& shortcut)
 
 std::optional<KeyCombo> GnomeShortcuts::combo(const QString& accelerator) const
 {
-    static const QRegularExpression modifier("<([^>]*)>");
+    const QRegularExpression modifier("<([^>]*)>");
     quint32 modifiers = 0;
     for (const QRegularExpressionMatch& match : modifier.globalMatch(accelerator)) {
         const auto bit = modifierNamed(match.captured(1));
