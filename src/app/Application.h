@@ -28,6 +28,8 @@ public:
 
 private:
     // ProgramCommands
+    bool isOffered(const MenuEntry& entry) const override { return m_commands.isOffered(entry); }
+
     bool isEnabled(const MenuEntry& entry) const override { return m_commands.isEnabled(entry); }
 
     void perform(const MenuEntry& entry, bool isFromMenu) override { m_commands.perform(entry, isFromMenu); }

@@ -48,7 +48,7 @@ bool CommandRunner::isEnabled(const MenuEntry& entry) const
 
 void CommandRunner::perform(const MenuEntry& entry, bool isFromMenu)
 {
-    if (!isEnabled(entry))
+    if (!isOffered(entry) || (isFromMenu && !isEnabled(entry)))
         return;
     if (auto command = CommandLine::parse(entry.arguments, "/"))
         run({.command = std::move(*command), .isFromMenu = isFromMenu}, [](const CommandAnswer&) {});

@@ -20,7 +20,10 @@ public:
     void run(Invocation invocation, Reply<CommandAnswer> reply);
     void cancel(quint64 requestID);
 
-    // An entry of a menu, which hotkeys and the bus share. One that is not enabled does nothing.
+    // An entry of a menu, which hotkeys and the bus share. In a menu one that is not enabled does nothing; others are
+    // run all the same, and so show what helps.
+    bool isOffered(const MenuEntry& entry) const { return handlerOf(entry.arguments.front()); }
+
     bool isEnabled(const MenuEntry& entry) const;
     void perform(const MenuEntry& entry, bool isFromMenu);
     void performAction(const QString& name);

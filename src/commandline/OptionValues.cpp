@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <charconv>
 #include <cmath>
 
@@ -12,9 +11,10 @@ namespace {
 
 constexpr std::array<const char*, 7> pictureExtensions{"png", "jpeg", "jpg", "heic", "heif", "tiff", "tif"};
 
+// Of the letters of extensions, in every language: a Turkish I has another small letter.
 std::string lower(std::string text)
 {
-    std::ranges::transform(text, text.begin(), [](unsigned char c) { return char(std::tolower(c)); });
+    std::ranges::transform(text, text.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
     return text;
 }
 

@@ -16,11 +16,6 @@ Q_LOGGING_CATEGORY(log, "com.kovrel.hotkeys")
 
 constexpr KeyGrabs::Status takenByOurselves = -1;
 
-void logRefusal(KeyGrabs::Status status)
-{
-    qCWarning(log, "Kovrel: failed to register hotkey (status %d)", status);
-}
-
 } // namespace
 
 GlobalHotkeyManager::GlobalHotkeyManager(KeyGrabs& keys, Preferences& preferences, CaptureTrace& trace,
@@ -43,6 +38,7 @@ void GlobalHotkeyManager::registerAll()
 {
     m_isActive = true;
     ++m_revision;
+    m_refused.clear();
     m_handlers.syncOwnership();
     auto wanted = m_handlers.isSignedIn() ? wantedCombos() : std::map<HotkeyAction, KeyCombo>();
     // What goes, goes first: two commands may have changed places.
@@ -61,15 +57,15 @@ void GlobalHotkeyManager::registerAll()
 }
 
 // Of the settings; the combination of an earlier command is none for a later one.
-std::map<HotkeyAction, KeyCombo> GlobalHotkeyManager::wantedCombos() const
+std::map<HotkeyAction, KeyCombo> GlobalHotkeyManager::wantedCombos()
 {
     std::map<HotkeyAction, KeyCombo> wanted;
     for (const MenuEntry& command : CommandTable::menuInHotkeyOrder()) {
         const auto combo = HotkeySettings::combo(m_preferences, command);
-        if (!combo)
+        if (!combo || !m_handlers.isOffered(command))
             continue;
         if (std::ranges::any_of(wanted, [&](const auto& earlier) { return earlier.second == *combo; }))
-            logRefusal(takenByOurselves);
+            refuse(*command.hotkey, takenByOurselves);
         else
             wanted.emplace(*command.hotkey, *combo);
     }
@@ -87,7 +83,13 @@ void GlobalHotkeyManager::registerHotkey(quint32 keyCode, quint32 modifiers, Hot
     if (grab)
         m_hotkeys.emplace(id, Hotkey{combo, action, *grab});
     else
-        logRefusal(grab.error());
+        refuse(action, grab.error());
+}
+
+void GlobalHotkeyManager::refuse(HotkeyAction action, KeyGrabs::Status status)
+{
+    m_refused.insert(action);
+    qCWarning(log, "Kovrel: failed to register hotkey (status %d)", status);
 }
 
 void GlobalHotkeyManager::refresh()

@@ -5,6 +5,7 @@
 #include "preferences/Preferences.h"
 
 #include <map>
+#include <set>
 
 namespace Kovrel {
 
@@ -17,8 +18,9 @@ public:
     using ID = quint32; // of one registration
 
     struct Handlers {
-        std::function<bool()> isSignedIn;    // without an account every key stays with the other programs
-        std::function<void()> syncOwnership; // of the desktop's own screenshot shortcuts
+        std::function<bool()> isSignedIn;                // without an account every key stays with the other programs
+        std::function<bool(const MenuEntry&)> isOffered; // else its key stays with the other programs, too
+        std::function<void()> syncOwnership;             // of the desktop's own screenshot shortcuts
         std::function<void(const MenuEntry&)> perform;
     };
 
@@ -38,6 +40,9 @@ public:
     // A hotkey was pressed. Starts the clock of the capture trace.
     void handle(ID id);
 
+    // Whether it has a combination that can't be had: another program's, or that of another of our commands.
+    bool isRefused(HotkeyAction action) const { return m_refused.contains(action); }
+
     // Changes with each pass of registrations.
     int revision() const { return m_revision; }
 
@@ -48,13 +53,15 @@ private:
         KeyGrabs::GrabID grab;
     };
 
-    std::map<HotkeyAction, KeyCombo> wantedCombos() const;
+    std::map<HotkeyAction, KeyCombo> wantedCombos();
+    void refuse(HotkeyAction action, KeyGrabs::Status status);
 
     KeyGrabs& m_keys;
     Preferences& m_preferences;
     CaptureTrace& m_trace;
     Handlers m_handlers;
     std::map<ID, Hotkey> m_hotkeys;
+    std::set<HotkeyAction> m_refused;
     ID m_lastID = 0;
     int m_revision = 0;
     bool m_isActive = false;

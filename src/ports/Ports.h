@@ -17,6 +17,7 @@ class Captures;
 class CardPile;
 class ColorPicking;
 class HelpWindows;
+class HotkeyStatus;
 class ProgramCommands;
 class ReopenLedger;
 class TextReader;
@@ -28,6 +29,7 @@ struct Ports {
     Port<ProgramCommands> commands;
     Port<AccountStatus> account; // without one nobody has to sign in
     Port<HelpWindows> help;
+    Port<HotkeyStatus> hotkeys;
     Port<ColorPicking> colorPicking;
 
     Port<Captures> captures;

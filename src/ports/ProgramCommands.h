@@ -11,9 +11,11 @@ class ProgramCommands {
 public:
     virtual ~ProgramCommands() = default;
 
-    // Whether a command can be used now.
+    // Whether there is anything that runs the command.
+    virtual bool isOffered(const MenuEntry& entry) const = 0;
+    // Whether it can be used now.
     virtual bool isEnabled(const MenuEntry& entry) const = 0;
-    // One that is not enabled does nothing.
+    // One that can't be used now tells why, or shows what helps; in a menu it is not enabled and does nothing.
     virtual void perform(const MenuEntry& entry, bool isFromMenu) = 0;
 
     // As when the program is started once more while it runs.

@@ -22,7 +22,8 @@ QWidgetList titledWidgets()
 
 void bringToFront(QWidget& window)
 {
-    window.showNormal();
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
     window.raise();
     window.activateWindow();
 }

@@ -132,9 +132,14 @@ TEST_F(HotkeyTest, LeavesToOthersWhatIsTheirs)
         return program->peek(1 << 20).contains(refusal) || program->readAllStandardError().contains(refusal);
     }));
 
+    session.kovrel({"preferences", "set", "hotkeyArea", "none"});
+    const auto taken = session.kovrel({"preferences", "set", "hotkeyArea", "Super+Shift+4"});
+    EXPECT_EQ(taken.exitCode, 4) << "it is another program's, which is said";
+    EXPECT_TRUE(taken.error.contains("Super+Shift+4 belongs to another program")) << taken.error.constData();
+
     keyboard.ungrab(digit4, XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT);
     session.kovrel({"preferences", "set", "hotkeyArea", "none"});
-    session.kovrel({"preferences", "set", "hotkeyArea", "Super+Shift+4"});
+    EXPECT_EQ(session.kovrel({"preferences", "set", "hotkeyArea", "Super+Shift+4"}).exitCode, 0);
     EXPECT_FALSE(isFree(digit4, XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT)) << "freed and registered again";
 
     program->kill();

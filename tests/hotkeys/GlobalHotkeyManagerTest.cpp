@@ -24,6 +24,7 @@ struct GlobalHotkeyManagerTest : testing::Test {
     CaptureTrace trace{loop, [] { return false; }};
     Testing::FakeKeyGrabs keys;
     bool signedIn = true;
+    std::string notOffered;
     int syncs = 0;
     std::vector<HotkeyAction> performed;
     std::optional<GlobalHotkeyManager> hotkeys;
@@ -34,6 +35,7 @@ struct GlobalHotkeyManagerTest : testing::Test {
         hotkeys.emplace(keys, preferences, trace,
                         GlobalHotkeyManager::Handlers{
                             .isSignedIn = [this] { return signedIn; },
+                            .isOffered = [this](const MenuEntry& entry) { return entry.action != notOffered; },
                             .syncOwnership = [this] { ++syncs; },
                             .perform = [this](const auto& entry) { performed.push_back(*entry.hotkey); }});
     }
@@ -104,10 +106,22 @@ TEST_F(GlobalHotkeyManagerTest, WhatIsRefusedIsLoggedAndTriedAgain)
     keys.ownedByOthers = {0x3000000 + 21};
     hotkeys->registerAll();
     EXPECT_EQ(Testing::LogLines::lines(), QStringList{refusal});
+    EXPECT_TRUE(hotkeys->isRefused(HotkeyAction::area));
+    EXPECT_FALSE(hotkeys->isRefused(HotkeyAction::window));
     EXPECT_EQ(keys.count(), 8u);
     keys.ownedByOthers.clear();
     keys.layoutChanged();
     EXPECT_TRUE(keys.press("Super+Shift+4"));
+    EXPECT_FALSE(hotkeys->isRefused(HotkeyAction::area));
+}
+
+TEST_F(GlobalHotkeyManagerTest, KeysOfCommandsThatNothingRunsAreLeftToOthers)
+{
+    notOffered = "pick-color";
+    hotkeys->registerAll();
+    EXPECT_FALSE(keys.press("Ctrl+Alt+C"));
+    EXPECT_EQ(keys.count(), 8u);
+    EXPECT_FALSE(hotkeys->isRefused(HotkeyAction::pickColor)) << "it was not asked for";
 }
 
 TEST_F(GlobalHotkeyManagerTest, SignedOutTheKeysAreLeftToOthers)

@@ -1,5 +1,7 @@
 #include "app/features/HotkeysFeature.h"
 
+#include "hotkeys/HotkeySettings.h"
+#include "platform/ScreenLock.h"
 #include "platform/session/DesktopSession.h"
 #include "ports/AccountStatus.h"
 #include "ports/ProgramCommands.h"
@@ -22,15 +24,33 @@ HotkeysFeature::HotkeysFeature(Foundation& foundation, Ports& ports)
                   [this] { return isSignedIn() && DesktopSession::obstacle().isEmpty(); }),
       m_hotkeys(foundation.desktop->keys(), foundation.preferences, foundation.trace, handlers())
 {
+    ports.hotkeys.offer(*this);
 }
 
 GlobalHotkeyManager::Handlers HotkeysFeature::handlers()
 {
     return {
         .isSignedIn = [this] { return isSignedIn(); },
+        .isOffered = [this](const MenuEntry& entry) { return m_ports.commands && m_ports.commands->isOffered(entry); },
         .syncOwnership = [this] { m_shortcuts.syncOwnership(); },
-        .perform = [this](const MenuEntry& entry) { m_ports.commands.tell(&ProgramCommands::perform, entry, false); },
+        .perform = [this](const MenuEntry& entry) { perform(entry); },
     };
+}
+
+// A lock keeps the keyboard to itself, but keys of a menu that was open are told all the same.
+void HotkeysFeature::perform(const MenuEntry& entry)
+{
+    if (!m_foundation.desktop->lock().isLocked())
+        m_ports.commands.tell(&ProgramCommands::perform, entry, false);
+}
+
+std::optional<QString> HotkeysFeature::refusal(const QString& setting) const
+{
+    for (const MenuEntry& entry : CommandTable::menuInHotkeyOrder())
+        if (HotkeySettings::keyOf(*entry.hotkey).name == setting && m_hotkeys.isRefused(*entry.hotkey))
+            return HotkeySettings::combo(m_foundation.preferences, entry).value_or(KeyCombo()).text() +
+                   " belongs to another program or command; it is tried again when that lets it go";
+    return std::nullopt;
 }
 
 bool HotkeysFeature::isSignedIn() const

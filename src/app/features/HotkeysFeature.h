@@ -4,12 +4,13 @@
 #include "app/foundation/Foundation.h"
 #include "hotkeys/GlobalHotkeyManager.h"
 #include "hotkeys/SystemShortcutManager.h"
+#include "ports/HotkeyStatus.h"
 #include "ports/Ports.h"
 
 namespace Kovrel {
 
 // The global hotkeys, and the desktop's own shortcuts that are in their way.
-class HotkeysFeature : public Feature {
+class HotkeysFeature : public Feature, private HotkeyStatus {
 public:
     HotkeysFeature(Foundation& foundation, Ports& ports);
 
@@ -19,7 +20,10 @@ public:
     void prepareToEnd() override;
 
 private:
+    std::optional<QString> refusal(const QString& setting) const override;
+
     GlobalHotkeyManager::Handlers handlers();
+    void perform(const MenuEntry& entry);
     bool isSignedIn() const;
     void takeKeys();
 

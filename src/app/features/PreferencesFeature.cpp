@@ -1,6 +1,7 @@
 #include "app/features/PreferencesFeature.h"
 
 #include "app/commands/PreferencesCommand.h"
+#include "ports/HotkeyStatus.h"
 
 namespace Kovrel {
 
@@ -19,8 +20,19 @@ QStringList operandsOf(const Command& command)
 std::vector<CommandHandler> PreferencesFeature::commands()
 {
     return {{.command = "preferences", .run = [this](const Invocation& invocation, const Reply<CommandAnswer>& reply) {
-                 reply(PreferencesCommand::run(m_foundation.defaults, operandsOf(invocation.command)));
+                 reply(run(operandsOf(invocation.command)));
              }}};
+}
+
+// A hotkey that is stored but can't be had is told to whoever sets it.
+CommandAnswer PreferencesFeature::run(const QStringList& operands)
+{
+    CommandAnswer answer = PreferencesCommand::run(m_foundation.defaults, operands);
+    if (answer.exitCode != CommandLine::done || operands.front() != "set" || !m_ports.hotkeys)
+        return answer;
+    if (const auto refusal = m_ports.hotkeys->refusal(operands[1]))
+        answer = {.exitCode = CommandLine::failed, .error = *refusal};
+    return answer;
 }
 
 std::unique_ptr<Feature> makePreferencesFeature(Foundation& foundation, Ports& ports)

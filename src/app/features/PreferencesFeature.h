@@ -9,12 +9,15 @@ namespace Kovrel {
 // The settings, on the command line.
 class PreferencesFeature : public Feature {
 public:
-    PreferencesFeature(Foundation& foundation, Ports&) : m_foundation(foundation) {}
+    PreferencesFeature(Foundation& foundation, Ports& ports) : m_foundation(foundation), m_ports(ports) {}
 
     std::vector<CommandHandler> commands() override;
 
 private:
+    CommandAnswer run(const QStringList& operands);
+
     Foundation& m_foundation;
+    const Ports& m_ports;
 };
 
 } // namespace Kovrel

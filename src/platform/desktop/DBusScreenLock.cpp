@@ -13,6 +13,7 @@ DBusScreenLock::DBusScreenLock()
 
 void DBusScreenLock::activeChanged(bool isActive)
 {
+    m_isLocked = isActive;
     if (isActive)
         m_observers.notify();
 }

@@ -16,11 +16,14 @@ public:
 
     Subscription onLock(std::function<void()> callback) override { return m_observers.add(std::move(callback)); }
 
+    bool isLocked() const override { return m_isLocked; }
+
 private Q_SLOTS:
     void activeChanged(bool isActive);
 
 private:
     Observers<> m_observers;
+    bool m_isLocked = false;
 };
 
 } // namespace Kovrel

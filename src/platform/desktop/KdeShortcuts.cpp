@@ -40,6 +40,16 @@ QVariant keysOf(const QStringList& accelerators)
     return QVariant::fromValue(keys);
 }
 
+// Recorded on an American keyboard, Super+Shift+3 is stored as Meta+#: what the key types then, without the shift.
+QKeyCombination unshifted(QKeyCombination keys)
+{
+    constexpr std::string_view typed = ")!@#$%^&*(";
+    const size_t digit = typed.find(char(keys.key()));
+    if (keys.key() > 0x7f || digit == std::string_view::npos)
+        return keys;
+    return QKeyCombination(keys.keyboardModifiers() | Qt::ShiftModifier, Qt::Key(Qt::Key_0 + int(digit)));
+}
+
 } // namespace
 
 std::vector<ShortcutSwitches::Shortcut> KdeShortcuts::shortcuts()
@@ -64,7 +74,7 @@ bool KdeShortcuts::set(const Shortcut& shortcut)
 
 std::optional<KeyCombo> KdeShortcuts::combo(const QString& accelerator) const
 {
-    const QKeyCombination keys = QKeyCombination::fromCombined(accelerator.toInt());
+    const QKeyCombination keys = unshifted(QKeyCombination::fromCombined(accelerator.toInt()));
     const Qt::KeyboardModifiers modifiers = keys.keyboardModifiers();
     auto combo = KeyCombo::fromText(QKeySequence(keys.key()).toString(QKeySequence::PortableText));
     if (combo)

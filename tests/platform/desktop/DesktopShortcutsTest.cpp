@@ -39,6 +39,8 @@ TEST(DesktopShortcuts, AcceleratorsOfKdeAreNumbersOfQt)
     EXPECT_EQ(spoken(KdeShortcuts(), QString::number((Qt::META | Qt::SHIFT | Qt::Key_4).toCombined())),
               "Super+Shift+4");
     EXPECT_EQ(spoken(KdeShortcuts(), QString::number((Qt::CTRL | Qt::ALT | Qt::Key_C).toCombined())), "Ctrl+Alt+C");
+    EXPECT_EQ(spoken(KdeShortcuts(), QString::number((Qt::META | Qt::Key_NumberSign).toCombined())), "Super+Shift+3");
+    EXPECT_EQ(spoken(KdeShortcuts(), QString::number((Qt::META | Qt::Key_ParenRight).toCombined())), "Super+Shift+0");
     EXPECT_EQ(spoken(KdeShortcuts(), "0"), "none");
 }
 
