@@ -14,16 +14,25 @@ using namespace Kovrel;
 
 namespace {
 
+// Empty where it is gone.
 std::string workingDirectory()
 {
     char path[PATH_MAX];
-    return getcwd(path, sizeof path) ? path : "/";
+    return getcwd(path, sizeof path) && path[0] == '/' ? path : "";
 }
 
 int complain(const std::string& line, int exitCode)
 {
     std::fprintf(stderr, "kovrel: %s\n", line.c_str());
     return exitCode;
+}
+
+// One line, which says where to read on.
+int complainOfUsage(const std::string& error, int argc, char** argv)
+{
+    const bool isKnown = argc > 1 && CommandTable::find(argv[1]);
+    return complain(error + "; see kovrel " + (isKnown ? std::string(argv[1]) + " " : "") + "--help",
+                    CommandLine::usageError);
 }
 
 // The text recogniser's own threads cost six times what they save. The OpenMP library, which comes with the
@@ -125,11 +134,8 @@ int main(int argc, char** argv)
     if (argc > 1 && std::string(argv[1]) == "--complete")
         return complete({argv + 2, argv + argc});
     const auto command = CommandLine::parse({argv + 1, argv + argc}, workingDirectory());
-    if (!command) {
-        complain(command.error(), 0);
-        std::fputs(CommandHelp::usage().c_str(), stderr);
-        return CommandLine::usageError;
-    }
+    if (!command)
+        return complainOfUsage(command.error(), argc, argv);
     if (command->name == "help")
         return help(*command);
     if (command->name == "version")

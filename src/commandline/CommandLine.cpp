@@ -91,14 +91,29 @@ private:
     {
         const std::string& argument = m_arguments[m_next++];
         if (m_onlyOperands || !argument.starts_with("--"))
-            m_command.operands.push_back(m_spec.operandsArePaths ? absolute(argument, m_directory) : argument);
-        else if (argument == "--")
+            return takeOperand(argument);
+        if (argument == "--")
             m_onlyOperands = true;
         else if (argument == "--help")
             m_asksForHelp = true;
         else
             return takeOption(argument.substr(2));
         return std::nullopt;
+    }
+
+    Error takeOperand(const std::string& argument)
+    {
+        if (m_spec.operandsArePaths && isLost(argument))
+            return lostPath(argument);
+        m_command.operands.push_back(m_spec.operandsArePaths ? absolute(argument, m_directory) : argument);
+        return std::nullopt;
+    }
+
+    bool isLost(const std::string& path) const { return m_directory.empty() && !path.starts_with('/'); }
+
+    static std::string lostPath(const std::string& path)
+    {
+        return "the working folder is gone: \"" + path + "\" leads nowhere";
     }
 
     // "--name value" or "--name=value".
@@ -117,6 +132,8 @@ private:
             value = m_arguments[m_next++];
         if (takesValue == value.empty())
             return "--" + name + (takesValue ? " needs a value" : " takes no value");
+        if (option->isPath && isLost(value))
+            return lostPath(value);
         m_command.options[name] = option->isPath ? absolute(value, m_directory) : value;
         return std::nullopt;
     }

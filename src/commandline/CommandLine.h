@@ -11,7 +11,8 @@ namespace Kovrel {
 // The command line of Kovrel, as the CommandTable describes it.
 namespace CommandLine {
 
-// Arguments without the program's name. Paths become absolute against `directory`. The error is one line for people.
+// Arguments without the program's name. Paths become absolute against `directory`; where that is empty, because it is
+// gone, only absolute ones make sense. The error is one line for people.
 // `kovrel --help` is the command "help", `kovrel COMMAND --help` the same with the command as its operand.
 std::expected<Command, std::string> parse(const std::vector<std::string>& arguments, const std::string& directory);
 

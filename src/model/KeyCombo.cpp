@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <array>
 
 namespace Kovrel {
@@ -179,6 +180,15 @@ QString KeyCombo::text() const
     const QString key = nameOf(keyNames, keyCode);
     parts << (key.isEmpty() ? QString("#%1").arg(keyCode) : key);
     return parts.join('+');
+}
+
+bool KeyCombo::canBeHotkey() const
+{
+    using namespace VirtualKeys;
+    static constexpr quint32 typingNothing[] = {f1,  f2,  f3,  f4,  f5,  f6,  f7,  f8,    f9,         f10,
+                                                f11, f12, f16, f17, f18, f19, f20, print, scrollLock, pause};
+    return modifiers != 0 || keyCode >= firstLinuxKey ||
+           std::ranges::find(typingNothing, keyCode) != std::end(typingNothing);
 }
 
 std::optional<KeyCombo> KeyCombo::fromText(const QString& text)

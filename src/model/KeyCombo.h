@@ -33,6 +33,9 @@ struct KeyCombo {
     QString text() const;
     static std::optional<KeyCombo> fromText(const QString& text);
 
+    // Whether it leaves typing alone: it has a modifier, or its key types nothing (Print, a function or media key).
+    bool canBeHotkey() const;
+
     bool operator==(const KeyCombo&) const = default;
 };
 

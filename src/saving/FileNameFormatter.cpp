@@ -19,6 +19,9 @@ QString FileNameFormatter::format(const QString& fileNameTemplate, const QDateTi
     for (QChar& character : name)
         if (QStringView(u"/:\\?%*|\"<>").contains(character))
             character = u'-';
+    // A file whose name begins with a dot is not shown.
+    if (name.startsWith(u'.'))
+        name[0] = u'-';
     return name.isEmpty() ? "Kovrel" : name;
 }
 

@@ -42,6 +42,9 @@ TEST(CommandLine, PathsBecomeAbsoluteWhereTheCommandWasGiven)
     EXPECT_EQ(output("../b.JPG"), "/home/me/../b.JPG");
     EXPECT_EQ(output("/c.heif"), "/c.heif");
     EXPECT_EQ(CommandLine::parse({"codes", "a.png"}, "/home/me")->operands.front(), "/home/me/a.png");
+    EXPECT_TRUE(CommandLine::parse({"codes", "/a.png"}, "")) << "the folder is gone";
+    EXPECT_FALSE(CommandLine::parse({"codes", "a.png"}, ""));
+    EXPECT_FALSE(CommandLine::parse({"capture", "fullScreen", "--output", "a.png"}, ""));
     for (const char* bad : {"a", "a.gif", ".png/x", "png"})
         EXPECT_FALSE(CommandLine::parse({"capture", "fullScreen", "--output", bad}, "/home/me")) << bad;
 }

@@ -29,4 +29,12 @@ TEST(KeyCombo, TextFormRoundTrips)
         EXPECT_FALSE(KeyCombo::fromText(bad)) << bad;
 }
 
+TEST(KeyCombo, AHotkeyLeavesTypingAlone)
+{
+    for (const char* text : {"Print", "F5", "F16", "F24", "Super+A", "Shift+Print", "Ctrl+Space"})
+        EXPECT_TRUE(KeyCombo::fromText(text)->canBeHotkey()) << text;
+    for (const char* text : {"A", "4", "Space", "Return", "Left"})
+        EXPECT_FALSE(KeyCombo::fromText(text)->canBeHotkey()) << text;
+}
+
 } // namespace Kovrel

@@ -22,6 +22,11 @@ TEST(FileNameFormatter, Templates)
         EXPECT_EQ(FileNameFormatter::format(fileNameTemplate, date), expected) << qPrintable(fileNameTemplate);
 }
 
+TEST(FileNameFormatter, NoFileIsHiddenByItsName)
+{
+    EXPECT_EQ(FileNameFormatter::format(".%Y", QDateTime(QDate(2026, 3, 5), QTime(9, 7))), "-2026");
+}
+
 TEST(FileNameFormatter, TimesAreLocalAndYearsHaveFourDigits)
 {
     const QDateTime local(QDate(812, 1, 2), QTime(23, 0));

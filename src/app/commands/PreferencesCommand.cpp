@@ -54,6 +54,9 @@ std::expected<QVariant, QString> parsedCombo(const QString& text)
     const auto combo = KeyCombo::fromText(text);
     if (!combo)
         return std::unexpected("takes a combination like Super+Shift+4, or none");
+    if (!combo->canBeHotkey())
+        return std::unexpected("takes a combination with a modifier: " + combo->text() +
+                               " could not be typed any more");
     return QVariant(combo->stored());
 }
 

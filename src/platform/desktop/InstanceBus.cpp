@@ -42,6 +42,15 @@ constexpr const char* introspection = R"(
   </interface>
 )";
 
+// Whether the arguments are those that the introspection tells; also of a method that there isn't.
+bool hasExpectedTypes(const QDBusMessage& message)
+{
+    static const QHash<QString, QString> signatures{
+        {"Run", "as"}, {"Quit", "s"}, {"Activate", "a{sv}"}, {"Open", "asa{sv}"}, {"ActivateAction", "sava{sv}"}};
+    const auto expected = signatures.constFind(message.member());
+    return expected == signatures.constEnd() || message.signature() == *expected;
+}
+
 } // namespace
 
 class InstanceBus::Service : public QDBusVirtualObject {
@@ -57,6 +66,10 @@ public:
 
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
     {
+        if (!hasExpectedTypes(message)) {
+            connection.send(message.createErrorReply(QDBusError::InvalidArgs, "the arguments are of other types"));
+            return true;
+        }
         const QString method = message.member();
         const QVariantList arguments = message.arguments();
         if (message.interface() == QLatin1StringView(busName) && method == "Run" && arguments.size() == 1) {
