@@ -268,7 +268,8 @@ TextRecogniser::Outcome TesseractRecogniser::recognise(const QImage& picture, co
 {
     if (picture.isNull())
         return std::unexpected(
-            Failure{QCoreApplication::translate("TesseractRecogniser", "There is no picture to read.")});
+            Failure{QCoreApplication::translate("TesseractRecogniser", "There is no picture to read."),
+                    Failure::Reason::noPicture});
     Page page = Page::of(picture);
     if (const auto failure = prepareEngines(request, page.lines.size() == 1 ? 1 : threadCount))
         return std::unexpected(*failure);
@@ -281,7 +282,7 @@ TextRecogniser::Outcome TesseractRecogniser::recognise(const QImage& picture, co
         }
     }
     if (request.stop.stop_requested())
-        return std::unexpected(Failure{"The recognition was cancelled.", true});
+        return std::unexpected(Failure{"The recognition was cancelled.", Failure::Reason::cancelled});
     std::vector<Observation> observations;
     observations.reserve(runs.size());
     for (const Run& run : runs)
