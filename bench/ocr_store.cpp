@@ -44,14 +44,14 @@ struct Asking {
     Testing::TempFolder folder;
     CaptureOCRStore store{
         loop, workers, folder / "", [](QUuid) { return CaptureOCRStore::Status::recorded; },
-        [](QImage, QualityOfService, bool, std::stop_token) -> QCoro::Task<OCRResult> { co_return OCRResult{}; }};
+        [](QImage, QualityOfService, bool, std::stop_token) -> QCoro::Task<OCROutcome> { co_return OCRResult{}; }};
     qsizetype characters = 0;
 
     QCoro::Task<> ask(QUuid id)
     {
-        const OCRResult result = co_await store.text({id, CaptureOCRStore::Kind::base}, QualityOfService::userInitiated,
-                                                     true, []() -> QCoro::Task<QImage> { co_return QImage(); });
-        characters += result.fullText.size();
+        const OCROutcome text = co_await store.text({id, CaptureOCRStore::Kind::base}, QualityOfService::userInitiated,
+                                                    true, []() -> QCoro::Task<QImage> { co_return QImage(); });
+        characters += text->fullText.size();
     }
 
     void askAndWait(QUuid id)

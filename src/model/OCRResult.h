@@ -1,9 +1,11 @@
 #pragma once
 
 #include "model/Geometry.h"
+#include "model/RecognitionFailure.h"
 
 #include <QString>
 
+#include <expected>
 #include <optional>
 #include <vector>
 
@@ -36,5 +38,7 @@ struct OCRResult {
     bool isOriented = false;    // most of the text is rotated
     bool operator==(const OCRResult&) const = default;
 };
+
+using OCROutcome = std::expected<OCRResult, RecognitionFailure>;
 
 } // namespace Kovrel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/Geometry.h"
+#include "model/RecognitionFailure.h"
 
 #include <QImage>
 #include <QStringList>
@@ -59,11 +60,7 @@ public:
         std::function<void(double share)> progress; // hears what share of the lines is read; on any thread
     };
 
-    struct Failure {
-        QString message; // one line, for people
-        bool isCancelled = false;
-    };
-
+    using Failure = RecognitionFailure;
     using Outcome = std::expected<std::vector<Observation>, Failure>;
 
     virtual ~TextRecogniser() = default;

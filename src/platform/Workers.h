@@ -28,6 +28,10 @@ public:
     void submit(Lane lane, std::function<void()> job) { submit(lane, QualityOfService::userInitiated, std::move(job)); }
 
     virtual void submit(Lane lane, QualityOfService qos, std::function<void()> job) = 0;
+
+protected:
+    // Runs a job of a lane. One that throws is logged, and the lane goes on.
+    static void perform(const std::function<void()>& job);
 };
 
 } // namespace Kovrel

@@ -1,7 +1,5 @@
 #include "reading/RecognitionTextReader.h"
 
-#include "recognition/text/RecognitionError.h"
-
 #include <QLoggingCategory>
 
 namespace Kovrel {
@@ -34,11 +32,11 @@ QCoro::Task<> RecognitionTextReader::readBoth(QImage image, Reply<Reading> reply
 {
     Reading reading;
     auto codesRead = m_scope.join(m_codes.detectCodes(image));
-    try {
-        reading.text = co_await m_scope.join(m_engine.recognize(image, QualityOfService::userInteractive, true, {}));
-    } catch (const RecognitionError& error) {
-        reading.failure = error.message();
-    }
+    OCROutcome text = co_await m_scope.join(m_engine.recognize(image, QualityOfService::userInteractive, true, {}));
+    if (text)
+        reading.text = *std::move(text);
+    else
+        reading.failure = text.error().message;
     const QRCodeDetector::Outcome codes = co_await codesRead;
     if (!codes && reading.failure.isEmpty())
         reading.failure = codes.error();

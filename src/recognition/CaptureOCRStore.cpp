@@ -1,5 +1,6 @@
 #include "recognition/CaptureOCRStore.h"
 
+#include "platform/Guarded.h"
 #include "saving/AtomicFile.h"
 
 #include <QFile>
@@ -47,8 +48,8 @@ struct Written {
     std::optional<QString> error;
 };
 
-Written changeFile(const QString& path, const std::optional<OCRFile>& remembered,
-                   const std::function<void(OCRFile&)>& change)
+std::expected<Written, QString> changeFile(const QString& path, const std::optional<OCRFile>& remembered,
+                                           const std::function<void(OCRFile&)>& change)
 {
     const std::optional<OCRFile> existing = readFile(path);
     Written written{existing ? *existing : remembered.value_or(OCRFile{}), {}};
@@ -70,7 +71,7 @@ void putText(OCRFile& file, const OCRFile::TextPart& part)
 
 // A recognition under way.
 struct CaptureOCRStore::Run {
-    using Outcome = std::variant<OCRResult, std::exception_ptr>;
+    using Outcome = std::optional<OCROutcome>; // none when an asker leaves, or whoever has the picture went
 
     int token = 0; // when it began
     int waiters = 0;
@@ -117,8 +118,8 @@ bool CaptureOCRStore::mayKeep(const Key& key, int token) const
 
 // --- Asking
 
-QCoro::Task<OCRResult> CaptureOCRStore::text(Key key, QualityOfService qos, bool corrected, Pixels pixels,
-                                             std::stop_token stop)
+QCoro::Task<OCROutcome> CaptureOCRStore::text(Key key, QualityOfService qos, bool corrected, Pixels pixels,
+                                              std::stop_token stop)
 {
     const std::optional<OCRFile> file = co_await stored(key);
     if (stop.stop_requested())
@@ -134,8 +135,8 @@ QCoro::Task<OCRResult> CaptureOCRStore::text(Key key, QualityOfService qos, bool
         run = m_inFlight[read] = std::make_shared<Run>(Run{.token = token(key.id)});
         Scope::start(perform(read, run, qos, std::move(pixels)), "keeping recognised text");
     }
-    OCRResult result = co_await join(read, run, stop);
-    co_return result;
+    OCROutcome outcome = co_await join(read, run, stop);
+    co_return outcome;
 }
 
 QCoro::Task<std::optional<OCRFile>> CaptureOCRStore::stored(Key key)
@@ -143,8 +144,8 @@ QCoro::Task<std::optional<OCRFile>> CaptureOCRStore::stored(Key key)
     if (const auto remembered = m_memo.find(key); remembered != m_memo.end())
         co_return remembered->second;
     const int token = this->token(key.id);
-    std::optional<OCRFile> file =
-        co_await m_scope.onWorker(Lane::ocrFiles, [path = path(key)] { return readFile(path); });
+    const auto read = Guarded::orElse([path = path(key)] { return readFile(path); }, std::nullopt);
+    std::optional<OCRFile> file = co_await m_scope.onWorker(Lane::ocrFiles, read);
     if (const auto remembered = m_memo.find(key); remembered != m_memo.end())
         co_return remembered->second;
     if (file && token == this->token(key.id))
@@ -152,7 +153,7 @@ QCoro::Task<std::optional<OCRFile>> CaptureOCRStore::stored(Key key)
     co_return file;
 }
 
-QCoro::Task<OCRResult> CaptureOCRStore::join(Read read, std::shared_ptr<Run> run, std::stop_token stop)
+QCoro::Task<OCROutcome> CaptureOCRStore::join(Read read, std::shared_ptr<Run> run, std::stop_token stop)
 {
     ++run->waiters;
     std::optional<std::stop_callback<std::function<void()>>> leaving;
@@ -160,13 +161,13 @@ QCoro::Task<OCRResult> CaptureOCRStore::join(Read read, std::shared_ptr<Run> run
         if (run->outcome)
             return done(*run->outcome);
         run->askers.push_back(done);
-        leaving.emplace(stop, [done] { done(std::make_exception_ptr(Cancelled{})); });
+        leaving.emplace(stop, [done] { done(std::nullopt); });
     });
     if (stop.stop_requested())
         waiterLeft(read, run);
-    if (const auto* const error = std::get_if<std::exception_ptr>(&outcome))
-        std::rethrow_exception(*error);
-    co_return std::get<OCRResult>(outcome);
+    if (!outcome)
+        throw Cancelled{};
+    co_return *outcome;
 }
 
 // Nobody waits any more: a raw read is not worth its time then, a corrected one is for later.
@@ -194,8 +195,9 @@ QCoro::Task<> CaptureOCRStore::perform(Read read, std::shared_ptr<Run> run, Qual
     Run::Outcome outcome;
     try {
         outcome = co_await recognized(read, run, qos, std::move(pixels));
+    } catch (const Cancelled&) {
     } catch (...) {
-        outcome = std::current_exception();
+        outcome = OCROutcome(std::unexpected(RecognitionFailure{Guarded::reason()}));
     }
     endOf(read, run);
     run->outcome = outcome;
@@ -203,27 +205,30 @@ QCoro::Task<> CaptureOCRStore::perform(Read read, std::shared_ptr<Run> run, Qual
         asker(outcome);
 }
 
-QCoro::Task<OCRResult> CaptureOCRStore::recognized(Read read, std::shared_ptr<Run> run, QualityOfService qos,
-                                                   Pixels pixels)
+QCoro::Task<OCROutcome> CaptureOCRStore::recognized(Read read, std::shared_ptr<Run> run, QualityOfService qos,
+                                                    Pixels pixels)
 {
     const QImage image = co_await m_scope.join(pixels());
     if (image.isNull())
-        throw ReadError::noPixels;
-    OCRResult result = co_await m_scope.join(m_recognize(image, qos, read.corrected, run->stop.get_token()));
+        co_return std::unexpected(
+            RecognitionFailure{"There is no picture to read.", RecognitionFailure::Reason::noPicture});
+    OCROutcome result = co_await m_scope.join(m_recognize(image, qos, read.corrected, run->stop.get_token()));
+    if (!result)
+        co_return result;
     const Key& key = read.key;
     const bool isKept = mayKeep(key, run->token);
     qCInfo(log, "text %s %s: read %ld lines at %ldx%ld%s, %s", name(key.id).constData(), name(key.kind),
-           long(result.lines.size()), long(image.width()), long(image.height()), suffix(read.corrected),
+           long(result->lines.size()), long(image.width()), long(image.height()), suffix(read.corrected),
            isKept ? "kept" : "not kept");
     if (!isKept)
         co_return result;
-    const OCRFile::TextPart part{image.size(), read.corrected, result};
+    const OCRFile::TextPart part{image.size(), read.corrected, *result};
     const std::optional<QString> error = co_await keep(key, run->token, [part](OCRFile& file) { putText(file, part); });
     if (error)
         qCWarning(log, "text %s %s: not written: %s", name(key.id).constData(), name(key.kind), qUtf8Printable(*error));
     else
         qCInfo(log, "text %s %s: kept, %ld lines%s", name(key.id).constData(), name(key.kind),
-               long(result.lines.size()), suffix(read.corrected));
+               long(result->lines.size()), suffix(read.corrected));
     co_return result;
 }
 
@@ -232,11 +237,13 @@ QCoro::Task<std::optional<QString>> CaptureOCRStore::keep(Key key, int token, st
 {
     const auto remembered = m_memo.find(key);
     const std::optional<OCRFile> known = remembered == m_memo.end() ? std::nullopt : std::optional(remembered->second);
-    const Written written = co_await m_scope.onWorker(
-        Lane::ocrFiles, [path = path(key), known, change] { return changeFile(path, known, change); });
+    const auto write = Guarded::orReason([path = path(key), known, change] { return changeFile(path, known, change); });
+    const auto written = co_await m_scope.onWorker(Lane::ocrFiles, write);
+    if (!written)
+        co_return written.error();
     if (token == this->token(key.id))
-        remember(key, written.file);
-    co_return written.error;
+        remember(key, written->file);
+    co_return written->error;
 }
 
 // --- Codes
@@ -286,10 +293,11 @@ QCoro::Task<> CaptureOCRStore::removeFiles(std::vector<Key> keys)
     QStringList paths;
     for (const Key& key : keys)
         paths << path(key);
-    co_await m_scope.onWorker(Lane::ocrFiles, [paths] {
+    const auto remove = [paths] {
         for (const QString& path : paths)
             QFile::remove(path);
-    });
+    };
+    co_await m_scope.onWorker(Lane::ocrFiles, Guarded::job(remove, Guarded::logReason));
     for (const Key& key : keys)
         m_removing.erase(m_removing.find(key));
 }

@@ -34,12 +34,8 @@ public:
     // Whether a capture is in the history. Only recorded ones get files.
     enum class Status { none, pending, recorded };
 
-    // What a text request throws when there is no picture.
-    enum class ReadError { noPixels };
-
     using StatusOf = std::function<Status(QUuid)>;
-    // Throws what `text` throws.
-    using Recognize = std::function<QCoro::Task<OCRResult>(QImage, QualityOfService, bool corrected, std::stop_token)>;
+    using Recognize = std::function<QCoro::Task<OCROutcome>(QImage, QualityOfService, bool corrected, std::stop_token)>;
     // A null image: there is none.
     using Pixels = std::function<QCoro::Task<QImage>()>;
 
@@ -51,10 +47,9 @@ public:
 
     // The text of a capture. It is recognised only when neither memory nor file has it: a corrected text answers both
     // kinds of request, a raw one only raw ones. Requests at the same time share one recognition. `stop` is how an
-    // asker leaves, and throws Cancelled; with its last asker a raw recognition ends, a corrected one goes on. Throws
-    // ReadError::noPixels and what the recogniser throws.
-    QCoro::Task<OCRResult> text(Key key, QualityOfService qos, bool corrected, Pixels pixels,
-                                std::stop_token stop = {});
+    // asker leaves, and throws Cancelled; with its last asker a raw recognition ends, a corrected one goes on.
+    QCoro::Task<OCROutcome> text(Key key, QualityOfService qos, bool corrected, Pixels pixels,
+                                 std::stop_token stop = {});
 
     // The codes that were stored; none when nobody looked yet.
     QCoro::Task<std::optional<std::vector<QRCode>>> codes(Key key);
@@ -80,9 +75,9 @@ private:
     struct Run;
 
     QCoro::Task<std::optional<OCRFile>> stored(Key key);
-    QCoro::Task<OCRResult> join(Read read, std::shared_ptr<Run> run, std::stop_token stop);
+    QCoro::Task<OCROutcome> join(Read read, std::shared_ptr<Run> run, std::stop_token stop);
     QCoro::Task<> perform(Read read, std::shared_ptr<Run> run, QualityOfService qos, Pixels pixels);
-    QCoro::Task<OCRResult> recognized(Read read, std::shared_ptr<Run> run, QualityOfService qos, Pixels pixels);
+    QCoro::Task<OCROutcome> recognized(Read read, std::shared_ptr<Run> run, QualityOfService qos, Pixels pixels);
     QCoro::Task<std::optional<QString>> keep(Key key, int token, std::function<void(OCRFile&)> change);
     QCoro::Task<> keepCodes(std::vector<QRCode> codes, bool complete, Key key, int token);
     QCoro::Task<> removeFiles(std::vector<Key> keys);

@@ -1,6 +1,5 @@
 #include "recognition/CaptureOCRStore.h"
 
-#include "recognition/text/RecognitionError.h"
 #include "recognition/text/VisionOCREngine.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeTextRecogniser.h"
@@ -41,19 +40,24 @@ struct CaptureOCRStoreTest : testing::Test {
     std::vector<std::string> answers;
     bool hasPixels = true;
 
+    static std::string answerOf(const OCROutcome& text)
+    {
+        if (text)
+            return text->fullText.toStdString();
+        return text.error().reason == RecognitionFailure::Reason::noPicture
+                   ? "no pixels"
+                   : "error: " + text.error().message.toStdString();
+    }
+
     QCoro::Task<> keepAnswer(QUuid id, bool corrected, std::stop_token stop)
     {
         std::string answer;
         try {
-            const OCRResult result = co_await store.text(
+            const OCROutcome text = co_await store.text(
                 {id, Kind::base}, QualityOfService::userInitiated, corrected, [this] { return pixels(); }, stop);
-            answer = result.fullText.toStdString();
+            answer = answerOf(text);
         } catch (const Cancelled&) {
             answer = "left";
-        } catch (CaptureOCRStore::ReadError) {
-            answer = "no pixels";
-        } catch (const RecognitionError& error) {
-            answer = "error: " + error.message().toStdString();
         }
         answers.push_back(answer);
     }

@@ -20,7 +20,7 @@ public:
         m_page.asked.push_back(request);
         m_page.whileReading();
         if (request.stop.stop_requested())
-            return std::unexpected(Failure{"cancelled", true});
+            return std::unexpected(Failure{"cancelled", Failure::Reason::cancelled});
         return m_page.outcome;
     }
 

@@ -13,6 +13,8 @@ class FakeWorkers : public Workers {
 public:
     using Workers::submit;
 
+    std::function<void()> beforeEachJob = [] {};
+
     void submit(Lane lane, QualityOfService qos, std::function<void()> job) override
     {
         auto& jobs = m_jobs[lane];
@@ -27,7 +29,7 @@ public:
     {
         auto jobs = std::exchange(m_jobs[lane], {});
         for (const auto& job : jobs)
-            job.work();
+            runJob(job.work);
         return jobs.size();
     }
 
@@ -38,7 +40,7 @@ public:
             return;
         const auto job = std::move(m_jobs[lane].front().work);
         m_jobs[lane].pop_front();
-        job();
+        runJob(job);
     }
 
     size_t runAll()
@@ -55,6 +57,12 @@ private:
         QualityOfService qos;
         std::function<void()> work;
     };
+
+    void runJob(const std::function<void()>& job)
+    {
+        beforeEachJob();
+        perform(job);
+    }
 
     std::map<Lane, std::deque<Job>> m_jobs;
 };

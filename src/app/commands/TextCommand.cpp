@@ -2,9 +2,9 @@
 
 #include "app/commands/CodesCommand.h"
 
+#include "platform/Guarded.h"
 #include "platform/ImageCodec.h"
 #include "recognition/RecognitionJson.h"
-#include "recognition/text/RecognitionError.h"
 
 #include <nlohmann/json.hpp>
 
@@ -42,6 +42,11 @@ QString plain(const OCRResult& result, const std::vector<QRCode>& codes)
     return text;
 }
 
+CommandAnswer failure(const QString& message)
+{
+    return {.exitCode = CommandLine::failed, .error = message};
+}
+
 CommandAnswer answer(const OCRResult& result, const std::vector<QRCode>& codes, const Command& command)
 {
     CommandAnswer answer{.output = command.has("json") ? json(result, codes) : plain(result, codes)};
@@ -52,9 +57,11 @@ CommandAnswer answer(const OCRResult& result, const std::vector<QRCode>& codes, 
     return answer;
 }
 
-CommandAnswer failure(const QString& message)
+CommandAnswer answer(const OCROutcome& text, const QRCodeDetector::Outcome& codes, const Command& command)
 {
-    return {.exitCode = CommandLine::failed, .error = message};
+    if (!text)
+        return failure(text.error().message);
+    return codes ? answer(*text, *codes, command) : failure(codes.error());
 }
 
 } // namespace
@@ -81,18 +88,15 @@ QCoro::Task<> TextCommand::read(Command command, quint64 requestID, Reply<Comman
     const std::stop_source stop;
     m_running.insert_or_assign(requestID, stop);
     const QString path = QString::fromStdString(command.operands.front());
-    const auto image = co_await m_scope.onWorker(Lane::utility, [path] { return ImageCodec::decodeFile(path); });
+    const auto decode = Guarded::orReason([path] { return ImageCodec::decodeFile(path); });
+    const auto image = co_await m_scope.onWorker(Lane::utility, decode);
     CommandAnswer result;
     if (image) {
-        try {
-            auto codesRead = m_scope.join(m_codes.detectCodes(*image)); // at the same time as the text
-            const OCRResult text = co_await m_scope.join(m_engine.recognize(
-                *image, QualityOfService::userInitiated, !command.has("raw"), stop.get_token(), m_progress));
-            const auto codes = co_await codesRead;
-            result = codes ? answer(text, *codes, command) : failure(codes.error());
-        } catch (const RecognitionError& error) {
-            result = failure(error.message());
-        }
+        auto codesRead = m_scope.join(m_codes.detectCodes(*image)); // at the same time as the text
+        const OCROutcome text = co_await m_scope.join(m_engine.recognize(
+            *image, QualityOfService::userInitiated, !command.has("raw"), stop.get_token(), m_progress));
+        const QRCodeDetector::Outcome codes = co_await codesRead;
+        result = answer(text, codes, command);
     } else {
         result = failure(image.error().message);
     }

@@ -82,7 +82,7 @@ void ThreadWorkers::work(const std::shared_ptr<Queue>& queue, Lane lane)
         auto job = std::move(queue->jobs.front().work);
         queue->jobs.pop_front();
         locked.unlock();
-        job();
+        perform(job);
         job = nullptr;
         locked.lock();
     }

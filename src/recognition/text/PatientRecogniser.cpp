@@ -87,7 +87,7 @@ TextRecogniser::Outcome PatientRecogniser::recognise(const QImage& picture, cons
     return std::unexpected(
         Failure{QCoreApplication::translate("PatientRecogniser",
                                             "The recognition of the text came to a standstill and was given up."),
-                request.stop.stop_requested()});
+                request.stop.stop_requested() ? Failure::Reason::cancelled : Failure::Reason::failed});
 }
 
 void PatientRecogniser::releaseMemory()

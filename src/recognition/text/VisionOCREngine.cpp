@@ -1,11 +1,15 @@
 #include "recognition/text/VisionOCREngine.h"
 
-#include "recognition/text/RecognitionError.h"
+#include "platform/Guarded.h"
 #include "recognition/text/TextObservations.h"
+
+#include <QLoggingCategory>
 
 namespace Kovrel {
 
 namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.ocr")
 
 // A picture that makes a recogniser load its models and finds nothing.
 QImage warmingPicture()
@@ -17,19 +21,22 @@ QImage warmingPicture()
     return image;
 }
 
-OCRResult read(TextRecogniser& recogniser, const QImage& image, const TextRecogniser::Request& request)
+OCROutcome read(TextRecogniser& recogniser, const QImage& image, const TextRecogniser::Request& request)
 {
     if (request.stop.stop_requested())
-        throw RecognitionError("The recognition was cancelled.", true);
+        return std::unexpected(
+            RecognitionFailure{"The recognition was cancelled.", RecognitionFailure::Reason::cancelled});
     const auto observations = recogniser.recognise(image, request);
     if (!observations)
-        throw RecognitionError(observations.error().message, observations.error().isCancelled);
+        return std::unexpected(observations.error());
     return TextObservations::result(*observations, image.size());
 }
 
-QCoro::Task<> discard(QCoro::Task<OCRResult> result)
+QCoro::Task<> logFailure(QCoro::Task<OCROutcome> reading)
 {
-    co_await result;
+    const OCROutcome outcome = co_await reading;
+    if (!outcome && outcome.error().reason != RecognitionFailure::Reason::cancelled)
+        qCWarning(log, "Loading the text recogniser failed: %s", qUtf8Printable(outcome.error().message));
 }
 
 } // namespace
@@ -52,12 +59,12 @@ VisionOCREngine::~VisionOCREngine()
 
 void VisionOCREngine::prewarm()
 {
-    Scope::start(discard(recognize(warmingPicture(), QualityOfService::utility, true, m_end.get_token())),
+    Scope::start(logFailure(recognize(warmingPicture(), QualityOfService::utility, true, m_end.get_token())),
                  "loading the text recogniser");
 }
 
-QCoro::Task<OCRResult> VisionOCREngine::recognize(QImage image, QualityOfService qos, bool languageCorrection,
-                                                  std::stop_token stop, std::function<void(double)> progress)
+QCoro::Task<OCROutcome> VisionOCREngine::recognize(QImage image, QualityOfService qos, bool languageCorrection,
+                                                   std::stop_token stop, std::function<void(double)> progress)
 {
     restLater();
     std::stop_source ended;
@@ -68,10 +75,10 @@ QCoro::Task<OCRResult> VisionOCREngine::recognize(QImage image, QualityOfService
                                           .customWords = {"Kovrel"},
                                           .stop = ended.get_token(),
                                           .progress = std::move(progress)};
-    OCRResult result = co_await m_scope.onWorker(Lane::visionOCR, qos, [recogniser = m_recogniser, image, request] {
-        return read(*recogniser, image, request);
-    });
-    co_return result;
+    const auto job =
+        Guarded::orReason([recogniser = m_recogniser, image, request] { return read(*recogniser, image, request); });
+    OCROutcome outcome = co_await m_scope.onWorker(Lane::visionOCR, qos, job);
+    co_return outcome;
 }
 
 void VisionOCREngine::restLater()

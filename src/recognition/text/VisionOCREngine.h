@@ -17,11 +17,10 @@ public:
     // Loads the recogniser's models, by reading a picture without text.
     void prewarm();
 
-    // `stop` ends the recognition after one more line at most; one that still waits is not begun. Throws a
-    // RecognitionError.
-    // `progress`: see TextRecogniser::Request.
-    QCoro::Task<OCRResult> recognize(QImage image, QualityOfService qos, bool languageCorrection, std::stop_token stop,
-                                     std::function<void(double)> progress = {});
+    // `stop` ends the recognition after one more line at most; one that still waits is not begun. `progress`: see
+    // TextRecogniser::Request.
+    QCoro::Task<OCROutcome> recognize(QImage image, QualityOfService qos, bool languageCorrection, std::stop_token stop,
+                                      std::function<void(double)> progress = {});
 
     // After this time without a picture the recogniser gives its memory back.
     static constexpr std::chrono::minutes restsAfter{3};

@@ -67,7 +67,7 @@ TEST(Tesseract, StopsAfterOneMoreLine)
                                                    stop.request_stop();
                                                }});
     ASSERT_FALSE(seen);
-    EXPECT_TRUE(seen.error().isCancelled);
+    EXPECT_EQ(seen.error().reason, RecognitionFailure::Reason::cancelled);
     EXPECT_LE(told, 4) << "each of the two threads may be in the middle of a line, and begin one before it hears";
 }
 
