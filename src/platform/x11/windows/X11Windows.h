@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/ApplicationNames.h"
 #include "platform/Displays.h"
 #include "platform/MainLoop.h"
 #include "platform/Windows.h"
 #include "platform/Workers.h"
 #include "platform/x11/X11ImageReader.h"
+#include "platform/x11/windows/ApplicationNames.h"
 
 namespace Kovrel {
 

@@ -1,4 +1,4 @@
-#include "platform/ApplicationNames.h"
+#include "platform/x11/windows/ApplicationNames.h"
 
 #include <QDateTime>
 #include <QDir>
