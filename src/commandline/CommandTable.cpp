@@ -66,6 +66,7 @@ CommandSpec annotateCommand()
                      .value = "A.json",
                      .meaning = "the marks, as the editor stores them",
                      .isPath = true},
+                    {.name = "lenient", .meaning = "leave out annotations that are damaged or of unknown kinds"},
                     {.name = "backdrop",
                      .value = "B.json",
                      .meaning = "the backdrop, as the editor stores it",

@@ -55,7 +55,8 @@ TEST(AnnotateCommand, DrawsTheSameWithAndWithoutADisplay)
     put(session, "a.json", marks);
     put(session, "b.json",
         R"({"fill":{"kind":"color","value":"#20C0A0"},"padding":0.1,"aspect":{"width":1,"height":1}})");
-    const QStringList line{"annotate", "shot.png", "--annotations", "a.json", "--backdrop", "b.json", "--scale", "2"};
+    const QStringList line{"annotate",   "shot.png", "--annotations", "a.json", "--lenient",
+                           "--backdrop", "b.json",   "--scale",       "2"};
 
     const auto alone = session.kovrel(line + QStringList{"--output", "alone.png"});
     EXPECT_EQ(alone.exitCode, 0) << alone.error.constData();
@@ -80,8 +81,8 @@ TEST(AnnotateCommand, WritesEachFormatAndCoversWhatIsBlackedOut)
     putCapture(session);
     put(session, "a.json", marks);
     for (const char* name : {"o.png", "o.jpeg", "o.heic", "o.tiff"}) {
-        const auto result =
-            session.kovrel({"annotate", "shot.png", "--annotations=a.json", "--scale=2", "--output", name});
+        const auto result = session.kovrel(
+            {"annotate", "shot.png", "--annotations=a.json", "--lenient", "--scale=2", "--output", name});
         EXPECT_EQ(result.exitCode, 0) << result.error.constData();
         EXPECT_EQ(result.output, "");
         EXPECT_FALSE(get(session, name).isEmpty());
@@ -124,6 +125,7 @@ TEST(AnnotateCommand, SaysWhatIsWrongAndWritesNothing)
     put(session, "object.json", "{}");
     put(session, "array.json", "[]");
     put(session, "cut.json", R"({"fill":{"kind":)");
+    put(session, "damaged.json", R"([{"kind":"blackout","points":[[10,10],[50,40]],"lineWidth":1}])");
     ASSERT_EQ(::mkfifo(QFile::encodeName(session.path("home/pipe")), 0600), 0);
 
     const struct {
@@ -135,6 +137,7 @@ TEST(AnnotateCommand, SaysWhatIsWrongAndWritesNothing)
         {{"."}, 4},
         {{"shot.png", "--annotations", "missing.json"}, 4},
         {{"shot.png", "--annotations", "object.json"}, 4},
+        {{"shot.png", "--annotations", "damaged.json"}, 4},
         {{"shot.png", "--annotations", "pipe"}, 4},
         {{"shot.png", "--annotations", "shot.png"}, 4},
         {{"shot.png", "--backdrop", "array.json"}, 4},

@@ -20,15 +20,19 @@ QString option(const Command& command, const char* name)
     return QString::fromStdString(command.options.at(name));
 }
 
-std::expected<std::vector<Annotation>, QString> annotations(const QString& path)
+// Damage is told, so that no picture goes out without a redaction that was meant for it; `isLenient` does without.
+std::expected<std::vector<Annotation>, QString> annotations(const QString& path, bool isLenient)
 {
     const auto json = RegularFile::read(path, mostJsonBytes);
     if (!json)
         return Failure(json.error());
-    auto marks = AnnotationJson::decoded(*json);
-    if (!marks)
+    auto reading = AnnotationJson::read(*json);
+    if (!reading)
         return Failure(path + " is no list of annotations");
-    return std::move(*marks);
+    if (!isLenient && !reading->damaged.isEmpty())
+        return Failure(path + " has damaged annotations: " + reading->damaged.join(", ") +
+                       "; nothing is written without --lenient");
+    return std::move(reading->annotations);
 }
 
 std::expected<EditorBackdrop, QString> backdrop(const QString& path)
@@ -60,7 +64,7 @@ std::expected<Input, QString> input(const Command& command, const AnnotateComman
     if (command.has("subject"))
         input.subject = subject(option(command, "subject"));
     if (command.has("annotations")) {
-        auto marks = annotations(option(command, "annotations"));
+        auto marks = annotations(option(command, "annotations"), command.has("lenient"));
         if (!marks)
             return Failure(marks.error());
         input.annotations = std::move(*marks);

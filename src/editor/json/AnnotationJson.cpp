@@ -1,6 +1,7 @@
 #include "editor/json/AnnotationJson.h"
 
 #include "editor/json/JSONNumber.h"
+#include "editor/json/RedactionRescue.h"
 #include "platform/ImageCodec.h"
 
 #include <QBuffer>
@@ -25,6 +26,8 @@ constexpr int deepest = 32;
 constexpr size_t longestEntry = 400'000'000;
 // With the four fields that are required. Millions of others are passed over without being parsed.
 constexpr size_t shortestEntry = 50;
+// With a kind and two points.
+constexpr size_t shortestRedaction = 30;
 
 constexpr std::array keys{"kind",     "points",       "colorHex",        "lineWidth",         "text",
                           "fontSize", "stepNumber",   "fillStyle",       "rounded",           "dimLevel",
@@ -264,6 +267,7 @@ Annotation toAnnotation(const Entry& entry, qint64& pixels)
     entry.ifPresent("rotation", mark.rotation, toNumber);
     entry.ifPresent("wrapCap", mark.wrapCap, toNumber);
     entry.ifPresent("sticker", mark.image, [&](const Json& value) { return toImage(value, pixels); });
+    RedactionRescue::keepWithinReach(mark);
     return mark;
 }
 
@@ -293,6 +297,9 @@ public:
         return std::nullopt;
     }
 
+    // What is left of an array that is cut off.
+    std::string_view rest() const { return m_rest; }
+
 private:
     std::string_view take(size_t length, bool isLast)
     {
@@ -302,6 +309,56 @@ private:
     }
 
     std::string_view m_rest;
+};
+
+bool isBlank(std::string_view element)
+{
+    return element.find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
+// "entry 3 (blackout)", as far as the kind can be seen.
+QString description(std::string_view element, int number)
+{
+    const QString kind = RedactionRescue::kindName(element);
+    return QString("entry %1").arg(number) + (kind.isEmpty() ? QString() : " (" + kind + ')');
+}
+
+// Reads a list entry by entry.
+class ListReader {
+public:
+    void take(std::string_view element)
+    {
+        ++m_number;
+        if (isBlank(element)) // as in an empty list
+            return;
+        if (auto entry = LossyAnnotation::decoded(element, m_pixels); entry.annotation)
+            m_reading.annotations.push_back(std::move(*entry.annotation));
+        else
+            takeDamaged(element);
+    }
+
+    void takeCutOff(std::string_view rest)
+    {
+        ++m_number;
+        if (!isBlank(rest))
+            takeDamaged(rest);
+    }
+
+    AnnotationJson::Reading reading() { return std::move(m_reading); }
+
+private:
+    void takeDamaged(std::string_view element)
+    {
+        constexpr qsizetype mostTold = 100;
+        if (m_reading.damaged.size() < mostTold)
+            m_reading.damaged << description(element, m_number);
+        if (auto redaction = element.size() < shortestRedaction ? std::nullopt : RedactionRescue::rescued(element))
+            m_reading.annotations.push_back(std::move(*redaction));
+    }
+
+    AnnotationJson::Reading m_reading;
+    qint64 m_pixels = AnnotationJson::mostImagePixels;
+    int m_number = 0;
 };
 
 } // namespace
@@ -329,19 +386,24 @@ QByteArray AnnotationJson::encoded(const std::vector<Annotation>& annotations)
     return QByteArray::fromStdString(list.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
-std::optional<std::vector<Annotation>> AnnotationJson::decoded(const QByteArray& json)
+std::optional<AnnotationJson::Reading> AnnotationJson::read(const QByteArray& json)
 {
     std::string_view text(json.constData(), size_t(json.size()));
     const size_t start = text.find_first_not_of("\xef\xbb\xbf \t\r\n");
     if (start == std::string_view::npos || text[start] != '[')
         return std::nullopt;
     Elements elements(text.substr(start + 1));
-    std::vector<Annotation> annotations;
-    qint64 pixels = mostImagePixels;
+    ListReader reader;
     while (const auto element = elements.next())
-        if (auto entry = LossyAnnotation::decoded(*element, pixels); entry.annotation)
-            annotations.push_back(std::move(*entry.annotation));
-    return annotations;
+        reader.take(*element);
+    reader.takeCutOff(elements.rest());
+    return reader.reading();
+}
+
+std::optional<std::vector<Annotation>> AnnotationJson::decoded(const QByteArray& json)
+{
+    auto reading = read(json);
+    return reading ? std::optional(std::move(reading->annotations)) : std::nullopt;
 }
 
 } // namespace Kovrel

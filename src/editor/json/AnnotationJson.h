@@ -3,6 +3,7 @@
 #include "editor/marks/Annotation.h"
 
 #include <QByteArray>
+#include <QStringList>
 
 #include <string_view>
 
@@ -27,8 +28,18 @@ constexpr qint64 mostImagePixels = 256'000'000;
 
 QByteArray encoded(const std::vector<Annotation>& annotations);
 
-// The entries that are annotations, in their order, each with an identity of its own. Nothing where the data is no
-// array at all; of an array that is cut off, what came before.
+// What was found in a list.
+struct Reading {
+    std::vector<Annotation> annotations;
+    // Entries that are no annotations, or not wholly, the first hundred of them: "entry 3 (blackout)".
+    QStringList damaged;
+};
+
+// The entries that are annotations, in their order, each with an identity of its own. Redactions count as long as their
+// kind and their place can be understood. Nothing where the data is no array at all; of an array that is cut off, what
+// came before.
+std::optional<Reading> read(const QByteArray& json);
+// The same, for those who can't do anything about damage.
 std::optional<std::vector<Annotation>> decoded(const QByteArray& json);
 
 } // namespace AnnotationJson

@@ -1,4 +1,5 @@
 #include "editor/json/AnnotationJson.h"
+#include "editor/marks/AnnotationInk.h"
 
 #include "tests/support/TestPictures.h"
 
@@ -168,6 +169,35 @@ TEST(AnnotationJsonTest, OfACutOffFileTheWholeEntriesAreLeft)
     }
     for (const char* notAList : {"", "{}", "7", "\"[]\"", "\xff\xfe[\0", "null"})
         EXPECT_FALSE(AnnotationJson::decoded(notAList)) << notAList;
+}
+
+TEST(AnnotationJsonTest, ADamagedRedactionStillHidesItsPlace)
+{
+    const QByteArray entries[] = {
+        R"({"kind":"blackout","points":[[10,20],[110,80]],"lineWidth":1})",
+        R"({"kind":"blackout","points":[[10,20],[110,80]],"colorHex":"","lineWidth":1,"stepNumber":1.5})",
+        R"({"kind":"blackout","points":[[10,20],[110,80]],"colorHex":"","lineWidth":1,})",
+        R"({"colorHex":7,"points" : [ [10, 20], [50, 50], [110.0, 8e1] ],"kind" : "blackout"})",
+    };
+    for (const QByteArray& entry : entries) {
+        const auto reading = AnnotationJson::read('[' + arrow + ',' + entry + ',' + arrow + ']');
+        ASSERT_EQ(reading->annotations.size(), 3u) << entry.constData();
+        EXPECT_EQ(reading->annotations[1].boundingRect(), (Rect{10, 20, 100, 60})) << entry.constData();
+        EXPECT_EQ(reading->damaged, QStringList{"entry 2 (blackout)"}) << entry.constData();
+    }
+    const auto cutOff = AnnotationJson::read('[' + arrow + ',' + entries[0].chopped(12));
+    EXPECT_EQ(cutOff->annotations.size(), 2u);
+    EXPECT_EQ(cutOff->damaged, QStringList{"entry 2 (blackout)"});
+    const auto far =
+        AnnotationJson::read(R"([{"kind":"blur","points":[[10,20],[1e7,1e300]],"colorHex":"","lineWidth":1}])");
+    EXPECT_TRUE(far->damaged.isEmpty());
+    EXPECT_TRUE(AnnotationInk::isDrawable(far->annotations.at(0), 1));
+    for (const char* placeless : {R"([{"kind":"blackout","points":[[10,20]],"colorHex":7,"lineWidth":1,"x":"xxxxx"}])",
+                                  R"([{"kind":"arrow","points":[[10,20],[30,40]],"colorHex":7,"lineWidth":1}])"}) {
+        EXPECT_TRUE(AnnotationJson::read(placeless)->annotations.empty()) << placeless;
+        EXPECT_EQ(AnnotationJson::read(placeless)->damaged.size(), 1) << placeless;
+    }
+    EXPECT_TRUE(AnnotationJson::read("[ ]")->damaged.isEmpty());
 }
 
 TEST(AnnotationJsonTest, ImagesThatDoNotFitIntoMemoryAreLeftOut)
