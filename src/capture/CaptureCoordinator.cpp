@@ -3,6 +3,7 @@
 #include "capture/pixels/PixelSource.h"
 #include "capture/selection/SelectionOverlay.h"
 #include "platform/Displays.h"
+#include "platform/Guarded.h"
 #include "ports/AccountStatus.h"
 #include "ports/CaptureEffects.h"
 #include "ports/CaptureHistory.h"
@@ -177,7 +178,11 @@ QCoro::Task<> CaptureCoordinator::run(Run run)
 {
     ++m_activeRuns;
     const auto leave = qScopeGuard([this, run] { leaveRun(run); });
-    co_await m_scope.join(dispatch(run));
+    try {
+        co_await m_scope.join(dispatch(run));
+    } catch (const std::exception&) {
+        abandon(run, Guarded::reason());
+    }
 }
 
 QCoro::Task<> CaptureCoordinator::dispatch(Run run)

@@ -1,5 +1,7 @@
 #include "platform/Scope.h"
 
+#include "platform/Guarded.h"
+
 #include <QLoggingCategory>
 
 namespace Kovrel {
@@ -13,10 +15,8 @@ QCoro::Task<> guarded(QCoro::Task<> task, const char* what)
     try {
         co_await task;
     } catch (const Cancelled&) {
-    } catch (const std::exception& error) {
-        qCWarning(log, "%s failed: %s", what, error.what());
     } catch (...) {
-        qCWarning(log, "%s failed", what);
+        qCWarning(log, "%s failed: %s", what, qUtf8Printable(Guarded::reason()));
     }
 }
 

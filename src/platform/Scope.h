@@ -89,8 +89,8 @@ public:
     // Lets a coroutine run on by itself. A failure is logged with `what`, `Cancelled` is not.
     static void start(QCoro::Task<> task, const char* what);
 
-    // Runs the job on a worker lane and resumes on the main thread. The job must own what it uses: it outlives
-    // the scope.
+    // Runs the job on a worker lane and resumes on the main thread, with what it throws too: a coroutine that owes a
+    // reply guards it (see `Guarded`). The job must own what it uses: it outlives the scope.
     template <class Job>
     auto onWorker(Lane lane, Job job)
     {
@@ -103,8 +103,9 @@ public:
         using T = std::invoke_result_t<Job>;
         using Value = std::conditional_t<std::is_void_v<T>, Nothing, T>;
         auto outcome = add<Value>();
-        m_workers.submit(lane, qos, [outcome, job = std::move(job), loop = &m_loop]() mutable {
-            auto value = std::make_shared<std::variant<std::monostate, Value, std::exception_ptr>>();
+        // Made here: on the worker, a shortage of memory would leave the coroutine waiting.
+        auto value = std::make_shared<std::variant<std::monostate, Value, std::exception_ptr>>();
+        m_workers.submit(lane, qos, [outcome, value, job = std::move(job), loop = &m_loop]() mutable {
             try {
                 if constexpr (std::is_void_v<T>) {
                     job();

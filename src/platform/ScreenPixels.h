@@ -14,6 +14,7 @@ enum class GrabFailure {
     refused,      // the desktop does not give pixels to us
     windowGone,   // closed or minimised in the meantime
     notSupported, // this desktop has no way to give them
+    noMemory,
 };
 
 // Opaque pixels as Format_RGB32, windows as Format_ARGB32_Premultiplied; device pixel ratio 1.

@@ -1,5 +1,6 @@
 #include "recognition/CaptureOCRStore.h"
 
+#include "platform/Guarded.h"
 #include "saving/AtomicFile.h"
 
 #include <QFile>
@@ -47,8 +48,8 @@ struct Written {
     std::optional<QString> error;
 };
 
-Written changeFile(const QString& path, const std::optional<OCRFile>& remembered,
-                   const std::function<void(OCRFile&)>& change)
+std::expected<Written, QString> changeFile(const QString& path, const std::optional<OCRFile>& remembered,
+                                           const std::function<void(OCRFile&)>& change)
 {
     const std::optional<OCRFile> existing = readFile(path);
     Written written{existing ? *existing : remembered.value_or(OCRFile{}), {}};
@@ -143,8 +144,8 @@ QCoro::Task<std::optional<OCRFile>> CaptureOCRStore::stored(Key key)
     if (const auto remembered = m_memo.find(key); remembered != m_memo.end())
         co_return remembered->second;
     const int token = this->token(key.id);
-    std::optional<OCRFile> file =
-        co_await m_scope.onWorker(Lane::ocrFiles, [path = path(key)] { return readFile(path); });
+    const auto read = Guarded::orElse([path = path(key)] { return readFile(path); }, std::nullopt);
+    std::optional<OCRFile> file = co_await m_scope.onWorker(Lane::ocrFiles, read);
     if (const auto remembered = m_memo.find(key); remembered != m_memo.end())
         co_return remembered->second;
     if (file && token == this->token(key.id))
@@ -195,6 +196,8 @@ QCoro::Task<> CaptureOCRStore::perform(Read read, std::shared_ptr<Run> run, Qual
     try {
         outcome = co_await recognized(read, run, qos, std::move(pixels));
     } catch (const Cancelled&) {
+    } catch (...) {
+        outcome = OCROutcome(std::unexpected(RecognitionFailure{Guarded::reason()}));
     }
     endOf(read, run);
     run->outcome = outcome;
@@ -234,11 +237,13 @@ QCoro::Task<std::optional<QString>> CaptureOCRStore::keep(Key key, int token, st
 {
     const auto remembered = m_memo.find(key);
     const std::optional<OCRFile> known = remembered == m_memo.end() ? std::nullopt : std::optional(remembered->second);
-    const Written written = co_await m_scope.onWorker(
-        Lane::ocrFiles, [path = path(key), known, change] { return changeFile(path, known, change); });
+    const auto write = Guarded::orReason([path = path(key), known, change] { return changeFile(path, known, change); });
+    const auto written = co_await m_scope.onWorker(Lane::ocrFiles, write);
+    if (!written)
+        co_return written.error();
     if (token == this->token(key.id))
-        remember(key, written.file);
-    co_return written.error;
+        remember(key, written->file);
+    co_return written->error;
 }
 
 // --- Codes
@@ -288,10 +293,11 @@ QCoro::Task<> CaptureOCRStore::removeFiles(std::vector<Key> keys)
     QStringList paths;
     for (const Key& key : keys)
         paths << path(key);
-    co_await m_scope.onWorker(Lane::ocrFiles, [paths] {
+    const auto remove = [paths] {
         for (const QString& path : paths)
             QFile::remove(path);
-    });
+    };
+    co_await m_scope.onWorker(Lane::ocrFiles, Guarded::job(remove, Guarded::logReason));
     for (const Key& key : keys)
         m_removing.erase(m_removing.find(key));
 }

@@ -1,5 +1,6 @@
 #include "saving/ClipboardService.h"
 
+#include "platform/Guarded.h"
 #include "platform/ImageCodec.h"
 
 #include <QFile>
@@ -91,7 +92,8 @@ void ClipboardService::copyFile(const QString& path, int generation, bool force,
 
 QCoro::Task<> ClipboardService::readAndPut(QString path, QString type, int generation, bool force, Reply<bool> copied)
 {
-    const auto read = [path, type] { return type.isEmpty() ? std::nullopt : contentOf(path); };
+    const auto read =
+        Guarded::orElse([path, type] { return type.isEmpty() ? std::nullopt : contentOf(path); }, std::nullopt);
     const auto bytes = co_await m_scope.onWorker(Lane::save, read);
     if (!bytes) {
         copied(false);
@@ -112,7 +114,7 @@ void ClipboardService::copyInBackground(const QImage& image, MakeBytes png, int 
 
 QCoro::Task<> ClipboardService::makeAndPut(QImage image, MakeBytes png, int generation)
 {
-    const auto make = [image, png] { return pngOrTiff(image, png); };
+    const auto make = Guarded::orElse([image, png] { return pngOrTiff(image, png); }, std::nullopt);
     const auto made = co_await m_scope.onWorker(Lane::save, make);
     if (generation != m_copyGeneration)
         co_return;

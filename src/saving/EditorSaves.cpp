@@ -1,5 +1,8 @@
 #include "saving/EditorSaves.h"
 
+#include "platform/Guarded.h"
+#include "platform/ReplyFromWorker.h"
+
 #include <QCoreApplication>
 
 namespace Kovrel {
@@ -19,26 +22,16 @@ SaveService::Result save(const EditorSaves::Request& request)
 
 } // namespace
 
-void EditorSaves::Pending::add(int difference)
-{
-    const std::lock_guard lock(pendingLock);
-    count += difference;
-}
-
-bool EditorSaves::Pending::isEmpty()
-{
-    const std::lock_guard lock(pendingLock);
-    return count == 0;
-}
-
 void EditorSaves::saveEditorImageInBackground(Request request, Completion completion)
 {
-    m_pending->add(1);
-    m_workers.submit(Lane::editorSave, [pending = m_pending, loop = &m_loop, request = std::move(request),
-                                        completion = std::move(completion)] {
-        const auto atEnd = qScopeGuard([&] { pending->add(-1); });
-        loop->post([result = save(request), completion] { completion(result); });
-    });
+    ++*m_pending;
+    replyFromWorker<SaveService::Result>(
+        m_loop, m_workers, Lane::editorSave,
+        Guarded::orReason([request = std::move(request)] { return save(request); }),
+        [pending = m_pending, completion = std::move(completion)](const SaveService::Result& result) {
+            --*pending;
+            completion(result);
+        });
 }
 
 void EditorSaves::afterPendingEditorSaves(double deadlineSeconds, std::function<void()> callback)
@@ -50,7 +43,7 @@ void EditorSaves::afterPendingEditorSaves(double deadlineSeconds, std::function<
 
 QCoro::Task<> EditorSaves::waitForPending(std::chrono::microseconds deadline, std::function<void()> callback)
 {
-    while (!m_pending->isEmpty() && m_loop.now() <= deadline)
+    while (*m_pending > 0 && m_loop.now() <= deadline)
         co_await m_scope.sleep(50ms);
     callback();
 }

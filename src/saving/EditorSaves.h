@@ -5,7 +5,6 @@
 
 #include <functional>
 #include <memory>
-#include <mutex>
 
 namespace Kovrel {
 
@@ -33,20 +32,11 @@ public:
     void afterPendingEditorSaves(double deadlineSeconds, std::function<void()> callback);
 
 private:
-    // Outlives this object with the saves that are under way.
-    struct Pending {
-        std::mutex pendingLock;
-        int count = 0;
-
-        void add(int difference);
-        bool isEmpty();
-    };
-
     QCoro::Task<> waitForPending(std::chrono::microseconds deadline, std::function<void()> callback);
 
     MainLoop& m_loop;
     Workers& m_workers;
-    std::shared_ptr<Pending> m_pending = std::make_shared<Pending>();
+    std::shared_ptr<int> m_pending = std::make_shared<int>(0); // outlives this object with the saves under way
     Scope m_scope;
 };
 

@@ -1,5 +1,6 @@
 #include "saving/SaveWithPanel.h"
 
+#include "platform/Guarded.h"
 #include "saving/SaveLog.h"
 
 namespace Kovrel {
@@ -18,7 +19,7 @@ QCoro::Task<> SaveWithPanel::save(Request request)
     const auto job = [image = request.image, path = *path, format = request.format, quality = request.quality] {
         return SaveService::saveAs(image, path, format, quality);
     };
-    const auto saved = co_await m_scope.onWorker(Lane::save, job);
+    const auto saved = co_await m_scope.onWorker(Lane::save, Guarded::orReason(job));
     if (saved) {
         m_fileManager.reveal(saved->path);
         request.onSaved(saved->path);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Guarded.h"
 #include "platform/Workers.h"
 
 #include <algorithm>
@@ -12,6 +13,8 @@ namespace Kovrel::Testing {
 class FakeWorkers : public Workers {
 public:
     using Workers::submit;
+
+    std::function<void()> beforeEachJob = [] {};
 
     void submit(Lane lane, QualityOfService qos, std::function<void()> job) override
     {
@@ -27,7 +30,7 @@ public:
     {
         auto jobs = std::exchange(m_jobs[lane], {});
         for (const auto& job : jobs)
-            job.work();
+            runJob(job.work);
         return jobs.size();
     }
 
@@ -38,7 +41,7 @@ public:
             return;
         const auto job = std::move(m_jobs[lane].front().work);
         m_jobs[lane].pop_front();
-        job();
+        runJob(job);
     }
 
     size_t runAll()
@@ -55,6 +58,13 @@ private:
         QualityOfService qos;
         std::function<void()> work;
     };
+
+    void runJob(const std::function<void()>& job)
+    {
+        auto guarded = Guarded::job(job, Guarded::logReason);
+        beforeEachJob();
+        guarded();
+    }
 
     std::map<Lane, std::deque<Job>> m_jobs;
 };

@@ -2,6 +2,7 @@
 
 #include "app/commands/CodesCommand.h"
 
+#include "platform/Guarded.h"
 #include "platform/ImageCodec.h"
 #include "recognition/RecognitionJson.h"
 
@@ -87,7 +88,8 @@ QCoro::Task<> TextCommand::read(Command command, quint64 requestID, Reply<Comman
     const std::stop_source stop;
     m_running.insert_or_assign(requestID, stop);
     const QString path = QString::fromStdString(command.operands.front());
-    const auto image = co_await m_scope.onWorker(Lane::utility, [path] { return ImageCodec::decodeFile(path); });
+    const auto decode = Guarded::orReason([path] { return ImageCodec::decodeFile(path); });
+    const auto image = co_await m_scope.onWorker(Lane::utility, decode);
     CommandAnswer result;
     if (image) {
         auto codesRead = m_scope.join(m_codes.detectCodes(*image)); // at the same time as the text

@@ -1,5 +1,6 @@
 #include "capture/delivery/CaptureOutput.h"
 
+#include "platform/Guarded.h"
 #include "saving/PrivateFolder.h"
 #include "saving/SaveService.h"
 
@@ -108,7 +109,7 @@ QCoro::Task<> CaptureOutput::saveInBackground(CaptureResult result, std::optiona
         .journal = m_journal,
         .rescueFolder = m_rescueFolder,
     };
-    SaveOutcome outcome = co_await m_scope.onWorker(Lane::save, [job] { return run(job); });
+    SaveOutcome outcome = co_await m_scope.onWorker(Lane::save, Guarded::orReason([job] { return run(job); }));
     save->finish(std::move(outcome));
     if (--m_pendingSaves == 0 && m_whenSaved)
         std::exchange(m_whenSaved, nullptr)();

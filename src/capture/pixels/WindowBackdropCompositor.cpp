@@ -2,6 +2,7 @@
 
 #include "imaging/GaussianBlur.h"
 #include "imaging/Resampling.h"
+#include "platform/Guarded.h"
 
 #include <QColorSpace>
 #include <QLinearGradient>
@@ -238,8 +239,9 @@ void WindowBackdropCompositor::compose(QImage window, WindowBackdropStyle style,
 QCoro::Task<> WindowBackdropCompositor::composeAndReply(QImage window, std::optional<Background> background,
                                                         Reply<ComposedCapture> reply)
 {
+    const auto compose = [window, background] { return composed(window, background); };
     ComposedCapture capture =
-        co_await m_scope.onWorker(Lane::capture, [window, background] { return composed(window, background); });
+        co_await m_scope.onWorker(Lane::capture, Guarded::orElse(compose, ComposedCapture{window, std::nullopt}));
     reply(std::move(capture));
 }
 

@@ -1,5 +1,7 @@
 #include "capture/selection/SelectionCapture.h"
 
+#include "platform/Guarded.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -62,8 +64,8 @@ void SelectionCapture::grab(QRect rootPixels, FrozenScreens frozen, Reply<std::o
 
 QCoro::Task<> SelectionCapture::takeArea(QRect rootPixels, FrozenScreens frozen, Reply<Picture> reply)
 {
-    Picture picture =
-        co_await m_scope.onWorker(Lane::capture, [rootPixels, frozen] { return cut(rootPixels, frozen); });
+    const auto job = Guarded::orElse([rootPixels, frozen] { return cut(rootPixels, frozen); }, std::nullopt);
+    Picture picture = co_await m_scope.onWorker(Lane::capture, job);
     reply(std::move(picture));
 }
 

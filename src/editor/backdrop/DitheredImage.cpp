@@ -3,7 +3,7 @@
 #include "imaging/GaussianBlur.h"
 
 #include <algorithm>
-#include <thread>
+#include <future>
 
 namespace Kovrel {
 
@@ -87,9 +87,9 @@ QImage paintedAs(QImage::Format format, QSize size, const Paint& paint, Store st
     image.detach(); // before another thread writes to it
     const bool isLarge = qint64(size.width()) * size.height() > worthAThread;
     const int half = isLarge ? size.height() / 2 : 0;
-    std::jthread upper([&] { paintRows(image, 0, half, paint, store); });
+    auto upper = std::async(std::launch::async, [&] { paintRows(image, 0, half, paint, store); });
     paintRows(image, half, size.height(), paint, store);
-    upper.join();
+    upper.get();
     return image;
 }
 

@@ -2,6 +2,7 @@
 
 #include "editor/crop/CropSizes.h"
 #include "imaging/Resampling.h"
+#include "platform/Guarded.h"
 #include "platform/ImageCodec.h"
 #include "saving/SaveService.h"
 
@@ -129,10 +130,15 @@ void CropSizeEstimator::encodeSource()
     Scope::start(readSource(job(keyOf(m_sourceCrop.size()))), "The size of the crop");
 }
 
+Wait<std::optional<CropSizeEstimator::Reading>> CropSizeEstimator::encoded(Job job)
+{
+    return m_scope.onWorker(Lane::utility, Guarded::orElse([job] { return job.encode(); }, std::nullopt));
+}
+
 QCoro::Task<> CropSizeEstimator::readSource(Job job)
 {
     const quint64 generation = m_sourceGeneration;
-    const auto reading = co_await m_scope.onWorker(Lane::utility, [job] { return job.encode(); });
+    const auto reading = co_await encoded(job);
     if (generation != m_sourceGeneration)
         co_return;
     m_sourceInFlight = false;
@@ -153,7 +159,7 @@ void CropSizeEstimator::flush()
 
 QCoro::Task<> CropSizeEstimator::read(Job job, quint64 generation)
 {
-    const auto reading = co_await m_scope.onWorker(Lane::utility, [job] { return job.encode(); });
+    const auto reading = co_await encoded(job);
     if (generation != m_generation)
         co_return;
     m_inFlight.erase(job.size);

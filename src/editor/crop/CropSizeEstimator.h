@@ -86,6 +86,7 @@ private:
     QRect crop() const;
     bool sourceServes(SizeKey size) const;
     Job job(SizeKey size) const;
+    Wait<std::optional<Reading>> encoded(Job job);
     void encodeSource();
     QCoro::Task<> readSource(Job job);
     void flush();

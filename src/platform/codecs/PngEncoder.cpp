@@ -1,5 +1,6 @@
 #include "platform/codecs/PngEncoder.h"
 
+#include "platform/Guarded.h"
 #include "platform/codecs/PngChunks.h"
 #include "platform/codecs/PngStrips.h"
 
@@ -83,8 +84,8 @@ std::expected<QByteArray, ImageCodec::Failure> PngEncoder::encode(const QImage& 
         return std::unexpected(ImageCodec::Failure{"There is no picture to encode."});
     try {
         return encoded(image);
-    } catch (const std::exception& error) {
-        return std::unexpected(ImageCodec::Failure{"PNG: " + QString::fromUtf8(error.what())});
+    } catch (...) {
+        return std::unexpected(ImageCodec::Failure{"PNG: " + Guarded::reason()});
     }
 }
 

@@ -1,5 +1,7 @@
 #include "platform/desktop/AnimationSetting.h"
 
+#include "platform/Guarded.h"
+#include "platform/ReplyFromWorker.h"
 #include "platform/desktop/Gsettings.h"
 
 #include <QSettings>
@@ -45,9 +47,8 @@ bool AnimationSetting::isOn()
 
 void AnimationSetting::read(MainLoop& loop, Workers& workers, std::function<void(bool)> reply)
 {
-    workers.submit(Lane::utility, QualityOfService::background, [&loop, reply = std::move(reply)] {
-        loop.post([reply, isAnimated = isOn()] { reply(isAnimated); });
-    });
+    replyFromWorker<bool>(loop, workers, Lane::utility, QualityOfService::background, Guarded::orElse(isOn, true),
+                          std::move(reply));
 }
 
 } // namespace Kovrel

@@ -1,5 +1,8 @@
 #include "platform/desktop/FileTokenStore.h"
 
+#include "platform/Guarded.h"
+#include "platform/ReplyFromWorker.h"
+
 #include <QDir>
 #include <QLoggingCategory>
 #include <QSaveFile>
@@ -43,30 +46,28 @@ FileTokenStore::FileTokenStore(MainLoop& loop, Workers& workers, QString folder)
 }
 
 template <class T>
-void FileTokenStore::inBackground(std::function<T()> job, Reply<T> reply)
+void FileTokenStore::inBackground(std::function<T()> job, T failed, Reply<T> reply)
 {
-    m_workers.submit(Lane::utility, [&loop = m_loop, job = std::move(job), reply = std::move(reply)] {
-        loop.post([reply, result = job()] { reply(result); });
-    });
+    replyFromWorker<T>(m_loop, m_workers, Lane::utility, Guarded::orElse(std::move(job), failed), std::move(reply));
 }
 
 void FileTokenStore::read(const QString& key, Reply<std::optional<QString>> reply)
 {
     inBackground<std::optional<QString>>([path = QDir(m_folder).filePath(key)] { return readToken(path); },
-                                         std::move(reply));
+                                         std::nullopt, std::move(reply));
 }
 
 void FileTokenStore::write(const QString& key, const QString& token, Reply<bool> reply)
 {
     inBackground<bool>(
         [folder = m_folder, path = QDir(m_folder).filePath(key), token] { return writeToken(folder, path, token); },
-        std::move(reply));
+        false, std::move(reply));
 }
 
 void FileTokenStore::remove(const QString& key, Reply<bool> reply)
 {
     inBackground<bool>([path = QDir(m_folder).filePath(key)] { return !QFile::exists(path) || QFile::remove(path); },
-                       std::move(reply));
+                       false, std::move(reply));
 }
 
 } // namespace Kovrel

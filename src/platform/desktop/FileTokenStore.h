@@ -17,7 +17,7 @@ public:
 
 private:
     template <class T>
-    void inBackground(std::function<T()> job, Reply<T> reply);
+    void inBackground(std::function<T()> job, T failed, Reply<T> reply);
 
     MainLoop& m_loop;
     Workers& m_workers;

@@ -14,9 +14,9 @@
 #include <atomic>
 #include <cmath>
 #include <functional>
+#include <future>
 #include <malloc.h>
 #include <numeric>
-#include <thread>
 
 namespace Kovrel {
 
@@ -225,12 +225,12 @@ std::vector<Run> TesseractRecogniser::readPage(const Page& page, const Request& 
                 request.progress(double(++done) / double(order.size()));
         }
     };
-    {
-        std::vector<std::jthread> threads;
-        for (size_t thread = 1; thread < std::min(m_engines.size(), page.lines.size()); ++thread)
-            threads.emplace_back([&work, engine = m_engines[thread].get()] { work(*engine); });
-        work(*m_engines.front());
-    }
+    std::vector<std::future<void>> others;
+    for (size_t other = 1; other < std::min(m_engines.size(), page.lines.size()); ++other)
+        others.push_back(std::async(std::launch::async, work, std::ref(*m_engines[other])));
+    work(*m_engines.front());
+    for (auto& other : others)
+        other.get();
     std::vector<Run> runs;
     for (size_t line = 0; line < found.size(); ++line) {
         std::optional<Run>& run = found[line];

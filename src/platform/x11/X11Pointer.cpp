@@ -1,6 +1,7 @@
 #include "platform/x11/X11Pointer.h"
 
-#include "platform/x11/OnCaptureLane.h"
+#include "platform/Guarded.h"
+#include "platform/ReplyFromWorker.h"
 #include "platform/x11/X11Cursor.h"
 
 namespace Kovrel {
@@ -33,8 +34,9 @@ X11Pointer::X11Pointer(MainLoop& loop, Workers& workers, std::shared_ptr<X11Conn
 
 void X11Pointer::position(Reply<std::optional<PointerPosition>> reply)
 {
-    onCaptureLane<std::optional<QPoint>>(
-        m_loop, m_workers, [x = m_connection] { return pixelUnderPointer(*x); },
+    const auto job = [x = m_connection] { return pixelUnderPointer(*x); };
+    replyFromWorker<std::optional<QPoint>>(
+        m_loop, m_workers, Lane::capture, Guarded::orElse(job, std::nullopt),
         [&displays = m_displays, reply = std::move(reply)](std::optional<QPoint> pixel) {
             reply(positionAt(displays.all(), pixel));
         });
@@ -42,8 +44,9 @@ void X11Pointer::position(Reply<std::optional<PointerPosition>> reply)
 
 void X11Pointer::image(Reply<std::optional<PointerImage>> reply)
 {
-    onCaptureLane<std::optional<PointerImage>>(
-        m_loop, m_workers, [x = m_connection] { return X11Cursor::read(*x); }, std::move(reply));
+    const auto job = [x = m_connection] { return X11Cursor::read(*x); };
+    replyFromWorker<std::optional<PointerImage>>(m_loop, m_workers, Lane::capture, Guarded::orElse(job, std::nullopt),
+                                                 std::move(reply));
 }
 
 } // namespace Kovrel

@@ -1,6 +1,7 @@
 #include "platform/x11/X11ScreenPixels.h"
 
-#include "platform/x11/OnCaptureLane.h"
+#include "platform/Guarded.h"
+#include "platform/ReplyFromWorker.h"
 
 #include <QGuiApplication>
 
@@ -31,22 +32,19 @@ X11ScreenPixels::X11ScreenPixels(MainLoop& loop, Workers& workers, std::shared_p
 
 void X11ScreenPixels::grab(QRect rootPixels, PointerOption pointer, Reply<GrabbedImage> reply)
 {
-    onCaptureLane<GrabbedImage>(
-        m_loop, m_workers,
-        [reader = m_reader, rootPixels, pointer] { return X11Screen(reader).grab(rootPixels, pointer); },
-        std::move(reply));
+    const auto job = [reader = m_reader, rootPixels, pointer] { return X11Screen(reader).grab(rootPixels, pointer); };
+    replyFromWorker<GrabbedImage>(m_loop, m_workers, Lane::capture,
+                                  Guarded::orElse(job, std::unexpected(GrabFailure::noMemory)), std::move(reply));
 }
 
 void X11ScreenPixels::whenRepainted(Reply<bool> reply)
 {
-    onCaptureLane<bool>(
-        m_loop, m_workers,
-        [reader = m_reader, windows = ownWindowsConnection()] {
-            if (windows)
-                roundTrip(windows);
-            return X11Screen(reader).waitUntilRepainted();
-        },
-        std::move(reply));
+    const auto job = [reader = m_reader, windows = ownWindowsConnection()] {
+        if (windows)
+            roundTrip(windows);
+        return X11Screen(reader).waitUntilRepainted();
+    };
+    replyFromWorker<bool>(m_loop, m_workers, Lane::capture, Guarded::orElse(job, false), std::move(reply));
 }
 
 } // namespace Kovrel

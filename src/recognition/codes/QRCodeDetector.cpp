@@ -1,5 +1,6 @@
 #include "recognition/codes/QRCodeDetector.h"
 
+#include "platform/Guarded.h"
 #include "recognition/codes/GreyPicture.h"
 #include "recognition/codes/RegionSearch.h"
 #include "recognition/text/TextLayout.h"
@@ -8,7 +9,7 @@
 #include <QLoggingCategory>
 
 #include <atomic>
-#include <thread>
+#include <future>
 
 namespace Kovrel {
 
@@ -43,8 +44,9 @@ public:
     CodeReader::Outcome run()
     {
         if (m_regions.size() > 1) {
-            const std::jthread second([this] { takeRegions(); });
+            auto second = std::async(std::launch::async, [this] { takeRegions(); });
             takeRegions();
+            second.get();
         } else {
             takeRegions();
         }
@@ -122,7 +124,8 @@ QRCodeDetector::QRCodeDetector(MainLoop& loop, Workers& workers, const CodeReade
 QCoro::Task<QRCodeDetector::Outcome> QRCodeDetector::detect(QImage image, bool fullPass, bool tilePass,
                                                             std::optional<Engine> engine, Lane lane)
 {
-    auto job = [=, reader = &m_reader] { return detectCodesSync(image, fullPass, tilePass, engine, *reader); };
+    auto job = Guarded::orReason(
+        [=, reader = &m_reader] { return detectCodesSync(image, fullPass, tilePass, engine, *reader); });
     Outcome outcome = co_await m_scope.onWorker(lane, std::move(job));
     co_return outcome;
 }

@@ -1,5 +1,6 @@
 #include "recognition/text/VisionOCREngine.h"
 
+#include "platform/Guarded.h"
 #include "recognition/text/TextObservations.h"
 
 #include <QLoggingCategory>
@@ -74,9 +75,9 @@ QCoro::Task<OCROutcome> VisionOCREngine::recognize(QImage image, QualityOfServic
                                           .customWords = {"Kovrel"},
                                           .stop = ended.get_token(),
                                           .progress = std::move(progress)};
-    OCROutcome outcome = co_await m_scope.onWorker(Lane::visionOCR, qos, [recogniser = m_recogniser, image, request] {
-        return read(*recogniser, image, request);
-    });
+    const auto job =
+        Guarded::orReason([recogniser = m_recogniser, image, request] { return read(*recogniser, image, request); });
+    OCROutcome outcome = co_await m_scope.onWorker(Lane::visionOCR, qos, job);
     co_return outcome;
 }
 

@@ -4,6 +4,8 @@
 #include "platform/ImageCodec.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
+#include "tests/support/LogLines.h"
+#include "tests/support/MemoryShortage.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/TestPictures.h"
 
@@ -241,6 +243,24 @@ TEST_F(CropSizeEstimatorTest, MayGoAtAnyTime)
     finishEncodes();
     loop.advance(1000ms);
     EXPECT_EQ(changes, 0);
+}
+
+TEST_F(CropSizeEstimatorTest, WhatMemoryWasTooShortForIsMadeWhenItIsAskedForAgain)
+{
+    const Testing::LogLines log;
+    estimator->setContext(context());
+    const auto ask = [this] {
+        estimator->request({{50, 30}});
+        loop.advance(CropSizeEstimator::debounce);
+        finishEncodes();
+    };
+    workers.beforeEachJob = Testing::MemoryShortage::failNextAllocation;
+    ask();
+    EXPECT_EQ(changes, 2);
+    EXPECT_FALSE(estimator->source() || estimator->reading({50, 30}));
+    workers.beforeEachJob = [] {};
+    ask();
+    EXPECT_TRUE(estimator->source() && estimator->reading({50, 30}));
 }
 
 } // namespace Kovrel

@@ -1,6 +1,7 @@
 #include "platform/x11/overlay/X11OverlaySurfaces.h"
 
-#include "platform/x11/OnCaptureLane.h"
+#include "platform/Guarded.h"
+#include "platform/ReplyFromWorker.h"
 
 namespace Kovrel {
 
@@ -81,11 +82,12 @@ void X11OverlaySurfaces::open(Opening opening, Handlers handlers, Reply<std::opt
     for (const Display& display : m_displays.all())
         surfaces.push_back({display, opening.cursor(display)});
     auto overlay = std::make_shared<X11Overlay>(m_server->reader, m_server->visuals);
-    onCaptureLane<std::optional<Opened>>(
-        m_loop, m_workers,
-        [overlay, surfaces = std::move(surfaces), ground = opening.ground, shade = opening.shade, server = m_server] {
-            return server->connection->isAlive() ? overlay->open(surfaces, ground, shade) : std::nullopt;
-        },
+    const auto job = [overlay, surfaces = std::move(surfaces), ground = opening.ground, shade = opening.shade,
+                      server = m_server] {
+        return server->connection->isAlive() ? overlay->open(surfaces, ground, shade) : std::nullopt;
+    };
+    replyFromWorker<std::optional<Opened>>(
+        m_loop, m_workers, Lane::capture, Guarded::orElse(job, std::nullopt),
         [this, overlay, session = m_session, reply = std::move(reply)](std::optional<Opened> opened) {
             if (session == m_session && opened) {
                 m_overlay = overlay;
@@ -99,13 +101,13 @@ void X11OverlaySurfaces::takePointer(Reply<bool> reply)
 {
     // The job has the connection meanwhile.
     m_notifier.reset();
-    onCaptureLane<bool>(
-        m_loop, m_workers, [overlay = m_overlay, server = m_server] { return overlay && overlay->takePointer(); },
-        [this, session = m_session, reply = std::move(reply)](bool isTaken) {
-            if (session == m_session && m_overlay)
-                listen();
-            reply(isTaken);
-        });
+    const auto job = [overlay = m_overlay, server = m_server] { return overlay && overlay->takePointer(); };
+    replyFromWorker<bool>(m_loop, m_workers, Lane::capture, Guarded::orElse(job, false),
+                          [this, session = m_session, reply = std::move(reply)](bool isTaken) {
+                              if (session == m_session && m_overlay)
+                                  listen();
+                              reply(isTaken);
+                          });
 }
 
 void X11OverlaySurfaces::close()

@@ -1,6 +1,7 @@
 #include "platform/x11/windows/X11DesktopPicture.h"
 
-#include "platform/x11/OnCaptureLane.h"
+#include "platform/Guarded.h"
+#include "platform/ReplyFromWorker.h"
 #include "platform/x11/X11Property.h"
 #include "platform/x11/windows/X11WindowImage.h"
 #include "platform/x11/windows/X11WindowList.h"
@@ -87,10 +88,10 @@ void X11DesktopPicture::grab(quint32 displayID, int maxPixelSize, Reply<std::opt
     const Display* display = displayWithID(displays, displayID);
     const QSize size = display ? pictureSize(*display, maxPixelSize) : QSize();
     const QRect pixels = display ? display->pixelRect : QRect();
-    onCaptureLane<Picture>(
-        m_loop, m_workers,
-        [reader = m_reader, pixels, size] { return size.isEmpty() ? Picture() : read(*reader, pixels, size); },
-        std::move(reply));
+    const auto job = [reader = m_reader, pixels, size] {
+        return size.isEmpty() ? Picture() : read(*reader, pixels, size);
+    };
+    replyFromWorker<Picture>(m_loop, m_workers, Lane::capture, Guarded::orElse(job, std::nullopt), std::move(reply));
 }
 
 } // namespace Kovrel

@@ -1,6 +1,7 @@
 #include "platform/x11/windows/X11Windows.h"
 
-#include "platform/x11/OnCaptureLane.h"
+#include "platform/Guarded.h"
+#include "platform/ReplyFromWorker.h"
 #include "platform/x11/windows/X11WindowImage.h"
 #include "platform/x11/windows/X11WindowList.h"
 
@@ -48,18 +49,18 @@ X11Windows::X11Windows(MainLoop& loop, Workers& workers, std::shared_ptr<X11Imag
 
 void X11Windows::list(Reply<std::optional<std::vector<WindowInfo>>> reply)
 {
-    onCaptureLane<Infos>(
-        m_loop, m_workers, [reader = m_reader, names = m_names] { return read(reader->connection(), *names); },
-        [&displays = m_displays, reply = std::move(reply)](Infos infos) {
-            reply(inPoints(std::move(infos), displays.all()));
-        });
+    const auto job = [reader = m_reader, names = m_names] { return read(reader->connection(), *names); };
+    replyFromWorker<Infos>(m_loop, m_workers, Lane::capture, Guarded::orElse(job, std::nullopt),
+                           [&displays = m_displays, reply = std::move(reply)](Infos infos) {
+                               reply(inPoints(std::move(infos), displays.all()));
+                           });
 }
 
 void X11Windows::grab(quint32 windowID, Reply<GrabbedImage> reply)
 {
-    onCaptureLane<GrabbedImage>(
-        m_loop, m_workers, [reader = m_reader, windowID] { return X11WindowImage::grab(*reader, windowID); },
-        std::move(reply));
+    const auto job = [reader = m_reader, windowID] { return X11WindowImage::grab(*reader, windowID); };
+    replyFromWorker<GrabbedImage>(m_loop, m_workers, Lane::capture,
+                                  Guarded::orElse(job, std::unexpected(GrabFailure::noMemory)), std::move(reply));
 }
 
 } // namespace Kovrel
