@@ -105,7 +105,8 @@ QCoro::Task<> SelectionFlow::takeSelection(Run run, SelectionResult selection, b
         run->mode = ocrOnly ? CaptureMode::ocrRegion : CaptureMode::window;
         co_await takeWindows(run, std::move(windows->windows), ocrOnly);
     } else {
-        m_stages.abandon(run, {});
+        const QString& failure = std::get<SelectionCancelled>(selection).failure;
+        m_stages.abandon(run, failure.isEmpty() ? QString() : "Nothing could be selected: " + failure);
     }
 }
 

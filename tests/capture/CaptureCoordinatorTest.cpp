@@ -419,6 +419,17 @@ TEST_F(CoordinatorTest, ALastAreaThatCannotBeTakenSaysWhy)
     EXPECT_THAT(outcomes, ElementsAre("area finished", "lastArea failed", "lastArea failed"));
 }
 
+TEST_F(CoordinatorTest, ASelectionThatIsImpossibleFailsAndSaysWhy)
+{
+    for (const CaptureMode mode : {CaptureMode::area, CaptureMode::window, CaptureMode::ocrRegion}) {
+        captureAndSettle(mode);
+        fake.endSelection(SelectionCancelled{"the desktop does not give its pixels"});
+        fake.loop.runPosted();
+        EXPECT_EQ(lastOutcome.message, "Nothing could be selected: the desktop does not give its pixels");
+    }
+    EXPECT_THAT(outcomes, ElementsAre("area failed", "window failed", "ocrRegion failed"));
+}
+
 TEST_F(CoordinatorTest, WhatFollowsAnOverlayWaitsUntilTheScreenIsRepainted)
 {
     fake.chromeIsVisible = false;
