@@ -170,7 +170,7 @@ public:
 
     void expectOpening() override {}
 
-    void open(Opening, Handlers, Reply<std::optional<Opened>>) override {}
+    void open(Opening, Handlers, Reply<Outcome>) override {}
 
     void takePointer(Reply<bool>) override {}
 

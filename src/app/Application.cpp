@@ -51,8 +51,8 @@ Application::~Application()
     QApplication::setStyle(new QProxyStyle);
 }
 
-// Jobs in flight use what goes after this; a save that was begun is finished, but not for ever waited for. A log-out may
-// end the event loop without asking us first, and so may the end of the display server.
+// Jobs in flight use what goes after this; a save that was begun is finished, but not for ever waited for. A log-out
+// may end the event loop without asking us first, and so may the end of the display server.
 bool Application::finishWork()
 {
     if (!m_delegate.timeToExit())

@@ -315,12 +315,11 @@ QCoro::Task<> CaptureCoordinator::runFullScreen(Run run, std::optional<Display> 
     const quint32 cardDisplay = previewOn.value_or(*target).id;
     m_services.ports.cards.tell(&CardPile::prepareForIncomingCapture, cardDisplay);
     const bool showCursor = m_services.preferences.get(Settings::showCursorInCapture);
-    std::optional<PixelSource::Grab> grab =
-        co_await m_scope.join(m_services.engine.pixels(target->pixelRect, showCursor));
+    PixelSource::Outcome grab = co_await m_scope.join(m_services.engine.pixels(target->pixelRect, showCursor));
     m_services.trace.mark(
         QString("t2 display grabbed in-process (%1)").arg(grab && grab->isInProcess ? "true" : "false"));
     if (!grab) {
-        abandon(run, "The display could not be captured");
+        abandon(run, "The display could not be captured: " + grab.error().reason);
         co_return;
     }
     m_services.ports.effects.tell(&CaptureEffects::playShutterIfEnabled);
@@ -358,9 +357,9 @@ QCoro::Task<> CaptureCoordinator::runLastArea(Run run)
         co_return;
     }
     const QRect rootPixels = m_lastArea->pixels.translated(display->pixelRect.topLeft());
-    std::optional<PixelSource::Grab> grab = co_await m_scope.join(m_services.engine.pixels(rootPixels, false));
+    PixelSource::Outcome grab = co_await m_scope.join(m_services.engine.pixels(rootPixels, false));
     if (!grab) {
-        abandon(run, "The last area could not be captured");
+        abandon(run, "The last area could not be captured: " + grab.error().reason);
         co_return;
     }
     co_await m_scope.join(m_selection.finishArea(run, grab->image, rootPixels, *display, false));

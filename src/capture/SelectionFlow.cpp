@@ -1,6 +1,5 @@
 #include "capture/SelectionFlow.h"
 
-#include "capture/pixels/PixelSource.h"
 #include "capture/selection/SelectionGrabber.h"
 #include "capture/selection/WindowTiles.h"
 #include "platform/Displays.h"
@@ -11,6 +10,18 @@
 #include "ports/TextReader.h"
 
 namespace Kovrel {
+
+namespace {
+
+// Nothing where the user has closed the window meanwhile.
+QString windowFailure(const PixelSource::Failure& failure)
+{
+    if (failure.cause == GrabFailure::windowGone)
+        return {};
+    return "The window could not be captured: " + failure.reason;
+}
+
+} // namespace
 
 SelectionFlow::SelectionFlow(CaptureServices& services, CaptureFinisher& finisher, DesktopSurvey& survey,
                              CaptureStages& stages)
@@ -94,7 +105,8 @@ QCoro::Task<> SelectionFlow::takeSelection(Run run, SelectionResult selection, b
         run->mode = ocrOnly ? CaptureMode::ocrRegion : CaptureMode::window;
         co_await takeWindows(run, std::move(windows->windows), ocrOnly);
     } else {
-        m_stages.abandon(run, {});
+        const QString& failure = std::get<SelectionCancelled>(selection).failure;
+        m_stages.abandon(run, failure.isEmpty() ? QString() : "Nothing could be selected: " + failure);
     }
 }
 
@@ -103,24 +115,28 @@ QCoro::Task<> SelectionFlow::takeArea(Run run, QRect rootPixels, bool ocrOnly)
     FrozenScreens frozen = m_services.overlay.takeFrozenImages();
     const auto frozenCount = frozen.size();
     const std::optional<Display> display = co_await m_scope.join(m_survey.screenUnderMouse());
-    std::optional<QImage> image = co_await m_scope.reply<std::optional<QImage>>(
+    std::optional<QImage> cut = co_await m_scope.reply<std::optional<QImage>>(
         [&](auto done) { m_services.grabber.grab(rootPixels, std::move(frozen), done); });
     m_services.trace.mark(QString("selection committed \u2192 pixels in hand (frozen %1)").arg(frozenCount));
-    if (!image)
-        image = co_await fallbackAreaGrab(rootPixels);
-    if (!image || !display) {
-        m_stages.abandon(run, "The selected area could not be captured");
+    PixelSource::Outcome grab;
+    if (cut)
+        grab->image = *std::move(cut);
+    else
+        grab = co_await fallbackAreaGrab(rootPixels);
+    if (!grab || !display) {
+        const QString reason = grab ? QString("there is no display") : grab.error().reason;
+        m_stages.abandon(run, "The selected area could not be captured: " + reason);
         co_return;
     }
-    co_await finishArea(run, *image, rootPixels, *display, ocrOnly);
+    co_await finishArea(run, grab->image, rootPixels, *display, ocrOnly);
 }
 
-QCoro::Task<std::optional<QImage>> SelectionFlow::fallbackAreaGrab(QRect rootPixels)
+QCoro::Task<PixelSource::Outcome> SelectionFlow::fallbackAreaGrab(QRect rootPixels)
 {
     // The overlay was there a moment ago.
     co_await m_scope.reply<bool>([this](auto done) { m_services.pixels.whenRepainted(done); });
-    std::optional<PixelSource::Grab> live = co_await m_scope.join(m_services.engine.pixels(rootPixels, false));
-    co_return live ? std::optional(live->image) : std::nullopt;
+    PixelSource::Outcome live = co_await m_scope.join(m_services.engine.pixels(rootPixels, false));
+    co_return live;
 }
 
 QCoro::Task<> SelectionFlow::runGivenArea(Run run, bool ocrOnly)
@@ -138,9 +154,9 @@ QCoro::Task<> SelectionFlow::runGivenArea(Run run, bool ocrOnly)
     const Display* under = displayContaining(displays, rect.centre());
     const Display display = under ? *under : *primary;
     const QRect rootPixels = display.toPixels(rect);
-    std::optional<PixelSource::Grab> grab = co_await m_scope.join(m_services.engine.pixels(rootPixels, false));
+    PixelSource::Outcome grab = co_await m_scope.join(m_services.engine.pixels(rootPixels, false));
     if (!grab) {
-        m_stages.abandon(run, "The area lies on no display, or could not be captured");
+        m_stages.abandon(run, "The area could not be captured: " + grab.error().reason);
         co_return;
     }
     co_await finishArea(run, grab->image, rootPixels, display, ocrOnly);
@@ -176,14 +192,14 @@ QCoro::Task<> SelectionFlow::takeWindows(Run run, std::vector<WindowInfo> window
     std::optional<QImage> image = co_await m_scope.reply<std::optional<QImage>>(
         [&](auto done) { m_services.grabber.grabWindows(windows, std::move(frozen), done); });
     m_services.trace.mark(QString("window pick \u2192 pixels in hand (in-process %1)").arg(image ? "true" : "false"));
-    if (!image) {
-        std::optional<PixelSource::Grab> grab = co_await m_scope.join(m_services.engine.window(windows.front().id));
-        if (grab)
-            image = grab->image;
-    }
-    if (!image) { // it was closed meanwhile
+    PixelSource::Outcome grab;
+    if (image)
+        grab->image = *std::move(image);
+    else
+        grab = co_await m_scope.join(m_services.engine.window(windows.front().id));
+    if (!grab) {
         m_composition.forgetPrewarm();
-        m_stages.abandon(run, {});
+        m_stages.abandon(run, windowFailure(grab.error()));
         co_return;
     }
     if (!ocrOnly) {
@@ -193,7 +209,7 @@ QCoro::Task<> SelectionFlow::takeWindows(Run run, std::vector<WindowInfo> window
     }
     m_stages.selectionEnded(run);
     CaptureFinisher::Pixels picked{
-        .image = *image,
+        .image = grab->image,
         .mode = run->mode,
         .displayID = display ? std::optional(display->id) : std::nullopt,
         .pixelScale = display ? display->scale : 2.0,

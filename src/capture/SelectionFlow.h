@@ -5,6 +5,7 @@
 #include "capture/DesktopSurvey.h"
 #include "capture/TextCapture.h"
 #include "capture/WindowComposition.h"
+#include "capture/pixels/PixelSource.h"
 #include "capture/selection/SelectionOverlay.h"
 #include "platform/Scope.h"
 
@@ -34,7 +35,7 @@ private:
     QCoro::Task<> prewarmWindowBackdrop();
     QCoro::Task<> takeSelection(Run run, SelectionResult selection, bool ocrOnly);
     QCoro::Task<> takeArea(Run run, QRect rootPixels, bool ocrOnly);
-    QCoro::Task<std::optional<QImage>> fallbackAreaGrab(QRect rootPixels);
+    QCoro::Task<PixelSource::Outcome> fallbackAreaGrab(QRect rootPixels);
     QCoro::Task<> takeWindows(Run run, std::vector<WindowInfo> windows, bool ocrOnly);
     QCoro::Task<> finishWindowPick(Run run, CaptureFinisher::Pixels picked);
 

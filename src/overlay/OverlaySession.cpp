@@ -39,10 +39,10 @@ OverlaySession::~OverlaySession()
     m_services.surfaces.close();
 }
 
-void OverlaySession::cancel()
+void OverlaySession::cancel(const QString& failure)
 {
     if (const auto onCancelled = std::exchange(m_handlers.onCancelled, nullptr))
-        onCancelled();
+        onCancelled(failure);
 }
 
 // --- Surfaces
@@ -50,9 +50,8 @@ void OverlaySession::cancel()
 void OverlaySession::open(OverlaySurfaces::Opening opening)
 {
     m_cursor = opening.cursor;
-    m_services.surfaces.open(
-        std::move(opening), surfaceHandlers(),
-        m_lifeline.guard([this](std::optional<OverlaySurfaces::Opened> result) { opened(std::move(result)); }));
+    m_services.surfaces.open(std::move(opening), surfaceHandlers(),
+                             m_lifeline.guard([this](OverlaySurfaces::Outcome result) { opened(std::move(result)); }));
 }
 
 OverlaySurfaces::Handlers OverlaySession::surfaceHandlers()
@@ -76,11 +75,12 @@ OverlaySurfaces::Handlers OverlaySession::surfaceHandlers()
     };
 }
 
-void OverlaySession::opened(std::optional<OverlaySurfaces::Opened> opened)
+void OverlaySession::opened(OverlaySurfaces::Outcome opened)
 {
     if (!opened) {
-        qCWarning(log, "The displays can't be covered for a %s", qUtf8Printable(m_name));
-        cancel();
+        qCWarning(log, "The displays can't be covered for a %s: %s", qUtf8Printable(m_name),
+                  qUtf8Printable(opened.error()));
+        cancel(opened.error());
         return;
     }
     addViews(*opened);
@@ -111,7 +111,7 @@ void OverlaySession::takePointer()
         if (isTaken)
             return;
         qCWarning(log, "Another program holds the pointer: no %s is possible", qUtf8Printable(m_name));
-        cancel();
+        cancel("another program holds the pointer");
     }));
 }
 

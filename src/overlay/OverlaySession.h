@@ -37,7 +37,8 @@ public:
         std::function<void(const OverlayPointer&)> onPointer;
         std::function<void()> onInputsHandled; // all that were there at one moment
         std::function<void()> onDesktopSwitch; // to another workspace; the session has come along
-        std::function<void()> onCancelled;     // called once at most
+        // Called once at most. The failure is why there could be no session, and else empty.
+        std::function<void(const QString& failure)> onCancelled;
     };
 
     using SceneOf = std::function<OverlayScene(const Display&)>;
@@ -72,7 +73,7 @@ private:
     };
 
     OverlaySurfaces::Handlers surfaceHandlers();
-    void opened(std::optional<OverlaySurfaces::Opened> opened);
+    void opened(OverlaySurfaces::Outcome opened);
     void addViews(const OverlaySurfaces::Opened& opened);
     void takePointer();
     void grabKeys();
@@ -80,7 +81,7 @@ private:
     void releaseKeys();
     void take(KeyGrabs::Time time, std::function<void()> input);
     void handleInputs();
-    void cancel();
+    void cancel(const QString& failure = {});
 
     Services m_services;
     QString m_name;

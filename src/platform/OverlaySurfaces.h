@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QPoint>
 
+#include <expected>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -70,15 +71,18 @@ public:
         bool isPointerHeld = false;
     };
 
+    // The failure is why not, in the words that follow a colon, for people.
+    using Outcome = std::expected<Opened, QString>;
+
     virtual ~OverlaySurfaces() = default;
 
     // Makes ready what does not change from session to session.
     virtual void prewarm() = 0;
     // A session may begin in a moment: makes ready what would be waited for then, for some seconds.
     virtual void expectOpening() = 0;
-    // Answers when the first frame is painted. No value where the pixels or the surfaces are refused; nothing is open
+    // Answers when the first frame is painted. It fails where the pixels or the surfaces are refused; nothing is open
     // then. A session that was open ends.
-    virtual void open(Opening opening, Handlers handlers, Reply<std::optional<Opened>> reply) = 0;
+    virtual void open(Opening opening, Handlers handlers, Reply<Outcome> reply) = 0;
     // Closes the menus that hold the pointer. False when somebody goes on to hold it.
     virtual void takePointer(Reply<bool> reply) = 0;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/GrabFailure.h"
 #include "platform/Reply.h"
 
 #include <QImage>
@@ -8,14 +9,6 @@
 #include <expected>
 
 namespace Kovrel {
-
-enum class GrabFailure {
-    noDisplay,    // no display server, or none of the rectangle lies on a display
-    refused,      // the desktop does not give pixels to us
-    windowGone,   // closed or minimised in the meantime
-    notSupported, // this desktop has no way to give them
-    noMemory,
-};
 
 // Opaque pixels as Format_RGB32, windows as Format_ARGB32_Premultiplied; device pixel ratio 1.
 using GrabbedImage = std::expected<QImage, GrabFailure>;

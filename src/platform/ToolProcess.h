@@ -13,6 +13,7 @@ namespace Kovrel {
 struct ToolExit {
     bool isCrash = false; // by a signal, also one of `kill`
     int status = 0;       // otherwise
+    QString message = {}; // what it wrote to its standard error, on one line; the end where that is long
 
     bool isOk() const { return !isCrash && status == 0; }
 

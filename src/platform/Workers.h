@@ -20,7 +20,8 @@ enum class Lane {
 enum class QualityOfService { background, utility, userInitiated, userInteractive };
 
 // The door to background threads. Submitting is done on the main thread; a lane runs its jobs one at a time, equally
-// urgent ones in order of submission. A job that was submitted is run, also when the program ends.
+// urgent ones in order of submission. A job that was submitted is run, also when the program ends. One that throws is
+// logged, and the lane goes on.
 class Workers {
 public:
     virtual ~Workers() = default;
@@ -28,10 +29,6 @@ public:
     void submit(Lane lane, std::function<void()> job) { submit(lane, QualityOfService::userInitiated, std::move(job)); }
 
     virtual void submit(Lane lane, QualityOfService qos, std::function<void()> job) = 0;
-
-protected:
-    // Runs a job of a lane. One that throws is logged, and the lane goes on.
-    static void perform(const std::function<void()>& job);
 };
 
 } // namespace Kovrel

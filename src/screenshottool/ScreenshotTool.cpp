@@ -16,23 +16,6 @@ namespace {
 
 using Pixels = std::expected<QImage, Outcome>;
 
-QString reason(GrabFailure failure)
-{
-    switch (failure) {
-    case GrabFailure::noDisplay:
-        return "nothing of it is on a display";
-    case GrabFailure::refused:
-        return "the desktop does not give its pixels";
-    case GrabFailure::windowGone:
-        return "there is no such window on the screen";
-    case GrabFailure::notSupported:
-        return "the display server can't do that";
-    case GrabFailure::noMemory:
-        return "there is not enough memory";
-    }
-    return {};
-}
-
 Pixels orReason(GrabbedImage image)
 {
     if (!image)

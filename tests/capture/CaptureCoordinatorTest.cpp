@@ -350,24 +350,45 @@ TEST_F(CoordinatorTest, ANewRunMayStartWhileTheOneBeforeFinishes)
 
 TEST_F(CoordinatorTest, FailedGrabsSettleAndFreeTheNextPress)
 {
+    const QString refused = fake.grabFailure.reason;
+
     struct Case {
         const char* what;
         CaptureMode mode;
         CaptureOptions options;
         std::optional<SelectionResult> selection;
         const char* outcome = "failed";
+        QString message = {};
     };
 
     const Case cases[] = {
-        {"full screen", CaptureMode::fullScreen, {}, {}},
-        {"given area", CaptureMode::area, {.rect = Rect{1, 2, 30, 40}}, {}},
-        {"area", CaptureMode::area, {}, SelectedArea{{810, 210, 50, 40}}},
+        {"full screen", CaptureMode::fullScreen, {}, {}, "failed", "The display could not be captured: " + refused},
+        {"given area",
+         CaptureMode::area,
+         {.rect = Rect{1, 2, 30, 40}},
+         {},
+         "failed",
+         "The area could not be captured: " + refused},
+        {"area",
+         CaptureMode::area,
+         {},
+         SelectedArea{{810, 210, 50, 40}},
+         "failed",
+         "The selected area could not be captured: " + refused},
+        {"window that is refused",
+         CaptureMode::window,
+         {},
+         SelectedWindows{{WindowInfo{.id = 7}}},
+         "failed",
+         "The window could not be captured: " + refused},
         {"window that was closed", CaptureMode::window, {}, SelectedWindows{{WindowInfo{.id = 7}}}, "cancelled"},
-        {"no display", CaptureMode::fullScreen, {}, {}},
+        {"no display", CaptureMode::fullScreen, {}, {}, "failed", "There is no display to capture"},
     };
     fake.grabSucceeds = fake.frozenGrabSucceeds = fake.windowGrabSucceeds = false;
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
+        if (c.what == std::string("window that was closed"))
+            fake.grabFailure.cause = GrabFailure::windowGone;
         if (c.what == std::string("no display"))
             fake.desktop.displays().displays.clear();
         outcomes.clear();
@@ -382,7 +403,31 @@ TEST_F(CoordinatorTest, FailedGrabsSettleAndFreeTheNextPress)
         EXPECT_EQ(std::count(log.begin(), log.end(), "cards: show"), 1) << "hidden windows come back once";
         EXPECT_THAT(outcomes, ElementsAre(rawString(c.mode).toStdString() + " " + c.outcome));
         EXPECT_EQ(lastOutcome.message.isEmpty(), c.outcome == std::string("cancelled"));
+        EXPECT_EQ(lastOutcome.message, c.message);
     }
+}
+
+TEST_F(CoordinatorTest, ALastAreaThatCannotBeTakenSaysWhy)
+{
+    captureAndSettle(CaptureMode::area, {.rect = Rect{1, 2, 30, 40}});
+    fake.grabSucceeds = false;
+    captureAndSettle(CaptureMode::lastArea);
+    EXPECT_EQ(lastOutcome.message, "The last area could not be captured: " + fake.grabFailure.reason);
+    fake.grabThrows = true;
+    captureAndSettle(CaptureMode::lastArea);
+    EXPECT_EQ(lastOutcome.message, "there is not enough memory");
+    EXPECT_THAT(outcomes, ElementsAre("area finished", "lastArea failed", "lastArea failed"));
+}
+
+TEST_F(CoordinatorTest, ASelectionThatIsImpossibleFailsAndSaysWhy)
+{
+    for (const CaptureMode mode : {CaptureMode::area, CaptureMode::window, CaptureMode::ocrRegion}) {
+        captureAndSettle(mode);
+        fake.endSelection(SelectionCancelled{"the desktop does not give its pixels"});
+        fake.loop.runPosted();
+        EXPECT_EQ(lastOutcome.message, "Nothing could be selected: the desktop does not give its pixels");
+    }
+    EXPECT_THAT(outcomes, ElementsAre("area failed", "window failed", "ocrRegion failed"));
 }
 
 TEST_F(CoordinatorTest, WhatFollowsAnOverlayWaitsUntilTheScreenIsRepainted)

@@ -23,6 +23,7 @@ struct OverlaySessionTest : testing::Test {
     std::unique_ptr<OverlaySession> session;
     Log log;
     std::string endsAt;
+    QString failure;
 
     OverlaySessionTest() { desktop.displays().displays = {{.id = 1, .pixelRect = displayPixels, .isPrimary = true}}; }
 
@@ -45,7 +46,11 @@ struct OverlaySessionTest : testing::Test {
             .onPointer = [this](const OverlayPointer&) { note("pointer"); },
             .onInputsHandled = [this] { note("handled"); },
             .onDesktopSwitch = [this] { note("switched"); },
-            .onCancelled = [this] { note("cancelled"); },
+            .onCancelled =
+                [this](const QString& given) {
+                    failure = given;
+                    note("cancelled");
+                },
         };
         session = std::make_unique<OverlaySession>(
             OverlaySession::Services{loop, desktop.displays(), desktop.keys(), desktop.lock(), desktop.overlay()},
@@ -132,11 +137,13 @@ TEST_F(OverlaySessionTest, WhatTakesItsGroundAwayCancelsItOnce)
         desktop.keys().takeOver();
         desktop.displays().change(desktop.displays().displays);
         EXPECT_THAT(takeLog(), ElementsAre("cancelled"));
+        EXPECT_EQ(failure, QString());
     }
     desktop.overlay().isRefused = true;
     endsAt = "cancelled";
     begin();
     EXPECT_THAT(takeLog(), ElementsAre("cancelled"));
+    EXPECT_EQ(failure, "the desktop does not give its pixels");
 }
 
 TEST_F(OverlaySessionTest, ADesktopThatNeverAnswersCanStillBeLeft)

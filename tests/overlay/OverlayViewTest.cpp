@@ -28,7 +28,7 @@ struct PaintedSurfaces : OverlaySurfaces {
 
     void expectOpening() override {}
 
-    void open(Opening, Handlers, Reply<std::optional<Opened>>) override {}
+    void open(Opening, Handlers, Reply<Outcome>) override {}
 
     void takePointer(Reply<bool>) override {}
 

@@ -89,7 +89,7 @@ void FakeCaptureServices::releasePixels()
     loop.runPosted();
 }
 
-QCoro::Task<std::optional<PixelSource::Grab>> FakeCaptureServices::Engine::pixels(QRect rootPixels, bool showCursor)
+QCoro::Task<PixelSource::Outcome> FakeCaptureServices::Engine::pixels(QRect rootPixels, bool showCursor)
 {
     fake.say("grab " + describe(rootPixels) + (showCursor ? " with pointer" : ""));
     co_await scope.reply<Nothing>([this](Reply<Nothing> done) {
@@ -98,16 +98,18 @@ QCoro::Task<std::optional<PixelSource::Grab>> FakeCaptureServices::Engine::pixel
         else
             fake.answer(done, Nothing{});
     });
+    if (fake.grabThrows)
+        throw std::bad_alloc();
     if (!fake.grabSucceeds)
-        co_return std::nullopt;
+        co_return std::unexpected(fake.grabFailure);
     co_return Grab{picture(rootPixels.size()), true};
 }
 
-QCoro::Task<std::optional<PixelSource::Grab>> FakeCaptureServices::Engine::window(quint32 id)
+QCoro::Task<PixelSource::Outcome> FakeCaptureServices::Engine::window(quint32 id)
 {
     fake.say(QString("engine window %1").arg(id));
     if (!fake.grabSucceeds)
-        co_return std::nullopt;
+        co_return std::unexpected(fake.grabFailure);
     co_return Grab{picture({30, 20}), false};
 }
 

@@ -52,6 +52,8 @@ struct FakeCaptureServices {
 
     // How the others answer.
     bool grabSucceeds = true;
+    bool grabThrows = false;
+    PixelSource::Failure grabFailure{GrabFailure::refused, "the desktop does not give its pixels"};
     bool holdsPixels = false;
     bool frozenGrabSucceeds = true;
     bool windowGrabSucceeds = true;
@@ -80,8 +82,8 @@ struct FakeCaptureServices {
     struct Engine : PixelSource {
         explicit Engine(FakeCaptureServices& f) : fake(f), scope(f.loop, f.workers) {}
 
-        QCoro::Task<std::optional<Grab>> pixels(QRect rootPixels, bool showCursor) override;
-        QCoro::Task<std::optional<Grab>> window(quint32 id) override;
+        QCoro::Task<Outcome> pixels(QRect rootPixels, bool showCursor) override;
+        QCoro::Task<Outcome> window(quint32 id) override;
         bool cancelInteractivePick(std::chrono::milliseconds minAge) override;
         FakeCaptureServices& fake;
         std::vector<Reply<Nothing>> held;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Guarded.h"
 #include "platform/Workers.h"
 
 #include <algorithm>
@@ -60,8 +61,9 @@ private:
 
     void runJob(const std::function<void()>& job)
     {
+        auto guarded = Guarded::job(job, Guarded::logReason);
         beforeEachJob();
-        perform(job);
+        guarded();
     }
 
     std::map<Lane, std::deque<Job>> m_jobs;

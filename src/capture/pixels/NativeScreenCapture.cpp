@@ -1,6 +1,7 @@
 #include "capture/pixels/NativeScreenCapture.h"
 
 #include "platform/DisplayScales.h"
+#include "platform/Guarded.h"
 #include "platform/ImageCodec.h"
 
 #include <QFile>
@@ -45,11 +46,12 @@ Rect wholePoints(const Rect& rect)
     return {left, bottom, std::ceil(rect.maxX()) - left, std::ceil(rect.maxY()) - bottom};
 }
 
-std::optional<NativeScreenCapture::Grab> asGrab(std::optional<QImage> image, bool isInProcess)
+// By the tool, which was asked after this process got no pixels.
+PixelSource::Outcome fromTool(std::expected<QImage, QString> image, GrabFailure cause)
 {
-    if (!image)
-        return {};
-    return NativeScreenCapture::Grab{*std::move(image), isInProcess};
+    if (image)
+        return PixelSource::Grab{*std::move(image), false};
+    return std::unexpected(PixelSource::Failure{cause, reason(cause) + "; the screenshot tool " + image.error()});
 }
 
 QString yesNo(bool value)
@@ -69,81 +71,84 @@ Rect NativeScreenCapture::topLeftGlobalRect(Rect rect) const
     return flipped(m_services.displays.all(), rect);
 }
 
-QCoro::Task<std::optional<NativeScreenCapture::Grab>> NativeScreenCapture::displayRect(Rect topLeftGlobalRect,
-                                                                                       bool showCursor)
+QCoro::Task<PixelSource::Outcome> NativeScreenCapture::displayRect(Rect topLeftGlobalRect, bool showCursor)
 {
     const DisplayList displays = m_services.displays.all();
     const QRect area = rootPixels(displays, flipped(displays, topLeftGlobalRect));
-    auto image = co_await grabInProcess(area, showCursor);
-    if (image)
-        co_return asGrab(std::move(image), true);
-    image = co_await run(rectOptions(topLeftGlobalRect, showCursor), false);
-    co_return asGrab(std::move(image), false);
+    GrabbedImage grabbed = co_await grabInProcess(area, showCursor);
+    if (grabbed)
+        co_return Grab{*std::move(grabbed), true};
+    auto image = co_await run(rectOptions(topLeftGlobalRect, showCursor), false);
+    co_return fromTool(std::move(image), grabbed.error());
 }
 
-QCoro::Task<std::optional<NativeScreenCapture::Grab>> NativeScreenCapture::pixels(QRect rootPixels, bool showCursor)
+QCoro::Task<PixelSource::Outcome> NativeScreenCapture::pixels(QRect rootPixels, bool showCursor)
 {
-    auto image = co_await grabInProcess(rootPixels, showCursor);
-    if (image)
-        co_return asGrab(std::move(image), true);
+    GrabbedImage grabbed = co_await grabInProcess(rootPixels, showCursor);
+    if (grabbed)
+        co_return Grab{*std::move(grabbed), true};
     const DisplayList displays = m_services.displays.all();
     const Display* display = displayNearest(displays, rootPixels);
     if (!display)
-        co_return std::nullopt;
+        co_return std::unexpected(Failure{grabbed.error(), reason(grabbed.error())});
     // The tool knows whole points only, so it is asked for more than is wanted.
     const Rect asked = wholePoints(flipped(displays, display->toPoints(rootPixels)));
     const QRect given = Kovrel::rootPixels(displays, flipped(displays, asked));
-    image = co_await run(rectOptions(asked, showCursor), false);
-    if (!image || image->size() != given.size())
-        co_return std::nullopt;
-    co_return Grab{image->copy(rootPixels.translated(-given.topLeft())), false};
+    auto image = co_await run(rectOptions(asked, showCursor), false);
+    if (image && image->size() != given.size())
+        image = std::unexpected(QStringLiteral("took a picture of another size"));
+    if (image)
+        image = image->copy(rootPixels.translated(-given.topLeft()));
+    co_return fromTool(std::move(image), grabbed.error());
 }
 
-QCoro::Task<std::optional<NativeScreenCapture::Grab>> NativeScreenCapture::window(quint32 windowID)
+QCoro::Task<PixelSource::Outcome> NativeScreenCapture::window(quint32 windowID)
 {
     auto grabbed = co_await m_scope.reply<GrabbedImage>(
         [this, windowID](Reply<GrabbedImage> done) { m_services.windows.grab(windowID, std::move(done)); });
     if (grabbed)
         co_return Grab{*std::move(grabbed), true};
     auto image = co_await run({"-l", QString::number(windowID), "-o", "-x"}, false);
-    co_return asGrab(std::move(image), false);
+    co_return fromTool(std::move(image), grabbed.error());
 }
 
-QCoro::Task<std::optional<QImage>> NativeScreenCapture::interactivePick()
+QCoro::Task<std::expected<QImage, QString>> NativeScreenCapture::interactivePick()
 {
     auto image = co_await run({"-w", "-o", "-x"}, true);
     co_return image;
 }
 
-QCoro::Task<std::optional<QImage>> NativeScreenCapture::grabInProcess(QRect rootPixels, bool showCursor)
+Wait<GrabbedImage> NativeScreenCapture::grabInProcess(QRect rootPixels, bool showCursor)
 {
     const auto pointer = showCursor ? ScreenPixels::PointerOption::drawn : ScreenPixels::PointerOption::without;
-    auto grabbed = co_await m_scope.reply<GrabbedImage>([this, rootPixels, pointer](Reply<GrabbedImage> done) {
+    return m_scope.reply<GrabbedImage>([this, rootPixels, pointer](Reply<GrabbedImage> done) {
         m_services.pixels.grab(rootPixels, pointer, std::move(done));
     });
-    if (!grabbed)
-        co_return std::nullopt;
-    co_return *std::move(grabbed);
 }
 
-QCoro::Task<std::optional<QImage>> NativeScreenCapture::run(QStringList options, bool isInteractive)
+QCoro::Task<std::expected<QImage, QString>> NativeScreenCapture::run(QStringList options, bool isInteractive)
+{
+    auto image = co_await runAndRead(std::move(options), isInteractive);
+    if (!image && !image.error().isEmpty())
+        qCWarning(log, "%s: %s", qUtf8Printable(m_tool.program), qUtf8Printable(image.error()));
+    co_return image;
+}
+
+QCoro::Task<std::expected<QImage, QString>> NativeScreenCapture::runAndRead(QStringList options, bool isInteractive)
 {
     co_await waitUntilInteractiveIdle(idleDeadline);
     const QString path =
         m_tool.temporaryFolder + "/kovrel-shot-" + QUuid::createUuid().toString(QUuid::WithoutBraces) + ".tiff";
     const auto removal = qScopeGuard([path] { QFile::remove(path); });
     const auto ended = co_await runTool(options + QStringList{"-t", "tiff", path}, isInteractive);
-    if (!ended) {
-        if (!ended.error().isEmpty())
-            qCWarning(log, "%s: %s", qUtf8Printable(m_tool.program), qUtf8Printable(ended.error()));
-        co_return std::nullopt;
-    }
-    auto image = co_await m_scope.onWorker(Lane::capture, [path] { return decode(path); });
-    if (image)
-        m_services.trace.mark(QStringLiteral("t4 decoded %1x%2").arg(image->width()).arg(image->height()));
-    else
-        qCWarning(log, "%s: wrote no image", qUtf8Printable(m_tool.program));
-    co_return image;
+    if (!ended)
+        co_return std::unexpected(ended.error());
+    const auto decode = Guarded::orReason([path] { return ImageCodec::decodeFile(path); });
+    auto image = co_await m_scope.onWorker(Lane::capture, decode);
+    if (!image)
+        co_return std::unexpected("wrote no image: " + image.error().message);
+    m_services.trace.mark(QStringLiteral("t4 decoded %1x%2").arg(image->width()).arg(image->height()));
+    co_return *std::move(image);
 }
 
 QCoro::Task<std::expected<Nothing, QString>> NativeScreenCapture::runTool(QStringList arguments, bool isInteractive)
@@ -196,11 +201,12 @@ std::expected<Nothing, QString> NativeScreenCapture::judge(ToolExit exit, bool i
         return Nothing{};
     if (isLate)
         return std::unexpected(QStringLiteral("was killed, it took longer than 10 seconds"));
+    const QString message = exit.message.isEmpty() ? QString() : ": " + exit.message;
     if (exit.isCrash)
-        return std::unexpected(QStringLiteral("crashed"));
+        return std::unexpected("crashed" + message);
     if (isInteractive && exit.status == cancelledByUser)
         return std::unexpected(QString());
-    return std::unexpected(QStringLiteral("exited with status %1").arg(exit.status));
+    return std::unexpected("exited with status " + QString::number(exit.status) + message);
 }
 
 void NativeScreenCapture::noteStart(qint64 pid, bool isInteractive)
@@ -270,12 +276,6 @@ QCoro::Task<> NativeScreenCapture::waitUntilInteractiveIdle(Milliseconds deadlin
         }
         co_await m_scope.sleep(idlePollingInterval);
     }
-}
-
-std::optional<QImage> NativeScreenCapture::decode(const QString& path)
-{
-    auto image = ImageCodec::decodeFile(path);
-    return image ? std::optional(*std::move(image)) : std::nullopt;
 }
 
 } // namespace Kovrel

@@ -20,7 +20,7 @@ namespace Kovrel {
 // platform's screenshot tool runs as a child process and the file that it writes is read. Main thread, unless said.
 //
 // A tool that can't be started is tried three times, one that does not end within ten seconds is killed. Whatever
-// went wrong with the tool is one line of the log "com.kovrel.capture", and there is no image.
+// went wrong with the tool is one line of the log "com.kovrel.capture", and part of the failure's reason.
 class NativeScreenCapture : public PixelSource {
 public:
     using Milliseconds = MainLoop::Milliseconds;
@@ -46,21 +46,18 @@ public:
     // From global points to points counted from the top-left corner of the primary display, y down.
     Rect topLeftGlobalRect(Rect rect) const;
 
-    QCoro::Task<std::optional<Grab>> displayRect(Rect topLeftGlobalRect, bool showCursor);
+    QCoro::Task<Outcome> displayRect(Rect topLeftGlobalRect, bool showCursor);
     // A rectangle of root pixels, exact at every scale.
-    QCoro::Task<std::optional<Grab>> pixels(QRect rootPixels, bool showCursor) override;
+    QCoro::Task<Outcome> pixels(QRect rootPixels, bool showCursor) override;
     // Without its shadow.
-    QCoro::Task<std::optional<Grab>> window(quint32 windowID) override;
+    QCoro::Task<Outcome> window(quint32 windowID) override;
 
-    // The tool's own window picker. No image when the user or `cancelInteractivePick` cancelled it.
-    QCoro::Task<std::optional<QImage>> interactivePick();
+    // The tool's own window picker. The failure is empty when the user or `cancelInteractivePick` cancelled it.
+    QCoro::Task<std::expected<QImage, QString>> interactivePick();
     // Kills the picker when it has been up for at least `minAge`; false when there is none to kill.
     bool cancelInteractivePick(Milliseconds minAge) override;
     // Returns when no picker is up and the tool has had 12 ms since its last exit, at the latest after `deadline`.
     QCoro::Task<> waitUntilInteractiveIdle(Milliseconds deadline);
-
-    // Reads an image file. Any thread.
-    static std::optional<QImage> decode(const QString& path);
 
 private:
     // The tool process at work, shared with whoever cancels it.
@@ -71,9 +68,11 @@ private:
         bool isCancelled = false;                            // we killed the picker: its exit is no failure
     };
 
-    QCoro::Task<std::optional<QImage>> grabInProcess(QRect rootPixels, bool showCursor);
-    QCoro::Task<std::optional<QImage>> run(QStringList options, bool isInteractive);
-    // Runs the tool to its end. The failure is a line for the log, empty when there is nothing to say.
+    Wait<GrabbedImage> grabInProcess(QRect rootPixels, bool showCursor);
+    // What the tool takes. A failure says what became of the tool, and is empty when there is nothing to say.
+    QCoro::Task<std::expected<QImage, QString>> run(QStringList options, bool isInteractive);
+    QCoro::Task<std::expected<QImage, QString>> runAndRead(QStringList options, bool isInteractive);
+    // Runs the tool to its end.
     QCoro::Task<std::expected<Nothing, QString>> runTool(QStringList arguments, bool isInteractive);
     QCoro::Task<std::expected<Nothing, QString>> finish(qint64 pid, Wait<ToolExit> exit, bool isInteractive);
     std::expected<Nothing, QString> judge(ToolExit exit, bool isInteractive, bool isLate, bool isCancelled) const;

@@ -20,7 +20,10 @@ struct SelectedWindows {
     std::vector<WindowInfo> windows; // front to back; two or more: a tiled group
 };
 
-struct SelectionCancelled {};
+struct SelectionCancelled {
+    QString failure =
+        {}; // why nothing could be selected, in the words that follow a colon; empty when nobody wanted to
+};
 
 using SelectionResult = std::variant<SelectedArea, SelectedWindows, SelectionCancelled>;
 

@@ -65,7 +65,7 @@ OverlaySession::Handlers SelectionSession::overlayHandlers()
         .onInputsHandled = [this] { update(); },
         .onDesktopSwitch =
             [this] { m_platform.trace.mark("desktop switched mid-aim \u2192 re-asserting overlay + crosshair"); },
-        .onCancelled = [this] { cancel(); },
+        .onCancelled = [this](const QString& failure) { finish(SelectionCancelled{failure}); },
     };
 }
 
@@ -112,6 +112,7 @@ void SelectionSession::askForPointer()
 void SelectionSession::askForWindows()
 {
     m_platform.windows.list(m_lifeline.guard([this](std::optional<std::vector<WindowInfo>> windows) {
+        m_areWindowsRefused = !windows;
         m_windows = windows.value_or(std::vector<WindowInfo>());
         updateHoveredWindows();
         update();
@@ -229,7 +230,10 @@ void SelectionSession::released(const OverlayPointer& pointer)
 
 void SelectionSession::pickHovered()
 {
-    finish(m_hovered.empty() ? SelectionResult(SelectionCancelled{}) : SelectedWindows{m_hovered});
+    if (!m_hovered.empty())
+        finish(SelectedWindows{m_hovered});
+    else
+        finish(SelectionCancelled{m_areWindowsRefused ? "the desktop does not tell which windows there are" : ""});
 }
 
 void SelectionSession::updateHoveredWindows()

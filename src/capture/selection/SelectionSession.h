@@ -80,7 +80,8 @@ private:
     AreaSelection m_area;
     std::optional<QPoint> m_pointer;
     std::optional<std::vector<WindowInfo>> m_windows; // front to back; none until the desktop has told
-    std::vector<WindowInfo> m_hovered;                // one, or a tiled group
+    bool m_areWindowsRefused = false;
+    std::vector<WindowInfo> m_hovered; // one, or a tiled group
     OverlaySession m_overlay;
     Lifeline m_lifeline;
 };

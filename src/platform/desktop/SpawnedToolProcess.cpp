@@ -45,11 +45,14 @@ QStringList environmentWith(const QMap<QString, QString>& variables)
 }
 
 // Without input, and with the signals as they are for a new program.
-std::optional<pid_t> spawn(const QString& program, const QStringList& arguments, const QStringList& environment)
+std::optional<pid_t> spawn(const QString& program, const QStringList& arguments, const QStringList& environment,
+                           const ErrorOutput& errors)
 {
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
     posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    if (errors.descriptor() >= 0)
+        posix_spawn_file_actions_adddup2(&files, errors.descriptor(), STDERR_FILENO);
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
     sigset_t none;
@@ -89,7 +92,8 @@ SpawnedToolProcess::~SpawnedToolProcess()
 std::optional<qint64> SpawnedToolProcess::start(const QString& program, const QStringList& arguments,
                                                 const QMap<QString, QString>& variables, Reply<ToolExit> exited)
 {
-    const auto pid = spawn(program, arguments, environmentWith(variables));
+    auto errors = std::make_unique<ErrorOutput>();
+    const auto pid = spawn(program, arguments, environmentWith(variables), *errors);
     if (!pid)
         return {};
     const int descriptor = pidfd_open(*pid, 0);
@@ -100,7 +104,7 @@ std::optional<qint64> SpawnedToolProcess::start(const QString& program, const QS
     }
     auto notifier = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
     QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(), [this, pid] { reap(*pid); });
-    m_children.emplace(*pid, Child{descriptor, std::move(notifier), std::move(exited)});
+    m_children.emplace(*pid, Child{descriptor, std::move(notifier), std::move(errors), std::move(exited)});
     return *pid;
 }
 
@@ -115,7 +119,8 @@ void SpawnedToolProcess::reap(qint64 pid)
     auto child = m_children.extract(pid);
     child.mapped().notifier->setEnabled(false);
     child.mapped().notifier.release()->deleteLater(); // it is what calls us
-    const ToolExit exit = waitFor(pid_t(pid));
+    ToolExit exit = waitFor(pid_t(pid));
+    exit.message = child.mapped().errors->text();
     close(child.mapped().descriptor);
     child.mapped().exited(exit);
 }

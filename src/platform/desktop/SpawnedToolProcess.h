@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ToolProcess.h"
+#include "platform/desktop/ErrorOutput.h"
 
 #include <QSocketNotifier>
 
@@ -29,6 +30,7 @@ private:
     struct Child {
         int descriptor; // of the process: readable once it has ended, and never another process's
         std::unique_ptr<QSocketNotifier> notifier;
+        std::unique_ptr<ErrorOutput> errors;
         Reply<ToolExit> exited;
     };
 

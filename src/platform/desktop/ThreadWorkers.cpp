@@ -1,5 +1,7 @@
 #include "platform/desktop/ThreadWorkers.h"
 
+#include "platform/Guarded.h"
+
 #include <pthread.h>
 
 #include <algorithm>
@@ -82,8 +84,7 @@ void ThreadWorkers::work(const std::shared_ptr<Queue>& queue, Lane lane)
         auto job = std::move(queue->jobs.front().work);
         queue->jobs.pop_front();
         locked.unlock();
-        perform(job);
-        job = nullptr;
+        Guarded::job(std::move(job), Guarded::logReason)();
         locked.lock();
     }
     queue->isDone = true;

@@ -49,16 +49,16 @@ struct NativeScreenCaptureTest : testing::Test {
 
     // Keeps what a task gives in the end.
     template <class T>
-    static QCoro::Task<> keep(QCoro::Task<std::optional<T>> task, std::shared_ptr<std::optional<std::optional<T>>> into)
+    static QCoro::Task<> keep(QCoro::Task<T> task, std::shared_ptr<std::optional<T>> into)
     {
         auto value = co_await task;
         *into = std::move(value);
     }
 
     template <class T>
-    auto start(QCoro::Task<std::optional<T>> task)
+    auto start(QCoro::Task<T> task)
     {
-        auto result = std::make_shared<std::optional<std::optional<T>>>();
+        auto result = std::make_shared<std::optional<T>>();
         Scope::start(keep(std::move(task), result), "test");
         loop.runPosted();
         return result;
@@ -209,6 +209,47 @@ TEST_F(NativeScreenCaptureTest, EveryFailureGivesNoImageOneLineAndNoFile)
         EXPECT_EQ(loop.pendingTimers(), 0u);
     }
     EXPECT_EQ(tool.kills.size(), 1u);
+}
+
+TEST_F(NativeScreenCaptureTest, AFailureSaysWhatThisProcessAndTheToolCouldNotDo)
+{
+    struct Case {
+        GrabFailure cause;
+        ToolExit exit;
+        const char* reason;
+    };
+
+    const Case cases[] = {
+        {GrabFailure::refused,
+         {.status = 4, .message = "shot: the door is locked"},
+         "the desktop does not give its pixels; the screenshot tool exited with status 4: shot: the door is locked"},
+        {GrabFailure::noMemory, {.isCrash = true}, "there is not enough memory; the screenshot tool crashed"},
+        {GrabFailure::windowGone,
+         {.status = 4},
+         "there is no such window on the screen; the screenshot tool exited with status 4"},
+    };
+    const auto isCase = [](const auto& grab, const Case& c) {
+        ASSERT_TRUE(*grab && !**grab) << c.reason;
+        EXPECT_EQ((**grab).error().cause, c.cause);
+        EXPECT_EQ((**grab).error().reason, c.reason);
+    };
+    for (const Case& c : cases) {
+        screen.root = windows.refusal = std::unexpected(c.cause);
+        for (const auto& task : {std::function([&] { return capture->displayRect({0, 0, 30, 20}, false); }),
+                                 std::function([&] { return capture->pixels({400, 300, 30, 20}, false); }),
+                                 std::function([&] { return capture->window(7); })}) {
+            loop.advance(12ms);
+            const auto grab = start(task());
+            end(c.exit);
+            isCase(grab, c);
+        }
+    }
+    loop.advance(12ms);
+    const auto odd = start(capture->pixels({400, 300, 30, 20}, false));
+    writeImage({3, 2});
+    end();
+    ASSERT_TRUE(*odd && !**odd);
+    EXPECT_THAT((**odd).error().reason.toStdString(), HasSubstr("the screenshot tool took a picture of another size"));
 }
 
 TEST_F(NativeScreenCaptureTest, LaunchesThatFailAreTriedAgain)

@@ -21,7 +21,7 @@ namespace {
 
 // The engine with the real tool on a real X server. In this process there are no pixels to be had.
 struct ScreenshotToolRunTest : testing::Test {
-    using Grab = std::optional<NativeScreenCapture::Grab>;
+    using Grab = NativeScreenCapture::Outcome;
 
     ScreenshotToolRunTest()
     {
@@ -54,7 +54,7 @@ struct ScreenshotToolRunTest : testing::Test {
             loop.runPosted();
             return result.has_value();
         }));
-        return result.value_or(std::nullopt);
+        return result.value_or(std::unexpected(NativeScreenCapture::Failure{}));
     }
 
     NativeScreenCapture::Services services()
@@ -117,7 +117,10 @@ TEST_F(ScreenshotToolRunTest, WithoutAServerTheToolFailsInOrder)
 {
     NativeScreenCapture capture(services(), {SCREENSHOT_TOOL, folder.path()});
     qputenv("DISPLAY", ":32767"); // ours, once ended, could be another test's
-    EXPECT_FALSE(wait(capture.displayRect({0, 0, 10, 10}, false)));
+    const Grab grab = wait(capture.displayRect({0, 0, 10, 10}, false));
+    ASSERT_FALSE(grab);
+    EXPECT_EQ(grab.error().reason, "nothing of it is on a display; the screenshot tool exited with status 4: "
+                                   "kovrel-screencapture: there is no display server");
     EXPECT_THAT(log.warnings(), testing::ElementsAre(testing::HasSubstr("exited with status 4")));
 }
 

@@ -39,6 +39,7 @@ struct ControllerTest : testing::Test {
     Testing::FakeOverlaySurfaces& surfaces = desktop.overlay();
     std::unique_ptr<SelectionOverlayController> overlay;
     std::vector<std::string> results;
+    QString failure;          // of the last one
     quint32 now = 0xfffffffe; // the clock wraps around soon
 
     ControllerTest()
@@ -55,7 +56,11 @@ struct ControllerTest : testing::Test {
 
     void begin(Mode mode = Mode::areaDrag)
     {
-        overlay->begin(mode, [this](const SelectionResult& result) { results.push_back(describe(result)); });
+        overlay->begin(mode, [this](const SelectionResult& result) {
+            results.push_back(describe(result));
+            const auto* const cancelled = std::get_if<SelectionCancelled>(&result);
+            failure = cancelled ? cancelled->failure : QString();
+        });
         overlay->applyFrozenImages();
     }
 
@@ -185,6 +190,22 @@ TEST_F(ControllerTest, AClickThatComesBeforeTheWindowsAreKnownWaitsForThem)
     EXPECT_THAT(results, ElementsAre("window 7"));
 }
 
+TEST_F(ControllerTest, APickFailsWhereTheDesktopDoesNotTellItsWindows)
+{
+    const auto pick = [this] {
+        open(Mode::windowPick);
+        act(Kind::press, {700, 500});
+        act(Kind::release, {700, 500});
+        loop.runPosted();
+    };
+    pick();
+    EXPECT_EQ(failure, QString()) << "there is none";
+    windows.windows.reset();
+    pick();
+    EXPECT_EQ(failure, "the desktop does not tell which windows there are");
+    EXPECT_THAT(results, ElementsAre("cancelled", "cancelled"));
+}
+
 TEST_F(ControllerTest, WhatTakesItsGroundAwayCancelsItOnce)
 {
     const std::pair<const char*, std::function<void()>> cases[] = {
@@ -205,6 +226,7 @@ TEST_F(ControllerTest, WhatTakesItsGroundAwayCancelsItOnce)
         act();
         overlay->cancel();
         EXPECT_THAT(results, ElementsAre("cancelled"));
+        EXPECT_EQ(failure, QString());
         EXPECT_EQ(keys.count(), 0u);
         EXPECT_THAT(overlay->takeFrozenImages(), IsEmpty());
     }
@@ -212,6 +234,7 @@ TEST_F(ControllerTest, WhatTakesItsGroundAwayCancelsItOnce)
     surfaces.isRefused = true;
     open();
     EXPECT_THAT(results, ElementsAre("cancelled")) << "refused surfaces";
+    EXPECT_EQ(failure, "the desktop does not give its pixels");
 }
 
 TEST_F(ControllerTest, TheEscapeThatClosesAMenuIsNotTheSessions)
@@ -228,6 +251,7 @@ TEST_F(ControllerTest, TheEscapeThatClosesAMenuIsNotTheSessions)
     surfaces.letsPointerGo = false;
     answer();
     EXPECT_THAT(results, ElementsAre("cancelled", "cancelled")) << "somebody holds on to the pointer";
+    EXPECT_EQ(failure, "another program holds the pointer");
 }
 
 TEST_F(ControllerTest, ARefusedKeyIsLoggedAndAnotherWorkspaceChangesNothing)

@@ -42,6 +42,10 @@ TEST_F(SpawnedToolProcessTest, TellsHowAProcessEnded)
         {"kill -PIPE $$; exit 3", {true, 0}}, // signals that we ignore are not ignored there
         {"test \"$KOVREL_TEST\" = 'a b' -a -n \"$PATH\"", {false, 0}},
         {"read line && exit 0; exit 5", {false, 5}}, // no input
+        {"echo one >&2; echo two >&2; exit 3", {false, 3, "one two"}},
+        {"echo bang >&2; kill -SEGV $$", {true, 0, "bang"}},
+        {"echo heard by us all; exit 3", {false, 3}},
+        {"yes | head -c 1000000 >&2; echo the end >&2; exit 3", {false, 3, QString("y ").repeated(246) + "the end"}},
     };
     std::signal(SIGPIPE, SIG_IGN);
     for (const Case& c : cases) {

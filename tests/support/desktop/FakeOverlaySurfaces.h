@@ -31,11 +31,15 @@ public:
 
     void expectOpening() override { ++expected; }
 
-    void open(Opening given, Handlers givenHandlers, Reply<std::optional<Opened>> reply) override
+    void open(Opening given, Handlers givenHandlers, Reply<Outcome> reply) override
     {
         opening = std::move(given);
         handlers = std::move(givenHandlers);
-        answers.give(std::move(reply), [this] { return isRefused ? std::nullopt : std::optional(opened()); });
+        answers.give(std::move(reply), [this]() -> Outcome {
+            if (isRefused)
+                return std::unexpected("the desktop does not give its pixels");
+            return opened();
+        });
     }
 
     void takePointer(Reply<bool> reply) override

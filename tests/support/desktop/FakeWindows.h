@@ -11,8 +11,9 @@ class FakeWindows : public Windows {
 public:
     explicit FakeWindows(MainLoop& loop) : answers(loop) {}
 
-    std::optional<std::vector<WindowInfo>> windows; // front to back; none: the desktop does not tell
-    std::map<quint32, QImage> images;               // of those that can be grabbed
+    std::optional<std::vector<WindowInfo>> windows;                  // front to back; none: the desktop does not tell
+    std::map<quint32, QImage> images;                                // of those that can be grabbed
+    GrabbedImage refusal = std::unexpected(GrabFailure::windowGone); // of the others
     FakeAnswers answers;
 
     void list(Reply<std::optional<std::vector<WindowInfo>>> reply) override
@@ -24,8 +25,7 @@ public:
     {
         answers.give(std::move(reply), [this, windowID] {
             const auto found = images.find(windowID);
-            return found == images.end() ? GrabbedImage(std::unexpected(GrabFailure::windowGone))
-                                         : GrabbedImage(found->second);
+            return found == images.end() ? refusal : GrabbedImage(found->second);
         });
     }
 };

@@ -1,5 +1,6 @@
 #include "platform/x11/overlay/X11Overlay.h"
 
+#include "model/GrabFailure.h"
 #include "model/VirtualKeys.h"
 #include "platform/x11/X11Cursor.h"
 #include "platform/x11/keys/X11Keyboard.h"
@@ -59,21 +60,24 @@ X11Overlay::~X11Overlay()
 
 // --- Opening
 
-std::optional<OverlaySurfaces::Opened> X11Overlay::open(std::vector<Surface> surfaces, OverlaySurfaces::Ground ground,
-                                                        QColor shade)
+OverlaySurfaces::Outcome X11Overlay::open(std::vector<Surface> surfaces, OverlaySurfaces::Ground ground, QColor shade)
 {
+    if (!m_connection.isAlive())
+        return std::unexpected(reason(GrabFailure::serverGone));
+    if (surfaces.empty())
+        return std::unexpected(QStringLiteral("there is no display"));
     m_shade = shade;
     const bool isComposited = m_connection.hasCompositor();
     bool isPointerHeld = false;
     {
         const X11Connection::ServerHold hold(m_connection);
         if (!freeze(surfaces))
-            return {};
+            return std::unexpected(reason(GrabFailure::refused));
         // What holds the pointer, as an open menu, must go: it can be seen on the frozen ground only.
         isPointerHeld = !isPointerFree();
         m_ground = isPointerHeld ? OverlaySurfaces::Ground::frozen : ground;
         if (visual().format == XCB_NONE)
-            return {};
+            return std::unexpected(reason(GrabFailure::notSupported));
         for (size_t index = 0; index < surfaces.size(); ++index)
             create(m_windows[index], surfaces[index].cursor);
         for (const Window& window : m_windows)
@@ -85,7 +89,7 @@ std::optional<OverlaySurfaces::Opened> X11Overlay::open(std::vector<Surface> sur
         listen(window.id, windowEvents | XCB_EVENT_MASK_EXPOSURE);
     m_connection.roundTrip();
     if (!m_connection.isAlive())
-        return {};
+        return std::unexpected(reason(GrabFailure::serverGone));
     OverlaySurfaces::Opened opened{.ground = m_ground, .screens = {}, .isPointerHeld = isPointerHeld};
     for (const Window& window : m_windows)
         opened.screens.push_back({window.displayID, window.pixels, window.screen});

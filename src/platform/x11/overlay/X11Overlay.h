@@ -27,9 +27,8 @@ public:
         OverlayCursor cursor;
     };
 
-    // Returns when the first frame is painted; no value when pixels or windows are refused.
-    std::optional<OverlaySurfaces::Opened> open(std::vector<Surface> surfaces, OverlaySurfaces::Ground ground,
-                                                QColor shade);
+    // Returns when the first frame is painted.
+    OverlaySurfaces::Outcome open(std::vector<Surface> surfaces, OverlaySurfaces::Ground ground, QColor shade);
     bool takePointer();
 
     void reveal(const QRect& rootPixels);

@@ -72,7 +72,7 @@ void X11OverlaySurfaces::expectOpening()
     });
 }
 
-void X11OverlaySurfaces::open(Opening opening, Handlers handlers, Reply<std::optional<Opened>> reply)
+void X11OverlaySurfaces::open(Opening opening, Handlers handlers, Reply<Outcome> reply)
 {
     close();
     prewarm();
@@ -82,19 +82,17 @@ void X11OverlaySurfaces::open(Opening opening, Handlers handlers, Reply<std::opt
     for (const Display& display : m_displays.all())
         surfaces.push_back({display, opening.cursor(display)});
     auto overlay = std::make_shared<X11Overlay>(m_server->reader, m_server->visuals);
-    const auto job = [overlay, surfaces = std::move(surfaces), ground = opening.ground, shade = opening.shade,
-                      server = m_server] {
-        return server->connection->isAlive() ? overlay->open(surfaces, ground, shade) : std::nullopt;
+    const auto job = [overlay, surfaces = std::move(surfaces), ground = opening.ground, shade = opening.shade] {
+        return overlay->open(surfaces, ground, shade);
     };
-    replyFromWorker<std::optional<Opened>>(
-        m_loop, m_workers, Lane::capture, Guarded::orElse(job, std::nullopt),
-        [this, overlay, session = m_session, reply = std::move(reply)](std::optional<Opened> opened) {
-            if (session == m_session && opened) {
-                m_overlay = overlay;
-                listen();
-            }
-            reply(std::move(opened));
-        });
+    replyFromWorker<Outcome>(m_loop, m_workers, Lane::capture, Guarded::orReason(job),
+                             [this, overlay, session = m_session, reply = std::move(reply)](Outcome opened) {
+                                 if (session == m_session && opened) {
+                                     m_overlay = overlay;
+                                     listen();
+                                 }
+                                 reply(std::move(opened));
+                             });
 }
 
 void X11OverlaySurfaces::takePointer(Reply<bool> reply)

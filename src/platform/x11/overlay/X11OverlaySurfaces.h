@@ -22,7 +22,7 @@ public:
 
     void prewarm() override;
     void expectOpening() override;
-    void open(Opening opening, Handlers handlers, Reply<std::optional<Opened>> reply) override;
+    void open(Opening opening, Handlers handlers, Reply<Outcome> reply) override;
     void takePointer(Reply<bool> reply) override;
 
     void reveal(const QRect& rootPixels) override;
