@@ -6,9 +6,9 @@ target_compile_options(kovrel_settings INTERFACE
 target_compile_definitions(kovrel_settings INTERFACE QT_NO_KEYWORDS QT_NO_FOREACH QT_USE_QSTRINGBUILDER)
 target_include_directories(kovrel_settings INTERFACE ${PROJECT_SOURCE_DIR}/src)
 
-if(KOVREL_SANITIZE)
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
-  add_link_options(-fsanitize=address,undefined)
+if(KOVREL_SANITIZERS)
+  add_compile_options(-fsanitize=${KOVREL_SANITIZERS} -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${KOVREL_SANITIZERS})
 endif()
 
 find_program(MOLD mold)

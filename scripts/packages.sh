@@ -17,6 +17,7 @@ test_packages="
   qrencode
   pulseaudio pulseaudio-utils
   desktop-file-utils appstream groff-base bash-completion fish zsh"
+check_packages="clang-format-19 clang-tidy-19 universal-ctags python3"
 
 missing_packages() {
   for package in "$@"; do

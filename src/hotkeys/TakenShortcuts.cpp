@@ -11,7 +11,7 @@ namespace {
 QStringList textsOf(const QJsonValue& value)
 {
     QStringList texts;
-    for (const QJsonValue& text : value.toArray())
+    for (const QJsonValue text : value.toArray())
         texts << text.toString();
     return texts;
 }
@@ -38,7 +38,7 @@ QByteArray TakenShortcuts::toJson(const std::vector<TakenShortcut>& shortcuts)
 std::vector<TakenShortcut> TakenShortcuts::fromJson(const QByteArray& json)
 {
     std::vector<TakenShortcut> shortcuts;
-    for (const QJsonValue& value : QJsonDocument::fromJson(json).array())
+    for (const QJsonValue value : QJsonDocument::fromJson(json).array())
         shortcuts.push_back({{value["shortcut"].toString(), textsOf(value["accelerators"])}, textsOf(value["taken"])});
     return shortcuts;
 }

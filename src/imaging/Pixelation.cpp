@@ -142,7 +142,7 @@ private:
 
 QImage Pixelation::pixelated(const QImage& image, double cell)
 {
-    const QImage source =
+    QImage source =
         image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
     if (source.isNull() || !(cell >= 1))
         return source;

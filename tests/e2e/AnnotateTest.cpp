@@ -1,5 +1,4 @@
 #include "tests/e2e/UserSession.h"
-#include "tests/support/PictureDifference.h"
 #include "tests/support/TestPictures.h"
 
 #include <QColorSpace>

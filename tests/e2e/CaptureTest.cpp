@@ -14,7 +14,7 @@
 
 namespace Kovrel {
 
-using Testing::firstDifference;
+using Testing::sameColors;
 
 namespace {
 
@@ -66,7 +66,7 @@ TEST_F(CaptureTest, EachModeEndsInAFileWithExactlyThePixelsOfTheScreen)
         const QFileInfo file(json["path"].toString());
         EXPECT_EQ(file.path(), session.saveFolder());
         EXPECT_TRUE(templated.match(file.fileName()).hasMatch()) << qPrintable(file.fileName());
-        EXPECT_EQ(firstDifference(QImage(file.filePath()), screen.copy(c.pixels)), "") << c.mode;
+        EXPECT_TRUE(sameColors(QImage(file.filePath()), screen.copy(c.pixels))) << c.mode;
         paths << file.filePath();
     }
     EXPECT_EQ(QSet<QString>(paths.begin(), paths.end()).size(), std::size(cases));
@@ -97,7 +97,7 @@ TEST_F(CaptureTest, ASecondProgramReadsTheCopiedPicture)
     EXPECT_TRUE(targets.output.contains("image/tiff\n"));
     for (const char* type : {"image/png", "image/tiff"}) {
         const auto bytes = session.run("xclip", {"-selection", "clipboard", "-t", type, "-o"}).output;
-        EXPECT_EQ(firstDifference(QImage::fromData(bytes), screen), "") << type;
+        EXPECT_TRUE(sameColors(QImage::fromData(bytes), screen)) << type;
     }
 }
 
@@ -109,7 +109,7 @@ TEST_F(CaptureTest, WhatWasCopiedOutlivesTheProgramWhereAManagerTakesIt)
     session.kovrel({"quit"});
     EXPECT_TRUE(Testing::UserSession::eventually([&] { return session.instancePid() == 0; }));
     const auto bytes = session.run("xclip", {"-selection", "clipboard", "-t", "image/png", "-o"}).output;
-    EXPECT_EQ(firstDifference(QImage::fromData(bytes), screen.copy(10, 10, 60, 50)), "");
+    EXPECT_TRUE(sameColors(QImage::fromData(bytes), screen.copy(10, 10, 60, 50)));
 }
 
 TEST_F(CaptureTest, FinishedCapturesAreAnnouncedOnTheBus)
@@ -207,10 +207,10 @@ TEST(CaptureOnTwoMonitors, EachIsTakenWhereverItLies)
     for (const QRect& monitor : {primary, other}) {
         painted.movePointer(monitor.center());
         const auto json = session.kovrel({"capture", "fullScreen", "--wait", "--json"}).json();
-        EXPECT_EQ(firstDifference(QImage(json["path"].toString()), screen.copy(monitor)), "");
+        EXPECT_TRUE(sameColors(QImage(json["path"].toString()), screen.copy(monitor)));
     }
     const auto json = session.kovrel({"capture", "area", "--rect", "-300,-200,100,90", "--wait", "--json"}).json();
-    EXPECT_EQ(firstDifference(QImage(json["path"].toString()), screen.copy(500, 100, 100, 90)), "");
+    EXPECT_TRUE(sameColors(QImage(json["path"].toString()), screen.copy(500, 100, 100, 90)));
 }
 
 TEST(CaptureOnTwoMonitors, AMonitorThatGoesDuringTheCountdownLeavesTheOther)
@@ -249,7 +249,7 @@ TEST(CaptureOnTwoMonitors, PointsAndPixelsOfAScaledMonitor)
     EXPECT_EQ(whole["pixelScale"], 2);
     EXPECT_EQ(whole["width"], 800) << "every pixel of a scaled display is kept";
     const auto json = session.kovrel({"capture", "area", "--rect", "-790,-290,100,50", "--wait", "--json"}).json();
-    EXPECT_EQ(firstDifference(QImage(json["path"].toString()), screen.copy(20, 20, 200, 100)), "");
+    EXPECT_TRUE(sameColors(QImage(json["path"].toString()), screen.copy(20, 20, 200, 100)));
     session.kovrel({"preferences", "set", "retinaDownscale", "true"});
     const auto reduced = session.kovrel({"capture", "lastArea", "--wait", "--json"}).json();
     EXPECT_EQ(QImage(reduced["path"].toString()).size(), QSize(100, 50));

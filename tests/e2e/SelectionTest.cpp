@@ -16,7 +16,7 @@
 
 namespace Kovrel {
 
-using Testing::firstDifference;
+using Testing::sameColors;
 using Testing::TestKeyboard;
 using Testing::UserSession;
 
@@ -87,7 +87,7 @@ struct SelectionTest : testing::Test {
     void expectPicture(const QRect& pixels, double scale)
     {
         const QJsonObject json = result();
-        EXPECT_EQ(firstDifference(QImage(json["path"].toString()), screen.copy(pixels)), "");
+        EXPECT_TRUE(sameColors(QImage(json["path"].toString()), screen.copy(pixels)));
         EXPECT_EQ(json["pixelScale"], scale);
     }
 
@@ -466,7 +466,7 @@ TEST(SelectionOnFractionalScales, IsExactToThePixel)
         painted.drag({101, 203}, {1365, 767});
         ASSERT_TRUE(capture.waitForFinished());
         const auto json = QJsonDocument::fromJson(capture.readAllStandardOutput()).object();
-        EXPECT_EQ(firstDifference(QImage(json["path"].toString()), screen.copy(101, 203, 1265, 565)), "");
+        EXPECT_TRUE(sameColors(QImage(json["path"].toString()), screen.copy(101, 203, 1265, 565)));
         EXPECT_EQ(json["pixelScale"], QString(scale).toDouble());
     }
 }
@@ -501,7 +501,7 @@ TEST(SelectionOnLiveScreens, TakesWhatIsThereAtTheEndWithoutTheOverlay)
     QImage expected(picture.size(), QImage::Format_RGB32);
     expected.fill(Qt::blue);
     QPainter(&expected).fillRect(QRect(40, 40, 20, 20), Qt::red);
-    EXPECT_EQ(firstDifference(picture, expected), "");
+    EXPECT_TRUE(sameColors(picture, expected));
     painted.hide(window);
 }
 

@@ -1,5 +1,6 @@
 #include "imaging/BlendMode.h"
 
+#include "tests/support/PictureDifference.h"
 #include "tests/support/TestPictures.h"
 
 #include <QImage>
@@ -122,7 +123,7 @@ TEST(BlendModeTest, EveryPixelIsAsCoveredAsByThePathsAtOnce)
         QPainter painter(&image);
         Blending::fillPaths(painter, paths, color, mode);
         painter.end();
-        EXPECT_LE(Testing::largestDifference(image, expected), 1); // the last digit of a float
+        EXPECT_TRUE(Testing::samePicture(image, expected, 1)); // the last digit of a float
     }
 }
 

@@ -1,4 +1,5 @@
 #include "imaging/Resampling.h"
+#include "tests/support/PictureDifference.h"
 #include "tests/support/TestPictures.h"
 
 #include <gtest/gtest.h>
@@ -46,7 +47,7 @@ TEST(Resampling, EachPixelIsTheMeanOfItsArea)
         for (int y = 0; y < reduced.height(); ++y)
             for (int x = 0; x < reduced.width(); ++x)
                 expected.setPixel(x, y, meanOver(image, x * stepX, y * stepY, (x + 1) * stepX, (y + 1) * stepY));
-        EXPECT_LE(Testing::largestDifference(reduced, expected), 1) << factor;
+        EXPECT_TRUE(Testing::samePicture(reduced, expected, 1)) << factor;
     }
 }
 
@@ -68,7 +69,7 @@ TEST(Resampling, FlatPicturesStayFlatAndKeepTheirProfileAndDensity)
     image.setDotsPerMeterX(1234);
     image.setDotsPerMeterY(4321);
     const QImage reduced = Resampling::reduced(image, 1.75).value();
-    EXPECT_EQ(Testing::largestDifference(reduced, testPicture(reduced.size(), Texture::flat)), 0);
+    EXPECT_TRUE(Testing::samePicture(reduced, testPicture(reduced.size(), Texture::flat)));
     EXPECT_EQ(reduced.colorSpace(), QColorSpace(QColorSpace::AdobeRgb));
     EXPECT_EQ(reduced.dotsPerMeterX(), 1234);
     EXPECT_EQ(reduced.dotsPerMeterY(), 4321);
@@ -90,7 +91,7 @@ TEST(Resampling, ASizeIsTheOneAskedForOrNone)
         ASSERT_TRUE(resampled);
         EXPECT_EQ(resampled->size(), size);
     }
-    EXPECT_EQ(*Resampling::resampledExactly(image, image.size()), image);
+    EXPECT_TRUE(Testing::identicalPicture(*Resampling::resampledExactly(image, image.size()), image));
     for (const QSize size : {QSize(), QSize(0, 5), QSize(-3, 5), QSize(32768, 1), QSize(30000, 30000)})
         EXPECT_FALSE(Resampling::resampledExactly(image, size));
     EXPECT_FALSE(Resampling::resampledExactly(QImage(), {5, 5}));
@@ -103,10 +104,9 @@ TEST(Resampling, WhatIsEvenStaysEvenAndPutsOnNoFringe)
     for (const QSize size : {QSize(40, 3), QSize(3, 40), QSize(23, 19), QSize(4, 4)}) {
         QImage expected(size, clear.format());
         expected.fill(qRgba(60, 30, 90, 100));
-        EXPECT_EQ(*Resampling::resampledExactly(clear, size), expected) << size.width();
-        EXPECT_EQ(Testing::largestDifference(*Resampling::resampledExactly(testPicture({9, 7}, Texture::flat), size),
-                                             testPicture(size, Texture::flat)),
-                  0);
+        EXPECT_TRUE(Testing::identicalPicture(*Resampling::resampledExactly(clear, size), expected)) << size.width();
+        EXPECT_TRUE(Testing::samePicture(*Resampling::resampledExactly(testPicture({9, 7}, Texture::flat), size),
+                                         testPicture(size, Texture::flat)));
     }
 }
 

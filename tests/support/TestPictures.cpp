@@ -44,20 +44,4 @@ QImage translucent(QImage image, quint32 seed)
     return image;
 }
 
-int largestDifference(const QImage& one, const QImage& other)
-{
-    if (one.size() != other.size())
-        return 256;
-    int largest = 0;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
-            const QRgb a = one.pixel(x, y);
-            const QRgb b = other.pixel(x, y);
-            for (int shift = 0; shift < 32; shift += 8)
-                largest = qMax(largest, qAbs(int(a >> shift & 0xFF) - int(b >> shift & 0xFF)));
-        }
-    }
-    return largest;
-}
-
 } // namespace Kovrel::Testing

@@ -14,7 +14,4 @@ QImage testPicture(QSize size, Texture texture, quint32 seed = 1);
 // The same with alpha from nothing to everything, as Format_ARGB32.
 QImage translucent(QImage image, quint32 seed = 1);
 
-// The largest difference of any channel, alpha included.
-int largestDifference(const QImage& one, const QImage& other);
-
 } // namespace Kovrel::Testing

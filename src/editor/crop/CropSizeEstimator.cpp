@@ -61,10 +61,8 @@ CropSizeEstimator::~CropSizeEstimator()
 
 void CropSizeEstimator::setContext(Context context)
 {
-    if (context.source.cacheKey() != m_sourceImage || context.pixels.cacheKey() != m_pixelsImage)
-        forgetSource();
-    m_sourceImage = context.source.cacheKey();
-    m_pixelsImage = context.pixels.cacheKey();
+    if (!m_source.isOf(context))
+        takeSource(context);
     if (m_context == context)
         return;
     m_context = std::move(context);
@@ -76,11 +74,16 @@ void CropSizeEstimator::setContext(Context context)
     m_readings.clear();
 }
 
-void CropSizeEstimator::forgetSource()
+bool CropSizeEstimator::Source::isOf(const Context& context) const
 {
-    m_source.reset();
-    m_sourceInFlight = false;
-    ++m_sourceGeneration;
+    return image == context.source.cacheKey() && pixelsImage == context.pixels.cacheKey();
+}
+
+void CropSizeEstimator::takeSource(const Context& context)
+{
+    m_source = {.image = context.source.cacheKey(),
+                .pixelsImage = context.pixels.cacheKey(),
+                .generation = m_source.generation + 1};
 }
 
 QRect CropSizeEstimator::crop() const
@@ -93,8 +96,8 @@ QRect CropSizeEstimator::crop() const
 bool CropSizeEstimator::sourceServes(SizeKey size) const
 {
     const QRect whole = crop();
-    return size == keyOf(whole.size()) && whole == m_context->pixels.rect() && whole == m_sourceCrop &&
-           (m_source || m_sourceInFlight);
+    return size == keyOf(whole.size()) && whole == m_context->pixels.rect() && whole == m_source.crop &&
+           m_source.isThereOrOnItsWay();
 }
 
 CropSizeEstimator::Job CropSizeEstimator::job(SizeKey size) const
@@ -111,7 +114,7 @@ void CropSizeEstimator::request(const std::vector<Size>& sizes)
 {
     if (crop().isEmpty())
         return;
-    if (!m_source && !m_sourceInFlight)
+    if (!m_source.isThereOrOnItsWay())
         encodeSource();
     for (const Size& size : sizes)
         if (const auto key = rounded(size))
@@ -125,9 +128,9 @@ void CropSizeEstimator::request(const std::vector<Size>& sizes)
 
 void CropSizeEstimator::encodeSource()
 {
-    m_sourceInFlight = true;
-    m_sourceCrop = crop();
-    Scope::start(readSource(job(keyOf(m_sourceCrop.size()))), "The size of the crop");
+    m_source.isInFlight = true;
+    m_source.crop = crop();
+    Scope::start(readSource(job(keyOf(m_source.crop.size()))), "The size of the crop");
 }
 
 Wait<std::optional<CropSizeEstimator::Reading>> CropSizeEstimator::encoded(Job job)
@@ -137,12 +140,12 @@ Wait<std::optional<CropSizeEstimator::Reading>> CropSizeEstimator::encoded(Job j
 
 QCoro::Task<> CropSizeEstimator::readSource(Job job)
 {
-    const quint64 generation = m_sourceGeneration;
+    const quint64 generation = m_source.generation;
     const auto reading = co_await encoded(job);
-    if (generation != m_sourceGeneration)
+    if (generation != m_source.generation)
         co_return;
-    m_sourceInFlight = false;
-    m_source = reading;
+    m_source.isInFlight = false;
+    m_source.reading = reading;
     m_changed();
 }
 
@@ -172,7 +175,7 @@ std::optional<CropSizeEstimator::Reading> CropSizeEstimator::reading(SizeKey siz
 {
     if (const auto found = m_readings.find(size); found != m_readings.end())
         return found->second;
-    return !crop().isEmpty() && sourceServes(size) ? m_source : std::nullopt;
+    return !crop().isEmpty() && sourceServes(size) ? m_source.reading : std::nullopt;
 }
 
 } // namespace Kovrel

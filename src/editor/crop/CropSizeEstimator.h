@@ -62,7 +62,7 @@ public:
     void request(const std::vector<Size>& sizes);
 
     // Of the crop that was asked about first after the images had changed, at its own size: what a menu compares with.
-    const std::optional<Reading>& source() const { return m_source; }
+    const std::optional<Reading>& source() const { return m_source.reading; }
 
     const std::map<SizeKey, Reading>& readings() const { return m_readings; }
 
@@ -82,7 +82,21 @@ private:
         std::optional<Reading> encode() const;
     };
 
-    void forgetSource();
+    // The crop at its own size, of the images that were given last.
+    struct Source {
+        qint64 image = 0; // keys of images; 0 is none
+        qint64 pixelsImage = 0;
+        quint64 generation = 0; // of images; one that comes back is another
+        QRect crop;             // what the reading is made of
+        std::optional<Reading> reading;
+        bool isInFlight = false;
+
+        bool isOf(const Context& context) const;
+
+        bool isThereOrOnItsWay() const { return reading || isInFlight; }
+    };
+
+    void takeSource(const Context& context);
     QRect crop() const;
     bool sourceServes(SizeKey size) const;
     Job job(SizeKey size) const;
@@ -96,14 +110,9 @@ private:
     const Preferences& m_preferences;
     std::function<void()> m_changed;
 
-    std::optional<Reading> m_source;
+    Source m_source;
     std::map<SizeKey, Reading> m_readings;
     std::optional<Context> m_context;
-    qint64 m_sourceImage = 0; // keys of images; 0 is none
-    qint64 m_pixelsImage = 0;
-    bool m_sourceInFlight = false;
-    quint64 m_sourceGeneration = 0; // of images; one that comes back is another
-    QRect m_sourceCrop;             // what `m_source` is made of
     std::set<SizeKey> m_wanted;
     std::set<SizeKey> m_inFlight;
     MainLoop::TimerID m_pending = 0;

@@ -85,11 +85,16 @@ public:
 private:
     bool dispatch(const QString& interface, const QString& method, const QVariantList& arguments)
     {
-        if (interface == QLatin1StringView(busName) && method == "Quit" && arguments.size() == 1)
+        if (interface == QLatin1StringView(busName) && method == "Quit" && arguments.size() == 1) {
             m_handlers.quit(arguments[0].toString());
-        else if (interface != QLatin1StringView(applicationInterface))
-            return false;
-        else if (method == "Activate")
+            return true;
+        }
+        return interface == QLatin1StringView(applicationInterface) && dispatchToApplication(method, arguments);
+    }
+
+    bool dispatchToApplication(const QString& method, const QVariantList& arguments)
+    {
+        if (method == "Activate")
             m_handlers.activate();
         else if (method == "Open" && !arguments.isEmpty())
             m_handlers.open(arguments[0].toStringList());

@@ -7,6 +7,7 @@
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/MessageLog.h"
 #include "tests/support/Patterns.h"
+#include "tests/support/PictureDifference.h"
 #include "tests/support/TempFolder.h"
 
 #include <QRegularExpression>
@@ -113,10 +114,10 @@ TEST_F(NativeScreenCaptureTest, PixelsComeFromThisProcessWhereItCan)
     const auto rect = start(capture->displayRect({-400, -300, 100, 50}, true));
     ASSERT_TRUE(*rect && **rect);
     EXPECT_TRUE((**rect)->isInProcess);
-    EXPECT_EQ((**rect)->image, pattern({150, 75}));
+    EXPECT_TRUE(Testing::identicalPicture((**rect)->image, pattern({150, 75})));
     EXPECT_THAT(screen.grabs, ElementsAre(std::pair(QRect(0, 0, 150, 75), ScreenPixels::PointerOption::drawn)));
     const auto window = start(capture->window(7));
-    EXPECT_EQ((**window)->image, windows.images[7]);
+    EXPECT_TRUE(Testing::identicalPicture((**window)->image, windows.images[7]));
     EXPECT_TRUE(tool.starts.empty());
     EXPECT_TRUE(log.lines().empty());
 }
@@ -170,7 +171,7 @@ TEST_F(NativeScreenCaptureTest, PixelsAtAFractionalScaleAreCutOutOfWholePoints)
     writeImage({102, 54}); // from pixel 3,3
     end();
     ASSERT_TRUE(*grab && **grab);
-    EXPECT_EQ((**grab)->image, pattern({102, 54}).copy(0, 1, 101, 52));
+    EXPECT_TRUE(Testing::identicalPicture((**grab)->image, pattern({102, 54}).copy(0, 1, 101, 52)));
 }
 
 TEST_F(NativeScreenCaptureTest, EveryFailureGivesNoImageOneLineAndNoFile)

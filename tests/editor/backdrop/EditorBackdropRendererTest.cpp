@@ -1,5 +1,6 @@
 #include "editor/backdrop/EditorBackdropRenderer.h"
 #include "editor/backdrop/EditorBackdropMetrics.h"
+#include "tests/support/PictureDifference.h"
 #include "tests/support/TestPictures.h"
 
 #include <QColorSpace>
@@ -73,7 +74,7 @@ TEST(EditorBackdropRenderer, TheCaptureIsOnTheCanvasPixelForPixel)
         backdrop.frame = 0.21;
         const QImage canvas = rendered(capture, backdrop, scale);
         const QRect place = layoutOf(capture.size(), backdrop, scale).image;
-        EXPECT_EQ(Testing::largestDifference(canvas.copy(place), capture), 0) << scale;
+        EXPECT_TRUE(Testing::samePicture(canvas.copy(place), capture)) << scale;
     }
 }
 
@@ -203,7 +204,7 @@ TEST(ShadowTile, ServesEverySizeThatIsLargeEnough)
     const QRect narrow(50, 50, 60, 50);
     const QImage exact = drawn(ShadowTile::rendered(narrow.size(), 10, layers), narrow);
     const QImage stretched = drawn(whole, rect);
-    EXPECT_LE(Testing::largestDifference(stretched.copy(0, 0, 65, 65), exact.copy(0, 0, 65, 65)), 2);
+    EXPECT_TRUE(Testing::samePicture(stretched.copy(0, 0, 65, 65), exact.copy(0, 0, 65, 65), 2));
     for (int x = 90; x < 170; ++x)
         EXPECT_EQ(stretched.pixel(x, 173), stretched.pixel(130, 173)) << x;
 }
@@ -301,7 +302,7 @@ TEST(EditorBackdropRenderer, AFillMayBeTransparentUnknownOrNone)
         EXPECT_EQ(qAlpha(rendered(plain({200, 100}), backdrop).pixel(2, 2)), 255);
     }
     const QImage capture = testPicture({20, 10}, Texture::noise);
-    EXPECT_EQ(rendered(capture, EditorBackdrop::none), capture);
+    EXPECT_TRUE(Testing::identicalPicture(rendered(capture, EditorBackdrop::none), capture));
     EXPECT_TRUE(rendered(QImage(), bare()).isNull());
 }
 
@@ -340,7 +341,7 @@ TEST(EditorBackdropRenderer, AClippedRedrawGivesTheSamePixels)
             renderer.drawFrame(painter, layout, backdrop);
             EditorBackdropRenderer::drawCapture(painter, layout, capture);
         }
-    EXPECT_EQ(Testing::largestDifference(pieces, whole), 0);
+    EXPECT_TRUE(Testing::samePicture(pieces, whole));
 }
 
 TEST(EditorBackdropRenderer, PicturesAreBlurredAsAsked)
@@ -383,7 +384,7 @@ TEST(BackdropFillCache, ShowsAPictureOfTheUsers)
     cache.setPicture(fill.value, picture);
     QImage all(50, 50, QImage::Format_RGB32);
     all.fill(Qt::red);
-    EXPECT_EQ(cache.bitmap(fill, {50, 50}, 0), all);
+    EXPECT_TRUE(Testing::identicalPicture(cache.bitmap(fill, {50, 50}, 0), all));
     EXPECT_EQ(cache.bitmap(fill, {30, 10}, 0).pixelColor(2, 5), QColor(Qt::blue));
     const QColor seam = cache.bitmap(fill, {300, 100}, 0.5).pixelColor(100, 50);
     EXPECT_NEAR(seam.red(), seam.blue(), 12);

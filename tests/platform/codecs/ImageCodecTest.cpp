@@ -1,4 +1,5 @@
 #include "platform/ImageCodec.h"
+#include "tests/support/PictureDifference.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/TestPictures.h"
 
@@ -68,19 +69,19 @@ TEST(ImageCodec, PicturesComeBackInEveryFormatAndSize)
         for (const QSize size : {QSize(1, 1), QSize(1, 300), QSize(300, 1), QSize(63, 65), QSize(640, 480)}) {
             const QImage image = testPicture(size, Texture::flat);
             const QImage back = roundTrip(image, format);
-            EXPECT_LE(Testing::largestDifference(back, image), isLossless(format) ? 0 : 4)
+            EXPECT_TRUE(Testing::samePicture(back, image, isLossless(format) ? 0 : 4))
                 << nameOf(format) << " " << size.width() << "x" << size.height();
             EXPECT_EQ(back.format(), QImage::Format_RGB32);
         }
     }
     for (const ImageFormat format : {ImageFormat::png, ImageFormat::tiff}) {
         const QImage noise = testPicture({301, 199}, Texture::noise);
-        EXPECT_EQ(Testing::largestDifference(roundTrip(noise, format), noise), 0) << nameOf(format);
+        EXPECT_TRUE(Testing::samePicture(roundTrip(noise, format), noise)) << nameOf(format);
         const QImage alpha = Testing::translucent(noise);
         const QImage back = roundTrip(alpha, format);
         if (format == ImageFormat::png)
-            EXPECT_EQ(Testing::largestDifference(back, alpha), 0);
-        EXPECT_LE(Testing::largestDifference(premultiplied(back), premultiplied(alpha)), 1) << nameOf(format);
+            EXPECT_TRUE(Testing::samePicture(back, alpha));
+        EXPECT_TRUE(Testing::samePicture(premultiplied(back), premultiplied(alpha), 1)) << nameOf(format);
     }
 }
 
@@ -93,8 +94,8 @@ TEST(ImageCodec, TransparencyIsKeptOrLaidOverWhite)
         const QRgb expected = format == ImageFormat::jpeg ? qRgb(155, 155, 233) : qRgba(0, 0, 200, 100);
         QImage plain(64, 64, QImage::Format_ARGB32);
         plain.fill(expected);
-        EXPECT_LE(Testing::largestDifference(back.convertToFormat(QImage::Format_ARGB32), plain),
-                  isLossless(format) ? 1 : 6)
+        EXPECT_TRUE(
+            Testing::samePicture(back.convertToFormat(QImage::Format_ARGB32), plain, isLossless(format) ? 1 : 6))
             << nameOf(format);
         EXPECT_EQ(ImageCodec::hasVisibleTransparency(back), format != ImageFormat::jpeg);
     }
@@ -122,7 +123,7 @@ TEST(ImageCodec, QualityTradesSizeForColour)
         for (int x = 0; x < 64; ++x)
             stripes.setPixel(x, y, x % 2 == 0 ? qRgb(220, 0, 0) : qRgb(0, 0, 220));
     for (const ImageFormat format : {ImageFormat::jpeg, ImageFormat::heic}) {
-        EXPECT_LE(Testing::largestDifference(roundTrip(stripes, format, 1.0), stripes), 40) << nameOf(format);
+        EXPECT_TRUE(Testing::samePicture(roundTrip(stripes, format, 1.0), stripes, 40)) << nameOf(format);
         EXPECT_GE(Testing::largestDifference(roundTrip(stripes, format, 0.8), stripes), 60) << nameOf(format);
         const QImage photo = testPicture({200, 200}, Texture::noise);
         EXPECT_LT(ImageCodec::encode(photo, format, 0.2)->size(), ImageCodec::encode(photo, format, 0.9)->size() / 2);
@@ -189,7 +190,7 @@ TEST(ImageCodec, TheContentDecidesNotTheName)
         file.close();
         const auto result = ImageCodec::decodeFile(file.fileName());
         ASSERT_TRUE(result) << format;
-        EXPECT_LE(Testing::largestDifference(*result, image), qstrcmp(format, "webp") == 0 ? 90 : 0) << format;
+        EXPECT_TRUE(Testing::samePicture(*result, image, qstrcmp(format, "webp") == 0 ? 90 : 0)) << format;
     }
 }
 
@@ -211,7 +212,7 @@ TEST(ImageCodec, SixteenBitsAndPalettesBecomePlainPixels)
             const auto result = ImageCodec::decode(writtenByToolkit(source, container));
             ASSERT_TRUE(result) << container << " " << format;
             EXPECT_EQ(result->format(), QImage::Format_RGB32);
-            EXPECT_LE(Testing::largestDifference(*result, source.convertToFormat(QImage::Format_RGB32)), 1)
+            EXPECT_TRUE(Testing::samePicture(*result, source.convertToFormat(QImage::Format_RGB32), 1))
                 << container << " " << format;
         }
     }

@@ -1,4 +1,5 @@
 #include "platform/codecs/PngEncoder.h"
+#include "tests/support/PictureDifference.h"
 #include "tests/support/TestPictures.h"
 
 #include <gtest/gtest.h>
@@ -36,10 +37,10 @@ TEST(PngEncoder, EveryPixelSurvivesWhateverTheSize)
     for (const QSize size : sizes) {
         for (const Texture texture : textures) {
             const QImage opaque = testPicture(size, texture);
-            EXPECT_EQ(Testing::largestDifference(readBack(opaque), opaque), 0)
+            EXPECT_TRUE(Testing::samePicture(readBack(opaque), opaque))
                 << size.width() << "x" << size.height() << " texture " << int(texture);
             const QImage alpha = Testing::translucent(opaque);
-            EXPECT_EQ(Testing::largestDifference(readBack(alpha), alpha), 0)
+            EXPECT_TRUE(Testing::samePicture(readBack(alpha), alpha))
                 << size.width() << "x" << size.height() << " translucent, texture " << int(texture);
         }
     }
@@ -59,7 +60,7 @@ TEST(PngEncoder, EveryPixelSurvivesWhateverTheContent)
                 for (int x = 0; x < other.width() && corner.x() + x < size.width(); ++x)
                     image.setPixel(corner + QPoint(x, y), other.pixel(x, y));
         }
-        EXPECT_EQ(Testing::largestDifference(readBack(image), image), 0) << "round " << round;
+        EXPECT_TRUE(Testing::samePicture(readBack(image), image)) << "round " << round;
     }
 }
 
@@ -85,8 +86,8 @@ TEST(PngEncoder, TheLayoutFollowsThePixelsNotTheirFormat)
     EXPECT_EQ(colourType(oneMore), rgb);
     EXPECT_EQ(colourType(Testing::translucent(few)), rgba);
     EXPECT_EQ(colourType(junkInAlpha), rgb) << "the fourth byte of a screen's pixels means nothing";
-    EXPECT_EQ(Testing::largestDifference(readBack(exactly256), exactly256), 0);
-    EXPECT_EQ(Testing::largestDifference(readBack(oneMore), oneMore), 0);
+    EXPECT_TRUE(Testing::samePicture(readBack(exactly256), exactly256));
+    EXPECT_TRUE(Testing::samePicture(readBack(oneMore), oneMore));
 }
 
 TEST(PngEncoder, OtherPixelFormatsAreConverted)
@@ -96,7 +97,7 @@ TEST(PngEncoder, OtherPixelFormatsAreConverted)
                               QImage::Format_Indexed8, QImage::Format_RGB16, QImage::Format_RGBA64}) {
         const QImage image = picture.convertToFormat(format);
         const QImage back = readBack(image);
-        EXPECT_EQ(Testing::largestDifference(back, image.convertToFormat(QImage::Format_RGB32)), 0) << format;
+        EXPECT_TRUE(Testing::samePicture(back, image.convertToFormat(QImage::Format_RGB32))) << format;
     }
 }
 

@@ -126,7 +126,7 @@ std::vector<xcb_keycode_t> X11Keyboard::keysFor(quint32 virtualKeyCode) const
         return virtualKeyCode >= KeyCombo::firstLinuxKey && key <= lastKey ? std::vector{xcb_keycode_t(key)}
                                                                            : std::vector<xcb_keycode_t>();
     }
-    const auto bearing = keysBearing(known->symbol);
+    auto bearing = keysBearing(known->symbol);
     if (!bearing.empty() || !known->place)
         return bearing;
     const xkb_keycode_t inPlace = xkb_keymap_key_by_name(m_keymap.get(), known->place);
