@@ -10,6 +10,9 @@ if(KOVREL_SANITIZERS)
   add_compile_options(-fsanitize=${KOVREL_SANITIZERS} -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${KOVREL_SANITIZERS})
 endif()
+if(KOVREL_SANITIZERS STREQUAL thread)
+  add_compile_definitions(KOVREL_WITHOUT_CLONES) # the loader chooses among clones before the sanitizer is ready
+endif()
 
 find_program(MOLD mold)
 if(MOLD)
