@@ -33,10 +33,11 @@ std::optional<std::vector<double>> OptionValues::numbers(const std::string& text
     const char* at = text.data();
     const char* const end = at + text.size();
     while (all.size() < count) {
-        if (!all.empty() && (at == end || *at++ != ','))
+        const int separators = all.empty() ? 0 : 1;
+        if (separators != 0 && (at == end || *at != ','))
             return std::nullopt;
         double number = 0;
-        const auto [next, error] = std::from_chars(at, end, number);
+        const auto [next, error] = std::from_chars(at + separators, end, number);
         if (error != std::errc() || !(std::abs(number) < 1e6))
             return std::nullopt;
         all.push_back(number);

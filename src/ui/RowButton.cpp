@@ -38,10 +38,10 @@ void RowButton::paintEvent(QPaintEvent*)
     const QRect line = rect().adjusted(padding.width(), 0, -padding.width(), 0);
     painter.setFont(Typography::font(TextStyle::control));
     painter.setPen(isEnabled() ? theme.text : theme.disabledText);
-    painter.drawText(line, QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter), text());
+    painter.drawText(line, int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)), text());
     painter.setFont(Typography::font(TextStyle::body));
     painter.setPen(isEnabled() ? theme.secondaryText : theme.disabledText);
-    painter.drawText(line, QStyle::visualAlignment(layoutDirection(), Qt::AlignRight | Qt::AlignVCenter), m_keys);
+    painter.drawText(line, int(QStyle::visualAlignment(layoutDirection(), Qt::AlignRight | Qt::AlignVCenter)), m_keys);
 }
 
 } // namespace Kovrel

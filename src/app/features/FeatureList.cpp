@@ -11,7 +11,7 @@ namespace {
 enum Needs { nothing, desktop };
 
 constexpr FeatureEntry list[] = {
-#define FEATURE(name, needs) {#name, needs == desktop, make##name##Feature},
+#define FEATURE(name, needs) {#name, (needs) == desktop, make##name##Feature},
 #include "app/features/Features.def"
 #undef FEATURE
 };

@@ -106,6 +106,7 @@ double TextDirection::of(const std::vector<QRect>& blobs, int letterHeight)
     const int coarse = mostFrequent(directions(letters, letterHeight));
     double best = coarse;
     double highest = sharpness(letters, best, binSize) * clearlySharper;
+    // A quarter is exact. NOLINTNEXTLINE(clang-analyzer-security.FloatLoopCounter)
     for (double degrees = coarse - tolerance; degrees <= coarse + tolerance; degrees += step) {
         const double value = sharpness(letters, degrees, binSize);
         if (value > highest) {

@@ -5,6 +5,7 @@
 #include <QFile>
 
 #include <array>
+#include <tuple>
 
 namespace Kovrel {
 
@@ -59,7 +60,8 @@ void PulseSoundPlayer::close()
     const QDeadlineTimer deadline(patience);
     for (const char* sound : sounds)
         if (m_isReady)
-            finish(pa_context_remove_sample(m_context.get(), nameAtService(sound), nullptr, nullptr), deadline);
+            std::ignore =
+                finish(pa_context_remove_sample(m_context.get(), nameAtService(sound), nullptr, nullptr), deadline);
     forget();
 }
 

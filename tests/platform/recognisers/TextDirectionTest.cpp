@@ -19,7 +19,8 @@ std::vector<QRect> page(double degrees, int lines, int letters)
     std::vector<QRect> blobs;
     for (int line = 0; line < lines; ++line)
         for (int letter = 0; letter < letters; ++letter) {
-            const QPointF centre = turn.map(QPointF(letter * 9 + (letter / 6) * 6, line * 22));
+            const int spaces = letter / 6;
+            const QPointF centre = turn.map(QPointF(letter * 9 + spaces * 6, line * 22));
             blobs.push_back(QRectF(centre.x() - 4, centre.y() - 5, 8, 10).toRect());
         }
     return blobs;
