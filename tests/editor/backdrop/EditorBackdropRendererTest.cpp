@@ -175,7 +175,7 @@ TEST(EditorBackdropRenderer, TheShadowHasTheChosenOpacity)
     const QPoint below(layout.card.center().x(), layout.card.bottom() + 2);
     const int full = qAlpha(shadowAlone(layout, backdrop).pixel(below));
     backdrop.shadowOpacity = 0.5;
-    EXPECT_NEAR(qAlpha(shadowAlone(layout, backdrop).pixel(below)), full / 2, 1);
+    EXPECT_NEAR(qAlpha(shadowAlone(layout, backdrop).pixel(below)), full / 2.0, 1);
     backdrop.shadowOpacity = 0;
     EXPECT_EQ(qAlpha(shadowAlone(layout, backdrop).pixel(below)), 0);
 }

@@ -123,8 +123,8 @@ TEST(PreparedGradient, RunsFromCornerToCornerAtItsAngle)
     for (const auto& [angle, start, end] : cases) {
         const PreparedGradient gradient(between("#000000", "#FFFFFF", angle));
         for (const QSize canvas : {QSize(300, 100), QSize(100, 100)}) {
-            EXPECT_NEAR(gradient.colorAt(start.x, start.y, canvas)[0], 0, 1) << angle;
-            EXPECT_NEAR(gradient.colorAt(end.x, end.y, canvas)[0], 255, 1) << angle;
+            EXPECT_NEAR(gradient.colorAt(start.x, start.y, canvas)[0], 0, 1) << std::to_string(angle);
+            EXPECT_NEAR(gradient.colorAt(end.x, end.y, canvas)[0], 255, 1) << std::to_string(angle);
         }
     }
     // Oklab: the middle of black and white is the grey of half its lightness.

@@ -389,7 +389,7 @@ TEST(AnnotationDrawingTest, ALongStrokeHasNoJoints)
     pen.colorHex = "#FF000080";
     Page page(1, white);
     page.draw({pen});
-    for (double x = 21; x < 169; ++x)
+    for (int x = 21; x < 169; ++x)
         ASSERT_EQ(page.at(x, 50).name(), QColor(255, 127, 127).name()) << x;
 }
 
