@@ -48,7 +48,7 @@ X11OverlaySurfaces::X11OverlaySurfaces(MainLoop& loop, Workers& workers, const D
 
 X11OverlaySurfaces::~X11OverlaySurfaces()
 {
-    close();
+    X11OverlaySurfaces::close();
 }
 
 void X11OverlaySurfaces::prewarm()
