@@ -34,6 +34,7 @@ std::vector<uint8_t> subsets(std::initializer_list<uint8_t> bits)
 
 X11Keyboard::X11Keyboard(X11Connection& connection)
     : m_connection(connection),
+      // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, which the library adds up
       m_context(xkb_context_new(xkb_context_flags(XKB_CONTEXT_NO_DEFAULT_INCLUDES | XKB_CONTEXT_NO_ENVIRONMENT_NAMES)))
 {
     if (connection.isAlive())
