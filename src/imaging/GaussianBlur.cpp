@@ -185,6 +185,7 @@ template <class Value>
 void interpolate(const Plane& plane, int cell, QImage& image)
 {
     std::vector<Between> columns;
+    columns.reserve(size_t(image.width()));
     for (int x = 0; x < image.width(); ++x)
         columns.emplace_back(x, cell);
     std::vector<float> cells(plane.stride());

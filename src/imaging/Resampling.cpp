@@ -56,6 +56,7 @@ std::vector<Mix> mixesOf(int length, int newLength)
 {
     const double step = double(length) / newLength;
     std::vector<Mix> mixes;
+    mixes.reserve(size_t(newLength));
     for (int index = 0; index < newLength; ++index)
         mixes.push_back(newLength < length ? areaOf(index, step, length) : curveAt(index, step, length));
     return mixes;

@@ -10,14 +10,6 @@ namespace {
 
 thread_local bool isShort = false;
 
-void* allocate(std::size_t size)
-{
-    void* const memory = std::exchange(isShort, false) ? nullptr : std::malloc(size ? size : 1);
-    if (!memory)
-        throw std::bad_alloc();
-    return memory;
-}
-
 } // namespace
 
 void MemoryShortage::failNextAllocation()
@@ -25,7 +17,22 @@ void MemoryShortage::failNextAllocation()
     isShort = true;
 }
 
+// The thread sanitizer brings an `operator new` of its own, which is never short.
+#if !__has_feature(thread_sanitizer)
+
+static void* allocate(std::size_t size)
+{
+    void* const memory = std::exchange(isShort, false) ? nullptr : std::malloc(size ? size : 1);
+    if (!memory)
+        throw std::bad_alloc();
+    return memory;
+}
+
+#endif
+
 } // namespace Kovrel::Testing
+
+#if !__has_feature(thread_sanitizer)
 
 void* operator new(std::size_t size)
 {
@@ -56,3 +63,5 @@ void operator delete[](void* memory, std::size_t) noexcept
 {
     std::free(memory);
 }
+
+#endif

@@ -37,7 +37,19 @@ void QtMainLoop::cancel(TimerID timer)
 
 void QtMainLoop::post(std::function<void()> work)
 {
-    QMetaObject::invokeMethod(&m_context, std::move(work), Qt::QueuedConnection);
+    {
+        const std::lock_guard locked(m_lock);
+        m_posted.push_back(std::move(work));
+    }
+    QMetaObject::invokeMethod(&m_context, [this] { nextPosted()(); }, Qt::QueuedConnection);
+}
+
+std::function<void()> QtMainLoop::nextPosted()
+{
+    const std::lock_guard locked(m_lock);
+    auto next = std::move(m_posted.front());
+    m_posted.pop_front();
+    return next;
 }
 
 } // namespace Kovrel

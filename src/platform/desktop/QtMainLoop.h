@@ -4,7 +4,9 @@
 
 #include <QObject>
 
+#include <deque>
 #include <map>
+#include <mutex>
 
 namespace Kovrel {
 
@@ -18,6 +20,11 @@ public:
     void post(std::function<void()> work) override;
 
 private:
+    std::function<void()> nextPosted();
+
+    // A queue whose lock the thread sanitizer knows, as it does not know that of Qt's.
+    std::mutex m_lock;
+    std::deque<std::function<void()>> m_posted;
     TimerID m_lastTimer = 0;
     std::map<TimerID, std::unique_ptr<QObject>> m_timers;
     QObject m_context; // last: posted work goes with it

@@ -88,6 +88,7 @@ void X11ImageReader::prepare(xcb_drawable_t drawable, const std::vector<QRect>& 
     if (m_pool->idleBytes() >= wanted)
         return;
     std::vector<std::optional<QImage>> images; // all at once, so that each has memory of its own
+    images.reserve(rectangles.size());
     for (const QRect& pixels : rectangles)
         images.push_back(read(drawable, pixels, Alpha::unused));
 }

@@ -37,7 +37,7 @@ public:
         m_daemon.write("\n");
         m_daemon.waitForBytesWritten();
         m_daemon.closeWriteChannel();
-        for (int tries = 0; tries < 500 && !isThere(); ++tries)
+        for (int tries = 0; tries < 500 && !(isThere() && (!isUnlocked || isOpen())); ++tries)
             QThread::msleep(20);
     }
 
@@ -52,6 +52,9 @@ public:
 private:
     // Its secrets are offered on the bus when somebody first asks for them.
     bool isThere() const { return QFile::exists(m_folder.filePath("keyring/control")); }
+
+    // What is unlocked for the first time is made, which takes a moment longer.
+    bool isOpen() const { return QFile::exists(m_folder.filePath("keyrings/login.keyring")); }
 
     QTemporaryDir m_folder;
     QProcess m_bus;

@@ -115,6 +115,7 @@ std::vector<X11KeyGrabs::Chord> X11KeyGrabs::chordsOf(const Grab& grab) const
 std::map<X11KeyGrabs::Chord, KeyGrabs::Status> X11KeyGrabs::request(const std::vector<Chord>& chords)
 {
     std::vector<xcb_void_cookie_t> requests;
+    requests.reserve(chords.size());
     for (const auto& [key, modifiers] : chords)
         requests.push_back(xcb_grab_key_checked(m_connection->handle(), 0, m_connection->root(), modifiers, key,
                                                 XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
