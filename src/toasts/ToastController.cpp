@@ -83,14 +83,21 @@ void ToastController::cancelDismissal()
 void ToastController::dismiss(bool animated)
 {
     cancelDismissal();
-    delete m_exitingPanel;
+    removeExiting();
     m_exitingPanel = std::exchange(m_panel, nullptr);
     if (!m_exitingPanel)
         return;
     if (animated && !m_isHiddenForCapture)
         m_exitingPanel->fadeOut();
     else
-        delete m_exitingPanel;
+        removeExiting();
+}
+
+void ToastController::removeExiting()
+{
+    if (m_exitingPanel)
+        m_exitingPanel->vanish();
+    delete m_exitingPanel;
 }
 
 bool ToastController::setHiddenForCapture(bool isHidden)
@@ -98,12 +105,15 @@ bool ToastController::setHiddenForCapture(bool isHidden)
     if (std::exchange(m_isHiddenForCapture, isHidden) == isHidden)
         return false;
     const bool hadExiting = !m_exitingPanel.isNull();
-    delete m_exitingPanel;
+    removeExiting();
     if (!m_panel)
         return hadExiting;
-    m_panel->setVisible(!isHidden);
-    if (!isHidden)
+    if (isHidden) {
+        m_panel->vanish();
+    } else {
+        m_panel->reappear();
         armCountdown(std::min(linger(), reLinger));
+    }
     return true;
 }
 

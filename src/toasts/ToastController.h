@@ -25,6 +25,7 @@ public:
 
 private:
     double linger() const;
+    void removeExiting();
     void cancelDismissal();
 
     MainLoop& m_loop;

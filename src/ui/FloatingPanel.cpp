@@ -58,6 +58,19 @@ void FloatingPanel::fadeOut()
     fade->start(QAbstractAnimation::DeleteWhenStopped);
 }
 
+void FloatingPanel::vanish()
+{
+    m_isEmpty = true;
+    repaint();
+    hide();
+}
+
+void FloatingPanel::reappear()
+{
+    m_isEmpty = false;
+    show();
+}
+
 QPropertyAnimation* FloatingPanel::makeFade(double opacity, std::chrono::milliseconds duration)
 {
     auto* fade = new QPropertyAnimation(this, "windowOpacity", this);
@@ -69,6 +82,8 @@ QPropertyAnimation* FloatingPanel::makeFade(double opacity, std::chrono::millise
 
 void FloatingPanel::paintEvent(QPaintEvent*)
 {
+    if (m_isEmpty)
+        return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     paintGround(painter);

@@ -24,6 +24,10 @@ public:
     void popIn();
     // Fades and then closes.
     void fadeOut();
+    // Goes at once, also for compositors, which show a window that is hidden for a while after: what they show is
+    // empty.
+    void vanish();
+    void reappear();
 
 protected:
     // The card's upper right corner stands `margin` within that of the usable area of the display.
@@ -39,6 +43,7 @@ private:
     QPropertyAnimation* makeFade(double opacity, std::chrono::milliseconds duration);
 
     double m_shadowRoom; // around the card
+    bool m_isEmpty = false;
 };
 
 } // namespace Kovrel

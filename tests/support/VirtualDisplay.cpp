@@ -192,7 +192,7 @@ void VirtualDisplay::setMonitors(const std::vector<Monitor>& monitors)
     visitor.roundTrip();
 }
 
-void VirtualDisplay::run(const QString& program, const QStringList& arguments, const QByteArray& selection)
+qint64 VirtualDisplay::run(const QString& program, const QStringList& arguments, const QByteArray& selection)
 {
     auto& process = *m_programs.emplace_back(std::make_unique<QProcess>());
     process.setProcessEnvironment(environment());
@@ -205,6 +205,7 @@ void VirtualDisplay::run(const QString& program, const QStringList& arguments, c
         if (deadline.hasExpired() || process.waitForFinished(5))
             throw std::runtime_error(program.toStdString() + " did not start");
     }
+    return process.processId();
 }
 
 } // namespace Kovrel::Testing

@@ -40,9 +40,9 @@ public:
     // Arranges the outputs, with the options of xrandr.
     void arrange(const QStringList& options);
 
-    // Runs a program on this display until the object goes: a window manager, a compositor. Returns when `selection`
-    // has an owner.
-    void run(const QString& program, const QStringList& arguments, const QByteArray& selection);
+    // Runs a program on this display until the object goes: a window manager, a compositor. Returns its process's id
+    // when `selection` has an owner.
+    qint64 run(const QString& program, const QStringList& arguments, const QByteArray& selection);
 
     // That of a program which runs on this display.
     QProcessEnvironment environment() const;

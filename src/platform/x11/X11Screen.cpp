@@ -3,13 +3,17 @@
 #include "platform/x11/X11Cursor.h"
 #include "platform/x11/X11DamageWatch.h"
 #include "platform/x11/X11Monitor.h"
+#include "platform/x11/X11RepaintFence.h"
 
+#include <QLoggingCategory>
 #include <QPainter>
 #include <QRegion>
 
 namespace Kovrel {
 
 namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.capture")
 
 QRegion shownRegion(X11Connection& x)
 {
@@ -57,8 +61,17 @@ bool X11Screen::waitUntilRepainted()
     X11Connection& x = m_reader->connection();
     if (!x.isAlive())
         return false;
-    X11DamageWatch(x, x.root()).waitUntilQuiet(X11DamageWatch::frame * (x.hasCompositor() ? 2 : 1));
+    if (x.hasCompositor())
+        passFence();
+    X11DamageWatch(x, x.root()).waitUntilQuiet(X11DamageWatch::frame);
     return x.isAlive();
+}
+
+void X11Screen::passFence()
+{
+    const auto monitors = X11Monitor::all(m_reader->connection());
+    if (!monitors.empty() && !X11RepaintFence(*m_reader, monitors.front().pixels.bottomRight()).pass())
+        qCWarning(log, "The compositor does not show what was drawn; a picture may show what was hidden for it");
 }
 
 std::optional<QImage> X11Screen::readRoot(QRect rootPixels)

@@ -16,11 +16,12 @@ public:
     //
     // Without a compositor an unmapped window is gone from the root window at once, but what it covered is only
     // background until its owners have heard of it and painted again; a compositor paints the whole picture anew, a
-    // frame or two later. Neither tells when it is done. What can be seen is that drawing has ended: nothing is
-    // drawn for a frame, or for two where a compositor may not have begun yet.
+    // frame or more later. Neither tells when it is done. A compositor shows a fence of ours last; that others have
+    // painted is seen by nothing being drawn for a frame.
     bool waitUntilRepainted();
 
 private:
+    void passFence();
     std::optional<QImage> readRoot(QRect rootPixels);
     void drawPointer(QImage& image, QPoint topLeft);
 

@@ -225,6 +225,25 @@ TEST_F(ScreenPixelsTest, RepaintedMeansThatOthersHavePaintedWhatAHiddenWindowCov
     }
 }
 
+TEST_F(ScreenPixelsTest, RepaintedMeansThatALateCompositorHasShownIt)
+{
+    const qint64 compositor = server.run("picom", {"--backend", "xrender", "--config", "/dev/null"}, "_NET_WM_CM_S0");
+    screen.show({.pixels = {100, 100, 200, 200}, .colour = Qt::blue});
+    const xcb_window_t above = screen.show({.pixels = {100, 100, 200, 200}, .colour = Qt::yellow});
+    EXPECT_TRUE(isRepainted());
+    ::kill(pid_t(compositor), SIGSTOP);
+    screen.hide(above);
+    std::jthread busy([compositor] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(120));
+        ::kill(pid_t(compositor), SIGCONT);
+    });
+    EXPECT_TRUE(isRepainted());
+    EXPECT_EQ(grab({150, 150, 1, 1})->pixel(0, 0), QColor(Qt::blue).rgb());
+    const QPoint last(999, 699);
+    EXPECT_EQ(grab({last, QSize(1, 1)})->pixel(0, 0), patternAt(last.x(), last.y()) | 0xff000000)
+        << "the fence is in the picture";
+}
+
 TEST(ScreenPixelsOfDyingServer, AreRefusedWhileTheProgramGoesOn)
 {
     Testing::VirtualDisplay server;

@@ -48,6 +48,7 @@ X11Overlay::~X11Overlay()
 {
     xcb_connection_t* c = m_connection.handle();
     listen(m_connection.root(), XCB_EVENT_MASK_NO_EVENT);
+    clearAway();
     for (const Window& window : m_windows) {
         xcb_render_free_picture(c, window.picture);
         xcb_free_gc(c, window.context);
@@ -56,6 +57,15 @@ X11Overlay::~X11Overlay()
     if (m_colormap != XCB_NONE)
         xcb_free_colormap(c, m_colormap);
     xcb_flush(c);
+}
+
+// Compositors go on to show a window that is gone, for a few frames or while it fades: nothing of ours may be in it.
+void X11Overlay::clearAway()
+{
+    for (const Window& window : m_windows)
+        reveal(window.pixels);
+    if (!isFrozen()) // whoever wants the pixels of the screen now asks for them on another connection
+        m_connection.roundTrip();
 }
 
 // --- Opening

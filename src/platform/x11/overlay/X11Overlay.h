@@ -55,6 +55,7 @@ private:
         QImage screen;                               // what the display showed
     };
 
+    void clearAway();
     bool freeze(const std::vector<Surface>& surfaces);
 
     bool isFrozen() const { return m_ground == OverlaySurfaces::Ground::frozen; }
