@@ -99,7 +99,8 @@ int main(int argc, char** argv)
     screen.setRootPicture(photograph());
 
     const auto connection = std::make_shared<X11Connection>(server.name());
-    X11Screen kovrel(std::make_shared<X11ImageReader>(connection));
+    X11ImageReader reader(connection);
+    X11Screen kovrel(reader);
     BareCopy bare(connection);
     std::vector<Contender> contenders{
         {"shared-memory copy and memcpy", [&] { bare.getAndCopy(); }},

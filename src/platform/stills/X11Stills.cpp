@@ -19,7 +19,7 @@ DisplayList X11Stills::displays(const ScaleLookup& scaleOf)
 
 GrabbedImage X11Stills::grab(QRect rootPixels, ScreenPixels::PointerOption pointer)
 {
-    return X11Screen(m_reader).grab(rootPixels, pointer);
+    return X11Screen(*m_reader).grab(rootPixels, pointer);
 }
 
 GrabbedImage X11Stills::grabWindow(quint32 windowID)

@@ -41,7 +41,7 @@ QImage onBlack(const QImage& part, QPoint position, QSize size)
 
 GrabbedImage X11Screen::grab(QRect rootPixels, ScreenPixels::PointerOption pointer)
 {
-    X11Connection& x = m_reader->connection();
+    X11Connection& x = m_reader.connection();
     const QRegion shown = shownRegion(x);
     if (!shown.intersects(rootPixels))
         return std::unexpected(GrabFailure::noDisplay);
@@ -58,7 +58,7 @@ GrabbedImage X11Screen::grab(QRect rootPixels, ScreenPixels::PointerOption point
 
 bool X11Screen::waitUntilRepainted()
 {
-    X11Connection& x = m_reader->connection();
+    X11Connection& x = m_reader.connection();
     if (!x.isAlive())
         return false;
     if (x.hasCompositor())
@@ -69,19 +69,19 @@ bool X11Screen::waitUntilRepainted()
 
 void X11Screen::passFence()
 {
-    const auto monitors = X11Monitor::all(m_reader->connection());
-    if (!monitors.empty() && !X11RepaintFence(*m_reader, monitors.front().pixels.bottomRight()).pass())
+    const auto monitors = X11Monitor::all(m_reader.connection());
+    if (!monitors.empty() && !X11RepaintFence(m_reader, monitors.front().pixels.bottomRight()).pass())
         qCWarning(log, "The compositor does not show what was drawn; a picture may show what was hidden for it");
 }
 
 std::optional<QImage> X11Screen::readRoot(QRect rootPixels)
 {
-    X11Connection& x = m_reader->connection();
+    X11Connection& x = m_reader.connection();
     const auto root = x.reply(xcb_get_geometry_reply, xcb_get_geometry(x.handle(), x.root()));
     if (!root)
         return {};
     const QRect inside = rootPixels & QRect(0, 0, root->width, root->height);
-    auto image = m_reader->read(x.root(), inside, X11ImageReader::Alpha::opaque);
+    auto image = m_reader.read(x.root(), inside, X11ImageReader::Alpha::opaque);
     if (!image || inside == rootPixels)
         return image;
     return onBlack(*image, inside.topLeft() - rootPixels.topLeft(), rootPixels.size());
@@ -89,7 +89,7 @@ std::optional<QImage> X11Screen::readRoot(QRect rootPixels)
 
 void X11Screen::drawPointer(QImage& image, QPoint topLeft)
 {
-    const auto cursor = X11Cursor::read(m_reader->connection());
+    const auto cursor = X11Cursor::read(m_reader.connection());
     if (cursor)
         QPainter(&image).drawImage(cursor->topLeft - topLeft, cursor->image);
 }

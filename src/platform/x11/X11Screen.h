@@ -8,7 +8,7 @@ namespace Kovrel {
 // The pixels of the root window, taken on the calling thread. ScreenPixels says what the operations answer.
 class X11Screen {
 public:
-    explicit X11Screen(std::shared_ptr<X11ImageReader> reader) : m_reader(std::move(reader)) {}
+    explicit X11Screen(X11ImageReader& reader) : m_reader(reader) {}
 
     GrabbedImage grab(QRect rootPixels, ScreenPixels::PointerOption pointer);
 
@@ -25,7 +25,7 @@ private:
     std::optional<QImage> readRoot(QRect rootPixels);
     void drawPointer(QImage& image, QPoint topLeft);
 
-    std::shared_ptr<X11ImageReader> m_reader;
+    X11ImageReader& m_reader;
 };
 
 } // namespace Kovrel

@@ -32,7 +32,7 @@ X11ScreenPixels::X11ScreenPixels(MainLoop& loop, Workers& workers, std::shared_p
 
 void X11ScreenPixels::grab(QRect rootPixels, PointerOption pointer, Reply<GrabbedImage> reply)
 {
-    const auto job = [reader = m_reader, rootPixels, pointer] { return X11Screen(reader).grab(rootPixels, pointer); };
+    const auto job = [reader = m_reader, rootPixels, pointer] { return X11Screen(*reader).grab(rootPixels, pointer); };
     replyFromWorker<GrabbedImage>(m_loop, m_workers, Lane::capture,
                                   Guarded::orElse(job, std::unexpected(GrabFailure::noMemory)), std::move(reply));
 }
@@ -42,7 +42,7 @@ void X11ScreenPixels::whenRepainted(Reply<bool> reply)
     const auto job = [reader = m_reader, windows = ownWindowsConnection()] {
         if (windows)
             roundTrip(windows);
-        return X11Screen(reader).waitUntilRepainted();
+        return X11Screen(*reader).waitUntilRepainted();
     };
     replyFromWorker<bool>(m_loop, m_workers, Lane::capture, Guarded::orElse(job, false), std::move(reply));
 }

@@ -164,7 +164,8 @@ TEST(DisplaysOfTwoOutputs, FollowWhatIsPluggedIn)
     Testing::VirtualDisplay server(Testing::VirtualDisplay::TwoOutputs{});
     X11Displays displays(std::make_unique<X11Connection>(server.name()),
                          [](const QString& name) { return name == "DUMMY1" ? 2.0 : 1.0; });
-    X11Screen screen(std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(server.name())));
+    X11ImageReader reader(std::make_shared<X11Connection>(server.name()));
+    X11Screen screen(reader);
     const auto canGrab = [&](const QRect& pixels) {
         return screen.grab(pixels, ScreenPixels::PointerOption::without).has_value();
     };

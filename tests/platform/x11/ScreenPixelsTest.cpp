@@ -251,8 +251,8 @@ TEST(ScreenPixelsOfDyingServer, AreRefusedWhileTheProgramGoesOn)
     const auto reader = std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(server.name()));
     server.end();
     for (int attempt = 0; attempt < 3; ++attempt)
-        EXPECT_EQ(failureOf(X11Screen(reader).grab({0, 0, 10, 10}, PointerOption::drawn)), GrabFailure::noDisplay);
-    EXPECT_FALSE(X11Screen(reader).waitUntilRepainted());
+        EXPECT_EQ(failureOf(X11Screen(*reader).grab({0, 0, 10, 10}, PointerOption::drawn)), GrabFailure::noDisplay);
+    EXPECT_FALSE(X11Screen(*reader).waitUntilRepainted());
     EXPECT_EQ(failureOf(X11WindowImage::grab(*reader, 77)), GrabFailure::noDisplay);
     EXPECT_TRUE(X11Displays::read(reader->connection(), [](const QString&) { return 1.0; }).empty());
 }
@@ -265,15 +265,15 @@ TEST(ScreenPixelsOfPoorServers, AreTakenWithWhatThereIsOrRefused)
     Testing::PaintedScreen screen(bare.name());
     screen.setRootPicture(pattern({300, 200}));
     const auto reader = std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(bare.name()));
-    const auto image = X11Screen(reader).grab({-10, -5, 300, 200}, PointerOption::drawn);
+    const auto image = X11Screen(*reader).grab({-10, -5, 300, 200}, PointerOption::drawn);
     ASSERT_TRUE(image);
     expectPattern(*image, {-10, -5}, QRect(0, 0, 300, 200));
-    EXPECT_TRUE(X11Screen(reader).waitUntilRepainted());
+    EXPECT_TRUE(X11Screen(*reader).waitUntilRepainted());
     EXPECT_EQ(failureOf(X11WindowImage::grab(*reader, screen.root())), GrabFailure::notSupported);
 
     const Testing::VirtualDisplay coarse({300, 200}, 16);
     const auto refusing = std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(coarse.name()));
-    const auto refused = X11Screen(refusing).grab({0, 0, 10, 10}, PointerOption::without);
+    const auto refused = X11Screen(*refusing).grab({0, 0, 10, 10}, PointerOption::without);
     EXPECT_EQ(failureOf(refused), GrabFailure::notSupported);
 }
 

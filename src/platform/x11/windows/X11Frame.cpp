@@ -56,12 +56,12 @@ std::optional<X11Frame> X11Frame::of(X11Connection& x, xcb_window_t window)
     X11Frame frame{.topLevel = topLevel,
                    .outer = outerRect(*outer),
                    .visible = outerRect(*outer),
+                   .client = {origin->dst_x, origin->dst_y, inner->width, inner->height},
                    .isViewable = attributes->map_state == XCB_MAP_STATE_VIEWABLE};
-    const QRect client(origin->dst_x, origin->dst_y, inner->width, inner->height);
     if (const auto margins = marginsOf(invisible.numbers()))
-        frame.visible = frame.outer & client.marginsRemoved(*margins);
+        frame.visible = frame.outer & frame.client.marginsRemoved(*margins);
     else if (const auto extents = marginsOf(decoration.numbers()))
-        frame.visible = frame.outer & client.marginsAdded(*extents);
+        frame.visible = frame.outer & frame.client.marginsAdded(*extents);
     return frame;
 }
 

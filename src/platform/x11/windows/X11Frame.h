@@ -14,6 +14,7 @@ struct X11Frame {
     QRect outer;                      // root pixels of the top-level window, its border included
     QRect visible;                    // root pixels that belong to the window for the eye: with its decoration,
                                       // without invisible edges for resizing; lies within `outer`
+    QRect client;                     // root pixels of the window without what the window manager put around it
     bool isViewable = false;          // mapped with all that it is in
 
     // No value when the window is gone.

@@ -1,7 +1,11 @@
 #include "platform/x11/windows/X11WindowImage.h"
 
+#include "imaging/WindowCorners.h"
 #include "platform/x11/X11DamageWatch.h"
+#include "platform/x11/X11Screen.h"
+#include "platform/x11/windows/KWinDecoration.h"
 #include "platform/x11/windows/X11Frame.h"
+#include "platform/x11/windows/X11WindowList.h"
 
 #include <QRegion>
 
@@ -97,6 +101,55 @@ std::optional<QImage> readAfterRedirecting(X11ImageReader& reader, const X11Fram
     return readPixmap(reader, frame);
 }
 
+bool isUncovered(X11Connection& x, xcb_window_t window, const QRect& pixels)
+{
+    const auto windows = X11WindowList::read(x);
+    if (!windows)
+        return false;
+    for (const auto& [info, instance, className] : *windows) {
+        if (info.id == window)
+            return true;
+        if (info.isOnScreen && info.pixelRect.intersects(pixels))
+            return false;
+    }
+    return false;
+}
+
+// The pixels of the screen, where nothing is in front of the window.
+std::optional<QImage> readFromScreen(X11ImageReader& reader, xcb_window_t window, const X11Frame& frame)
+{
+    X11Connection& x = reader.connection();
+    const xcb_screen_t& screen = x.screen();
+    if (!QRect(0, 0, screen.width_in_pixels, screen.height_in_pixels).contains(frame.visible) ||
+        !isUncovered(x, window, frame.visible))
+        return {};
+    X11Screen(reader).waitUntilRepainted();
+    auto image = reader.read(x.root(), frame.visible, X11ImageReader::Alpha::opaque);
+    if (image)
+        image->reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
+    return image;
+}
+
+std::optional<QImage> readWithDecoration(X11ImageReader& reader, xcb_window_t window, X11Frame frame)
+{
+    if (auto image = KWinDecoration::read(reader, window, frame))
+        return image;
+    if (auto image = readFromScreen(reader, window, frame))
+        return image;
+    frame.visible = frame.client; // rather no decoration than pixels of something else
+    return readPixmap(reader, frame);
+}
+
+std::optional<QImage> readPixels(X11ImageReader& reader, xcb_window_t window, const X11Frame& frame)
+{
+    if (KWinDecoration::isDrawnApart(reader.connection(), window, frame))
+        return readWithDecoration(reader, window, frame);
+    // A compositor has redirected every window already, and the server those with alpha.
+    if (auto image = readPixmap(reader, frame))
+        return image;
+    return readAfterRedirecting(reader, frame);
+}
+
 } // namespace
 
 GrabbedImage X11WindowImage::grab(X11ImageReader& reader, xcb_window_t window)
@@ -106,14 +159,12 @@ GrabbedImage X11WindowImage::grab(X11ImageReader& reader, xcb_window_t window)
         return std::unexpected(GrabFailure::notSupported);
     const auto frame = X11Frame::of(x, window);
     std::optional<QImage> image;
-    if (frame && frame->isViewable && !frame->visible.isEmpty()) {
-        // A compositor has redirected every window already, and the server those with alpha.
-        image = readPixmap(reader, *frame);
-        if (!image)
-            image = readAfterRedirecting(reader, *frame);
-    }
-    if (image)
+    if (frame && frame->isViewable && !frame->visible.isEmpty())
+        image = readPixels(reader, window, *frame);
+    if (image) {
+        WindowCorners::cut(*image);
         return *std::move(image);
+    }
     return std::unexpected(x.isAlive() ? GrabFailure::windowGone : GrabFailure::noDisplay);
 }
 
