@@ -83,6 +83,7 @@ int runHere(const Command& command)
     const auto applicationMain = reinterpret_cast<Main>(dlsym(library, "kovrelMain"));
     std::vector<std::string> arguments = command.arguments();
     std::vector<const char*> pointers;
+    pointers.reserve(arguments.size());
     for (const std::string& argument : arguments)
         pointers.push_back(argument.c_str());
     return applicationMain(pointers.data(), int(pointers.size()));

@@ -61,7 +61,8 @@ void drawMagnifiedPixel(QPainter& painter, const QRectF& cell, double scale)
 void drawGrid(QPainter& painter, const QRectF& rect, double cell)
 {
     painter.setPen(QPen(magnifierGrid, 1));
-    for (double at = cell; at < rect.width() - 0.5; at += cell) {
+    for (int line = 1; line * cell < rect.width() - 0.5; ++line) {
+        const double at = line * cell;
         painter.drawLine(QPointF(rect.x() + at, rect.y()), QPointF(rect.x() + at, rect.bottom()));
         painter.drawLine(QPointF(rect.x(), rect.y() + at), QPointF(rect.right(), rect.y() + at));
     }

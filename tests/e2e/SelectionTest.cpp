@@ -332,9 +332,9 @@ TEST_F(SelectionTest, ASessionThatLosesItsGroundIsCancelledAndTheNextOneWorks)
              painted->hide(window);
              painted->click({1000, 500});
          }},
+        // Last, and it stays: what tells of its end could cancel the session that follows.
         {"a monitor comes", "area",
-         [&] { display.setMonitors({{"MAIN", mainMonitor}, {"OTHER", otherMonitor}, {"THIRD", {0, 600, 800, 500}}}); },
-         [&] { display.setMonitors({{"MAIN", mainMonitor}, {"OTHER", otherMonitor}}); }},
+         [&] { display.setMonitors({{"MAIN", mainMonitor}, {"OTHER", otherMonitor}, {"THIRD", {0, 600, 800, 500}}}); }},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);

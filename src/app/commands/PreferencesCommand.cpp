@@ -40,7 +40,7 @@ QString shown(const UserDefaults& defaults, const QString& key, SettingType type
 std::expected<QVariant, QString> parsedNumber(const QString& text, SettingType type)
 {
     bool isNumber = false;
-    const QVariant value =
+    QVariant value =
         type == SettingType::integer ? QVariant(text.toLongLong(&isNumber)) : QVariant(text.toDouble(&isNumber));
     if (!isNumber || !std::isfinite(value.toDouble()))
         return std::unexpected("takes a number");

@@ -107,6 +107,7 @@ QImage BackdropPicture::bitmap(QSize size, double sigma) const
         return {};
     const GradientGrid gradient(PreparedGradient(ground), size);
     std::vector<PlacedRidge> placed;
+    placed.reserve(ridges.size());
     for (const Ridge& ridge : ridges)
         placed.emplace_back(ridge, size);
     return DitheredImage::paintedSoftly(size, sigma, [&](Line& line, int y) {

@@ -16,7 +16,8 @@ constexpr size_t mostBytes = 4096;
 
 QString beginningOf(std::string_view json)
 {
-    return QString::fromUtf8(json.data(), qsizetype(std::min(json.size(), mostBytes)));
+    const std::string_view beginning = json.substr(0, mostBytes);
+    return QString::fromUtf8(beginning.data(), qsizetype(beginning.size()));
 }
 
 bool isRedaction(Annotation::Kind kind)

@@ -51,6 +51,7 @@ double widthOf(QChar character)
         const TextAttributes attributes = textAttributes(1, std::nullopt);
         const QFontMetricsF metrics(attributes.font);
         std::vector<double> all;
+        all.reserve(latinEnd);
         for (char16_t c = 0; c < latinEnd; ++c)
             all.push_back(1.02 * metrics.horizontalAdvance(QChar(c)) * attributes.scale);
         return all;

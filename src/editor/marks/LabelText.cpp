@@ -30,6 +30,7 @@ TextAttributes attributes(double fontSize, QFont::Weight weight, const std::opti
     font.setPixelSize(layoutSize);
     font.setWeight(weight);
     font.setHintingPreference(QFont::PreferNoHinting);
+    // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): Qt takes them together
     font.setStyleStrategy(QFont::StyleStrategy(QFont::NoSubpixelAntialias | QFont::PreferQuality));
     return {font, fontSize / layoutSize, color};
 }

@@ -1,6 +1,7 @@
 #include "platform/session/X11Desktop.h"
 
 #include "platform/desktop/DesktopShortcuts.h"
+#include "platform/wallpaper/WallpaperSettings.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -17,6 +18,15 @@ double scaleOfScreen(const QString& name)
     return qGuiApp->devicePixelRatio();
 }
 
+std::optional<QImage> wallpaperOf(const Display& display, const DisplayList& all)
+{
+    QRect desktop;
+    for (const Display& each : all)
+        desktop |= each.pixelRect;
+    const auto wallpaper = WallpaperSettings::of(display, all);
+    return wallpaper ? wallpaper->painted(display.pixelRect, desktop) : std::nullopt;
+}
+
 } // namespace
 
 X11Desktop::X11Desktop(MainLoop& loop, Workers& workers)
@@ -27,7 +37,7 @@ X11Desktop::X11Desktop(MainLoop& loop, Workers& workers)
       m_pixels(loop, workers, m_reader),
       m_pointer(loop, workers, m_connection, m_displays),
       m_windows(loop, workers, m_reader, m_displays),
-      m_picture(loop, workers, m_reader, m_displays),
+      m_picture(loop, workers, m_reader, m_displays, wallpaperOf),
       m_overlay(loop, workers, m_displays)
 {
     m_reader->releaseWhenIdle(loop);

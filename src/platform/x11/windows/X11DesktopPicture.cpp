@@ -16,6 +16,16 @@ using Picture = std::optional<QImage>;
 
 constexpr double mostEnlarged = 3;
 
+bool isOpaque(const QImage& image)
+{
+    constexpr int samples = 16; // in each direction
+    for (int y = 0; y < samples; ++y)
+        for (int x = 0; x < samples; ++x)
+            if (qAlpha(image.pixel(image.width() * x / samples, image.height() * y / samples)) < 255)
+                return false;
+    return true;
+}
+
 Picture ofDesktopWindow(X11ImageReader& reader, const QRect& display)
 {
     const auto windows = X11WindowList::read(reader.connection());
@@ -24,7 +34,8 @@ Picture ofDesktopWindow(X11ImageReader& reader, const QRect& display)
     for (const auto& [info, instance, className] : *windows) {
         if (info.type != WindowType::desktop || !info.isOnScreen || !info.pixelRect.contains(display))
             continue;
-        if (const auto image = X11WindowImage::grab(reader, info.id))
+        const auto image = X11WindowImage::grab(reader, info.id);
+        if (image && isOpaque(*image)) // some are transparent, with nothing but icons
             return image->copy(display.translated(-info.pixelRect.topLeft()));
     }
     return {};
@@ -57,11 +68,15 @@ Picture ofRoot(X11ImageReader& reader, const QRect& display)
     return tile ? Picture(tiled(*tile, display)) : std::nullopt;
 }
 
-Picture read(X11ImageReader& reader, const QRect& display, QSize size)
+Picture read(X11ImageReader& reader, const QRect& display)
 {
-    auto picture = ofDesktopWindow(reader, display);
-    if (!picture)
-        picture = ofRoot(reader, display);
+    if (auto picture = ofRoot(reader, display))
+        return picture;
+    return ofDesktopWindow(reader, display);
+}
+
+Picture scaled(Picture picture, QSize size)
+{
     if (!picture || picture->size() == size)
         return picture;
     return picture->scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
@@ -77,8 +92,12 @@ QSize pictureSize(const Display& display, int maxPixelSize)
 } // namespace
 
 X11DesktopPicture::X11DesktopPicture(MainLoop& loop, Workers& workers, std::shared_ptr<X11ImageReader> reader,
-                                     const Displays& displays)
-    : m_loop(loop), m_workers(workers), m_reader(std::move(reader)), m_displays(displays)
+                                     const Displays& displays, FromSettings fromSettings)
+    : m_loop(loop),
+      m_workers(workers),
+      m_reader(std::move(reader)),
+      m_displays(displays),
+      m_fromSettings(std::move(fromSettings))
 {
 }
 
@@ -86,10 +105,15 @@ void X11DesktopPicture::grab(quint32 displayID, int maxPixelSize, Reply<std::opt
 {
     const DisplayList displays = m_displays.all();
     const Display* display = displayWithID(displays, displayID);
-    const QSize size = display ? pictureSize(*display, maxPixelSize) : QSize();
-    const QRect pixels = display ? display->pixelRect : QRect();
-    const auto job = [reader = m_reader, pixels, size] {
-        return size.isEmpty() ? Picture() : read(*reader, pixels, size);
+    if (!display) {
+        m_loop.post([reply = std::move(reply)] { reply(std::nullopt); });
+        return;
+    }
+    const auto job = [reader = m_reader, fromSettings = m_fromSettings, display = *display, displays, maxPixelSize] {
+        auto picture = fromSettings(display, displays);
+        if (!picture)
+            picture = read(*reader, display.pixelRect);
+        return scaled(std::move(picture), pictureSize(display, maxPixelSize));
     };
     replyFromWorker<Picture>(m_loop, m_workers, Lane::capture, Guarded::orElse(job, std::nullopt), std::move(reply));
 }

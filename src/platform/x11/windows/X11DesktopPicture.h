@@ -8,12 +8,16 @@
 
 namespace Kovrel {
 
-// The picture behind all windows: a desktop window's, which lies over the root window's, or else the root window's.
+// The picture behind all windows: the one in the desktop's settings, or else the root window's, or that of a desktop
+// window, on which there may be icons.
 class X11DesktopPicture : public DesktopPicture {
 public:
+    // Called on a worker, for one display of all; no value where the settings tell none.
+    using FromSettings = std::function<std::optional<QImage>(const Display& display, const DisplayList& all)>;
+
     // The reader is used on the capture lane only.
     X11DesktopPicture(MainLoop& loop, Workers& workers, std::shared_ptr<X11ImageReader> reader,
-                      const Displays& displays);
+                      const Displays& displays, FromSettings fromSettings);
 
     void grab(quint32 displayID, int maxPixelSize, Reply<std::optional<QImage>> reply) override;
 
@@ -22,6 +26,7 @@ private:
     Workers& m_workers;
     std::shared_ptr<X11ImageReader> m_reader;
     const Displays& m_displays;
+    FromSettings m_fromSettings;
 };
 
 } // namespace Kovrel

@@ -25,8 +25,9 @@ struct DesktopPictureTest : testing::Test {
 
     std::optional<QImage> grab(quint32 display, int maxPixelSize)
     {
-        X11DesktopPicture service(
-            loop, workers, std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(server.name())), displays);
+        X11DesktopPicture service(loop, workers,
+                                  std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(server.name())),
+                                  displays, [this](const Display&, const DisplayList&) { return settings; });
         std::optional<std::optional<QImage>> answer;
         service.grab(display, maxPixelSize, [&](std::optional<QImage> image) { answer = std::move(image); });
         workers.runAll();
@@ -36,6 +37,7 @@ struct DesktopPictureTest : testing::Test {
 
     quint32 idOf(size_t index) const { return displays.all()[index].id; }
 
+    std::optional<QImage> settings; // what those of the desktop tell
     Testing::VirtualDisplay server{{1000, 700}};
     Testing::PaintedScreen screen{server.name()};
     Testing::FakeMainLoop loop;
@@ -73,14 +75,21 @@ TEST_F(DesktopPictureTest, ASmallPictureRepeats)
         EXPECT_EQ(image->pixel(point), patternAt((400 + point.x()) % 150, (100 + point.y()) % 70) | 0xff000000);
 }
 
-TEST_F(DesktopPictureTest, ADesktopWindowLiesOverTheRootPicture)
+TEST_F(DesktopPictureTest, TheSettingsComeBeforeTheRootAndThatBeforeAnOpaqueDesktopWindow)
 {
-    screen.setRootPicture(pattern({1000, 700}));
+    const auto colour = [this] { return grab(idOf(0), 600).value_or(QImage()).pixelColor(300, 250); };
     screen.show({.pixels = {0, 0, 1000, 700}, .colour = Qt::blue, .type = "_NET_WM_WINDOW_TYPE_DESKTOP"});
+    screen.show({.pixels = {0, 0, 1000, 700}, .colour = QColor(0, 0, 0, 40), .type = "_NET_WM_WINDOW_TYPE_DESKTOP"});
     screen.show({.pixels = {0, 0, 1000, 700}, .colour = Qt::yellow});
-    const auto image = grab(idOf(0), 600);
-    ASSERT_TRUE(image);
-    EXPECT_EQ(image->pixel(300, 250), QColor(Qt::blue).rgb());
+    EXPECT_EQ(colour(), QColor(Qt::blue)) << "icons on nothing are no picture";
+    QImage green(1000, 700, QImage::Format_RGB32);
+    green.fill(Qt::green);
+    screen.setRootPicture(green);
+    EXPECT_EQ(colour(), QColor(Qt::green));
+    settings = QImage(1200, 1000, QImage::Format_RGB32);
+    settings->fill(Qt::red);
+    EXPECT_EQ(colour(), QColor(Qt::red));
+    EXPECT_EQ(grab(idOf(0), 600)->size(), QSize(600, 500));
 }
 
 } // namespace Kovrel
