@@ -10,7 +10,11 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "com.kovrel.account")
 
+using Token = std::optional<QString>;
+
 constexpr const char* tokenKey = "kovrel.session.token";
+// Beside the local token: the other one is in the keychain.
+constexpr const char* keychainNote = "kovrel.session.keychain";
 
 } // namespace
 
@@ -18,7 +22,6 @@ Account::Account(TokenStore& local, TokenStore& secrets) : m_local(local), m_sec
 
 void Account::restore()
 {
-    using Token = std::optional<QString>;
     const int generation = m_generation;
     const auto settleIfCurrent = [this, generation](bool isSignedIn) {
         if (generation == m_generation)
@@ -29,7 +32,19 @@ void Account::restore()
         if (token)
             settleIfCurrent(true);
         else
-            m_secrets.read(tokenKey, fromSecrets);
+            readFromKeychain(fromSecrets);
+    }));
+}
+
+// Some desktops greet the first question to a keychain with a wizard that makes one: who has nothing there does not
+// ask.
+void Account::readFromKeychain(Reply<Token> reply)
+{
+    m_local.read(keychainNote, m_lifeline.guard([this, reply = std::move(reply)](Token note) {
+        if (note)
+            m_secrets.read(tokenKey, reply);
+        else
+            reply(std::nullopt);
     }));
 }
 
@@ -71,8 +86,22 @@ void Account::signOut(Reply<bool> reply)
         reply(localIsGone && secretIsGone);
     };
     m_local.remove(tokenKey, m_lifeline.guard([this, removed](bool localIsGone) {
-        m_secrets.remove(tokenKey, m_lifeline.guard([removed, localIsGone](bool secretIsGone) {
-            removed(localIsGone, secretIsGone);
+        removeFromKeychain([removed, localIsGone](bool secretIsGone) { removed(localIsGone, secretIsGone); });
+    }));
+}
+
+void Account::removeFromKeychain(Reply<bool> reply)
+{
+    m_local.read(keychainNote, m_lifeline.guard([this, reply = std::move(reply)](Token note) {
+        if (!note) {
+            reply(true);
+            return;
+        }
+        m_secrets.remove(tokenKey, m_lifeline.guard([this, reply](bool isGone) {
+            if (isGone)
+                m_local.remove(keychainNote, reply);
+            else
+                reply(false);
         }));
     }));
 }
@@ -93,10 +122,20 @@ void Account::handleCallback(const QUrl& url, Reply<bool> reply)
         return;
     }
     m_expectedState.clear();
-    m_secrets.write(tokenKey, token, m_lifeline.guard([this, reply](bool isStored) {
+    writeToKeychain(token, m_lifeline.guard([this, reply](bool isStored) {
         if (isStored)
             settle(true);
         reply(isStored);
+    }));
+}
+
+void Account::writeToKeychain(const QString& token, Reply<bool> reply)
+{
+    m_local.write(keychainNote, "1", m_lifeline.guard([this, token, reply = std::move(reply)](bool isNoted) {
+        if (isNoted)
+            m_secrets.write(tokenKey, token, reply);
+        else
+            reply(false);
     }));
 }
 

@@ -15,7 +15,7 @@ namespace Kovrel {
 // once and the answer is cached; it follows every change made here. Main thread.
 class Account {
 public:
-    // `local` keeps this computer's account, `secrets` the token of the other kind.
+    // `local` keeps this computer's account, `secrets` the token of the other kind; it is asked only where that exists.
     Account(TokenStore& local, TokenStore& secrets);
 
     // Reads the stored token; `whenKnown` waits for it.
@@ -37,6 +37,9 @@ public:
 
 private:
     void settle(bool isSignedIn);
+    void readFromKeychain(Reply<std::optional<QString>> reply);
+    void removeFromKeychain(Reply<bool> reply);
+    void writeToKeychain(const QString& token, Reply<bool> reply);
 
     TokenStore& m_local;
     TokenStore& m_secrets;

@@ -49,10 +49,19 @@ struct AccountTest : testing::Test {
         observation = account->onChange([this] { ++changes; });
     }
 
+    // As after a sign-in on a web page.
+    void useKeychain()
+    {
+        local.write("kovrel.session.keychain", "1", [](bool) {});
+        settle();
+    }
+
     void settle()
     {
-        workers.runAll();
-        loop.runPosted();
+        for (int step = 0; step < 4; ++step) { // one job leads to the next
+            workers.runAll();
+            loop.runPosted();
+        }
     }
 
     std::optional<bool> wait(const std::function<void(Reply<bool>)>& ask)
@@ -88,8 +97,22 @@ TEST_F(AccountTest, TheLocalAccountIsAPrivateFileThatIsFoundAgain)
     EXPECT_FALSE(QFileInfo::exists(token.filePath()));
 }
 
+TEST_F(AccountTest, AKeychainWithoutATokenIsNeverAsked)
+{
+    keychain.isWritable = false; // as without a wallet
+    account->restore();
+    settle();
+    EXPECT_FALSE(keychain.pendingRead);
+    bool isKnown = false;
+    account->whenKnown([&] { isKnown = true; });
+    EXPECT_TRUE(isKnown);
+    EXPECT_EQ(wait([&](auto reply) { account->signInLocally(reply); }), true);
+    EXPECT_EQ(wait([&](auto reply) { account->signOut(reply); }), true);
+}
+
 TEST_F(AccountTest, ChangesAreToldButNotTheFirstAnswer)
 {
+    useKeychain();
     account->restore();
     settle();
     keychain.pendingRead(QString("token"));
@@ -105,6 +128,7 @@ TEST_F(AccountTest, ChangesAreToldButNotTheFirstAnswer)
 
 TEST_F(AccountTest, ALateKeychainDoesNotUndoASignIn)
 {
+    useKeychain();
     account->restore();
     settle();
     wait([&](auto reply) { account->signInLocally(reply); });
@@ -114,6 +138,7 @@ TEST_F(AccountTest, ALateKeychainDoesNotUndoASignIn)
 
 TEST_F(AccountTest, SigningOutFailsWhileTheKeychainKeepsItsToken)
 {
+    useKeychain();
     account->restore();
     settle();
     keychain.pendingRead(QString("token"));
@@ -124,6 +149,7 @@ TEST_F(AccountTest, SigningOutFailsWhileTheKeychainKeepsItsToken)
 
 TEST_F(AccountTest, AnAnswerAfterTheEndTouchesNothing)
 {
+    useKeychain();
     account->restore();
     settle();
     const auto late = keychain.pendingRead;
