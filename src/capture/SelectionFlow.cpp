@@ -114,7 +114,7 @@ QCoro::Task<> SelectionFlow::takeArea(Run run, QRect rootPixels, bool ocrOnly)
 {
     FrozenScreens frozen = m_services.overlay.takeFrozenImages();
     const auto frozenCount = frozen.size();
-    const std::optional<Display> display = co_await m_scope.join(m_survey.screenUnderMouse());
+    const std::optional<Display> display = co_await m_scope.join(displayOf(rootPixels));
     std::optional<QImage> cut = co_await m_scope.reply<std::optional<QImage>>(
         [&](auto done) { m_services.grabber.grab(rootPixels, std::move(frozen), done); });
     m_services.trace.mark(QString("selection committed \u2192 pixels in hand (frozen %1)").arg(frozenCount));
@@ -129,6 +129,17 @@ QCoro::Task<> SelectionFlow::takeArea(Run run, QRect rootPixels, bool ocrOnly)
         co_return;
     }
     co_await finishArea(run, grab->image, rootPixels, *display, ocrOnly);
+}
+
+// The pointer ends on the next display where a rectangle reaches to the seam; across it, it says whose the area is.
+QCoro::Task<std::optional<Display>> SelectionFlow::displayOf(QRect rootPixels)
+{
+    const DisplayList displays = m_services.displays.all();
+    for (const Display& display : displays)
+        if (display.pixelRect.contains(rootPixels))
+            co_return display;
+    const std::optional<Display> underMouse = co_await m_scope.join(m_survey.screenUnderMouse());
+    co_return underMouse;
 }
 
 QCoro::Task<PixelSource::Outcome> SelectionFlow::fallbackAreaGrab(QRect rootPixels)

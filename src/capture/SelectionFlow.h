@@ -35,6 +35,7 @@ private:
     QCoro::Task<> prewarmWindowBackdrop();
     QCoro::Task<> takeSelection(Run run, SelectionResult selection, bool ocrOnly);
     QCoro::Task<> takeArea(Run run, QRect rootPixels, bool ocrOnly);
+    QCoro::Task<std::optional<Display>> displayOf(QRect rootPixels);
     QCoro::Task<PixelSource::Outcome> fallbackAreaGrab(QRect rootPixels);
     QCoro::Task<> takeWindows(Run run, std::vector<WindowInfo> windows, bool ocrOnly);
     QCoro::Task<> finishWindowPick(Run run, CaptureFinisher::Pixels picked);

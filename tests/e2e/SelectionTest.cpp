@@ -123,6 +123,7 @@ TEST_F(SelectionTest, ADragIsTheDesktopsOwnPixelsBetweenPressAndRelease)
         {"right and down", {1000, 400}, {1301, 603}, {1000, 400, 301, 203}, 1},
         {"left and up", {1301, 603}, {1000, 400}, {1000, 400, 301, 203}, 1},
         {"right and up on the scaled monitor", {101, 303}, {302, 100}, {101, 100, 201, 203}, 2},
+        {"to the seam", {700, 350}, {800, 450}, {700, 350, 100, 100}, 2},
         {"across the seam", {700, 350}, {900, 450}, {700, 350, 200, 100}, 1},
         {"back across the seam", {900, 450}, {700, 350}, {700, 350, 200, 100}, 2},
         {"to the last pixel", {1500, 1000}, {1599, 1099}, {1500, 1000, 100, 100}, 1},

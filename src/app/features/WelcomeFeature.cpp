@@ -41,8 +41,17 @@ HomeWindow::Handlers WelcomeFeature::handlers()
         .signIn = [this] { m_ports.account.tell(&AccountStatus::signInOnThisComputer); },
         .obstacle = [] { return DesktopSession::obstacle(); },
         .isEnabled = [this](const MenuEntry& entry) { return m_ports.commands && m_ports.commands->isEnabled(entry); },
-        .perform = [this](const MenuEntry& entry) { m_ports.commands.tell(&ProgramCommands::perform, entry, false); },
+        .perform = [this](const MenuEntry& entry) { perform(entry); },
     };
+}
+
+// A capture is not of the window in which it was asked for.
+void WelcomeFeature::perform(const MenuEntry& entry)
+{
+    const bool isCapture = entry.arguments.front() == "capture";
+    if (isCapture)
+        m_window->hide();
+    m_ports.commands.tell(&ProgramCommands::perform, entry, isCapture);
 }
 
 void WelcomeFeature::showHome()

@@ -27,6 +27,7 @@ private:
 
     HomeWindow& window();
     HomeWindow::Handlers handlers();
+    void perform(const MenuEntry& entry);
     void refresh();
 
     Foundation& m_foundation;

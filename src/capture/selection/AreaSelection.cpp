@@ -3,6 +3,7 @@
 #include "capture/selection/SelectionGeometry.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Kovrel {
 
@@ -26,7 +27,7 @@ void AreaSelection::drag(QPoint pointer, bool isSquare)
         return;
     const QPoint corner = SelectionGeometry::cornerAt(pointer, m_displays);
     if (m_isMoving)
-        moveBy(corner - m_pointer);
+        moveBy(corner + m_grip - rect()->topLeft());
     else
         m_corner = isSquare ? SelectionGeometry::squareCorner(*m_anchor, corner, m_desktop) : corner;
     m_pointer = corner;
@@ -40,7 +41,9 @@ void AreaSelection::release()
 
 void AreaSelection::beginMoving()
 {
-    m_isMoving = m_isDragging;
+    if (!m_isDragging || std::exchange(m_isMoving, true))
+        return;
+    m_grip = rect()->topLeft() - m_pointer;
 }
 
 void AreaSelection::endMoving()

@@ -41,6 +41,7 @@ private:
     std::optional<QPoint> m_anchor; // corners between pixels
     QPoint m_corner;
     QPoint m_pointer; // where the drag is
+    QPoint m_grip;    // from there to the corner of the rectangle that is moved
     bool m_isDragging = false;
     bool m_isMoving = false;
 };

@@ -49,10 +49,21 @@ QRect SelectionGeometry::desktopRect(const DisplayList& displays)
     return desktop;
 }
 
+namespace {
+
+// What of our own floats above everything, as the overlay, is as if it were not there. Windows with a title are like
+// those of other programs.
+bool isGlass(const WindowInfo& window, qint64 ownPid)
+{
+    return window.ownerPid == ownPid && window.type != WindowType::normal && window.type != WindowType::dialog;
+}
+
+} // namespace
+
 bool SelectionGeometry::isPickable(const WindowInfo& window, qint64 ownPid)
 {
     return window.isOnScreen && window.type != WindowType::desktop && window.type != WindowType::dock &&
-           window.ownerPid != ownPid;
+           !isGlass(window, ownPid);
 }
 
 std::optional<size_t> SelectionGeometry::hoveredWindowIndex(const std::vector<WindowInfo>& windows, QPoint rootPixel,
@@ -69,7 +80,7 @@ std::vector<size_t> SelectionGeometry::touchedIndices(const std::vector<WindowIn
     QRegion open(rootPixels); // what no window in front covers
     for (size_t index = 0; index < windows.size() && !open.isEmpty(); ++index) {
         const WindowInfo& window = windows[index];
-        if (!window.isOnScreen || window.ownerPid == ownPid || !open.intersects(window.pixelRect))
+        if (!window.isOnScreen || isGlass(window, ownPid) || !open.intersects(window.pixelRect))
             continue;
         if (isPickable(window, ownPid))
             touched.push_back(index);
@@ -84,7 +95,7 @@ QRegion SelectionGeometry::partInSight(const std::vector<WindowInfo>& windows, c
     for (const WindowInfo& other : windows) {
         if (other.id == window.id)
             break;
-        if (other.isOnScreen && other.ownerPid != ownPid)
+        if (other.isOnScreen && !isGlass(other, ownPid))
             part -= other.pixelRect;
     }
     return part;

@@ -14,7 +14,8 @@ using Fit = Wallpaper::Fit;
 using Group = std::map<QString, QString>;
 
 // As QML's Image counts them.
-constexpr Fit fits[] = {Fit::stretched, Fit::contained, Fit::covering, Fit::tiled, Fit::tiled, Fit::tiled, Fit::centred};
+constexpr Fit fits[] = {Fit::stretched, Fit::contained, Fit::covering, Fit::tiled,
+                        Fit::tiled,     Fit::tiled,     Fit::centred};
 
 // By their headers, as "[Containments][1]".
 std::map<QString, Group> groupsIn(const QString& file)

@@ -77,6 +77,8 @@ TEST(SelectionGeometry, AWindowIsHitWhereItIsSeen)
     EXPECT_EQ(hit({500, 20}), 0) << "a panel hides what is behind it";
     EXPECT_EQ(hit({900, 700}), 0) << "the desktop";
     EXPECT_EQ(hit({5, 505}), 0) << "one that is not shown";
+    windows[4].ownerPid = ownPid;
+    EXPECT_EQ(hit({500, 100}), 5) << "a titled window of our own is like others";
     EXPECT_THAT(SelectionGeometry::touchedIndices(windows, {390, 390, 30, 30}, ownPid), ElementsAre(3u, 4u));
     EXPECT_EQ(SelectionGeometry::partInSight(windows, windows[4], ownPid), QRegion(400, 40, 300, 360));
 }
@@ -122,6 +124,9 @@ TEST(AreaSelection, FollowsPointerAndKeyboardAndStaysOnTheDesktop)
     EXPECT_EQ(area.rect(), QRect(110, 105, 60, 50));
     area.drag({5, 5}, false);
     EXPECT_EQ(area.rect(), QRect(0, 0, 60, 50)) << "stops at the edge";
+    area.drag({180, 160}, false);
+    EXPECT_EQ(area.rect(), QRect(120, 110, 60, 50)) << "held where it was taken";
+    area.drag({5, 5}, false);
     area.endMoving();
     area.drag({80, 70}, false);
     EXPECT_EQ(area.rect(), QRect(0, 0, 80, 70)) << "resized again";

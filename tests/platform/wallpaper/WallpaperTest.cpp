@@ -66,7 +66,8 @@ TEST_F(WallpaperTest, IsPaintedAsTheDesktopFitsIt)
 
 TEST_F(WallpaperTest, IsItsColoursWithoutAPictureAndNothingWhereThatCantBeRead)
 {
-    const Wallpaper gradient{.path = folder / "gone.png", .colour = Qt::black, .otherColour = Qt::white, .gradient = Qt::Vertical};
+    const Wallpaper gradient{
+        .path = folder / "gone.png", .colour = Qt::black, .otherColour = Qt::white, .gradient = Qt::Vertical};
     const auto image = gradient.painted(display, desktop);
     ASSERT_TRUE(image);
     EXPECT_LT(image->pixelColor(200, 5).red(), 10);
@@ -107,11 +108,12 @@ TEST_F(WallpaperTest, IsReadFromPlasmasFileForEachScreen)
         written(package + "/contents/images/" + name, "");
     const QString file = "[Containments][1]\nlastScreen=0\nwallpaperplugin=org.kde.image\n\n"
                          "[Containments][1][Wallpaper][org.kde.image][General]\nFillMode=1\nImage=file://" +
-                         package + "/\nColor=1,2,3\n\n"
-                                   "[Containments][2]\nlastScreen=0\nformfactor=2\n\n"
-                                   "[Containments][3]\nlastScreen=1\nwallpaperplugin=org.kde.color\n\n"
-                                   "[Containments][3][Wallpaper][org.kde.color][General]\nColor=10,20,30\n\n"
-                                   "[Containments][4]\nlastScreen=2\nwallpaperplugin=org.kde.image\n";
+                         package +
+                         "/\nColor=1,2,3\n\n"
+                         "[Containments][2]\nlastScreen=0\nformfactor=2\n\n"
+                         "[Containments][3]\nlastScreen=1\nwallpaperplugin=org.kde.color\n\n"
+                         "[Containments][3][Wallpaper][org.kde.color][General]\nColor=10,20,30\n\n"
+                         "[Containments][4]\nlastScreen=2\nwallpaperplugin=org.kde.image\n";
     const auto first = PlasmaWallpaper::from(file, 0, {1900, 1000});
     ASSERT_TRUE(first);
     EXPECT_EQ(first->path, package + "//contents/images/1920x1080.png");

@@ -269,18 +269,19 @@ QRect X11Overlay::exposedBy(const xcb_generic_event_t& event) const
     return QRect(expose.x, expose.y, expose.width, expose.height).translated(window->pixels.topLeft());
 }
 
-bool X11Overlay::isCovering(const xcb_generic_event_t& event) const
+xcb_window_t X11Overlay::coveredBy(const xcb_generic_event_t& event) const
 {
     const int type = event.response_type & 0x7f;
     if (type == XCB_MAP_NOTIFY) {
         const auto& map = reinterpret_cast<const xcb_map_notify_event_t&>(event);
-        return map.override_redirect && !isOurs(map.window);
-    }
-    if (type == XCB_CONFIGURE_NOTIFY) {
+        if (map.override_redirect && !isOurs(map.window))
+            return map.window;
+    } else if (type == XCB_CONFIGURE_NOTIFY) {
         const auto& configure = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-        return !isOurs(configure.window) && isOurs(configure.above_sibling);
+        if (!isOurs(configure.window) && isOurs(configure.above_sibling))
+            return configure.window;
     }
-    return false;
+    return XCB_NONE;
 }
 
 // --- Drawing

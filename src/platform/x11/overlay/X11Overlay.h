@@ -41,8 +41,8 @@ public:
     bool isOurs(xcb_window_t window) const;
     // Root pixels of ours that an event tells to be lost; empty for other events.
     QRect exposedBy(const xcb_generic_event_t& event) const;
-    // Whether an event of the root window tells that a window was put above ours.
-    bool isCovering(const xcb_generic_event_t& event) const;
+    // The window of which an event of the root window tells that it was put above ours; none for other events.
+    xcb_window_t coveredBy(const xcb_generic_event_t& event) const;
 
 private:
     struct Window {

@@ -7,7 +7,7 @@ namespace Kovrel {
 
 namespace {
 
-// In one session. A screen lock that wants to be over everything wins.
+// Over one window in a session. A screen lock that wants to be over everything wins.
 constexpr int mostRaises = 10;
 
 std::optional<OverlayPointer> pointerOf(const xcb_generic_event_t& event)
@@ -77,7 +77,7 @@ void X11OverlaySurfaces::open(Opening opening, Handlers handlers, Reply<Outcome>
     close();
     prewarm();
     m_handlers = std::move(handlers);
-    m_raises = 0;
+    m_raises.clear();
     std::vector<X11Overlay::Surface> surfaces;
     for (const Display& display : m_displays.all())
         surfaces.push_back({display, opening.cursor(display)});
@@ -170,14 +170,14 @@ void X11OverlaySurfaces::handle(const xcb_generic_event_t& event)
             handlers.onDesktopSwitch();
     } else if (const QRect exposed = m_overlay->exposedBy(event); !exposed.isEmpty()) {
         handlers.onExposed(exposed);
-    } else if (m_overlay->isCovering(event)) {
-        cameOver();
+    } else if (const xcb_window_t window = m_overlay->coveredBy(event); window != XCB_NONE) {
+        cameOver(window);
     }
 }
 
-void X11OverlaySurfaces::cameOver()
+void X11OverlaySurfaces::cameOver(xcb_window_t window)
 {
-    if (++m_raises <= mostRaises)
+    if (++m_raises[window] <= mostRaises)
         m_overlay->raise();
     else if (const auto onLost = std::exchange(m_handlers.onLost, nullptr))
         onLost();

@@ -8,6 +8,7 @@
 
 #include <QSocketNotifier>
 
+#include <map>
 #include <memory>
 
 namespace Kovrel {
@@ -42,7 +43,7 @@ private:
     void lookForEvents();
     void handleEvents();
     void handle(const xcb_generic_event_t& event);
-    void cameOver();
+    void cameOver(xcb_window_t window);
 
     MainLoop& m_loop;
     Workers& m_workers;
@@ -51,7 +52,7 @@ private:
     std::shared_ptr<X11Overlay> m_overlay; // null: closed, or not open yet
     Handlers m_handlers;
     quint64 m_session = 0;
-    int m_raises = 0;
+    std::map<xcb_window_t, int> m_raises; // over each window that came above
     bool m_looksForEvents = false;
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
