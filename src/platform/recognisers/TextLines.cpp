@@ -15,7 +15,9 @@ namespace {
 using Line = TextLines::Line;
 
 // Heights of the page's small letters.
-constexpr double leastLetter = 0.45; // what is lower is a mark: a dot, an accent, a dash
+constexpr double leastLetter = 0.45;       // what is lower is a mark: a dot, an accent, a dash
+constexpr double leastNarrowLetter = 0.75; // what is lower and narrow is a quotation mark, a comma or a bracket's half
+constexpr double narrow = 0.6;             // of its height
 constexpr double leastLoneLetter = 0.7;
 constexpr double widestMark = 4;
 constexpr double plainLetter = 2.4; // what is higher belongs to a headline, or is two letters of two lines that touch
@@ -197,7 +199,11 @@ public:
     }
 
 private:
-    bool isMark(const QRect& blob) const { return blob.height() < leastLetter * m_height; }
+    bool isMark(const QRect& blob) const
+    {
+        const bool isNarrow = blob.width() < narrow * blob.height();
+        return blob.height() < (isNarrow ? leastNarrowLetter : leastLetter) * m_height;
+    }
 
     // What ends so far to the left that no later blob comes near it.
     bool isPast(const Growing& line, const QRect& blob) const
@@ -274,7 +280,7 @@ private:
         Growing* line = nullptr;
         m_index.visit({double(mark.y() - m_height), double(footOf(mark))}, [&](size_t at) {
             const Band& band = m_lines[at].band();
-            if (centre >= band.top && centre <= band.foot + band.height() / 3 &&
+            if (centre >= band.top - band.height() && centre <= band.foot + band.height() / 3 &&
                 gapBetween(m_lines[at].reach(), mark) <= widestGap * band.height())
                 line = &m_lines[at];
             return true;

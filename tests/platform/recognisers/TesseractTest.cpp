@@ -11,12 +11,12 @@ namespace Kovrel {
 
 namespace {
 
-QImage pageOf(const QStringList& lines)
+QImage pageOf(const QStringList& lines, const QString& font = "DejaVu-Sans", int pixelSize = 16)
 {
     QProcess convert;
-    convert.start("convert",
-                  {"-size", QString("500x%1").arg(lines.size() * 30 + 40), "xc:white", "-font", "DejaVu-Sans",
-                   "-pointsize", "16", "-interline-spacing", "8", "-annotate", "+20+40", lines.join('\n'), "png:-"});
+    convert.start("convert", {"-size", QString("500x%1").arg(lines.size() * 2 * pixelSize + 40), "xc:white", "-font",
+                              font, "-pointsize", QString::number(pixelSize), "-interline-spacing",
+                              QString::number(pixelSize / 2), "-annotate", "+20+40", lines.join('\n'), "png:-"});
     EXPECT_TRUE(convert.waitForFinished()) << "convert is needed";
     return QImage::fromData(convert.readAllStandardOutput());
 }
@@ -29,7 +29,26 @@ QImage pageOfLines(int count)
     return pageOf(lines);
 }
 
+QStringList textsIn(const QImage& picture, const QStringList& languages = {"en"})
+{
+    PluginTextRecogniser recogniser;
+    const auto seen = recogniser.recognise(picture, {.languages = languages});
+    QStringList texts;
+    for (const auto& observation : seen.value_or(std::vector<TextRecogniser::Observation>()))
+        texts << observation.candidates.front().text;
+    return texts;
+}
+
 } // namespace
+
+TEST(Tesseract, LinesOfMarksAndDigitsAreRead)
+{
+    for (const QStringList& lines :
+         {QStringList{"\"react\": \"16.8.4\","}, QStringList{"\"1.1.0\""},
+          QStringList{"\"name\": \"1.1.0\",", "\"cat\": \"2.14.3\",", "\"fox\": \"0.8.12\",", "\"dog\": \"7.0.5\","}})
+        EXPECT_EQ(textsIn(pageOf(lines, "DejaVu-Sans-Mono", 24)).join("\n").toStdString(),
+                  lines.join("\n").toStdString());
+}
 
 TEST(Tesseract, EveryLineIsReadAndTold)
 {

@@ -72,6 +72,15 @@ TEST(TextLines, GapsDivideLines)
     }
 }
 
+TEST(TextLines, QuotationMarksBridgeTheGapBetweenLetters)
+{
+    auto blobs = letters(0, 40, 5);
+    append(blobs, letters(80, 40, 5));
+    for (const int left : {46, 49, 72, 75})
+        blobs.push_back({left, 25, 2, 6});
+    EXPECT_EQ(linesOf(blobs), Lines{"0,25 122x15"});
+}
+
 TEST(TextLines, LinesThatTouchStayTwo)
 {
     auto blobs = letters(0, 20, 20);
