@@ -173,7 +173,7 @@ void writeTable(PageWriter& page, RandomText& text)
 
 void writeForm(PageWriter& page, RandomText& text)
 {
-    const int labels = page.style().pixelSize * 9;
+    const int labels = page.style().pixelSize * 14;
     for (int row = rowsOf(text) / 2; row > 0; --row) {
         const QRect field(60 + labels, page.y() - page.lineHeight() * 4 / 5, labels * 2, page.lineHeight() * 6 / 5);
         page.painter().setPen(QColor(140, 140, 140));

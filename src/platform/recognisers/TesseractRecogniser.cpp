@@ -3,6 +3,7 @@
 #include "platform/recognisers/InkPage.h"
 #include "platform/recognisers/LanguageData.h"
 #include "platform/recognisers/PageDivision.h"
+#include "platform/recognisers/PageRules.h"
 #include "platform/recognisers/TextDirection.h"
 #include "platform/recognisers/TextLines.h"
 
@@ -176,15 +177,17 @@ struct TesseractRecogniser::Page {
 private:
     void makeUpright()
     {
-        auto blobs = InkPage::blobs(ink);
+        const auto blobs = InkPage::blobs(ink);
         const int letterHeight = InkPage::letterHeight(blobs);
         if (letterHeight == 0)
             return;
+        double enlargement = 1;
         if (const double angle = TextDirection::of(blobs, letterHeight); angle != 0) {
-            turn(-angle, std::max(1.0, scaleFor(letterHeight, ink.size())));
-            blobs = InkPage::blobs(ink);
+            enlargement = std::max(1.0, scaleFor(letterHeight, ink.size()));
+            turn(-angle, enlargement);
         }
-        findLines(blobs);
+        ink = PageRules::without(std::move(ink), int(std::lround(letterHeight * enlargement)));
+        findLines(InkPage::blobs(ink));
     }
 
     void findLines(const std::vector<QRect>& blobs)
