@@ -4,6 +4,7 @@
 #include "platform/recognisers/LanguageData.h"
 #include "platform/recognisers/PageDivision.h"
 #include "platform/recognisers/PageRules.h"
+#include "platform/recognisers/ReadingSense.h"
 #include "platform/recognisers/TextDirection.h"
 #include "platform/recognisers/TextLines.h"
 
@@ -23,11 +24,12 @@ namespace Kovrel {
 
 namespace {
 
-constexpr double wantedLetterHeight = 20; // of small letters, in pixels: what the models read best
+constexpr double wantedLetterHeight = 24; // of small letters, in pixels: what the models read best
 constexpr double largestScale = 2;
 constexpr double mostPixels = 60e6;        // of a page that is read
 constexpr int longestSide = 30000;         // the library counts in 16 bits
 constexpr double lineMargin = 0.3;         // letter heights around a line
+constexpr uchar blankGround = 245;         // grey levels
 constexpr float doubtfulConfidence = 0.6f; // a page read with less may stand on its head
 constexpr size_t sampleSize = 8;           // lines that tell whether it does
 
@@ -82,6 +84,16 @@ double scaleFor(int letterHeight, QSize picture)
     return std::min({wantedLetterHeight / letterHeight, largestScale, roomFor(picture)});
 }
 
+double blankShare(const QImage& page, const QRect& box)
+{
+    const QRect area = box & page.rect();
+    qsizetype blank = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        blank += std::count_if(page.constScanLine(y) + area.left(), page.constScanLine(y) + area.right() + 1,
+                               [](uchar pixel) { return pixel >= blankGround; });
+    return double(blank) / std::max(1.0, double(area.width()) * area.height());
+}
+
 // What one line says, in pixels of its page.
 std::optional<Run> read(TesseractEngine& engine, const QImage& page, const TextLines::Line& line)
 {
@@ -92,7 +104,7 @@ std::optional<Run> read(TesseractEngine& engine, const QImage& page, const TextL
         QTransform::fromTranslate(-area.left(), -area.top()) * QTransform::fromScale(scale, scale);
     const QSize size = (QSizeF(area.size()) * scale).toSize().expandedTo({1, 1});
     std::optional<Run> run = engine.read(transformed(page, area & page.rect(), toLine, size));
-    if (!run)
+    if (!run || !ReadingSense::isText(run->text, run->confidence, blankShare(page, line.box)))
         return std::nullopt;
     const auto onPage = [&, back = toLine.inverted()](const QRectF& box) {
         const QRectF wide = back.mapRect(box);

@@ -50,6 +50,12 @@ TEST(Tesseract, LinesOfMarksAndDigitsAreRead)
                   lines.join("\n").toStdString());
 }
 
+TEST(Tesseract, SingleLettersAreReadOnce)
+{
+    for (const QString letter : {"Z", "P", "g"})
+        EXPECT_EQ(textsIn(pageOf({letter}, "DejaVu-Sans", 24)).join('|').toStdString(), letter.toStdString());
+}
+
 TEST(Tesseract, EveryLineIsReadAndTold)
 {
     PluginTextRecogniser recogniser;
