@@ -117,9 +117,11 @@ std::optional<Run> read(TesseractEngine& engine, const QImage& page, const TextL
     return run;
 }
 
-// The second run continues the first one.
+// The second run stands to the right of the first one.
 void append(Run& run, Run next)
 {
+    if (run.text.isRightToLeft() && next.text.isRightToLeft())
+        std::swap(run, next);
     const auto length = float(run.text.size());
     const auto nextLength = float(next.text.size());
     run.confidence = (run.confidence * length + next.confidence * nextLength) / (length + nextLength);
