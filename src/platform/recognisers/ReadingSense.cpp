@@ -6,17 +6,18 @@ namespace Kovrel {
 
 namespace {
 
-constexpr double leastBlankShare = 0.25; // what has less stands on a picture, or is part of it
-constexpr float onPictures = 0.2f;       // more confidence is wanted there
-constexpr float ofNumbers = 0;           // in which no word list helps
+constexpr double onPictures = 0.25;  // what has less blank ground stands on a picture, or is part of it
+constexpr double amongShapes = 0.8;  // what has more is too sparse for letters
+constexpr float morePictured = 0.2f; // confidence that is wanted on pictures besides
 
 // The fewer characters, the more easily they are seen where there are none.
 struct Demand {
     qsizetype mostCharacters = 0;
-    float confidence = 0;
+    float onText = 0; // on ground that looks like that of text
+    float elsewhere = 0;
 };
 
-constexpr Demand demands[] = {{1, 0.6f}, {3, 0.75f}, {8, 0.5f}, {15, 0.3f}};
+constexpr Demand demands[] = {{1, 0.6f, 0.6f}, {3, 0.6f, 0.75f}, {8, 0.1f, 0.5f}, {15, 0, 0.3f}};
 
 // Any line or corner of a drawing looks like one.
 bool isStroke(QChar c)
@@ -24,16 +25,18 @@ bool isStroke(QChar c)
     return QStringView(u"\\|~<>«»‹›'\"‘’“”`´.,:;_^°-–—=•").contains(c);
 }
 
+// No word list helps with them.
 bool isNumber(const QString& text)
 {
-    return std::ranges::count_if(text, [](QChar c) { return c.isDigit(); }) * 3 >= text.size();
+    return text.size() > 3 && std::ranges::count_if(text, [](QChar c) { return c.isDigit(); }) * 3 >= text.size();
 }
 
-float demandedOf(const QString& text)
+float demandedOf(const QString& text, bool looksLikeText)
 {
     const auto demand = std::ranges::find_if(demands, [&](const Demand& d) { return text.size() <= d.mostCharacters; });
-    const float confidence = demand == std::end(demands) ? 0 : demand->confidence;
-    return text.size() > 3 && isNumber(text) ? std::min(confidence, ofNumbers) : confidence;
+    if (demand == std::end(demands) || isNumber(text))
+        return 0;
+    return looksLikeText ? demand->onText : demand->elsewhere;
 }
 
 } // namespace
@@ -42,7 +45,9 @@ bool ReadingSense::isText(const QString& text, float confidence, double blankSha
 {
     if (std::ranges::all_of(text, [](QChar c) { return isStroke(c) || c.isSpace(); }) && text.size() <= 3)
         return false;
-    return confidence >= demandedOf(text) + (blankShare < leastBlankShare ? onPictures : 0);
+    const bool isOnPicture = blankShare < onPictures;
+    const bool looksLikeText = !isOnPicture && blankShare <= amongShapes;
+    return confidence >= demandedOf(text, looksLikeText) + (isOnPicture ? morePictured : 0);
 }
 
 } // namespace Kovrel
