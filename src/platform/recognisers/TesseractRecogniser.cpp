@@ -243,7 +243,8 @@ std::vector<Run> TesseractRecogniser::readPage(const Page& page, const Request& 
         }
     };
     std::vector<std::future<void>> others;
-    for (size_t other = 1; other < std::min(m_engines.size(), page.lines.size()); ++other)
+    const size_t threads = request.mayHurry ? std::min(m_engines.size(), page.lines.size()) : 1;
+    for (size_t other = 1; other < threads; ++other)
         others.push_back(std::async(std::launch::async, work, std::ref(*m_engines[other])));
     work(*m_engines.front());
     for (auto& other : others)
@@ -268,7 +269,8 @@ std::optional<TextRecogniser::Failure> TesseractRecogniser::prepareEngines(const
     if (kind.models.isEmpty())
         return Failure{QCoreApplication::translate("TesseractRecogniser",
                                                    "Install the package tesseract-ocr-eng, or that of another "
-                                                   "language: there is no language data for text recognition.")};
+                                                   "language: there is no language data for text recognition."),
+                       Failure::Reason::notInstalled};
     if (kind != m_kind)
         m_engines.clear();
     m_kind = kind;
@@ -288,7 +290,7 @@ TextRecogniser::Outcome TesseractRecogniser::recognise(const QImage& picture, co
             Failure{QCoreApplication::translate("TesseractRecogniser", "There is no picture to read."),
                     Failure::Reason::noPicture});
     Page page = Page::of(picture);
-    if (const auto failure = prepareEngines(request, page.lines.size() == 1 ? 1 : threadCount))
+    if (const auto failure = prepareEngines(request, request.mayHurry && page.lines.size() > 1 ? threadCount : 1))
         return std::unexpected(*failure);
     std::vector<Run> runs = readPage(page, request);
     if (!runs.empty() && confidenceIn(runs) < doubtfulConfidence) {

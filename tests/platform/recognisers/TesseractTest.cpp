@@ -6,6 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <mutex>
+#include <set>
+#include <thread>
 
 namespace Kovrel {
 
@@ -79,6 +82,22 @@ TEST(Tesseract, APageOnItsHeadIsReadWithTheGapsInItsLines)
         texts << observation.candidates.front().text;
     EXPECT_EQ(texts, (QStringList{"Some considerably longer ones", "more words upon this page"}));
     EXPECT_GT(seen->front().bottomLeft.x, seen->front().bottomRight.x);
+}
+
+TEST(Tesseract, WhatNobodyWaitsForIsReadOnOneThread)
+{
+    PluginTextRecogniser recogniser;
+    const QImage page = pageOfLines(12);
+    for (const auto& [mayHurry, mostThreads] : {std::pair(true, 2u), {false, 1u}}) {
+        std::mutex lock;
+        std::set<std::thread::id> threads;
+        const auto note = [&](double) {
+            const std::scoped_lock locked(lock);
+            threads.insert(std::this_thread::get_id());
+        };
+        EXPECT_TRUE(recogniser.recognise(page, {.languages = {"en"}, .mayHurry = mayHurry, .progress = note}));
+        EXPECT_EQ(threads.size(), mostThreads);
+    }
 }
 
 TEST(Tesseract, StopsAfterOneMoreLine)
