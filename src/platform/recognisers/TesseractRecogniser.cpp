@@ -26,12 +26,13 @@ namespace {
 
 constexpr double wantedLetterHeight = 24; // of small letters, in pixels: what the models read best
 constexpr double largestScale = 2;
-constexpr double mostPixels = 60e6;        // of a page that is read
-constexpr int longestSide = 30000;         // the library counts in 16 bits
-constexpr double lineMargin = 0.3;         // letter heights around a line
-constexpr uchar blankGround = 245;         // grey levels
-constexpr float doubtfulConfidence = 0.6f; // a page read with less may stand on its head
-constexpr size_t sampleSize = 8;           // lines that tell whether it does
+constexpr double mostPixels = 60e6;         // of a page that is read
+constexpr int longestSide = 30000;          // the library counts in 16 bits
+constexpr double lineMargin = 0.3;          // letter heights around a line
+constexpr uchar blankGround = 245;          // grey levels
+constexpr float doubtfulConfidence = 0.75f; // a page read with less may stand on its head
+constexpr qsizetype tellingLength = 4;
+constexpr size_t sampleSize = 8; // lines that tell whether it does
 
 using Run = TesseractEngine::Run;
 
@@ -134,12 +135,14 @@ void append(Run& run, Run next)
         run.characterBoxes.clear();
 }
 
-// Of a text, long runs counting more.
+// Of a text, long runs counting more. Single letters look like letters on their heads, too, and don't count.
 float confidenceIn(const std::vector<Run>& runs)
 {
     float sum = 0;
     float weight = 0;
     for (const Run& run : runs) {
+        if (run.text.size() < tellingLength)
+            continue;
         sum += run.confidence * float(run.text.size());
         weight += float(run.text.size());
     }
@@ -293,7 +296,7 @@ TextRecogniser::Outcome TesseractRecogniser::recognise(const QImage& picture, co
     if (const auto failure = prepareEngines(request, request.mayHurry && page.lines.size() > 1 ? threadCount : 1))
         return std::unexpected(*failure);
     std::vector<Run> runs = readPage(page, request);
-    if (!runs.empty() && confidenceIn(runs) < doubtfulConfidence) {
+    if (!page.lines.empty() && confidenceIn(runs) < doubtfulConfidence) {
         const Page reversed = page.reversed();
         if (confidenceIn(readPage(reversed.sample(), request)) > confidenceIn(runs)) {
             runs = readPage(reversed, request);

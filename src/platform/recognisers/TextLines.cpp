@@ -30,6 +30,7 @@ constexpr double widestGap = 2.5; // in a line
 constexpr double widestPause = 4; // between a line and what continues it
 constexpr double lowMark = 0.75;
 constexpr double markReach = 0.5;  // above and below
+constexpr double quoteReach = 0.7; // above, for what bridges a gap
 constexpr double markGap = 1.75;   // beside: the gap behind a dash where all characters are equally wide
 constexpr double roomAbove = 1.45; // what capitals need, measured from the baseline
 constexpr double mostAbove = 2.2;
@@ -290,7 +291,7 @@ private:
         Growing* line = nullptr;
         m_index.visit({double(mark.y() - m_height), double(footOf(mark) + m_height)}, [&](size_t at) {
             const Band& band = m_lines[at].band();
-            if (centre >= band.top - band.height() && centre <= band.foot + band.height() / 3 &&
+            if (centre >= band.top - quoteReach * band.height() && centre <= band.foot + band.height() / 3 &&
                 gapBetween(m_lines[at].reach(), mark) <= widestGap * band.height())
                 line = &m_lines[at];
             return true;
