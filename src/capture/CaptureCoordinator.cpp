@@ -137,6 +137,7 @@ void CaptureCoordinator::cancel(quint64 requestID)
 {
     if (m_queuedCapture && m_queuedCapture->id == requestID)
         m_queuedCapture.reset();
+    m_selection.cancelReading(requestID);
     if (m_currentRun && m_currentRun->requestID == requestID && !m_selectionUIDone) {
         m_currentRun->isCancelled = true;
         cancelAim();

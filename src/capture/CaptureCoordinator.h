@@ -36,7 +36,7 @@ public:
     bool isCountingDown() const override { return m_selfTimer.isCountingDown(); }
 
     void cancelCountdown() override;
-    // Ends whatever the request is waiting for: its place in the queue, its overlay, its countdown.
+    // Ends whatever the request is waiting for: its place in the queue, its overlay, its countdown, its text.
     void cancel(quint64 requestID);
 
     bool hasLastArea() const { return m_lastArea.has_value(); }

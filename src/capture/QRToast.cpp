@@ -1,5 +1,7 @@
 #include "capture/QRToast.h"
 
+#include "model/PrintableText.h"
+
 #include <QCoreApplication>
 
 namespace Kovrel {
@@ -13,9 +15,9 @@ QString QRToast::qrMessage(qsizetype count)
 QString QRToast::qrDetail(const QStringList& payloads)
 {
     if (payloads.size() < 2)
-        return payloads.join(QString());
+        return PrintableText::of(payloads.join(QString()));
     return QCoreApplication::translate("QRToast", "%1  (+%2 more)")
-        .arg(payloads.first(), QString::number(payloads.size() - 1));
+        .arg(PrintableText::of(payloads.first()), QString::number(payloads.size() - 1));
 }
 
 std::function<void()> QRToast::openLinkTap(const QString& payload, std::function<void(QUrl)> open)

@@ -26,6 +26,10 @@ public:
 
     QCoro::Task<> runAreaSelection(Run run, bool ocrOnly);
     QCoro::Task<> runWindowSelection(Run run);
+
+    // Stops the reading of a text capture.
+    void cancelReading(quint64 requestID) { m_textCapture.cancel(requestID); }
+
     // What follows once the pixels of an area are in hand.
     QCoro::Task<> finishArea(Run run, QImage image, QRect rootPixels, Display display, bool ocrOnly);
 

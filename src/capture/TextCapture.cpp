@@ -1,6 +1,7 @@
 #include "capture/TextCapture.h"
 
 #include "capture/QRToast.h"
+#include "model/PrintableText.h"
 #include "ports/CaptureDelivery.h"
 #include "ports/CaptureHistory.h"
 #include "ports/TextReader.h"
@@ -32,7 +33,7 @@ QString composedText(const TextReader::Reading& reading)
 
 QString preview(const QString& text)
 {
-    const QString line = text.simplified();
+    const QString line = PrintableText::of(text.simplified());
     return line.size() <= previewLength ? line : line.left(previewLength - 1) + QChar(0x2026);
 }
 
@@ -85,7 +86,10 @@ TextCapture::TextCapture(CaptureServices& services, CaptureFinisher& finisher)
 QCoro::Task<> TextCapture::runOCR(CaptureFinisher::Pixels pixels, std::shared_ptr<CaptureRun> run)
 {
     const Ports& ports = m_services.ports;
-    const int generation = ++m_generation;
+    m_stop.request_stop();
+    m_stop = std::stop_source();
+    m_run = run;
+    const std::stop_token stop = m_stop.get_token();
     const QImage image = pixels.image;
     const double scale = pixels.pixelScale;
     ports.toasts.tell(
@@ -96,14 +100,28 @@ QCoro::Task<> TextCapture::runOCR(CaptureFinisher::Pixels pixels, std::shared_pt
 
     TextReader::Reading reading{.failure = "this program can't read text"};
     if (ports.textReader)
-        reading =
-            co_await m_scope.reply<TextReader::Reading>([&](auto done) { ports.textReader->read(image, scale, done); });
+        reading = co_await m_scope.reply<TextReader::Reading>(
+            [&](auto done) { ports.textReader->read(image, scale, stop, done); });
+    if (stop.stop_requested()) {
+        using Kind = CaptureOutcome::Kind;
+        run->reply.give({.kind = run->isCancelled ? Kind::cancelled : Kind::overwritten});
+        co_return;
+    }
     const QString text = composedText(reading);
     if (!text.isEmpty())
         ports.history.tell(&CaptureHistory::setReading, result.id, reading.text, reading.codes);
-    if (generation == m_generation)
-        confirm(reading, text);
+    confirm(reading, text);
+    m_run.reset();
     run->reply.give(outcomeOf(std::move(result), reading, text));
+}
+
+void TextCapture::cancel(quint64 requestID)
+{
+    if (!m_run || m_run->requestID != requestID || m_stop.stop_requested())
+        return;
+    m_run->isCancelled = true;
+    m_stop.request_stop();
+    m_services.ports.toasts.tell(&Toasts::dismiss, true);
 }
 
 void TextCapture::confirm(const TextReader::Reading& reading, const QString& text)

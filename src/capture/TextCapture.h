@@ -12,15 +12,18 @@ class TextCapture {
 public:
     TextCapture(CaptureServices& services, CaptureFinisher& finisher);
 
-    // A newer text capture makes an older one silent.
+    // A newer text capture stops an older one.
     QCoro::Task<> runOCR(CaptureFinisher::Pixels pixels, std::shared_ptr<CaptureRun> run);
+    // Stops the one that this request began; its text is not copied.
+    void cancel(quint64 requestID);
 
 private:
     void confirm(const TextReader::Reading& reading, const QString& text);
 
     CaptureServices& m_services;
     CaptureFinisher& m_finisher;
-    int m_generation = 0;
+    std::shared_ptr<CaptureRun> m_run; // the last one
+    std::stop_source m_stop;           // of its reading
     Scope m_scope;
 };
 

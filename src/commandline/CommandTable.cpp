@@ -14,6 +14,12 @@ namespace {
 using enum HotkeyAction;
 using Runs = CommandSpec::Runs;
 
+// A text capture leaves no picture that could be kept.
+std::vector<std::string> pictureModes()
+{
+    return {"area", "window", "fullScreen", "lastArea", "timed"};
+}
+
 const char* const outputTakes = "a file ending in .png, .jpeg, .heic or .tiff";
 
 CommandSpec captureCommand()
@@ -28,15 +34,18 @@ CommandSpec captureCommand()
                      .takes = "X,Y,W,H in points, with a width and height above 0",
                      .makesSense = OptionValues::isRectangle,
                      .onlyWith = {"area", "ocrRegion"}},
-                    {.name = "save", .meaning = "save it in the folder of captures, whatever the settings say"},
+                    {.name = "save",
+                     .meaning = "save it in the folder of captures, whatever the settings say",
+                     .onlyWith = pictureModes()},
                     {.name = "output",
                      .value = "FILE",
                      .meaning = "save it as FILE instead, and wait until it is there",
                      .takes = outputTakes,
                      .makesSense = OptionValues::isPictureFile,
                      .isPath = true,
-                     .insteadOf = "save"},
-                    {.name = "copy", .meaning = "copy the picture"},
+                     .insteadOf = "save",
+                     .onlyWith = pictureModes()},
+                    {.name = "copy", .meaning = "copy the picture", .onlyWith = pictureModes()},
                     {.name = "wait", .meaning = "end when the files are on disk, and print where the capture went"},
                     {.name = "json", .meaning = "print a JSON object instead"}},
         .minOperands = 1,

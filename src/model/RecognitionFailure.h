@@ -8,8 +8,9 @@ namespace Kovrel {
 struct RecognitionFailure {
     enum class Reason {
         failed,
-        cancelled, // by who asked for it
-        noPicture, // there is nothing to read
+        cancelled,    // by who asked for it
+        noPicture,    // there is nothing to read
+        notInstalled, // the recogniser or the data of a language is missing
     };
 
     QString message; // one line, for people

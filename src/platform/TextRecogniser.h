@@ -56,6 +56,7 @@ public:
         bool correctsLanguage = true; // dictionaries help to decide between characters that look alike
         QStringList languages;        // codes such as "en", "de" or "chi_sim"; none: the languages of the desktop
         QStringList customWords;      // that are in no dictionary
+        bool mayHurry = true;         // on all threads; else on one, behind everybody who wants the processor
         std::stop_token stop;         // ends the recognition after one more line at most
         std::function<void(double share)> progress; // hears what share of the lines is read; on any thread
     };

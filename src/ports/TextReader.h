@@ -6,6 +6,7 @@
 
 #include <QImage>
 
+#include <stop_token>
 #include <vector>
 
 namespace Kovrel {
@@ -22,7 +23,8 @@ public:
     virtual ~TextReader() = default;
     // A picture is likely to come in a moment: loads what takes time.
     virtual void expectReading() = 0;
-    virtual void read(QImage image, double pixelScale, Reply<Reading> reply) = 0;
+    // `stop`: nobody wants the answer any more; it comes all the same, and early.
+    virtual void read(QImage image, double pixelScale, std::stop_token stop, Reply<Reading> reply) = 0;
 };
 
 } // namespace Kovrel

@@ -22,17 +22,17 @@ void RecognitionTextReader::expectReading()
     m_codes.prewarm();
 }
 
-void RecognitionTextReader::read(QImage image, double, Reply<Reading> reply)
+void RecognitionTextReader::read(QImage image, double, std::stop_token stop, Reply<Reading> reply)
 {
-    Scope::start(readBoth(std::move(image), std::move(reply)), "reading a capture");
+    Scope::start(readBoth(std::move(image), std::move(stop), std::move(reply)), "reading a capture");
 }
 
 // Both at the same time: they have lanes of their own.
-QCoro::Task<> RecognitionTextReader::readBoth(QImage image, Reply<Reading> reply)
+QCoro::Task<> RecognitionTextReader::readBoth(QImage image, std::stop_token stop, Reply<Reading> reply)
 {
     Reading reading;
     auto codesRead = m_scope.join(m_codes.detectCodes(image));
-    OCROutcome text = co_await m_scope.join(m_engine.recognize(image, QualityOfService::userInteractive, true, {}));
+    OCROutcome text = co_await m_scope.join(m_engine.recognize(image, QualityOfService::userInteractive, true, stop));
     if (text)
         reading.text = *std::move(text);
     else
@@ -41,7 +41,7 @@ QCoro::Task<> RecognitionTextReader::readBoth(QImage image, Reply<Reading> reply
     if (!codes && reading.failure.isEmpty())
         reading.failure = codes.error();
     reading.codes = codes.value_or(std::vector<QRCode>());
-    if (!reading.failure.isEmpty())
+    if (!reading.failure.isEmpty() && !stop.stop_requested())
         qCWarning(log, "%s", qUtf8Printable(reading.failure));
     reply(reading);
 }

@@ -12,10 +12,10 @@ public:
     RecognitionTextReader(MainLoop& loop, Workers& workers, VisionOCREngine& engine, QRCodeDetector& codes);
 
     void expectReading() override;
-    void read(QImage image, double pixelScale, Reply<Reading> reply) override;
+    void read(QImage image, double pixelScale, std::stop_token stop, Reply<Reading> reply) override;
 
 private:
-    QCoro::Task<> readBoth(QImage image, Reply<Reading> reply);
+    QCoro::Task<> readBoth(QImage image, std::stop_token stop, Reply<Reading> reply);
 
     VisionOCREngine& m_engine;
     QRCodeDetector& m_codes;

@@ -4,6 +4,7 @@
 #include "saving/AtomicFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QLoggingCategory>
 
 namespace Kovrel {
@@ -43,6 +44,22 @@ std::optional<OCRFile> readFile(const QString& path)
     return file.open(QIODevice::ReadOnly) ? OCRFile::decoded(file.readAll()) : std::nullopt;
 }
 
+// Without a text that was read before models changed. The file is as old as its text.
+std::optional<OCRFile> readCurrentFile(const QString& path, const CaptureOCRStore::ModelsChanged& modelsChanged)
+{
+    std::optional<OCRFile> file = readFile(path);
+    if (file && modelsChanged && QFileInfo(path).lastModified() < modelsChanged())
+        file->text.reset();
+    return file;
+}
+
+void setTime(const QString& path, const QDateTime& time)
+{
+    QFile file(path);
+    if (time.isValid() && file.open(QIODevice::ReadWrite))
+        file.setFileTime(time, QFileDevice::FileModificationTime);
+}
+
 struct Written {
     OCRFile file;
     std::optional<QString> error;
@@ -52,10 +69,13 @@ std::expected<Written, QString> changeFile(const QString& path, const std::optio
                                            const std::function<void(OCRFile&)>& change)
 {
     const std::optional<OCRFile> existing = readFile(path);
+    const QDateTime time = QFileInfo(path).lastModified();
     Written written{existing ? *existing : remembered.value_or(OCRFile{}), {}};
     change(written.file);
     if (const auto outcome = AtomicFile::write(path, written.file.encoded(), AtomicFile::Access::onlyOwner); !outcome)
         written.error = outcome.error().message;
+    else if (existing && existing->text && existing->text == written.file.text)
+        setTime(path, time);
     return written;
 }
 
@@ -75,16 +95,18 @@ struct CaptureOCRStore::Run {
 
     int token = 0; // when it began
     int waiters = 0;
-    std::stop_source stop;
+    QualityOfService qos = QualityOfService::background;
+    std::stop_source stop; // of its latest recognition
     std::vector<Reply<Outcome>> askers;
     std::optional<Outcome> outcome; // once it has ended
 };
 
 CaptureOCRStore::CaptureOCRStore(MainLoop& loop, Workers& workers, QString directory, StatusOf status,
-                                 Recognize recognize)
+                                 Recognize recognize, ModelsChanged modelsChanged)
     : m_directory(std::move(directory)),
       m_status(std::move(status)),
       m_recognize(std::move(recognize)),
+      m_modelsChanged(std::move(modelsChanged)),
       m_scope(loop, workers)
 {
 }
@@ -121,35 +143,52 @@ bool CaptureOCRStore::mayKeep(const Key& key, int token) const
 QCoro::Task<OCROutcome> CaptureOCRStore::text(Key key, QualityOfService qos, bool corrected, Pixels pixels,
                                               std::stop_token stop)
 {
-    const std::optional<OCRFile> file = co_await stored(key);
+    const std::optional<OCRFile> file = co_await stored(key, qos);
     if (stop.stop_requested())
         throw Cancelled{};
     if (file && file->text && (file->text->corrected || !corrected))
-        co_return file->text->result;
+        co_return file->textWithCodes();
 
     const Read read{key, corrected};
     std::shared_ptr<Run> run = m_inFlight[read];
-    if (run) {
-        qCInfo(log, "text %s %s: joining the read in flight", name(key.id).constData(), name(key.kind));
-    } else {
+    const bool isNew = !run;
+    if (isNew)
         run = m_inFlight[read] = std::make_shared<Run>(Run{.token = token(key.id)});
-        Scope::start(perform(read, run, qos, std::move(pixels)), "keeping recognised text");
-    }
+    else
+        qCInfo(log, "text %s %s: joining the read in flight", name(key.id).constData(), name(key.kind));
+    const bool isSlow = run->qos < QualityOfService::userInitiated && qos > run->qos;
+    if (isNew || isSlow)
+        begin(read, run, qos, std::move(pixels));
     OCROutcome outcome = co_await join(read, run, stop);
-    co_return outcome;
+    co_return withCodes(outcome, key, file);
 }
 
-QCoro::Task<std::optional<OCRFile>> CaptureOCRStore::stored(Key key)
+// The codes may have been stored meanwhile.
+OCROutcome CaptureOCRStore::withCodes(const OCROutcome& text, const Key& key, const std::optional<OCRFile>& file) const
+{
+    if (!text)
+        return text;
+    const auto remembered = m_memo.find(key);
+    OCRFile whole = remembered != m_memo.end() ? remembered->second : file.value_or(OCRFile());
+    whole.text = OCRFile::TextPart{.result = *text};
+    return whole.textWithCodes();
+}
+
+QCoro::Task<std::optional<OCRFile>> CaptureOCRStore::stored(Key key, QualityOfService qos)
 {
     if (const auto remembered = m_memo.find(key); remembered != m_memo.end())
         co_return remembered->second;
     const int token = this->token(key.id);
-    const auto read = Guarded::orElse([path = path(key)] { return readFile(path); }, std::nullopt);
+    const auto read = Guarded::orElse(
+        [path = path(key), modelsChanged = m_modelsChanged] { return readCurrentFile(path, modelsChanged); },
+        std::nullopt);
     std::optional<OCRFile> file = co_await m_scope.onWorker(Lane::ocrFiles, read);
     if (const auto remembered = m_memo.find(key); remembered != m_memo.end())
         co_return remembered->second;
-    if (file && token == this->token(key.id))
-        remember(key, *file);
+    if (token != this->token(key.id))
+        co_return std::nullopt;
+    if (file)
+        remember(key, *file, qos);
     co_return file;
 }
 
@@ -170,13 +209,15 @@ QCoro::Task<OCROutcome> CaptureOCRStore::join(Read read, std::shared_ptr<Run> ru
     co_return *outcome;
 }
 
-// Nobody waits any more: a raw read is not worth its time then, a corrected one is for later.
+// Nobody waits any more: a raw read is not worth its time then, a corrected one is for later, unless it is begun
+// again when there is time.
 void CaptureOCRStore::waiterLeft(const Read& read, const std::shared_ptr<Run>& run)
 {
-    if (--run->waiters > 0 || read.corrected || run->outcome)
+    const bool isForLater = read.corrected && run->qos > QualityOfService::background;
+    if (--run->waiters > 0 || isForLater || run->outcome)
         return;
-    qCInfo(log, "text %s %s: raw read cancelled with its last asker", name(read.key.id).constData(),
-           name(read.key.kind));
+    qCInfo(log, "text %s %s: %s read cancelled with its last asker", name(read.key.id).constData(), name(read.key.kind),
+           read.corrected ? "background" : "raw");
     endOf(read, run);
     run->stop.request_stop();
 }
@@ -190,40 +231,52 @@ void CaptureOCRStore::endOf(const Read& read, const std::shared_ptr<Run>& run)
 
 // --- Reading
 
+// In the place of a slower recognition, if there is one.
+void CaptureOCRStore::begin(const Read& read, const std::shared_ptr<Run>& run, QualityOfService qos, Pixels pixels)
+{
+    run->stop.request_stop();
+    run->stop = std::stop_source();
+    run->qos = qos;
+    Scope::start(perform(read, run, qos, std::move(pixels)), "keeping recognised text");
+}
+
 QCoro::Task<> CaptureOCRStore::perform(Read read, std::shared_ptr<Run> run, QualityOfService qos, Pixels pixels)
 {
+    const std::stop_token stop = run->stop.get_token();
     Run::Outcome outcome;
     try {
-        outcome = co_await recognized(read, run, qos, std::move(pixels));
+        outcome = co_await recognized(read, run->token, qos, std::move(pixels), stop);
     } catch (const Cancelled&) {
     } catch (...) {
         outcome = OCROutcome(std::unexpected(RecognitionFailure{Guarded::reason()}));
     }
+    if (run->outcome || (run->stop.get_token() != stop && !(outcome && *outcome)))
+        co_return; // a more urgent one has answered, or is about to
     endOf(read, run);
     run->outcome = outcome;
     for (const auto& asker : std::exchange(run->askers, {}))
         asker(outcome);
 }
 
-QCoro::Task<OCROutcome> CaptureOCRStore::recognized(Read read, std::shared_ptr<Run> run, QualityOfService qos,
-                                                    Pixels pixels)
+QCoro::Task<OCROutcome> CaptureOCRStore::recognized(Read read, int token, QualityOfService qos, Pixels pixels,
+                                                    std::stop_token stop)
 {
     const QImage image = co_await m_scope.join(pixels());
     if (image.isNull())
         co_return std::unexpected(
             RecognitionFailure{"There is no picture to read.", RecognitionFailure::Reason::noPicture});
-    OCROutcome result = co_await m_scope.join(m_recognize(image, qos, read.corrected, run->stop.get_token()));
+    OCROutcome result = co_await m_scope.join(m_recognize(image, qos, read.corrected, stop));
     if (!result)
         co_return result;
     const Key& key = read.key;
-    const bool isKept = mayKeep(key, run->token);
+    const bool isKept = mayKeep(key, token);
     qCInfo(log, "text %s %s: read %ld lines at %ldx%ld%s, %s", name(key.id).constData(), name(key.kind),
            long(result->lines.size()), long(image.width()), long(image.height()), suffix(read.corrected),
            isKept ? "kept" : "not kept");
     if (!isKept)
         co_return result;
     const OCRFile::TextPart part{image.size(), read.corrected, *result};
-    const std::optional<QString> error = co_await keep(key, run->token, [part](OCRFile& file) { putText(file, part); });
+    const std::optional<QString> error = co_await keep(key, token, qos, [part](OCRFile& file) { putText(file, part); });
     if (error)
         qCWarning(log, "text %s %s: not written: %s", name(key.id).constData(), name(key.kind), qUtf8Printable(*error));
     else
@@ -233,7 +286,8 @@ QCoro::Task<OCROutcome> CaptureOCRStore::recognized(Read read, std::shared_ptr<R
 }
 
 // Changes the file of an image, and what is remembered of it. The answer is why it could not be written.
-QCoro::Task<std::optional<QString>> CaptureOCRStore::keep(Key key, int token, std::function<void(OCRFile&)> change)
+QCoro::Task<std::optional<QString>> CaptureOCRStore::keep(Key key, int token, QualityOfService qos,
+                                                          std::function<void(OCRFile&)> change)
 {
     const auto remembered = m_memo.find(key);
     const std::optional<OCRFile> known = remembered == m_memo.end() ? std::nullopt : std::optional(remembered->second);
@@ -242,18 +296,16 @@ QCoro::Task<std::optional<QString>> CaptureOCRStore::keep(Key key, int token, st
     if (!written)
         co_return written.error();
     if (token == this->token(key.id))
-        remember(key, written->file);
+        remember(key, written->file, qos);
     co_return written->error;
 }
 
 // --- Codes
 
-QCoro::Task<std::optional<std::vector<QRCode>>> CaptureOCRStore::codes(Key key)
+QCoro::Task<std::optional<OCRFile::QRPart>> CaptureOCRStore::codes(Key key)
 {
-    const std::optional<OCRFile> file = co_await stored(key);
-    if (!file || !file->qr)
-        co_return std::nullopt;
-    co_return file->qr->codes;
+    const std::optional<OCRFile> file = co_await stored(key, QualityOfService::userInitiated);
+    co_return file ? file->qr : std::nullopt;
 }
 
 void CaptureOCRStore::storeCodes(std::vector<QRCode> codes, bool complete, Key key, int token)
@@ -265,7 +317,8 @@ void CaptureOCRStore::storeCodes(std::vector<QRCode> codes, bool complete, Key k
 QCoro::Task<> CaptureOCRStore::keepCodes(std::vector<QRCode> codes, bool complete, Key key, int token)
 {
     const OCRFile::QRPart part{codes, complete};
-    const std::optional<QString> error = co_await keep(key, token, [part](OCRFile& file) { file.qr = part; });
+    const std::optional<QString> error =
+        co_await keep(key, token, QualityOfService::background, [part](OCRFile& file) { file.qr = part; });
     if (error)
         qCWarning(log, "codes %s %s: not written: %s", name(key.id).constData(), name(key.kind),
                   qUtf8Printable(*error));
@@ -304,9 +357,7 @@ QCoro::Task<> CaptureOCRStore::removeFiles(std::vector<Key> keys)
 
 void CaptureOCRStore::forget(QUuid id)
 {
-    ++m_generation[id.toRfc4122()];
-    for (const Kind kind : {Kind::base, Kind::edited})
-        drop({id, kind});
+    invalidate(id, {Kind::base, Kind::edited});
 }
 
 // Who is still reading the old image gets its text; who asks from now on does not.
@@ -318,9 +369,10 @@ void CaptureOCRStore::drop(const Key& key)
         m_inFlight.erase({key, corrected});
 }
 
-void CaptureOCRStore::remember(const Key& key, OCRFile file)
+void CaptureOCRStore::remember(const Key& key, OCRFile file, QualityOfService qos)
 {
-    if (m_removing.contains(key))
+    const bool isForNobody = qos == QualityOfService::background && !m_memo.contains(key);
+    if (m_removing.contains(key) || isForNobody)
         return;
     std::erase(m_memoOrder, key);
     m_memoOrder.push_back(key);

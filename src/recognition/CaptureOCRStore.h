@@ -5,6 +5,7 @@
 #include "platform/Scope.h"
 #include "recognition/OCRFile.h"
 
+#include <QDateTime>
 #include <QUuid>
 
 #include <map>
@@ -36,30 +37,35 @@ public:
 
     using StatusOf = std::function<Status(QUuid)>;
     using Recognize = std::function<QCoro::Task<OCROutcome>(QImage, QualityOfService, bool corrected, std::stop_token)>;
+    // When models were installed or removed last; on a worker.
+    using ModelsChanged = std::function<QDateTime()>;
     // A null image: there is none.
     using Pixels = std::function<QCoro::Task<QImage>()>;
 
     // The most keys that are kept in memory.
     static constexpr size_t memoSize = 12;
 
-    CaptureOCRStore(MainLoop& loop, Workers& workers, QString directory, StatusOf status, Recognize recognize);
+    CaptureOCRStore(MainLoop& loop, Workers& workers, QString directory, StatusOf status, Recognize recognize,
+                    ModelsChanged modelsChanged = {});
     ~CaptureOCRStore();
 
-    // The text of a capture. It is recognised only when neither memory nor file has it: a corrected text answers both
-    // kinds of request, a raw one only raw ones. Requests at the same time share one recognition. `stop` is how an
-    // asker leaves, and throws Cancelled; with its last asker a raw recognition ends, a corrected one goes on.
+    // The text of a capture, with a line for each of its codes. It is recognised only when neither memory nor file has
+    // it: a corrected text answers both kinds of request, a raw one only raw ones, and none one that is older than the
+    // models. Requests at the same time share one recognition, which begins anew where it is slow and a more urgent
+    // one comes. `stop` is how an asker leaves, and throws Cancelled; with its last asker a recognition ends, but for
+    // a corrected one that somebody waited for. What nobody waits for (background) is not kept in memory.
     QCoro::Task<OCROutcome> text(Key key, QualityOfService qos, bool corrected, Pixels pixels,
                                  std::stop_token stop = {});
 
-    // The codes that were stored; none when nobody looked yet.
-    QCoro::Task<std::optional<std::vector<QRCode>>> codes(Key key);
+    // The codes that were stored, and whether the whole image was looked at; none when nobody looked yet.
+    QCoro::Task<std::optional<OCRFile::QRPart>> codes(Key key);
     // Keeps codes unless the image has changed since `token` was read. `complete`: the whole image was looked at.
     void storeCodes(std::vector<QRCode> codes, bool complete, Key key, int token);
     int token(QUuid id) const;
 
     // An image of these kinds was replaced.
     void invalidate(QUuid id, std::set<Kind> kinds);
-    // The capture was deleted, with its files.
+    // The capture was deleted. Its files are removed behind every write that was begun.
     void forget(QUuid id);
 
     // Where the files of both kinds lie, `base` first.
@@ -74,23 +80,28 @@ private:
 
     struct Run;
 
-    QCoro::Task<std::optional<OCRFile>> stored(Key key);
+    // Not what an invalidation has overtaken.
+    QCoro::Task<std::optional<OCRFile>> stored(Key key, QualityOfService qos);
     QCoro::Task<OCROutcome> join(Read read, std::shared_ptr<Run> run, std::stop_token stop);
+    void begin(const Read& read, const std::shared_ptr<Run>& run, QualityOfService qos, Pixels pixels);
     QCoro::Task<> perform(Read read, std::shared_ptr<Run> run, QualityOfService qos, Pixels pixels);
-    QCoro::Task<OCROutcome> recognized(Read read, std::shared_ptr<Run> run, QualityOfService qos, Pixels pixels);
-    QCoro::Task<std::optional<QString>> keep(Key key, int token, std::function<void(OCRFile&)> change);
+    QCoro::Task<OCROutcome> recognized(Read read, int token, QualityOfService qos, Pixels pixels, std::stop_token stop);
+    QCoro::Task<std::optional<QString>> keep(Key key, int token, QualityOfService qos,
+                                             std::function<void(OCRFile&)> change);
     QCoro::Task<> keepCodes(std::vector<QRCode> codes, bool complete, Key key, int token);
     QCoro::Task<> removeFiles(std::vector<Key> keys);
     void waiterLeft(const Read& read, const std::shared_ptr<Run>& run);
     void endOf(const Read& read, const std::shared_ptr<Run>& run);
     bool mayKeep(const Key& key, int token) const;
-    void remember(const Key& key, OCRFile file);
+    void remember(const Key& key, OCRFile file, QualityOfService qos);
+    OCROutcome withCodes(const OCROutcome& text, const Key& key, const std::optional<OCRFile>& file) const;
     void drop(const Key& key);
     QString path(const Key& key) const;
 
     QString m_directory;
     StatusOf m_status;
     Recognize m_recognize;
+    ModelsChanged m_modelsChanged;
     std::map<QByteArray, int> m_generation; // by the id's bytes
     std::map<Read, std::shared_ptr<Run>> m_inFlight;
     std::multiset<Key> m_removing;

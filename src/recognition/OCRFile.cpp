@@ -96,6 +96,15 @@ OCRFile::QRPart qrPartFrom(const Json& object)
 
 } // namespace
 
+OCRResult OCRFile::textWithCodes() const
+{
+    OCRResult result = text ? text->result : OCRResult();
+    for (const QRCode& code : qr ? qr->codes : std::vector<QRCode>())
+        result.lines.push_back(
+            {.text = code.payload, .confidence = 1, .boundingBox = code.boundingBox, .isQRCode = true});
+    return result;
+}
+
 QByteArray OCRFile::encoded() const
 {
     Json object{{"v", version}};

@@ -26,6 +26,9 @@ struct OCRFile {
         bool operator==(const QRPart&) const = default;
     };
 
+    // The text with a line for each code behind its own, which is never stored: a search finds what codes say.
+    OCRResult textWithCodes() const;
+
     static constexpr int newVersion = 1;
 
     int version = newVersion; // kept as read

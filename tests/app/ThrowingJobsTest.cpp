@@ -185,7 +185,7 @@ TEST_F(ThrowingJobsTest, ATextCaptureHearsOfAReaderThatThrows)
         };
         codeReader.isBroken = c.hasBrokenReader;
         std::optional<TextReader::Reading> reading;
-        reader.read(picture, 1, [&reading](const TextReader::Reading& given) { reading = given; });
+        reader.read(picture, 1, {}, [&reading](const TextReader::Reading& given) { reading = given; });
         settle();
         ASSERT_TRUE(reading) << c.failure;
         EXPECT_EQ(reading->failure, c.failure);

@@ -237,6 +237,45 @@ TEST_F(CoordinatorTest, TextCaptureHasNeitherCardNorShutter)
         << "cancelling a text capture settles no card";
 }
 
+TEST_F(CoordinatorTest, ATextThatNobodyWantsAnyMoreIsNotCopied)
+{
+    struct Case {
+        const char* what;
+        std::function<void()> leave;
+        std::string outcome;
+    };
+
+    const Case cases[] = {
+        {"its command ended", [this] { coordinator->cancel(21); }, "ocrRegion cancelled"},
+        {"a newer one came",
+         [this] {
+             fake.holdsReading = false;
+             capture(CaptureMode::ocrRegion, {.rect = Rect{0, 0, 50, 40}}, 22);
+             fake.loop.runPosted();
+         },
+         "ocrRegion overwritten"},
+    };
+    for (const Case& c : cases) {
+        fake.reading = readingOf("Hello", {});
+        fake.holdsReading = true;
+        capture(CaptureMode::ocrRegion, {.rect = Rect{0, 0, 50, 40}}, 21);
+        fake.loop.runPosted();
+        ASSERT_EQ(fake.heldReadings.size(), 1u) << c.what;
+        const auto [stop, reply] = fake.heldReadings.front();
+        fake.heldReadings.clear();
+        coordinator->cancel(23);
+        EXPECT_FALSE(stop.stop_requested()) << c.what;
+        c.leave();
+        EXPECT_TRUE(stop.stop_requested()) << c.what;
+        fake.takeLog();
+        outcomes.clear();
+        reply(readingOf("Late", {}));
+        fake.loop.runPosted();
+        EXPECT_THAT(outcomes, ElementsAre(c.outcome)) << c.what;
+        EXPECT_FALSE(fake.logged("copy text Late")) << c.what;
+    }
+}
+
 TEST_F(CoordinatorTest, TheToastOfACodeOpensItsLink)
 {
     struct Case {

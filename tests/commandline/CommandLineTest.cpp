@@ -49,6 +49,14 @@ TEST(CommandLine, PathsBecomeAbsoluteWhereTheCommandWasGiven)
         EXPECT_FALSE(CommandLine::parse({"capture", "fullScreen", "--output", bad}, "/home/me")) << bad;
 }
 
+TEST(CommandLine, ATextCaptureRefusesWhatIsDoneWithPictures)
+{
+    for (const char* option : {"--save", "--output=a.png", "--copy"}) {
+        EXPECT_FALSE(CommandLine::parse({"capture", "ocrRegion", option}, "/h")) << option;
+        EXPECT_TRUE(CommandLine::parse({"capture", "area", option}, "/h")) << option;
+    }
+}
+
 TEST(CommandLine, AnnotateRefusesWhatMakesNoSense)
 {
     const std::vector<std::string> lines[] = {

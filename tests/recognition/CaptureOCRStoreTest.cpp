@@ -32,12 +32,18 @@ struct CaptureOCRStoreTest : testing::Test {
     FakeTextRecogniser::Page page{{{FakeTextRecogniser::line("Hello", {0.1, 0.5, 0.2, 0.1})}}};
     VisionOCREngine engine{loop, workers, std::make_unique<FakeTextRecogniser>(page), [] { return QStringList(); }};
     Status status = Status::recorded;
-    CaptureOCRStore store{loop, workers, folder / "", [this](QUuid) { return status; },
+    CaptureOCRStore store{loop,
+                          workers,
+                          folder / "",
+                          [this](QUuid) { return status; },
                           [this](QImage image, QualityOfService qos, bool corrected, std::stop_token stop) {
                               return engine.recognize(image, qos, corrected, stop);
-                          }};
+                          },
+                          [this] { return modelsChanged; }};
     const Testing::LogLines log;
     std::vector<std::string> answers;
+    OCRResult lastText;
+    QDateTime modelsChanged;
     bool hasPixels = true;
 
     static std::string answerOf(const OCROutcome& text)
@@ -49,13 +55,14 @@ struct CaptureOCRStoreTest : testing::Test {
                    : "error: " + text.error().message.toStdString();
     }
 
-    QCoro::Task<> keepAnswer(QUuid id, bool corrected, std::stop_token stop)
+    QCoro::Task<> keepAnswer(QUuid id, bool corrected, std::stop_token stop, QualityOfService qos)
     {
         std::string answer;
         try {
-            const OCROutcome text = co_await store.text(
-                {id, Kind::base}, QualityOfService::userInitiated, corrected, [this] { return pixels(); }, stop);
+            const OCROutcome text =
+                co_await store.text({id, Kind::base}, qos, corrected, [this] { return pixels(); }, stop);
             answer = answerOf(text);
+            lastText = text.value_or(OCRResult());
         } catch (const Cancelled&) {
             answer = "left";
         }
@@ -64,9 +71,15 @@ struct CaptureOCRStoreTest : testing::Test {
 
     QCoro::Task<QImage> pixels() { co_return hasPixels ? QImage(640, 480, QImage::Format_RGB32) : QImage(); }
 
-    void ask(bool corrected = true, std::stop_token stop = {}, QUuid id = capture)
+    void ask(bool corrected = true, std::stop_token stop = {}, QUuid id = capture,
+             QualityOfService qos = QualityOfService::userInitiated)
     {
-        Scope::start(keepAnswer(id, corrected, stop), "a test's question");
+        Scope::start(keepAnswer(id, corrected, stop, qos), "a test's question");
+    }
+
+    void askInBackground(QUuid id = capture, std::stop_token stop = {})
+    {
+        ask(true, stop, id, QualityOfService::background);
     }
 
     void runLane(Lane lane)
@@ -315,6 +328,110 @@ TEST_F(CaptureOCRStoreTest, AFileThatCannotBeWrittenLeavesTheMemory)
     ask();
     EXPECT_EQ(takeAnswers(), Answers{"Hello"});
     EXPECT_EQ(page.asked.size(), 1);
+}
+
+TEST_F(CaptureOCRStoreTest, WhatCodesSayIsPartOfTheTextAndStoredApart)
+{
+    ask();
+    takeAnswers();
+    const QByteArray text = content().chopped(1);
+    store.storeCodes({{"https://a.example", {0.5, 0.5, 0.1, 0.1}}}, false, {capture, Kind::base}, 0);
+    settle();
+    EXPECT_TRUE(content().startsWith(text)) << "the text's part stays as it was";
+    for (const bool isRemembered : {true, false}) {
+        if (!isRemembered)
+            fillMemo();
+        ask();
+        takeAnswers();
+        ASSERT_EQ(lastText.lines.size(), 2u);
+        EXPECT_FALSE(lastText.lines[0].isQRCode);
+        EXPECT_TRUE(lastText.lines[1].isQRCode);
+        EXPECT_EQ(lastText.lines[1].text, "https://a.example");
+        EXPECT_EQ(lastText.fullText, "Hello");
+    }
+    std::optional<OCRFile::QRPart> codes;
+    Scope::start(
+        [](CaptureOCRStore& store, std::optional<OCRFile::QRPart>& codes) -> QCoro::Task<> {
+            codes = co_await store.codes({capture, Kind::base});
+        }(store, codes),
+        "a test's question");
+    settle();
+    ASSERT_TRUE(codes);
+    EXPECT_FALSE(codes->complete);
+}
+
+TEST_F(CaptureOCRStoreTest, ReadingInTheBackgroundLeavesTheMemoryToOthers)
+{
+    ask();
+    takeAnswers();
+    for (size_t count = 0; count <= CaptureOCRStore::memoSize; ++count)
+        askInBackground(QUuid::createUuid());
+    takeAnswers();
+    QFile::remove(file());
+    page.asked.clear();
+    ask();
+    EXPECT_EQ(takeAnswers(), Answers{"Hello"});
+    EXPECT_EQ(page.asked.size(), 0);
+}
+
+TEST_F(CaptureOCRStoreTest, WhoJoinsRaisesTheUrgency)
+{
+    askInBackground();
+    runLane(Lane::ocrFiles);
+    ask();
+    runLane(Lane::ocrFiles);
+    EXPECT_EQ(takeAnswers(), (Answers{"Hello", "Hello"}));
+    ASSERT_EQ(page.asked.size(), 1);
+    EXPECT_TRUE(page.asked.front().mayHurry);
+}
+
+TEST_F(CaptureOCRStoreTest, ReadingInTheBackgroundEndsWithItsLastAsker)
+{
+    std::stop_source stop;
+    askInBackground(capture, stop.get_token());
+    runLane(Lane::ocrFiles);
+    stop.request_stop();
+    EXPECT_EQ(takeAnswers(), Answers{"left"});
+    EXPECT_EQ(page.asked.size(), 0);
+}
+
+TEST_F(CaptureOCRStoreTest, AWriteThatWaitsDoesNotBringADeletedTextBack)
+{
+    ask();
+    runLane(Lane::ocrFiles);
+    runLane(Lane::visionOCR);
+    store.forget(capture);
+    settle();
+    EXPECT_FALSE(QFile::exists(file()));
+}
+
+TEST_F(CaptureOCRStoreTest, AFileThatWasReadTooEarlyAnswersNothing)
+{
+    write(R"({"v":1,"text":{"w":1,"h":1,"corrected":true,"full":"Old","oriented":false,"lines":[]}})");
+    ask();
+    workers.run(Lane::ocrFiles);
+    store.invalidate(capture, {Kind::base});
+    EXPECT_EQ(takeAnswers(), Answers{"Hello"});
+}
+
+TEST_F(CaptureOCRStoreTest, ATextIsReadAgainWithNewModels)
+{
+    ask();
+    takeAnswers();
+    const QDateTime past = QDateTime::currentDateTime().addSecs(-3600);
+    QFile text(file());
+    ASSERT_TRUE(text.open(QIODevice::ReadWrite));
+    text.setFileTime(past, QFileDevice::FileModificationTime);
+    text.close();
+    store.storeCodes({}, true, {capture, Kind::base}, 0);
+    for (const auto& [changed, recognitions] : {std::pair(past.addSecs(-60), 0u), {past.addSecs(60), 1u}}) {
+        fillMemo();
+        modelsChanged = changed;
+        page.asked.clear();
+        ask();
+        EXPECT_EQ(takeAnswers(), Answers{"Hello"});
+        EXPECT_EQ(page.asked.size(), recognitions);
+    }
 }
 
 TEST_F(CaptureOCRStoreTest, TheFilesOfACapture)

@@ -211,10 +211,13 @@ void FakeCaptureServices::History::load(QUuid id, Reply<std::optional<Reopened>>
     fake.answer(reply, std::optional(Reopened{result, result, {}}));
 }
 
-void FakeCaptureServices::Reader::read(QImage, double, Reply<Reading> reply)
+void FakeCaptureServices::Reader::read(QImage, double, std::stop_token stop, Reply<Reading> reply)
 {
     fake.say("read text");
-    fake.answer(reply, fake.reading);
+    if (fake.holdsReading)
+        fake.heldReadings.emplace_back(stop, reply);
+    else
+        fake.answer(reply, fake.reading);
 }
 
 void FakeCaptureServices::Reader::captureWallpaper(quint32 displayID, int maxPixelSize,

@@ -66,6 +66,7 @@ struct FakeCaptureServices {
     bool isCommitting = false;
     std::optional<QString> saveError;
     TextReader::Reading reading;
+    bool holdsReading = false;
     ToastContent lastToast;
     std::optional<QUuid> lastClosed;
 
@@ -74,6 +75,7 @@ struct FakeCaptureServices {
     Observers<SelectionOverlay::Mode> modeObservers;
     std::vector<CaptureResult> recorded;
     std::vector<CardPile::Card> cardsShown;
+    std::vector<std::pair<std::stop_token, Reply<TextReader::Reading>>> heldReadings;
 
     void endSelection(SelectionResult result) { std::exchange(overlayCompletion, nullptr)(std::move(result)); }
 
@@ -191,7 +193,7 @@ struct FakeCaptureServices {
 
         void expectReading() override { fake.say("text: expect"); }
 
-        void read(QImage image, double pixelScale, Reply<Reading> reply) override;
+        void read(QImage image, double pixelScale, std::stop_token stop, Reply<Reading> reply) override;
 
         void prewarm() override { fake.say("effects: prewarm"); }
 

@@ -2,6 +2,8 @@
 
 #include "commandline/OptionValues.h"
 
+#include "model/PrintableText.h"
+
 #include <nlohmann/json.hpp>
 
 namespace Kovrel {
@@ -36,11 +38,26 @@ QString json(const CaptureOutcome& outcome)
 QString plain(const CaptureOutcome& outcome, bool waited)
 {
     if (outcome.text)
-        return *outcome.text + '\n';
+        return PrintableText::of(*outcome.text) + '\n';
     if (!waited)
         return {};
     const std::optional<QString>& place = outcome.path ? outcome.path : outcome.historyPath;
     return place ? *place + '\n' : QString();
+}
+
+CommandAnswer finished(const CaptureOutcome& outcome, bool waited, bool asJson)
+{
+    const bool isWithoutText = outcome.text && outcome.text->isEmpty();
+    CommandAnswer answer{.error = outcome.message};
+    if (asJson)
+        answer.output = json(outcome);
+    else if (!isWithoutText)
+        answer.output = plain(outcome, waited);
+    if (isWithoutText) {
+        answer.exitCode = CommandLine::nothingThere;
+        answer.error = "there is no text in the area";
+    }
+    return answer;
 }
 
 Rect rectOf(const std::string& text)
@@ -84,7 +101,7 @@ CommandAnswer CaptureCommand::answer(const CaptureOutcome& outcome, bool waited,
 {
     switch (outcome.kind) {
     case CaptureOutcome::Kind::finished:
-        return {.output = asJson ? json(outcome) : plain(outcome, waited)};
+        return finished(outcome, waited, asJson);
     case CaptureOutcome::Kind::cancelled:
         return {.exitCode = CommandLine::nothingThere, .error = "the capture was cancelled"};
     case CaptureOutcome::Kind::ignored:

@@ -1,5 +1,6 @@
 #include "app/commands/CodesCommand.h"
 
+#include "model/PrintableText.h"
 #include "platform/ImageCodec.h"
 #include "platform/plugins/PluginCodeReader.h"
 #include "recognition/RecognitionJson.h"
@@ -10,14 +11,6 @@ namespace Kovrel {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-QString plain(const std::vector<QRCode>& codes)
-{
-    QString text;
-    for (const QRCode& code : codes)
-        text += code.payload + '\n';
-    return text;
-}
 
 CommandAnswer failure(const QString& message)
 {
@@ -42,6 +35,14 @@ CommandAnswer CodesCommand::run(const Command& command)
         answer.error = "there is no code in " + file;
     }
     return answer;
+}
+
+QString CodesCommand::plain(const std::vector<QRCode>& codes)
+{
+    QString text;
+    for (const QRCode& code : codes)
+        text += PrintableText::of(code.payload) + '\n';
+    return text;
 }
 
 nlohmann::ordered_json CodesCommand::json(const std::vector<QRCode>& codes)

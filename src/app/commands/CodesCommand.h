@@ -15,6 +15,9 @@ namespace CodesCommand {
 
 CommandAnswer run(const Command& command);
 
+// The payloads, a line for each.
+QString plain(const std::vector<QRCode>& codes);
+
 // As the command prints them: an array of "payload" and "box", which is x, y, width and height of the normalised box
 // with five decimals.
 nlohmann::ordered_json json(const std::vector<QRCode>& codes);

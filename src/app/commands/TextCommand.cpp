@@ -36,10 +36,7 @@ QString json(const OCRResult& result, const std::vector<QRCode>& codes)
 
 QString plain(const OCRResult& result, const std::vector<QRCode>& codes)
 {
-    QString text = result.fullText.isEmpty() ? QString() : result.fullText + '\n';
-    for (const QRCode& code : codes)
-        text += code.payload + '\n';
-    return text;
+    return (result.fullText.isEmpty() ? QString() : result.fullText + '\n') + CodesCommand::plain(codes);
 }
 
 CommandAnswer failure(const QString& message)
@@ -47,21 +44,21 @@ CommandAnswer failure(const QString& message)
     return {.exitCode = CommandLine::failed, .error = message};
 }
 
-CommandAnswer answer(const OCRResult& result, const std::vector<QRCode>& codes, const Command& command)
+// What was found counts, and what could not be looked for is told beside it.
+CommandAnswer answer(const OCROutcome& text, const QRCodeDetector::Outcome& codes, const Command& command)
 {
-    CommandAnswer answer{.output = command.has("json") ? json(result, codes) : plain(result, codes)};
-    if (result.fullText.isEmpty() && codes.empty()) {
+    const OCRResult result = text.value_or(OCRResult());
+    const std::vector<QRCode> found = codes.value_or(std::vector<QRCode>());
+    const QString reason = !text ? text.error().message : !codes ? codes.error() : QString();
+    const bool isEmpty = result.fullText.isEmpty() && found.empty();
+    if (isEmpty && !reason.isEmpty())
+        return failure(reason);
+    CommandAnswer answer{.output = command.has("json") ? json(result, found) : plain(result, found), .error = reason};
+    if (isEmpty) {
         answer.exitCode = CommandLine::nothingThere;
         answer.error = "there is no text in " + QString::fromStdString(command.operands.front());
     }
     return answer;
-}
-
-CommandAnswer answer(const OCROutcome& text, const QRCodeDetector::Outcome& codes, const Command& command)
-{
-    if (!text)
-        return failure(text.error().message);
-    return codes ? answer(*text, *codes, command) : failure(codes.error());
 }
 
 } // namespace

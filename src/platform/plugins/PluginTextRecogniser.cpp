@@ -18,7 +18,8 @@ std::expected<void, QString> PluginTextRecogniser::load()
 TextRecogniser::Outcome PluginTextRecogniser::recognise(const QImage& picture, const Request& request)
 {
     const auto loaded = load();
-    return loaded ? m_recogniser->recognise(picture, request) : std::unexpected(Failure{loaded.error()});
+    return loaded ? m_recogniser->recognise(picture, request)
+                  : std::unexpected(Failure{loaded.error(), Failure::Reason::notInstalled});
 }
 
 void PluginTextRecogniser::releaseMemory()

@@ -1,12 +1,12 @@
 #include "platform/recognisers/InkPage.h"
 
 #include "imaging/InkBlobs.h"
-#include "imaging/Median.h"
 #include "imaging/PixelRegions.h"
 
 #include <QPainter>
 
 #include <algorithm>
+#include <numeric>
 
 namespace Kovrel {
 
@@ -242,13 +242,18 @@ std::vector<QRect> InkPage::blobs(const QImage& ink)
     return InkBlobs(ink.size(), [&ink](int x, int y) { return ink.constScanLine(y)[x] < darkInk; }).boxes();
 }
 
+// Marks such as quotes, dots and carets may outnumber letters, but letters have the more height to show.
 int InkPage::letterHeight(const std::vector<QRect>& blobs)
 {
     std::vector<int> heights;
     for (const QRect& blob : blobs)
         if (blob.height() >= 4 && blob.height() <= 120 && blob.width() <= 4 * blob.height())
             heights.push_back(blob.height());
-    return heights.empty() ? 0 : median(std::move(heights));
+    std::ranges::sort(heights);
+    const int half = std::accumulate(heights.begin(), heights.end(), 0) / 2;
+    int below = 0;
+    const auto middle = std::ranges::find_if(heights, [&](int height) { return (below += height) > half; });
+    return middle == heights.end() ? 0 : *middle;
 }
 
 } // namespace Kovrel

@@ -17,7 +17,8 @@ QImage from(const QImage& picture);
 // The boxes of what is dark and connected: letters, mostly.
 std::vector<QRect> blobs(const QImage& ink);
 
-// The height of small letters: the median of the blobs that may be letters; 0 without any.
+// The height of small letters: the blobs that may be letters and are lower make up half of the height of all; 0 without
+// any.
 int letterHeight(const std::vector<QRect>& blobs);
 
 } // namespace InkPage

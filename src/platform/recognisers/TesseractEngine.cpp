@@ -16,10 +16,8 @@ namespace Kovrel {
 namespace {
 
 constexpr int dotsPerInch = 300; // what the models were made for; it sets nothing but expectations of sizes
-constexpr int fewCharacters = 3;
-constexpr float leastOfFew = 0.5f; // confidence in a few characters; below lies what was read out of icons
-constexpr float leastOfOne = 0.6f; // and in a single one
 constexpr int darkInk = 128;
+constexpr double shortLine = 2; // heights of the line
 
 using tesseract::RIL_SYMBOL;
 using tesseract::RIL_TEXTLINE;
@@ -127,7 +125,7 @@ public:
         m_run.confidence = std::clamp(m_run.confidence / m_weight, 0.0f, 1.0f);
         if (qsizetype(m_run.characterBoxes.size()) != graphemeCount(m_run.text))
             m_run.characterBoxes.clear();
-        return isNoise() ? std::nullopt : std::optional(std::move(m_run));
+        return std::move(m_run);
     }
 
 private:
@@ -140,13 +138,6 @@ private:
             return false;
         const DarkArea dark(m_ink, box.toAlignedRect().intersected(m_ink.rect()));
         return dark.isDot() && dark.box.height() * 2 <= m_ink.height();
-    }
-
-    bool isNoise() const
-    {
-        return m_run.confidence < (m_run.text.size() == 1               ? leastOfOne
-                                   : m_run.text.size() <= fewCharacters ? leastOfFew
-                                                                        : 0);
     }
 
     void addSymbols(tesseract::ResultIterator at)
@@ -191,9 +182,19 @@ bool TesseractEngine::load()
                            m_kind.correctsLanguage ? nullptr : &LanguageData::readWithoutWordLists) == 0;
 }
 
+// Taken as they are, single letters are often seen twice; as a line of a page, some turn into others.
 std::optional<TesseractEngine::Run> TesseractEngine::read(const QImage& ink)
 {
-    m_library->SetPageSegMode(tesseract::PSM_RAW_LINE);
+    std::optional<Run> run = read(ink, tesseract::PSM_RAW_LINE);
+    if (ink.width() >= shortLine * ink.height())
+        return run;
+    std::optional<Run> other = read(ink, tesseract::PSM_SINGLE_LINE);
+    return other && (!run || other->confidence > run->confidence) ? other : run;
+}
+
+std::optional<TesseractEngine::Run> TesseractEngine::read(const QImage& ink, int segmentation)
+{
+    m_library->SetPageSegMode(tesseract::PageSegMode(segmentation));
     m_library->SetImage(ink.constBits(), ink.width(), ink.height(), 1, int(ink.bytesPerLine()));
     m_library->SetSourceResolution(dotsPerInch);
     m_library->Recognize(nullptr);

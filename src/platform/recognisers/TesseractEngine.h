@@ -41,6 +41,7 @@ public:
 private:
     explicit TesseractEngine(Kind kind);
     bool load();
+    std::optional<Run> read(const QImage& ink, int segmentation);
 
     Kind m_kind;
     std::unique_ptr<tesseract::TessBaseAPI> m_library;

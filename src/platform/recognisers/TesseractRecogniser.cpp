@@ -3,6 +3,8 @@
 #include "platform/recognisers/InkPage.h"
 #include "platform/recognisers/LanguageData.h"
 #include "platform/recognisers/PageDivision.h"
+#include "platform/recognisers/PageRules.h"
+#include "platform/recognisers/ReadingSense.h"
 #include "platform/recognisers/TextDirection.h"
 #include "platform/recognisers/TextLines.h"
 
@@ -22,13 +24,15 @@ namespace Kovrel {
 
 namespace {
 
-constexpr double wantedLetterHeight = 20; // of small letters, in pixels: what the models read best
+constexpr double wantedLetterHeight = 24; // of small letters, in pixels: what the models read best
 constexpr double largestScale = 2;
-constexpr double mostPixels = 60e6;        // of a page that is read
-constexpr int longestSide = 30000;         // the library counts in 16 bits
-constexpr double lineMargin = 0.3;         // letter heights around a line
-constexpr float doubtfulConfidence = 0.6f; // a page read with less may stand on its head
-constexpr size_t sampleSize = 8;           // lines that tell whether it does
+constexpr double mostPixels = 60e6;         // of a page that is read
+constexpr int longestSide = 30000;          // the library counts in 16 bits
+constexpr double lineMargin = 0.3;          // letter heights around a line
+constexpr uchar blankGround = 245;          // grey levels
+constexpr float doubtfulConfidence = 0.75f; // a page read with less may stand on its head
+constexpr qsizetype tellingLength = 4;
+constexpr size_t sampleSize = 8; // lines that tell whether it does
 
 using Run = TesseractEngine::Run;
 
@@ -81,6 +85,16 @@ double scaleFor(int letterHeight, QSize picture)
     return std::min({wantedLetterHeight / letterHeight, largestScale, roomFor(picture)});
 }
 
+double blankShare(const QImage& page, const QRect& box)
+{
+    const QRect area = box & page.rect();
+    qsizetype blank = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        blank += std::count_if(page.constScanLine(y) + area.left(), page.constScanLine(y) + area.right() + 1,
+                               [](uchar pixel) { return pixel >= blankGround; });
+    return double(blank) / std::max(1.0, double(area.width()) * area.height());
+}
+
 // What one line says, in pixels of its page.
 std::optional<Run> read(TesseractEngine& engine, const QImage& page, const TextLines::Line& line)
 {
@@ -91,7 +105,7 @@ std::optional<Run> read(TesseractEngine& engine, const QImage& page, const TextL
         QTransform::fromTranslate(-area.left(), -area.top()) * QTransform::fromScale(scale, scale);
     const QSize size = (QSizeF(area.size()) * scale).toSize().expandedTo({1, 1});
     std::optional<Run> run = engine.read(transformed(page, area & page.rect(), toLine, size));
-    if (!run)
+    if (!run || !ReadingSense::isText(run->text, run->confidence, blankShare(page, line.box)))
         return std::nullopt;
     const auto onPage = [&, back = toLine.inverted()](const QRectF& box) {
         const QRectF wide = back.mapRect(box);
@@ -104,9 +118,11 @@ std::optional<Run> read(TesseractEngine& engine, const QImage& page, const TextL
     return run;
 }
 
-// The second run continues the first one.
+// The second run stands to the right of the first one.
 void append(Run& run, Run next)
 {
+    if (run.text.isRightToLeft() && next.text.isRightToLeft())
+        std::swap(run, next);
     const auto length = float(run.text.size());
     const auto nextLength = float(next.text.size());
     run.confidence = (run.confidence * length + next.confidence * nextLength) / (length + nextLength);
@@ -119,12 +135,14 @@ void append(Run& run, Run next)
         run.characterBoxes.clear();
 }
 
-// Of a text, long runs counting more.
+// Of a text, long runs counting more. Single letters look like letters on their heads, too, and don't count.
 float confidenceIn(const std::vector<Run>& runs)
 {
     float sum = 0;
     float weight = 0;
     for (const Run& run : runs) {
+        if (run.text.size() < tellingLength)
+            continue;
         sum += run.confidence * float(run.text.size());
         weight += float(run.text.size());
     }
@@ -176,15 +194,17 @@ struct TesseractRecogniser::Page {
 private:
     void makeUpright()
     {
-        auto blobs = InkPage::blobs(ink);
+        const auto blobs = InkPage::blobs(ink);
         const int letterHeight = InkPage::letterHeight(blobs);
         if (letterHeight == 0)
             return;
+        double enlargement = 1;
         if (const double angle = TextDirection::of(blobs, letterHeight); angle != 0) {
-            turn(-angle, std::max(1.0, scaleFor(letterHeight, ink.size())));
-            blobs = InkPage::blobs(ink);
+            enlargement = std::max(1.0, scaleFor(letterHeight, ink.size()));
+            turn(-angle, enlargement);
         }
-        findLines(blobs);
+        ink = PageRules::without(std::move(ink), int(std::lround(letterHeight * enlargement)));
+        findLines(InkPage::blobs(ink));
     }
 
     void findLines(const std::vector<QRect>& blobs)
@@ -226,7 +246,8 @@ std::vector<Run> TesseractRecogniser::readPage(const Page& page, const Request& 
         }
     };
     std::vector<std::future<void>> others;
-    for (size_t other = 1; other < std::min(m_engines.size(), page.lines.size()); ++other)
+    const size_t threads = request.mayHurry ? std::min(m_engines.size(), page.lines.size()) : 1;
+    for (size_t other = 1; other < threads; ++other)
         others.push_back(std::async(std::launch::async, work, std::ref(*m_engines[other])));
     work(*m_engines.front());
     for (auto& other : others)
@@ -251,7 +272,8 @@ std::optional<TextRecogniser::Failure> TesseractRecogniser::prepareEngines(const
     if (kind.models.isEmpty())
         return Failure{QCoreApplication::translate("TesseractRecogniser",
                                                    "Install the package tesseract-ocr-eng, or that of another "
-                                                   "language: there is no language data for text recognition.")};
+                                                   "language: there is no language data for text recognition."),
+                       Failure::Reason::notInstalled};
     if (kind != m_kind)
         m_engines.clear();
     m_kind = kind;
@@ -271,10 +293,10 @@ TextRecogniser::Outcome TesseractRecogniser::recognise(const QImage& picture, co
             Failure{QCoreApplication::translate("TesseractRecogniser", "There is no picture to read."),
                     Failure::Reason::noPicture});
     Page page = Page::of(picture);
-    if (const auto failure = prepareEngines(request, page.lines.size() == 1 ? 1 : threadCount))
+    if (const auto failure = prepareEngines(request, request.mayHurry && page.lines.size() > 1 ? threadCount : 1))
         return std::unexpected(*failure);
     std::vector<Run> runs = readPage(page, request);
-    if (!runs.empty() && confidenceIn(runs) < doubtfulConfidence) {
+    if (!page.lines.empty() && confidenceIn(runs) < doubtfulConfidence) {
         const Page reversed = page.reversed();
         if (confidenceIn(readPage(reversed.sample(), request)) > confidenceIn(runs)) {
             runs = readPage(reversed, request);

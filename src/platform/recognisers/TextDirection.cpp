@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <numeric>
 #include <unordered_map>
 
 namespace Kovrel {
@@ -15,6 +16,7 @@ namespace {
 constexpr size_t fewestLetters = 12;
 constexpr size_t sampleSize = 600;
 constexpr int tolerance = 10;           // degrees by which ascenders and descenders tilt a pair of letters
+constexpr double widestStep = 2;        // letter heights between neighbours in a line
 constexpr double clearMajority = 1.5;   // over the horizontal
 constexpr double clearlySharper = 1.05; // than with the lines taken as horizontal
 constexpr double step = 0.25;           // degrees
@@ -38,7 +40,7 @@ QPointF toNearest(const std::vector<QRect>& letters, size_t at, int letterHeight
 {
     const QPointF centre = QRectF(letters[at]).center();
     QPointF nearest;
-    double shortest = 9.0 * letterHeight * letterHeight;
+    double shortest = widestStep * widestStep * letterHeight * letterHeight;
     for (size_t other = 0; other < letters.size(); ++other) {
         const QPointF way = QRectF(letters[other]).center() - centre;
         const double length = QPointF::dotProduct(way, way);
@@ -102,8 +104,11 @@ double TextDirection::of(const std::vector<QRect>& blobs, int letterHeight)
     const std::vector<QRect> letters = lettersAmong(blobs, letterHeight);
     if (letters.size() < fewestLetters)
         return 0;
+    const Histogram histogram = directions(letters, letterHeight);
+    if (std::accumulate(histogram.begin(), histogram.end(), 0.0) < fewestLetters)
+        return 0; // letters that stand alone, as the days of a calendar, form no lines
     const double binSize = std::max(1.0, letterHeight / 4.0);
-    const int coarse = mostFrequent(directions(letters, letterHeight));
+    const int coarse = mostFrequent(histogram);
     double best = coarse;
     double highest = sharpness(letters, best, binSize) * clearlySharper;
     // A quarter is exact. NOLINTNEXTLINE(clang-analyzer-security.FloatLoopCounter)

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <optional>
 #include <unordered_map>
 #include <utility>
@@ -15,10 +16,13 @@ namespace {
 using Line = TextLines::Line;
 
 // Heights of the page's small letters.
-constexpr double leastLetter = 0.45; // what is lower is a mark: a dot, an accent, a dash
-constexpr double leastLoneLetter = 0.7;
+constexpr double leastLetter = 0.45;       // what is lower is a mark: a dot, an accent, a dash
+constexpr double leastNarrowLetter = 0.75; // what is lower and narrow is a quotation mark, a comma or a bracket's half
+constexpr double narrow = 0.6;             // of its height
+constexpr double leastLoneLetter = 0.6;
 constexpr double widestMark = 4;
 constexpr double plainLetter = 2.4; // what is higher belongs to a headline, or is two letters of two lines that touch
+constexpr double loneBracket = 3;
 constexpr double largestLetter = 8; // what is higher is a picture
 // Heights of the letters of a line.
 constexpr double leastOverlap = 0.5;
@@ -26,6 +30,8 @@ constexpr double widestGap = 2.5; // in a line
 constexpr double widestPause = 4; // between a line and what continues it
 constexpr double lowMark = 0.75;
 constexpr double markReach = 0.5;  // above and below
+constexpr double quoteReach = 0.7; // above, for what bridges a gap
+constexpr double markGap = 1.75;   // beside: the gap behind a dash where all characters are equally wide
 constexpr double roomAbove = 1.45; // what capitals need, measured from the baseline
 constexpr double mostAbove = 2.2;
 constexpr double roomBelow = 0.4;
@@ -152,7 +158,7 @@ public:
     }
 
     // Its ink, and the room that its letters would need if they were all there.
-    Line finished(bool continues) const
+    Line finished(bool continues, int pageHeight) const
     {
         const double height = m_band.height();
         const auto place = [&](double aboveBaseline) { return int(std::lround(m_band.foot - aboveBaseline * height)); };
@@ -162,10 +168,17 @@ public:
         QRect room = box;
         room.setTop(std::min(box.top(), place(roomAbove)));
         room.setBottom(std::max(box.bottom(), place(-roomBelow)));
-        return {box, room, int(std::lround(height)), continues};
+        return {box, room, std::min(int(std::lround(height)), mostLetterHeight(pageHeight)), continues};
     }
 
 private:
+    // A lone brace, bracket or capital is higher than the small letters that it would stand among.
+    int mostLetterHeight(int pageHeight) const
+    {
+        const bool isLone = m_letters.size() == 1 && m_band.height() <= loneBracket * pageHeight;
+        return isLone ? pageHeight : std::numeric_limits<int>::max();
+    }
+
     QRect m_reach;
     Band m_band;
     std::vector<QRect> m_letters;
@@ -197,7 +210,11 @@ public:
     }
 
 private:
-    bool isMark(const QRect& blob) const { return blob.height() < leastLetter * m_height; }
+    bool isMark(const QRect& blob) const
+    {
+        const bool isNarrow = blob.width() < narrow * blob.height();
+        return blob.height() < (isNarrow ? leastNarrowLetter : leastLetter) * m_height;
+    }
 
     // What ends so far to the left that no later blob comes near it.
     bool isPast(const Growing& line, const QRect& blob) const
@@ -272,9 +289,9 @@ private:
         m_marks.push_back(mark);
         const int centre = mark.center().y();
         Growing* line = nullptr;
-        m_index.visit({double(mark.y() - m_height), double(footOf(mark))}, [&](size_t at) {
+        m_index.visit({double(mark.y() - m_height), double(footOf(mark) + m_height)}, [&](size_t at) {
             const Band& band = m_lines[at].band();
-            if (centre >= band.top && centre <= band.foot + band.height() / 3 &&
+            if (centre >= band.top - quoteReach * band.height() && centre <= band.foot + band.height() / 3 &&
                 gapBetween(m_lines[at].reach(), mark) <= widestGap * band.height())
                 line = &m_lines[at];
             return true;
@@ -325,7 +342,7 @@ private:
             const double height = line.band().height();
             const double centre = mark.center().y();
             const double away = std::max({line.reach().y() - centre, centre - footOf(line.reach()), 0.0});
-            if (away <= markReach * height && gapBetween(line.reach(), mark) <= height &&
+            if (away <= markReach * height && gapBetween(line.reach(), mark) <= markGap * height &&
                 (!nearest || away < shortest)) {
                 nearest = &line;
                 shortest = away;
@@ -360,14 +377,14 @@ private:
         return inOrder(std::move(rows));
     }
 
-    static std::vector<Line> inOrder(std::vector<std::vector<const Growing*>> rows)
+    std::vector<Line> inOrder(std::vector<std::vector<const Growing*>> rows) const
     {
         std::ranges::sort(
             rows, {}, [](const auto& row) { return std::pair(row.front()->band().foot, row.front()->reach().left()); });
         std::vector<Line> lines;
         for (const auto& row : rows)
             for (const Growing* const line : row)
-                lines.push_back(line->finished(line != row.front()));
+                lines.push_back(line->finished(line != row.front(), m_height));
         return lines;
     }
 

@@ -8,11 +8,22 @@
 #include <mutex>
 #include <thread>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 namespace Kovrel {
 
 namespace {
 
 Q_LOGGING_CATEGORY(log, "com.kovrel.ocr")
+
+constexpr int lowestPriority = 19;
+
+// The calling thread, and those that it starts, for the rest of their lives.
+void standBehindOthers()
+{
+    ::setpriority(PRIO_PROCESS, id_t(::gettid()), lowestPriority);
+}
 
 } // namespace
 
@@ -72,7 +83,9 @@ TextRecogniser::Outcome PatientRecogniser::recognise(const QImage& picture, cons
     std::packaged_task<Outcome()> task(
         [recogniser = m_recogniser, picture, own] { return recogniser->recognise(picture, own); });
     std::future<Outcome> outcome = task.get_future();
-    std::thread thread([task = std::move(task), attempt]() mutable {
+    std::thread thread([task = std::move(task), attempt, mayHurry = request.mayHurry]() mutable {
+        if (!mayHurry)
+            standBehindOthers();
         task();
         attempt->finish();
     });

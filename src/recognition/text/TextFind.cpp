@@ -143,10 +143,15 @@ private:
         return result;
     }
 
+    // Where both directions are mixed, the ends of a match need not be its edges.
     static Rect box(const OCRLine& line, int from, int to, int length)
     {
-        const double left = TextFind::boundary(from, line, length);
-        const double right = TextFind::boundary(to, line, length);
+        double left = TextFind::boundary(from, line, length);
+        double right = left;
+        for (int index = from + 1; index <= to; ++index) {
+            left = std::min(left, TextFind::boundary(index, line, length));
+            right = std::max(right, TextFind::boundary(index, line, length));
+        }
         return {left, line.boundingBox.y, right - left, line.boundingBox.height};
     }
 
@@ -191,12 +196,13 @@ double TextFind::boundary(int index, const OCRLine& line, int length)
 {
     const Rect& box = line.boundingBox;
     const auto& centers = line.characterCenters;
-    if (length <= 0 || centers.size() != size_t(length))
-        return length > 0 ? box.minX() + box.width * index / length : box.minX();
-    if (index < 1)
-        return box.minX();
-    if (index >= length)
-        return box.maxX();
+    const bool isRightToLeft = line.text.isRightToLeft();
+    if (length <= 0 || centers.size() != size_t(length)) {
+        const double share = length > 0 ? double(index) / length : 0;
+        return box.minX() + box.width * (isRightToLeft ? 1 - share : share);
+    }
+    if (index < 1 || index >= length)
+        return (index < 1) == isRightToLeft ? box.maxX() : box.minX();
     return (centers[size_t(index) - 1] + centers[size_t(index)]) / 2;
 }
 

@@ -66,19 +66,61 @@ void VisionOCREngine::prewarm()
 QCoro::Task<OCROutcome> VisionOCREngine::recognize(QImage image, QualityOfService qos, bool languageCorrection,
                                                    std::stop_token stop, std::function<void(double)> progress)
 {
+    const bool mayHurry = qos >= QualityOfService::userInitiated;
+    if (mayHurry)
+        makeWay();
+    for (;;) {
+        if (!mayHurry && isKnownToMiss())
+            co_return std::unexpected(*m_missing);
+        const std::stop_token way = mayHurry ? std::stop_token() : m_way.get_token();
+        OCROutcome outcome = co_await attempt(image, qos, languageCorrection, {stop, way}, progress);
+        note(outcome);
+        if (outcome || stop.stop_requested() || !way.stop_requested())
+            co_return outcome;
+    }
+}
+
+QCoro::Task<OCROutcome> VisionOCREngine::attempt(QImage image, QualityOfService qos, bool languageCorrection,
+                                                 std::array<std::stop_token, 2> stops,
+                                                 std::function<void(double)> progress)
+{
     restLater();
     std::stop_source ended;
-    const std::stop_callback byAsker(stop, [ended]() mutable { ended.request_stop(); });
-    const std::stop_callback byEngine(m_end.get_token(), [ended]() mutable { ended.request_stop(); });
+    const auto end = [ended]() mutable { ended.request_stop(); };
+    const std::stop_callback byAsker(stops[0], end);
+    const std::stop_callback byUrgent(stops[1], end);
+    const std::stop_callback byEngine(m_end.get_token(), end);
     const TextRecogniser::Request request{.correctsLanguage = languageCorrection,
                                           .languages = m_languages(),
                                           .customWords = {"Kovrel"},
+                                          .mayHurry = qos >= QualityOfService::userInitiated,
                                           .stop = ended.get_token(),
                                           .progress = std::move(progress)};
     const auto job =
         Guarded::orReason([recogniser = m_recogniser, image, request] { return read(*recogniser, image, request); });
     OCROutcome outcome = co_await m_scope.onWorker(Lane::visionOCR, qos, job);
     co_return outcome;
+}
+
+void VisionOCREngine::makeWay()
+{
+    m_way.request_stop();
+    m_way = std::stop_source();
+}
+
+void VisionOCREngine::note(const OCROutcome& outcome)
+{
+    if (outcome) {
+        m_missing.reset();
+    } else if (outcome.error().reason == RecognitionFailure::Reason::notInstalled) {
+        m_missing = outcome.error();
+        m_missingSince = m_loop.now();
+    }
+}
+
+bool VisionOCREngine::isKnownToMiss() const
+{
+    return m_missing && m_loop.now() - m_missingSince < missesFor;
 }
 
 void VisionOCREngine::restLater()

@@ -6,17 +6,20 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <mutex>
+#include <set>
+#include <thread>
 
 namespace Kovrel {
 
 namespace {
 
-QImage pageOf(const QStringList& lines)
+QImage pageOf(const QStringList& lines, const QString& font = "DejaVu-Sans", int pixelSize = 16)
 {
     QProcess convert;
-    convert.start("convert",
-                  {"-size", QString("500x%1").arg(lines.size() * 30 + 40), "xc:white", "-font", "DejaVu-Sans",
-                   "-pointsize", "16", "-interline-spacing", "8", "-annotate", "+20+40", lines.join('\n'), "png:-"});
+    convert.start("convert", {"-size", QString("500x%1").arg(lines.size() * 2 * pixelSize + 40), "xc:white", "-font",
+                              font, "-pointsize", QString::number(pixelSize), "-interline-spacing",
+                              QString::number(pixelSize / 2), "-annotate", "+20+40", lines.join('\n'), "png:-"});
     EXPECT_TRUE(convert.waitForFinished()) << "convert is needed";
     return QImage::fromData(convert.readAllStandardOutput());
 }
@@ -29,7 +32,32 @@ QImage pageOfLines(int count)
     return pageOf(lines);
 }
 
+QStringList textsIn(const QImage& picture, const QStringList& languages = {"en"})
+{
+    PluginTextRecogniser recogniser;
+    const auto seen = recogniser.recognise(picture, {.languages = languages});
+    QStringList texts;
+    for (const auto& observation : seen.value_or(std::vector<TextRecogniser::Observation>()))
+        texts << observation.candidates.front().text;
+    return texts;
+}
+
 } // namespace
+
+TEST(Tesseract, LinesOfMarksAndDigitsAreRead)
+{
+    for (const QStringList& lines :
+         {QStringList{"\"react\": \"16.8.4\","}, QStringList{"\"1.1.0\""},
+          QStringList{"\"name\": \"1.1.0\",", "\"cat\": \"2.14.3\",", "\"fox\": \"0.8.12\",", "\"dog\": \"7.0.5\","}})
+        EXPECT_EQ(textsIn(pageOf(lines, "DejaVu-Sans-Mono", 24)).join("\n").toStdString(),
+                  lines.join("\n").toStdString());
+}
+
+TEST(Tesseract, SingleLettersAreReadOnce)
+{
+    for (const QString letter : {"Z", "P", "g"})
+        EXPECT_EQ(textsIn(pageOf({letter}, "DejaVu-Sans", 24)).join('|').toStdString(), letter.toStdString());
+}
 
 TEST(Tesseract, EveryLineIsReadAndTold)
 {
@@ -54,6 +82,22 @@ TEST(Tesseract, APageOnItsHeadIsReadWithTheGapsInItsLines)
         texts << observation.candidates.front().text;
     EXPECT_EQ(texts, (QStringList{"Some considerably longer ones", "more words upon this page"}));
     EXPECT_GT(seen->front().bottomLeft.x, seen->front().bottomRight.x);
+}
+
+TEST(Tesseract, WhatNobodyWaitsForIsReadOnOneThread)
+{
+    PluginTextRecogniser recogniser;
+    const QImage page = pageOfLines(12);
+    for (const auto& [mayHurry, mostThreads] : {std::pair(true, 2u), {false, 1u}}) {
+        std::mutex lock;
+        std::set<std::thread::id> threads;
+        const auto note = [&](double) {
+            const std::scoped_lock locked(lock);
+            threads.insert(std::this_thread::get_id());
+        };
+        EXPECT_TRUE(recogniser.recognise(page, {.languages = {"en"}, .mayHurry = mayHurry, .progress = note}));
+        EXPECT_EQ(threads.size(), mostThreads);
+    }
 }
 
 TEST(Tesseract, StopsAfterOneMoreLine)

@@ -43,6 +43,7 @@ TEST(TextLines, MarksAndTallLettersBelongToTheirLine)
         {"the dot of an i", {30, 25, 2, 2}, {"20,25 60x15"}},
         {"a comma behind", {83, 37, 2, 6}, {"20,30 65x13"}},
         {"a dash before", {8, 35, 6, 2}, {"8,30 72x10"}},
+        {"a dash and a wide space before", {0, 35, 6, 2}, {"0,30 80x10"}},
         {"a letter of a line that is closer than a letter is high", {20, 53, 6, 10}, {"20,30 60x10", "20,53 6x10"}},
         {"a speck far away", {300, 33, 2, 2}, alone},
         {"a frame", {10, 20, 75, 30}, alone},
@@ -72,6 +73,15 @@ TEST(TextLines, GapsDivideLines)
     }
 }
 
+TEST(TextLines, QuotationMarksBridgeTheGapBetweenLetters)
+{
+    auto blobs = letters(0, 40, 5);
+    append(blobs, letters(80, 40, 5));
+    for (const int left : {46, 49, 72, 75})
+        blobs.push_back({left, 25, 2, 6});
+    EXPECT_EQ(linesOf(blobs), Lines{"0,25 122x15"});
+}
+
 TEST(TextLines, LinesThatTouchStayTwo)
 {
     auto blobs = letters(0, 20, 20);
@@ -96,6 +106,13 @@ TEST(TextLines, TheRoomHasPlaceForLettersThatAreNotThere)
     EXPECT_LE(lines.front().room.top(), 26);
     EXPECT_GE(lines.front().room.bottom(), 43);
     EXPECT_EQ(lines.front().room.left(), lines.front().box.left());
+}
+
+TEST(TextLines, ALoneBraceIsNoHeadline)
+{
+    const auto lines = TextLines::of({{20, 17, 8, 26}}, letterHeight);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(lines.front().letterHeight, letterHeight);
 }
 
 TEST(TextLines, NothingMakesNoLines)

@@ -178,6 +178,8 @@ TEST(QRCodeDetector, EqualCodesBesideEachOtherAreTwo)
     draw(image, code("twin"), {700, 50});
     EXPECT_EQ(payloads(found(image)), (Payloads{"twin", "twin"}));
     EXPECT_EQ(payloads(found(code("alone"), Engine::zbar)), Payloads{"alone"});
+    for (const Engine engine : {Engine::zxing, Engine::zbar})
+        EXPECT_EQ(payloads(found(code("a\x1b\x01z"), engine)), Payloads{"a\x1b\x01z"}) << "control characters";
 }
 
 TEST(QRCodeDetector, NothingIsReportedWhereNothingIs)

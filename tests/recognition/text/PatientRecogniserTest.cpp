@@ -11,6 +11,9 @@
 #include <latch>
 #include <thread>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 namespace Kovrel {
 
 using namespace std::chrono_literals;
@@ -150,6 +153,19 @@ TEST(VisionOCREngine, MemoryIsGivenBackSomeMinutesAfterTheLastPicture)
     EXPECT_EQ(released, 1);
     settle(10min);
     EXPECT_EQ(released, 1);
+}
+
+TEST_F(PatientRecogniserTest, WhatNobodyWaitsForStandsBehindOthers)
+{
+    const auto priority = [] { return ::getpriority(PRIO_PROCESS, id_t(::gettid())); };
+    std::vector<int> priorities;
+    page.whileReading = [&] { priorities.push_back(priority()); };
+    PatientRecogniser patient([this] { return std::make_unique<FakeTextRecogniser>(page); });
+    for (const bool mayHurry : {false, true})
+        EXPECT_TRUE(patient.recognise(picture, {.mayHurry = mayHurry}));
+    ASSERT_EQ(priorities.size(), 2u);
+    EXPECT_GT(priorities[0], priorities[1]);
+    EXPECT_EQ(priorities[1], priority());
 }
 
 } // namespace Kovrel

@@ -51,6 +51,28 @@ TEST(TextFind, NeitherCaseNorAccentsNorKindsOfSpaceCount)
         EXPECT_EQ(rangesOf(QString(c.query), QString(c.text)), c.expected) << qPrintable(QString(c.query));
 }
 
+TEST(TextFind, BoxesOfRightToLeftLinesHaveAWidth)
+{
+    struct Case {
+        const char* query;
+        std::vector<double> centers;
+        double left;
+        double width;
+    };
+
+    const QString text = QString::fromUtf8("שלום 12");
+    const std::vector<double> centers{0.45, 0.4, 0.35, 0.3, 0.25, 0.15, 0.2};
+    for (const Case& c : {Case{"של", centers, 0.375, 0.125}, Case{"12", centers, 0.1, 0.1},
+                          Case{"שלום", {}, 0.1 + 0.4 * 3 / 7, 0.4 * 4 / 7}}) {
+        OCRLine written = line(text);
+        written.characterCenters = c.centers;
+        const auto found = TextFind::matches(QString::fromUtf8(c.query), {written}, 1);
+        ASSERT_EQ(found.size(), 1u) << c.query;
+        EXPECT_NEAR(found.front().boxes.front().x, c.left, 1e-9) << c.query;
+        EXPECT_NEAR(found.front().boxes.front().width, c.width, 1e-9) << c.query;
+    }
+}
+
 TEST(TextFind, BoxesLieBetweenTheCentresOfCharacters)
 {
     OCRLine even = line("abcd", 0.5, 0.2, 0.4);

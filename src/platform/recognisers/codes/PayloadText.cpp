@@ -30,13 +30,13 @@ std::optional<QString> PayloadText::utf8(const QByteArray& bytes)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decoder(bytes);
-    return decoder.hasError() ? std::nullopt : std::optional(text);
+    return decoder.hasError() || text.isEmpty() ? std::nullopt : std::optional(text);
 }
 
 std::optional<QString> PayloadText::decoded(const QByteArray& bytes)
 {
     const auto text = utf8(bytes);
-    return checked(text ? *text : guessed(bytes));
+    return text ? text : checked(guessed(bytes));
 }
 
 std::optional<QString> PayloadText::checked(const QString& text)

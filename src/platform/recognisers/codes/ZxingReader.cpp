@@ -17,7 +17,7 @@ std::optional<QString> payloadOf(const ZXing::Result& result)
     const auto utf8 = result.hasECI()
                           ? std::nullopt
                           : PayloadText::utf8({reinterpret_cast<const char*>(bytes.data()), qsizetype(bytes.size())});
-    return PayloadText::checked(utf8 ? *utf8 : QString::fromStdString(result.text()));
+    return utf8 ? utf8 : PayloadText::checked(QString::fromStdString(result.text()));
 }
 
 // The corners are pixels that belong to the code.

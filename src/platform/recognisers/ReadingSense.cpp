@@ -1,0 +1,53 @@
+#include "platform/recognisers/ReadingSense.h"
+
+#include <algorithm>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr double onPictures = 0.25;  // what has less blank ground stands on a picture, or is part of it
+constexpr double amongShapes = 0.8;  // what has more is too sparse for letters
+constexpr float morePictured = 0.2f; // confidence that is wanted on pictures besides
+
+// The fewer characters, the more easily they are seen where there are none.
+struct Demand {
+    qsizetype mostCharacters = 0;
+    float onText = 0; // on ground that looks like that of text
+    float elsewhere = 0;
+};
+
+constexpr Demand demands[] = {{1, 0.6f, 0.6f}, {3, 0.6f, 0.75f}, {8, 0.1f, 0.5f}, {15, 0, 0.3f}};
+
+// Any line or corner of a drawing looks like one.
+bool isStroke(QChar c)
+{
+    return QStringView(u"\\|~<>«»‹›'\"‘’“”`´.,:;_^°-–—=•").contains(c);
+}
+
+// No word list helps with them.
+bool isNumber(const QString& text)
+{
+    return text.size() > 3 && std::ranges::count_if(text, [](QChar c) { return c.isDigit(); }) * 3 >= text.size();
+}
+
+float demandedOf(const QString& text, bool looksLikeText)
+{
+    const auto demand = std::ranges::find_if(demands, [&](const Demand& d) { return text.size() <= d.mostCharacters; });
+    if (demand == std::end(demands) || isNumber(text))
+        return 0;
+    return looksLikeText ? demand->onText : demand->elsewhere;
+}
+
+} // namespace
+
+bool ReadingSense::isText(const QString& text, float confidence, double blankShare)
+{
+    if (std::ranges::all_of(text, [](QChar c) { return isStroke(c) || c.isSpace(); }) && text.size() <= 3)
+        return false;
+    const bool isOnPicture = blankShare < onPictures;
+    const bool looksLikeText = !isOnPicture && blankShare <= amongShapes;
+    return confidence >= demandedOf(text, looksLikeText) + (isOnPicture ? morePictured : 0);
+}
+
+} // namespace Kovrel
