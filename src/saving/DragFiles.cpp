@@ -1,7 +1,7 @@
 #include "saving/DragFiles.h"
 
+#include "platform/files/PrivateFolder.h"
 #include "saving/FileNameFormatter.h"
-#include "saving/PrivateFolder.h"
 
 #include <QDir>
 #include <QFileInfo>

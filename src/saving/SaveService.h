@@ -1,6 +1,6 @@
 #pragma once
 
-#include "saving/AtomicFile.h"
+#include "platform/files/AtomicFile.h"
 #include "saving/ReservationJournal.h"
 #include "saving/SaveSettings.h"
 

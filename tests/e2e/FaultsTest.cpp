@@ -29,6 +29,12 @@ mode_t permissions(const QString& path)
     return stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777 : 0;
 }
 
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 void writeFile(const QString& path, const QByteArray& content)
 {
     QDir().mkpath(QFileInfo(path).path());
@@ -131,6 +137,27 @@ TEST_F(FaultsTest, DamagedAndUnwritablePreferencesDoNoHarm)
     ASSERT_TRUE(QDir(session.path("config/kovrel")).removeRecursively());
     writeFile(session.path("config/kovrel"), "a file where the folder should be");
     EXPECT_EQ(session.kovrel({"preferences", "set", "jpegQuality", "0.5"}).exitCode, 4);
+}
+
+TEST_F(FaultsTest, AFullDiskLosesNoSettingsAndIsTold)
+{
+    session.prepare({"imageFormat=tiff"});
+    const QString settings = session.path("config/kovrel/kovrel.conf");
+    const QString token = session.path("data/Kovrel/kovrel.session.token");
+    const auto contents = [&] { return std::pair(readFile(settings), readFile(token)); };
+    const auto before = contents();
+    const auto onFullDisk = [](const QString& line) {
+        return QStringList{"-c", "ulimit -f 0; exec " KOVREL_PROGRAM " " + line};
+    };
+    for (const char* line : {"preferences set imageFormat jpeg", "preferences reset imageFormat", "sign-in --local"})
+        EXPECT_EQ(session.run("sh", onFullDisk(line)).exitCode, 4) << line;
+    session.start("sh", onFullDisk("--background"));
+    ASSERT_TRUE(UserSession::eventually([&] { return session.instancePid() != 0; }));
+    for (const QStringList& line : {QStringList{"preferences", "set", "imageFormat", "jpeg"}, {"sign-in", "--local"}})
+        EXPECT_EQ(session.kovrel(line).exitCode, 4) << qPrintable(line.join(' '));
+    EXPECT_EQ(contents(), before);
+    EXPECT_EQ(permissions(settings), 0600u);
+    EXPECT_EQ(permissions(session.path("config/kovrel")), 0700u);
 }
 
 TEST_F(FaultsTest, TwoFirstStartsAtOnceLeaveOneInstanceThatTakesBothCaptures)

@@ -1,5 +1,5 @@
 #include "saving/SaveService.h"
-#include "tests/saving/FileSizeLimit.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/LogLines.h"
 #include "tests/support/PictureDifference.h"
 #include "tests/support/TempFolder.h"

@@ -56,8 +56,13 @@ void AccountFeature::signInOnThisComputer()
 void AccountFeature::signIn(const Reply<CommandAnswer>& reply)
 {
     m_account.signInLocally([reply, &preferences = m_foundation.preferences](bool isStored) {
-        const bool isNoted = isStored && preferences.set(Settings::hasCompletedOnboarding, true);
-        reply(doneOr(isNoted, "the account could not be stored"));
+        if (!isStored) {
+            reply(doneOr(false, "the account could not be stored"));
+            return;
+        }
+        preferences.set(Settings::hasCompletedOnboarding, true, [reply](const UserDefaults::Stored& noted) {
+            reply(doneOr(noted.has_value(), "the account is stored, but not that the first run is done"));
+        });
     });
 }
 

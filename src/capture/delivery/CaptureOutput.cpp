@@ -1,7 +1,7 @@
 #include "capture/delivery/CaptureOutput.h"
 
 #include "platform/Guarded.h"
-#include "saving/PrivateFolder.h"
+#include "platform/files/PrivateFolder.h"
 #include "saving/SaveService.h"
 
 #include <QDesktopServices>
