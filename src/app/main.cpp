@@ -1,10 +1,11 @@
 #include "app/Application.h"
 #include "app/CommandRunner.h"
+#include "app/LibraryMessages.h"
+#include "app/SturdyApplication.h"
 #include "commandline/CommandLine.h"
 #include "commandline/CommandTable.h"
+#include "platform/Guarded.h"
 #include "platform/session/DesktopSession.h"
-
-#include <QApplication>
 
 #include <csignal>
 #include <cstdio>
@@ -79,7 +80,8 @@ int runWithoutInstance(const Command& command, int& argc, char** argv)
     });
     if (!result)
         QCoreApplication::exec();
-    return report(result.value_or(CommandAnswer{.exitCode = CommandLine::failed}));
+    // The work is done. Libraries may still wait for threads that they could not have.
+    std::_Exit(report(result.value_or(CommandAnswer{.exitCode = CommandLine::failed})));
 }
 
 // What was said while starting went to whoever started us; from now on it belongs into the journal.
@@ -104,7 +106,7 @@ int runInstance(const Command& command, int& argc, char** argv)
         return complain("the display " + qEnvironmentVariable("DISPLAY", qEnvironmentVariable("WAYLAND_DISPLAY")) +
                         " can't be reached");
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    QApplication application(argc, argv);
+    SturdyApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName("Kovrel");
     QApplication::setDesktopFileName("com.kovrel.Kovrel");
@@ -132,6 +134,26 @@ int runInstance(const Command& command, int& argc, char** argv)
     return exitCode;
 }
 
+int run(const Command& command)
+{
+    int argc = 1;
+    char name[] = "kovrel";
+    char* argv[] = {name, nullptr};
+    try {
+        return CommandLine::runsWithoutInstance(command) ? runWithoutInstance(command, argc, argv)
+                                                         : runInstance(command, argc, argv);
+    } catch (...) {
+        return complain(Guarded::reason());
+    }
+}
+
+// Where memory is short, a destructor or a library may be what notices.
+void giveUp()
+{
+    std::fputs("kovrel: there is not enough memory\n", stderr);
+    std::_Exit(CommandLine::failed);
+}
+
 } // namespace
 
 } // namespace Kovrel
@@ -147,9 +169,7 @@ extern "C" __attribute__((visibility("default"))) int kovrelMain(const char* con
     const auto command = CommandLine::parse({arguments, arguments + count}, "/");
     if (!command)
         return complain(QString::fromStdString(command.error()));
-    int argc = 1;
-    char name[] = "kovrel";
-    char* argv[] = {name, nullptr};
-    return CommandLine::runsWithoutInstance(*command) ? runWithoutInstance(*command, argc, argv)
-                                                      : runInstance(*command, argc, argv);
+    std::set_terminate(giveUp);
+    LibraryMessages::silence();
+    return run(*command);
 }

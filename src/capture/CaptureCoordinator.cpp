@@ -70,7 +70,6 @@ void CaptureCoordinator::startRun(CaptureRequest request)
         give(std::move(request.reply), CaptureOutcome::Kind::refused);
         return;
     }
-    m_services.ports.effects.tell(&CaptureEffects::prewarm);
     m_isCapturing = true;
     m_selectionUIDone = false;
     m_currentRun = std::make_shared<CaptureRun>(CaptureRun{
@@ -179,6 +178,7 @@ QCoro::Task<> CaptureCoordinator::run(Run run)
     ++m_activeRuns;
     const auto leave = qScopeGuard([this, run] { leaveRun(run); });
     try {
+        m_services.ports.effects.tell(&CaptureEffects::prewarm);
         co_await m_scope.join(dispatch(run));
     } catch (const std::exception&) {
         abandon(run, Guarded::reason());

@@ -152,7 +152,7 @@ Result SaveService::saveTo(const QImage& image, const QString& path, double qual
     if (!format)
         return std::unexpected(SaveFailure{
             QCoreApplication::translate("SaveService", "%1 should end in .png, .jpeg, .heic or .tiff.").arg(path)});
-    return logged("Kovrel save failed: ", saveAs(image, path, *format, quality));
+    return saveAs(image, path, *format, quality);
 }
 
 } // namespace Kovrel

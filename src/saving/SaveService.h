@@ -11,7 +11,8 @@
 
 namespace Kovrel {
 
-// Finished images become files. Any thread but the main one: all of it encodes or writes. Failures are also logged.
+// Finished images become files. Any thread but the main one: all of it encodes or writes. Failures are also logged, but
+// where somebody named the file and so hears of them.
 namespace SaveService {
 
 // What was written.
@@ -51,7 +52,7 @@ Result overwriteFile(const SaveSettings& settings, const QImage& image, const QS
 // Writes a picture to the path that somebody named, in place of what is there. The extension says the format; one that
 // names none is a failure.
 Result saveTo(const QImage& image, const QString& path, double quality);
-// The same in a given format. The failure is not logged.
+// The same in a given format.
 Result saveAs(const QImage& image, const QString& path, ImageFormat format, double quality);
 
 } // namespace SaveService

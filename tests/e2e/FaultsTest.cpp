@@ -1,5 +1,6 @@
 #include "tests/e2e/UserSession.h"
 #include "tests/support/PaintedScreen.h"
+#include "tests/support/TestPictures.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace Kovrel {
@@ -158,6 +160,45 @@ TEST_F(FaultsTest, AFullDiskLosesNoSettingsAndIsTold)
     EXPECT_EQ(contents(), before);
     EXPECT_EQ(permissions(settings), 0600u);
     EXPECT_EQ(permissions(session.path("config/kovrel")), 0700u);
+}
+
+TEST_F(FaultsTest, MemoryThatCanNotBeHadCostsOneCommandAndTakesOneLine)
+{
+    const QString picture = session.path("picture.png");
+    ASSERT_TRUE(Testing::testPicture({640, 480}, Testing::Texture::noise).save(picture));
+    writeFile(session.path("none.json"), "[]");
+    const QString annotate = "annotate " + picture + " --annotations " + session.path("none.json") + " --output ";
+    const QStringList lines{"text " + picture, "codes " + picture, annotate + session.path("a.png"),
+                            "preferences list"};
+    const auto expectOneLine = [](const UserSession::Result& result, const QString& what) {
+        EXPECT_TRUE(QList<int>({0, 1, 4}).contains(result.exitCode)) << qPrintable(what) << ": " << result.exitCode;
+        EXPECT_EQ(result.error.count('\n'), result.exitCode == 0 ? 0 : 1)
+            << qPrintable(what) << result.error.constData();
+    };
+    for (const int kilobytes : {30'000, 70'000, 90'000, 102'000, 150'000})
+        for (const QString& line : lines)
+            expectOneLine(
+                session.run("sh", {"-c", QString("ulimit -v %1; exec " KOVREL_PROGRAM " ").arg(kilobytes) + line}),
+                QString("%1 with %2 KB").arg(line).arg(kilobytes));
+    EXPECT_EQ(session.run("sh", {"-c", "ulimit -v 400000; exec " KOVREL_PROGRAM " " + lines[1]}).exitCode, 1)
+        << "a small picture takes little";
+
+    session.prepare();
+    session.kovrel({"capture", "fullScreen", "--wait"});
+    const qint64 pid = session.instancePid();
+    const qint64 used = session.run("sh", {"-c", QString("awk '/VmSize/{print $2}' /proc/%1/status").arg(pid)})
+                            .output.trimmed()
+                            .toLongLong();
+    for (const int spare : {0, 4'000, 20'000, 80'000}) {
+        const rlimit limit{rlim_t(used + spare) * 1024, RLIM_INFINITY};
+        ASSERT_EQ(::prlimit(pid_t(pid), RLIMIT_AS, &limit, nullptr), 0);
+        for (const QString& line : lines + QStringList{"capture fullScreen --wait"})
+            expectOneLine(session.kovrel(line.split(' ')), line + " in the program");
+    }
+    EXPECT_EQ(session.instancePid(), pid);
+    const rlimit unlimited{RLIM_INFINITY, RLIM_INFINITY};
+    ASSERT_EQ(::prlimit(pid_t(pid), RLIMIT_AS, &unlimited, nullptr), 0);
+    EXPECT_EQ(session.kovrel({"capture", "fullScreen", "--wait"}).exitCode, 0) << "and the next one works again";
 }
 
 TEST_F(FaultsTest, TwoFirstStartsAtOnceLeaveOneInstanceThatTakesBothCaptures)

@@ -109,7 +109,12 @@ QCoro::Task<> CaptureOutput::saveInBackground(CaptureResult result, std::optiona
         .journal = m_journal,
         .rescueFolder = m_rescueFolder,
     };
-    SaveOutcome outcome = co_await m_scope.onWorker(Lane::save, Guarded::orReason([job] { return run(job); }));
+    SaveOutcome outcome;
+    try {
+        outcome = co_await m_scope.onWorker(Lane::save, Guarded::orReason([job] { return run(job); }));
+    } catch (const std::exception&) { // no thread could be had
+        outcome = std::unexpected(Guarded::reason());
+    }
     save->finish(std::move(outcome));
     if (--m_pendingSaves == 0 && m_whenSaved)
         std::exchange(m_whenSaved, nullptr)();
