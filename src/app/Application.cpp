@@ -1,5 +1,6 @@
 #include "app/Application.h"
 
+#include "commandline/CommandLine.h"
 #include "platform/desktop/AnimationSetting.h"
 #include "platform/session/DesktopSession.h"
 #include "ports/Captures.h"
@@ -61,6 +62,13 @@ bool Application::finishWork()
     return m_foundation.workers.finish(std::max(m_delegate.timeToExit().value_or(fullGrace), shortestGrace));
 }
 
+void Application::endWithoutDisplay()
+{
+    qCCritical(log, "The display server has gone; Kovrel ends");
+    finishWork();
+    std::_Exit(CommandLine::failed);
+}
+
 void Application::addCommands()
 {
     const auto simple = [](const char* name, std::function<void(const Command&)> work) {
@@ -102,7 +110,7 @@ void Application::start()
 {
     QApplication::setStyle(new AppStyle([this] { return m_foundation.preferences.get(Settings::toolTipDelay); }));
     m_signals = std::make_unique<QuitSignals>([this](const char* name) { m_delegate.quit(name); });
-    m_suddenExit = std::make_unique<SuddenExit>([this] { finishWork(); });
+    m_suddenExit = std::make_unique<SuddenExit>([this] { endWithoutDisplay(); });
     AnimationSetting::read(m_foundation.loop, m_foundation.workers,
                            [](bool isOn) { Motion::shared().setReduced(!isOn); });
     m_delegate.applicationDidFinishLaunching(m_launch);

@@ -41,6 +41,7 @@ private:
     void addCommands();
     void announceCaptures();
     bool finishWork();
+    [[noreturn]] void endWithoutDisplay();
     InstanceBus::Handlers busHandlers();
     AppDelegate::Process process();
 

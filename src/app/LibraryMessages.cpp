@@ -13,7 +13,7 @@ QtMessageHandler usualHandler = nullptr;
 void handleOwn(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
     const std::string_view category = context.category ? context.category : "";
-    if (type == QtFatalMsg || category.starts_with("com.kovrel"))
+    if (category.starts_with("com.kovrel"))
         usualHandler(type, context, message);
 }
 

@@ -1,6 +1,7 @@
 #include "app/Application.h"
 #include "app/CommandRunner.h"
 #include "app/LibraryMessages.h"
+#include "app/StartDeadline.h"
 #include "app/SturdyApplication.h"
 #include "commandline/CommandLine.h"
 #include "commandline/CommandTable.h"
@@ -96,26 +97,54 @@ void moveLogToJournal()
     qunsetenv("KOVREL_LOG_FD");
 }
 
-int runInstance(const Command& command, int& argc, char** argv)
+std::unique_ptr<QApplication> makeApplication(int& argc, char** argv)
 {
-    if (DesktopSession::kind() == DesktopSession::Kind::none)
-        return complain("there is no display to capture: DISPLAY is not set");
-    if (!DesktopSession::obstacle().isEmpty())
-        complain(DesktopSession::obstacle());
-    if (!DesktopSession::canShowWindows())
-        return complain("the display " + qEnvironmentVariable("DISPLAY", qEnvironmentVariable("WAYLAND_DISPLAY")) +
-                        " can't be reached");
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    SturdyApplication application(argc, argv);
+    auto application = std::make_unique<SturdyApplication>(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName("Kovrel");
     QApplication::setDesktopFileName("com.kovrel.Kovrel");
+    return application;
+}
 
-    int exitCode = CommandLine::done;
+// What keeps the program from starting, in one line.
+QString obstacleToStart()
+{
+    if (DesktopSession::kind() == DesktopSession::Kind::none)
+        return "there is no display to capture: DISPLAY is not set";
+    if (!DesktopSession::obstacle().isEmpty())
+        complain(DesktopSession::obstacle());
+    if (!DesktopSession::canShowWindows())
+        return "the display " + qEnvironmentVariable("DISPLAY", qEnvironmentVariable("WAYLAND_DISPLAY")) +
+               " can't be reached";
+    return {};
+}
+
+// Until it is asked to end, or until its command is done.
+int runUntilEnd(Application& kovrel, const Command& command)
+{
+    std::optional<int> exitCode;
+    if (command.name != "start")
+        kovrel.run(toTexts(command.arguments()), [&exitCode](const CommandAnswer& answer) {
+            exitCode = report(answer);
+            QCoreApplication::quit();
+        });
+    if (!exitCode)
+        QApplication::exec();
+    return exitCode.value_or(CommandLine::done);
+}
+
+int runInstance(const Command& command, int& argc, char** argv)
+{
+    std::optional<StartDeadline> deadline(std::in_place);
+    if (const QString obstacle = obstacleToStart(); !obstacle.isEmpty())
+        return complain(obstacle);
+    const auto application = makeApplication(argc, argv);
     Application kovrel(
         {.files = {}, .isLoginItem = command.has("background"), .build = KOVREL_BUILD, .version = KOVREL_VERSION},
         FeatureList::all());
     const InstanceBus::Claim claim = kovrel.claimInstance();
+    deadline.reset();
     if (claim == InstanceBus::Claim::taken) {
         if (!command.has("background"))
             InstanceBus::activateOwner();
@@ -125,13 +154,7 @@ int runInstance(const Command& command, int& argc, char** argv)
         complain("there is no session bus; commands from other processes can't reach this one");
     kovrel.start();
     moveLogToJournal();
-    if (command.name != "start")
-        kovrel.run(toTexts(command.arguments()), [&exitCode](const CommandAnswer& answer) {
-            exitCode = report(answer);
-            QCoreApplication::quit();
-        });
-    QApplication::exec();
-    return exitCode;
+    return runUntilEnd(kovrel, command);
 }
 
 int run(const Command& command)

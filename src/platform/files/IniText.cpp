@@ -148,7 +148,10 @@ std::optional<IniText::Content> IniText::parse(const QByteArray& text)
     Content content;
     for (const QString& key : file.allKeys())
         content.values.insert(key, file.value(key));
-    content.isDamaged = file.status() != QSettings::NoError; // judged only when the keys are read
+    // Judged only when the keys are read.
+    if (file.status() == QSettings::AccessError)
+        return std::nullopt;
+    content.isDamaged = file.status() == QSettings::FormatError;
     return content;
 }
 

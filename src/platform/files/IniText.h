@@ -18,7 +18,7 @@ struct Content {
     bool isDamaged = false; // there are lines that mean nothing; the values are those of the others
 };
 
-// Nothing where memory is short.
+// Nothing where memory or file descriptors are short.
 std::optional<Content> parse(const QByteArray& text);
 QByteArray of(const Values& values);
 

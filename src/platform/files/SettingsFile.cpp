@@ -58,7 +58,7 @@ std::expected<IniText::Content, QString> SettingsFile::content() const
         return std::unexpected(text.error());
     auto parsed = IniText::parse(*text);
     if (!parsed)
-        return std::unexpected("there is not enough memory to read " + m_path);
+        return std::unexpected("there is not enough memory, or too many files are open, to read " + m_path);
     return *std::move(parsed);
 }
 

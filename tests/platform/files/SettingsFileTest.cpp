@@ -8,7 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace Kovrel {
 
@@ -81,6 +83,23 @@ TEST_F(SettingsFileTest, ADiskThatIsFullLosesNothing)
     }
     EXPECT_EQ(*file.read(), (IniText::Values{{"a", "kept"}}));
     EXPECT_EQ(names(), QStringList{"kovrel.conf"});
+}
+
+TEST_F(SettingsFileTest, WhereNoFilesCanBeOpenedNothingIsTakenForDamaged)
+{
+    ASSERT_TRUE(file.change("a", "kept"));
+    rlimit usual{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+    const int next = ::dup(0);
+    ::close(next);
+    for (int spare = 0; spare < 6; ++spare) {
+        const rlimit limit{rlim_t(next + spare), usual.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+        const auto changed = file.change("a", "kept");
+        ::setrlimit(RLIMIT_NOFILE, &usual);
+        EXPECT_EQ(names(), QStringList{"kovrel.conf"}) << spare;
+        EXPECT_EQ(*file.read(), (IniText::Values{{"a", "kept"}})) << spare << changed.has_value();
+    }
 }
 
 TEST_F(SettingsFileTest, ChangesOfAMomentAreAllSeen)
