@@ -94,8 +94,9 @@ CaptureFinisher::Delivery CaptureFinisher::planDelivery(const CaptureOptions& op
         .openEditor = actions.testFlag(AfterCaptureAction::openEditor),
         .pin = actions.testFlag(AfterCaptureAction::pin),
     };
-    // Nothing would hold the capture: it must not be lost.
-    if (!plan.save && !plan.record && !plan.showCard)
+    // Nothing would be done with the capture: it must not be lost.
+    const bool isShownElsewhere = (plan.openEditor && ports.editors) || (plan.pin && ports.pins);
+    if (!plan.copy && !plan.record && !plan.showCard && !isShownElsewhere)
         plan.save = true;
     return plan;
 }

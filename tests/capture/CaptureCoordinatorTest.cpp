@@ -331,6 +331,34 @@ TEST_F(CoordinatorTest, ThreePressesWhilePixelsAreTakenLeaveTheLast)
     EXPECT_THAT(outcomes, ElementsAre("area overwritten", "window overwritten", "fullScreen finished"));
 }
 
+TEST_F(CoordinatorTest, ScriptsThatSelectNothingWaitInLine)
+{
+    const auto script = [this](CaptureMode mode, CaptureOptions options = {}, quint64 id = 7) {
+        coordinator->capture(
+            {.mode = mode,
+             .options = options,
+             .reply = CaptureReply([this](const CaptureOutcome& outcome) { outcomes.push_back(name(outcome.kind)); }),
+             .id = id,
+             .isScripted = true});
+    };
+    fake.holdsPixels = true;
+    captureAndSettle(CaptureMode::fullScreen);
+    script(CaptureMode::area, {.rect = Rect{0, 0, 10, 10}});
+    script(CaptureMode::lastArea);
+    script(CaptureMode::fullScreen, {}, 8);
+    coordinator->cancel(8);
+    for (size_t waiting = 2; waiting < CaptureQueue::longestLine; ++waiting)
+        script(CaptureMode::fullScreen);
+    EXPECT_THAT(outcomes, ElementsAre("cancelled"));
+    script(CaptureMode::fullScreen);
+    EXPECT_THAT(outcomes, ElementsAre("cancelled", "failed")) << "the line is as long as it may be";
+    outcomes.clear();
+    fake.holdsPixels = false;
+    fake.releasePixels();
+    fake.loop.runPosted();
+    EXPECT_EQ(size_t(std::ranges::count(outcomes, "finished")), CaptureQueue::longestLine);
+}
+
 TEST_F(CoordinatorTest, ANewRunMayStartWhileTheOneBeforeFinishes)
 {
     fake.preferences.set(Settings::afterCaptureActions, AfterCaptureActions::fromInt(5));
@@ -530,7 +558,8 @@ TEST_F(CoordinatorTest, WhatHappensAfterwardsFollowsTheSettings)
         {"to a file", 0, {.outputPath = "/o.png"}, true, true, {"save to /o.png", "record fullScreen"}},
         {"nothing would hold it", 0, {}, true, false, {"save"}},
         {"no cards on this desktop, no history", 1, {}, false, false, {"save"}},
-        {"only copied", 2, {}, false, false, {"save", "copy"}},
+        {"only copied", 2, {}, false, false, {"copy"}},
+        {"only pinned", 16, {}, false, false, {"pin"}},
         {"history alone holds it", 1, {}, false, true, {"record fullScreen"}},
     };
     fake.chromeIsVisible = false;
