@@ -77,18 +77,32 @@ void Application::addCommands()
                                   work(use.command);
                               }};
     };
-    m_commands.add({simple("start",
-                           [this](const Command& command) {
-                               if (!command.has("background"))
-                                   bringForward();
-                           }),
-                    simple("url",
-                           [this](const Command& command) {
-                               m_delegate.handleURL(QString::fromStdString(command.operands.front()));
-                           }),
-                    simple("quit", [this](const Command&) { m_delegate.quit("command"); })});
+    m_commands.add(
+        {simple("start",
+                [this](const Command& command) {
+                    if (!command.has("background"))
+                        bringForward();
+                }),
+         simple("url",
+                [this](const Command& command) {
+                    for (const std::string& url : command.operands)
+                        m_delegate.handleURL(QString::fromStdString(url));
+                }),
+         {.command = "open",
+          .run = [this](const Invocation& use, const Reply<CommandAnswer>& reply) { reply(open(use.command)); }},
+         simple("quit", [this](const Command&) { m_delegate.quit("command"); })});
     for (const auto& feature : m_features)
         m_commands.add(feature->commands());
+}
+
+CommandAnswer Application::open(const Command& command)
+{
+    QStringList paths;
+    for (const std::string& path : command.operands)
+        paths << QString::fromStdString(path);
+    if (m_delegate.openFiles(paths))
+        return {};
+    return {.exitCode = CommandLine::failed, .error = "this program has no editor to open files in"};
 }
 
 void Application::announceCaptures()

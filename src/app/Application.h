@@ -39,6 +39,7 @@ private:
     void quit(const QString& reason) override { m_delegate.quit(reason); }
 
     void addCommands();
+    CommandAnswer open(const Command& command);
     void announceCaptures();
     bool finishWork();
     [[noreturn]] void endWithoutDisplay();

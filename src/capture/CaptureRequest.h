@@ -27,6 +27,7 @@ struct CaptureOutcome {
         ignored,     // a capture was in the middle of starting
         overwritten, // a later request took its place in the queue
         refused,     // not signed in, or no permission
+        misused,     // what was asked for can't be; `message` says why
         failed,      // `message` says why
     };
 

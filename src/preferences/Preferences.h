@@ -64,6 +64,8 @@ public:
     // "Kovrel" in the user's documents folder.
     static QString defaultSaveDirectory();
     static bool ensureDefaultSaveDirectoryExists();
+    // None where the user has chosen none, or what is stored makes no sense. On any thread.
+    std::optional<QString> chosenSaveDirectory() const;
     // The chosen folder; the default one when none was chosen or the chosen one is not there. On any thread.
     QString resolvedSaveDirectory() const;
     void setSaveDirectory(const QString& path);

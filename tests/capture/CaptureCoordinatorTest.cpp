@@ -28,6 +28,8 @@ const char* name(Kind kind)
         return "overwritten";
     case Kind::refused:
         return "refused";
+    case Kind::misused:
+        return "misused";
     case Kind::failed:
         return "failed";
     }
@@ -594,6 +596,16 @@ TEST_F(CoordinatorTest, WaitingRepliesComeWhenTheFilesAreOnDisk)
     EXPECT_EQ(lastOutcome.kind, Kind::failed);
     EXPECT_EQ(lastOutcome.message, "disk full");
     EXPECT_TRUE(fake.logged("toast on 1: The capture could not be saved"));
+}
+
+TEST_F(CoordinatorTest, GivenAreasAreCutToTheDisplays)
+{
+    captureAndSettle(CaptureMode::area, {.rect = Rect{950, 450, 100, 100}});
+    EXPECT_TRUE(fake.logged("grab 1750,650 50x50"));
+    captureAndSettle(CaptureMode::area, {.rect = Rect{5000, 5000, 100, 100}});
+    EXPECT_EQ(lastOutcome.kind, Kind::misused);
+    captureAndSettle(CaptureMode::fullScreen);
+    EXPECT_EQ(lastOutcome.kind, Kind::finished) << "the next one is free to go";
 }
 
 TEST_F(CoordinatorTest, ChromeStaysWhenTheUserWantsItInCaptures)

@@ -104,8 +104,9 @@ TEST_F(FaultsTest, ACaptureIsKeptWhereverItsFolderIsBroken)
     };
 
     const Case cases[] = {
-        {"missing: the default folder is used", session.path("missing"), false},
-        {"replaced by a file", "file://" + session.path("blocked"), false},
+        {"the default one", session.saveFolder(), false},
+        {"missing", session.path("missing"), true},
+        {"replaced by a file", "file://" + session.path("blocked"), true},
         {"nobody may write there", "/proc", true},
     };
     int expected = 0;

@@ -15,7 +15,8 @@ SavingFeature::SavingFeature(Foundation& foundation, Ports& ports)
       m_clipboard(foundation.loop, foundation.workers, foundation.desktop->clipboard()),
       m_editorSaves(foundation.loop, foundation.workers),
       m_output(foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->displays(), m_clipboard,
-               std::make_shared<ReservationJournal>(AppPaths::reservationFolder()), AppPaths::unsavedFolder())
+               foundation.desktop->fileManager(), std::make_shared<ReservationJournal>(AppPaths::reservationFolder()),
+               AppPaths::unsavedFolder())
 {
     ports.delivery.offer(m_output);
 }

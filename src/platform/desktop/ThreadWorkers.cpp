@@ -19,6 +19,8 @@ const char* threadName(Lane lane)
         return "kovrel.capture";
     case Lane::save:
         return "kovrel.save";
+    case Lane::clipboard:
+        return "kovrel.copy";
     case Lane::editorSave:
         return "kovrel.editsave";
     case Lane::shutter:
