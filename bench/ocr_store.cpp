@@ -2,8 +2,8 @@
 // its file. Ends with 1 when a bound is missed.
 
 #include "bench/Samples.h"
+#include "platform/files/AtomicFile.h"
 #include "recognition/CaptureOCRStore.h"
-#include "saving/AtomicFile.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/TempFolder.h"

@@ -48,7 +48,10 @@ void AppDelegate::applicationDidFinishLaunching(const Launch& launch)
             feature->prewarmLater();
     });
     const bool isUpdated = noteBuild(launch);
-    const auto showWindow = [this, launch, isUpdated] { showFirstWindow(launch, isUpdated); };
+    const auto showWindow = [this, launch, isUpdated] {
+        noteKnownUser();
+        showFirstWindow(launch, isUpdated);
+    };
     if (m_ports.account)
         m_ports.account->whenKnown(showWindow);
     else
@@ -57,12 +60,20 @@ void AppDelegate::applicationDidFinishLaunching(const Launch& launch)
         openFiles(launch.files);
 }
 
-void AppDelegate::openFiles(const QStringList& paths)
+bool AppDelegate::openFiles(const QStringList& paths)
 {
     if (m_ports.editors)
         m_ports.editors->openFiles(paths);
     else
         qCWarning(log, "Files can't be opened: %s", qUtf8Printable(paths.join(", ")));
+    return bool(m_ports.editors);
+}
+
+// Whoever is signed in has been through the first run, whatever became of the settings.
+void AppDelegate::noteKnownUser()
+{
+    if (m_ports.account && isSignedIn() && !isOnboarded())
+        m_preferences.set(Settings::hasCompletedOnboarding, true);
 }
 
 bool AppDelegate::noteBuild(const Launch& launch)
@@ -120,6 +131,10 @@ void AppDelegate::applicationShouldHandleReopen()
 void AppDelegate::handleURL(const QString& text)
 {
     const QUrl url(text);
+    if (url.isLocalFile()) {
+        openFiles({url.toLocalFile()});
+        return;
+    }
     for (const auto& feature : m_features)
         for (const UrlHandler& handler : feature->urlHandlers())
             if (url.scheme() == "kovrel" && url.host() == handler.host) {

@@ -32,7 +32,10 @@ public:
     void applicationDidFinishLaunching(const Launch& launch);
     // The program was started again while it runs.
     void applicationShouldHandleReopen();
+    // One of Kovrel's own, or a file's.
     void handleURL(const QString& url);
+    // In the editor; false where there is none.
+    bool openFiles(const QStringList& paths);
 
     // A quit without a reason closes windows and keeps the program in the tray; one with a reason ends it, once
     // nothing that the features must finish is under way.
@@ -44,8 +47,8 @@ public:
 
 private:
     TerminationDecision terminationDecision(const QString& reason);
-    void openFiles(const QStringList& paths);
     bool noteBuild(const Launch& launch);
+    void noteKnownUser();
     void showFirstWindow(const Launch& launch, bool isUpdated);
     void accountChanged();
     bool isSignedIn() const;

@@ -1,5 +1,6 @@
 #include "app/Application.h"
 
+#include "commandline/CommandLine.h"
 #include "platform/desktop/AnimationSetting.h"
 #include "platform/session/DesktopSession.h"
 #include "ports/Captures.h"
@@ -61,6 +62,13 @@ bool Application::finishWork()
     return m_foundation.workers.finish(std::max(m_delegate.timeToExit().value_or(fullGrace), shortestGrace));
 }
 
+void Application::endWithoutDisplay()
+{
+    qCCritical(log, "The display server has gone; Kovrel ends");
+    finishWork();
+    std::_Exit(CommandLine::failed);
+}
+
 void Application::addCommands()
 {
     const auto simple = [](const char* name, std::function<void(const Command&)> work) {
@@ -69,18 +77,32 @@ void Application::addCommands()
                                   work(use.command);
                               }};
     };
-    m_commands.add({simple("start",
-                           [this](const Command& command) {
-                               if (!command.has("background"))
-                                   bringForward();
-                           }),
-                    simple("url",
-                           [this](const Command& command) {
-                               m_delegate.handleURL(QString::fromStdString(command.operands.front()));
-                           }),
-                    simple("quit", [this](const Command&) { m_delegate.quit("command"); })});
+    m_commands.add(
+        {simple("start",
+                [this](const Command& command) {
+                    if (!command.has("background"))
+                        bringForward();
+                }),
+         simple("url",
+                [this](const Command& command) {
+                    for (const std::string& url : command.operands)
+                        m_delegate.handleURL(QString::fromStdString(url));
+                }),
+         {.command = "open",
+          .run = [this](const Invocation& use, const Reply<CommandAnswer>& reply) { reply(open(use.command)); }},
+         simple("quit", [this](const Command&) { m_delegate.quit("command"); })});
     for (const auto& feature : m_features)
         m_commands.add(feature->commands());
+}
+
+CommandAnswer Application::open(const Command& command)
+{
+    QStringList paths;
+    for (const std::string& path : command.operands)
+        paths << QString::fromStdString(path);
+    if (m_delegate.openFiles(paths))
+        return {};
+    return {.exitCode = CommandLine::failed, .error = "this program has no editor to open files in"};
 }
 
 void Application::announceCaptures()
@@ -102,7 +124,7 @@ void Application::start()
 {
     QApplication::setStyle(new AppStyle([this] { return m_foundation.preferences.get(Settings::toolTipDelay); }));
     m_signals = std::make_unique<QuitSignals>([this](const char* name) { m_delegate.quit(name); });
-    m_suddenExit = std::make_unique<SuddenExit>([this] { finishWork(); });
+    m_suddenExit = std::make_unique<SuddenExit>([this] { endWithoutDisplay(); });
     AnimationSetting::read(m_foundation.loop, m_foundation.workers,
                            [](bool isOn) { Motion::shared().setReduced(!isOn); });
     m_delegate.applicationDidFinishLaunching(m_launch);

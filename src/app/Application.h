@@ -39,8 +39,10 @@ private:
     void quit(const QString& reason) override { m_delegate.quit(reason); }
 
     void addCommands();
+    CommandAnswer open(const Command& command);
     void announceCaptures();
     bool finishWork();
+    [[noreturn]] void endWithoutDisplay();
     InstanceBus::Handlers busHandlers();
     AppDelegate::Process process();
 

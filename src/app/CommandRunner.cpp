@@ -1,10 +1,36 @@
 #include "app/CommandRunner.h"
 
 #include "commandline/CommandLine.h"
+#include "platform/Guarded.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace Kovrel {
+
+namespace {
+
+Reply<CommandAnswer> onlyOnce(Reply<CommandAnswer> reply)
+{
+    const auto waiting = std::make_shared<Reply<CommandAnswer>>(std::move(reply));
+    return [waiting](CommandAnswer answer) {
+        if (const auto give = std::exchange(*waiting, nullptr))
+            give(std::move(answer));
+    };
+}
+
+// What is thrown where memory or threads are short costs this command only.
+void runGuarded(const CommandHandler& handler, Invocation invocation, const Reply<CommandAnswer>& reply)
+{
+    try {
+        handler.run(std::move(invocation), reply);
+    } catch (...) {
+        reply({.exitCode = CommandLine::failed, .error = Guarded::reason()});
+    }
+}
+
+} // namespace
 
 void CommandRunner::add(std::vector<CommandHandler> handlers)
 {
@@ -27,7 +53,7 @@ void CommandRunner::run(Invocation invocation, Reply<CommandAnswer> reply)
 {
     const std::string name = invocation.command.name;
     if (const CommandHandler* handler = handlerOf(name))
-        handler->run(std::move(invocation), std::move(reply));
+        runGuarded(*handler, std::move(invocation), onlyOnce(std::move(reply)));
     else
         reply({.exitCode = CommandLine::failed,
                .error = "this program has nothing that runs \"" + QString::fromStdString(name) + '"'});

@@ -1,10 +1,12 @@
 #include "app/Application.h"
 #include "app/CommandRunner.h"
+#include "app/LibraryMessages.h"
+#include "app/StartDeadline.h"
+#include "app/SturdyApplication.h"
 #include "commandline/CommandLine.h"
 #include "commandline/CommandTable.h"
+#include "platform/Guarded.h"
 #include "platform/session/DesktopSession.h"
-
-#include <QApplication>
 
 #include <csignal>
 #include <cstdio>
@@ -79,7 +81,8 @@ int runWithoutInstance(const Command& command, int& argc, char** argv)
     });
     if (!result)
         QCoreApplication::exec();
-    return report(result.value_or(CommandAnswer{.exitCode = CommandLine::failed}));
+    // The work is done. Libraries may still wait for threads that they could not have.
+    std::_Exit(report(result.value_or(CommandAnswer{.exitCode = CommandLine::failed})));
 }
 
 // What was said while starting went to whoever started us; from now on it belongs into the journal.
@@ -94,26 +97,54 @@ void moveLogToJournal()
     qunsetenv("KOVREL_LOG_FD");
 }
 
-int runInstance(const Command& command, int& argc, char** argv)
+std::unique_ptr<QApplication> makeApplication(int& argc, char** argv)
 {
-    if (DesktopSession::kind() == DesktopSession::Kind::none)
-        return complain("there is no display to capture: DISPLAY is not set");
-    if (!DesktopSession::obstacle().isEmpty())
-        complain(DesktopSession::obstacle());
-    if (!DesktopSession::canShowWindows())
-        return complain("the display " + qEnvironmentVariable("DISPLAY", qEnvironmentVariable("WAYLAND_DISPLAY")) +
-                        " can't be reached");
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    QApplication application(argc, argv);
+    auto application = std::make_unique<SturdyApplication>(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName("Kovrel");
     QApplication::setDesktopFileName("com.kovrel.Kovrel");
+    return application;
+}
 
-    int exitCode = CommandLine::done;
+// What keeps the program from starting, in one line.
+QString obstacleToStart()
+{
+    if (DesktopSession::kind() == DesktopSession::Kind::none)
+        return "there is no display to capture: DISPLAY is not set";
+    if (!DesktopSession::obstacle().isEmpty())
+        complain(DesktopSession::obstacle());
+    if (!DesktopSession::canShowWindows())
+        return "the display " + qEnvironmentVariable("DISPLAY", qEnvironmentVariable("WAYLAND_DISPLAY")) +
+               " can't be reached";
+    return {};
+}
+
+// Until it is asked to end, or until its command is done.
+int runUntilEnd(Application& kovrel, const Command& command)
+{
+    std::optional<int> exitCode;
+    if (command.name != "start")
+        kovrel.run(toTexts(command.arguments()), [&exitCode](const CommandAnswer& answer) {
+            exitCode = report(answer);
+            QCoreApplication::quit();
+        });
+    if (!exitCode)
+        QApplication::exec();
+    return exitCode.value_or(CommandLine::done);
+}
+
+int runInstance(const Command& command, int& argc, char** argv)
+{
+    std::optional<StartDeadline> deadline(std::in_place);
+    if (const QString obstacle = obstacleToStart(); !obstacle.isEmpty())
+        return complain(obstacle);
+    const auto application = makeApplication(argc, argv);
     Application kovrel(
         {.files = {}, .isLoginItem = command.has("background"), .build = KOVREL_BUILD, .version = KOVREL_VERSION},
         FeatureList::all());
     const InstanceBus::Claim claim = kovrel.claimInstance();
+    deadline.reset();
     if (claim == InstanceBus::Claim::taken) {
         if (!command.has("background"))
             InstanceBus::activateOwner();
@@ -123,13 +154,27 @@ int runInstance(const Command& command, int& argc, char** argv)
         complain("there is no session bus; commands from other processes can't reach this one");
     kovrel.start();
     moveLogToJournal();
-    if (command.name != "start")
-        kovrel.run(toTexts(command.arguments()), [&exitCode](const CommandAnswer& answer) {
-            exitCode = report(answer);
-            QCoreApplication::quit();
-        });
-    QApplication::exec();
-    return exitCode;
+    return runUntilEnd(kovrel, command);
+}
+
+int run(const Command& command)
+{
+    int argc = 1;
+    char name[] = "kovrel";
+    char* argv[] = {name, nullptr};
+    try {
+        return CommandLine::runsWithoutInstance(command) ? runWithoutInstance(command, argc, argv)
+                                                         : runInstance(command, argc, argv);
+    } catch (...) {
+        return complain(Guarded::reason());
+    }
+}
+
+// Where memory is short, a destructor or a library may be what notices.
+void giveUp()
+{
+    std::fputs("kovrel: there is not enough memory\n", stderr);
+    std::_Exit(CommandLine::failed);
 }
 
 } // namespace
@@ -147,9 +192,7 @@ extern "C" __attribute__((visibility("default"))) int kovrelMain(const char* con
     const auto command = CommandLine::parse({arguments, arguments + count}, "/");
     if (!command)
         return complain(QString::fromStdString(command.error()));
-    int argc = 1;
-    char name[] = "kovrel";
-    char* argv[] = {name, nullptr};
-    return CommandLine::runsWithoutInstance(*command) ? runWithoutInstance(*command, argc, argv)
-                                                      : runInstance(*command, argc, argv);
+    std::set_terminate(giveUp);
+    LibraryMessages::silence();
+    return run(*command);
 }

@@ -44,7 +44,7 @@ CaptureCoordinator::CaptureCoordinator(CaptureServices services)
 CaptureCoordinator::~CaptureCoordinator()
 {
     // The runs that unwind now must not start what waits behind them.
-    m_queuedCapture.reset();
+    m_queue = {};
     m_deferredForeground.clear();
 }
 
@@ -70,7 +70,6 @@ void CaptureCoordinator::startRun(CaptureRequest request)
         give(std::move(request.reply), CaptureOutcome::Kind::refused);
         return;
     }
-    m_services.ports.effects.tell(&CaptureEffects::prewarm);
     m_isCapturing = true;
     m_selectionUIDone = false;
     m_currentRun = std::make_shared<CaptureRun>(CaptureRun{
@@ -83,20 +82,13 @@ void CaptureCoordinator::startRun(CaptureRequest request)
     Scope::start(run(m_currentRun), "Capture");
 }
 
-void CaptureCoordinator::queueRequest(CaptureRequest request)
-{
-    if (m_queuedCapture)
-        give(std::move(m_queuedCapture->reply), CaptureOutcome::Kind::overwritten);
-    m_queuedCapture = std::move(request);
-}
-
 void CaptureCoordinator::arbitrateWithoutOverlay(CaptureRequest request)
 {
     if (m_selectionUIDone) {
-        queueRequest(std::move(request));
+        m_queue.add(std::move(request));
         m_services.trace.mark("  shot landed \u2014 QUEUED");
     } else if (m_services.engine.cancelInteractivePick(livePickerMinAge)) {
-        queueRequest(std::move(request));
+        m_queue.add(std::move(request));
         m_services.trace.mark("  picker live \u2014 RESTARTING");
     } else {
         m_services.trace.mark("  aim not up yet \u2014 press ignored");
@@ -109,11 +101,11 @@ void CaptureCoordinator::arbitrateWithOverlay(CaptureRequest request)
     const QString mode = rawString(request.mode);
     // A selection made beforehand has nothing to do with the overlay that is up.
     if (!m_selection.isSameAsOverlay(request.mode) || request.options.rect) {
-        queueRequest(std::move(request));
+        m_queue.add(std::move(request));
         m_services.trace.mark("  overlay live \u2014 SWITCHING to " + mode);
         m_services.overlay.cancel();
     } else if (m_services.overlay.isCommitting()) {
-        queueRequest(std::move(request));
+        m_queue.add(std::move(request));
         m_services.trace.mark("  drag committing \u2014 press QUEUED as next capture");
     } else {
         m_services.overlay.reassertPresence();
@@ -135,8 +127,7 @@ void CaptureCoordinator::cancelCountdown()
 
 void CaptureCoordinator::cancel(quint64 requestID)
 {
-    if (m_queuedCapture && m_queuedCapture->id == requestID)
-        m_queuedCapture.reset();
+    m_queue.cancel(requestID);
     m_selection.cancelReading(requestID);
     if (m_currentRun && m_currentRun->requestID == requestID && !m_selectionUIDone) {
         m_currentRun->isCancelled = true;
@@ -180,6 +171,7 @@ QCoro::Task<> CaptureCoordinator::run(Run run)
     ++m_activeRuns;
     const auto leave = qScopeGuard([this, run] { leaveRun(run); });
     try {
+        m_services.ports.effects.tell(&CaptureEffects::prewarm);
         co_await m_scope.join(dispatch(run));
     } catch (const std::exception&) {
         abandon(run, Guarded::reason());
@@ -234,12 +226,20 @@ void CaptureCoordinator::selectionEnded(const Run& run, std::optional<DisplayAre
     if (run->generation != m_runGeneration)
         return;
     m_selectionUIDone = true;
-    if (std::exchange(m_isCapturing, false) && m_queuedCapture) {
-        // What the overlay covered a moment ago may not be painted again yet.
-        m_queuedCapture->options.waitsForRepaint = true;
-        capture(*std::exchange(m_queuedCapture, std::nullopt));
-    }
+    if (std::exchange(m_isCapturing, false))
+        startNext();
     flushDeferredForeground();
+}
+
+// One that is refused makes room for the one behind it.
+void CaptureCoordinator::startNext()
+{
+    while (!m_isCapturing && !m_queue.isEmpty()) {
+        CaptureRequest next = m_queue.takeNext();
+        // What the overlay covered a moment ago may not be painted again yet.
+        next.options.waitsForRepaint = true;
+        capture(std::move(next));
+    }
 }
 
 void CaptureCoordinator::abandon(const Run& run, const QString& message)

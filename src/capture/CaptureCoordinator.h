@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/CaptureFinisher.h"
+#include "capture/CaptureQueue.h"
 #include "capture/CaptureReopener.h"
 #include "capture/CaptureRequest.h"
 #include "capture/CaptureRun.h"
@@ -17,8 +18,8 @@
 
 namespace Kovrel {
 
-// Turns capture requests into finished captures, one selection at a time. A request starts a run, waits in the one
-// place behind the run in progress (the last one wins), switches the overlay that is up, or is ignored; each is
+// Turns capture requests into finished captures, one selection at a time. A request starts a run, waits in the
+// CaptureQueue behind the run in progress, switches the overlay that is up, or is ignored; each is
 // answered exactly once. A new run may start while the one before is still finishing. Main thread.
 class CaptureCoordinator : public Captures, private CaptureStages {
 public:
@@ -57,7 +58,7 @@ public:
 
 private:
     void startRun(CaptureRequest request);
-    void queueRequest(CaptureRequest request);
+    void startNext();
     void arbitrateWithoutOverlay(CaptureRequest request);
     void arbitrateWithOverlay(CaptureRequest request);
     bool ensurePermission();
@@ -88,7 +89,7 @@ private:
     SelectionFlow m_selection;
 
     bool m_isCapturing = false;
-    std::optional<CaptureRequest> m_queuedCapture;
+    CaptureQueue m_queue;
     bool m_selectionUIDone = false;
     int m_runGeneration = 0;
     int m_activeRuns = 0;

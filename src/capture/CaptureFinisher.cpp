@@ -34,11 +34,17 @@ CaptureOutcome outcomeOf(const CaptureResult& result)
     return outcome;
 }
 
-ToastContent couldNotBeSaved(const QString& reason)
+constexpr double failureDwell = 6;
+
+ToastContent couldNotBeSaved(const SaveProblem& problem, const Ports& ports)
 {
-    return {.message = CaptureFinisher::tr("The capture could not be saved"),
-            .subtitle = reason,
-            .icon = "exclamationmark.triangle"};
+    ToastContent toast{.message = CaptureFinisher::tr("The capture could not be saved"),
+                       .subtitle = problem.message,
+                       .icon = "exclamationmark.triangle",
+                       .dwell = failureDwell};
+    if (problem.keptAs)
+        toast.onTap = [&ports, path = *problem.keptAs] { ports.delivery.tell(&CaptureDelivery::reveal, path); };
+    return toast;
 }
 
 // What is said where nothing saves and copies.
@@ -52,7 +58,7 @@ CaptureOutcome undelivered()
 std::shared_ptr<CaptureSave> saveWithoutDelivery()
 {
     auto save = std::make_shared<CaptureSave>();
-    save->finish(std::unexpected(QString(noDelivery)));
+    save->finish(std::unexpected(SaveProblem{noDelivery}));
     return save;
 }
 
@@ -94,8 +100,9 @@ CaptureFinisher::Delivery CaptureFinisher::planDelivery(const CaptureOptions& op
         .openEditor = actions.testFlag(AfterCaptureAction::openEditor),
         .pin = actions.testFlag(AfterCaptureAction::pin),
     };
-    // Nothing would hold the capture: it must not be lost.
-    if (!plan.save && !plan.record && !plan.showCard)
+    // Nothing would be done with the capture: it must not be lost.
+    const bool isShownElsewhere = (plan.openEditor && ports.editors) || (plan.pin && ports.pins);
+    if (!plan.copy && !plan.record && !plan.showCard && !isShownElsewhere)
         plan.save = true;
     return plan;
 }
@@ -140,7 +147,7 @@ std::shared_ptr<CaptureSave> CaptureFinisher::startSave(const CaptureResult& res
         if (outcome)
             ports.ledger.tell(&ReopenLedger::rememberSavedFile, id, *outcome);
         else
-            ports.toasts.tell(&Toasts::present, couldNotBeSaved(outcome.error()), display, true);
+            ports.toasts.tell(&Toasts::present, couldNotBeSaved(outcome.error(), ports), display, true);
     });
     return save;
 }
@@ -195,7 +202,7 @@ QCoro::Task<> CaptureFinisher::reportWhenOnDisk(CaptureOutcome outcome, std::sha
             outcome.path = *saved;
         } else {
             outcome.kind = CaptureOutcome::Kind::failed;
-            outcome.message = saved.error();
+            outcome.message = saved.error().message;
         }
     }
     if (recording) {

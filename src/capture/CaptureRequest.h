@@ -27,6 +27,7 @@ struct CaptureOutcome {
         ignored,     // a capture was in the middle of starting
         overwritten, // a later request took its place in the queue
         refused,     // not signed in, or no permission
+        misused,     // what was asked for can't be; `message` says why
         failed,      // `message` says why
     };
 
@@ -71,7 +72,14 @@ struct CaptureRequest {
     CaptureMode mode = CaptureMode::area;
     CaptureOptions options = {};
     CaptureReply reply = {};
-    quint64 id = 0; // what `CaptureCoordinator::cancel` takes; 0: can't be cancelled by it
+    quint64 id = 0;          // what `CaptureCoordinator::cancel` takes; 0: can't be cancelled by it
+    bool isScripted = false; // by a command line, not by a key or a menu
+
+    // Nobody has to select anything for it, so that several can be taken one after the other.
+    bool waitsInLine() const
+    {
+        return isScripted && (options.rect || mode == CaptureMode::fullScreen || mode == CaptureMode::lastArea);
+    }
 };
 
 } // namespace Kovrel

@@ -21,6 +21,15 @@ QString windowFailure(const PixelSource::Failure& failure)
     return "The window could not be captured: " + failure.reason;
 }
 
+// Cut to the rectangle around the parts that lie on displays.
+QRect visiblePart(const QRect& rootPixels, const DisplayList& displays)
+{
+    QRect visible;
+    for (const Display& display : displays)
+        visible |= rootPixels & display.pixelRect;
+    return visible;
+}
+
 } // namespace
 
 SelectionFlow::SelectionFlow(CaptureServices& services, CaptureFinisher& finisher, DesktopSurvey& survey,
@@ -164,7 +173,12 @@ QCoro::Task<> SelectionFlow::runGivenArea(Run run, bool ocrOnly)
     const Rect rect{given.x, primary->frame.height - given.maxY(), given.width, given.height};
     const Display* under = displayContaining(displays, rect.centre());
     const Display display = under ? *under : *primary;
-    const QRect rootPixels = display.toPixels(rect);
+    const QRect rootPixels = visiblePart(display.toPixels(rect), displays);
+    if (rootPixels.isEmpty()) {
+        run->reply.give({.kind = CaptureOutcome::Kind::misused, .message = "the rectangle lies on no display"});
+        m_stages.abandon(run, {});
+        co_return;
+    }
     PixelSource::Outcome grab = co_await m_scope.join(m_services.engine.pixels(rootPixels, false));
     if (!grab) {
         m_stages.abandon(run, "The area could not be captured: " + grab.error().reason);

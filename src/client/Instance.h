@@ -24,11 +24,12 @@ public:
 
     bool hasBus() const { return m_bus; }
 
-    // Runs a command there, however long it takes. No value when no instance is running.
+    // Runs a command there, however long it takes; one that is not even taken on within some seconds has failed. No
+    // value when no instance is running.
     std::optional<Answer> run(const std::vector<std::string>& arguments);
 
-    // Starts the program in the background and waits until it can be reached. The error is what it said when it gave
-    // up.
+    // Starts the program in the background and waits until it can be reached, for some seconds. The error is what it
+    // said when it gave up.
     std::optional<std::string> start();
 
 private:

@@ -147,11 +147,14 @@ private:
     bool m_asksForHelp = false;
 };
 
+bool isUrl(const std::string& argument)
+{
+    return argument.starts_with("kovrel:") || argument.starts_with("file:");
+}
+
 // What stands alone instead of a command.
 std::optional<Command> standingAlone(const std::string& argument)
 {
-    if (argument.starts_with("kovrel:"))
-        return Command{.name = "url", .operands = {argument}};
     if (argument == "--background")
         return Command{.name = "start", .options = {{"background", ""}}};
     if (argument == "--help" || argument == "-h" || argument == "help")
@@ -183,6 +186,8 @@ std::expected<Command, std::string> CommandLine::parse(const std::vector<std::st
 {
     if (arguments.empty())
         return Command{.name = "start"};
+    if (std::ranges::all_of(arguments, isUrl))
+        return Command{.name = "url", .operands = arguments};
     if (arguments.size() == 1)
         if (auto command = standingAlone(arguments.front()))
             return *command;

@@ -54,6 +54,8 @@ void GlobalHotkeyManager::registerAll()
     });
     for (const auto& [action, combo] : wanted)
         registerHotkey(combo.keyCode, combo.modifiers, action);
+    if (!m_refused.empty() && m_handlers.refused)
+        m_handlers.refused();
 }
 
 // Of the settings; the combination of an earlier command is none for a later one.

@@ -22,6 +22,7 @@ public:
         std::function<bool(const MenuEntry&)> isOffered; // else its key stays with the other programs, too
         std::function<void()> syncOwnership;             // of the desktop's own screenshot shortcuts
         std::function<void(const MenuEntry&)> perform;
+        std::function<void()> refused = {}; // some combination can't be had: after each pass that ends so
     };
 
     GlobalHotkeyManager(KeyGrabs& keys, Preferences& preferences, CaptureTrace& trace, Handlers handlers);

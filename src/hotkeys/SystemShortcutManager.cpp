@@ -177,7 +177,12 @@ QCoro::Task<> SystemShortcutManager::switchOff(std::set<int> target)
             changes.push_back({shortcut, shortcuts.back().left()});
     if (changes.empty())
         co_return;
-    store(shortcuts);
+    const auto noted = co_await m_scope.reply<UserDefaults::Stored>(
+        [&](const Reply<UserDefaults::Stored>& done) { store(shortcuts, done); });
+    if (!noted) {
+        qCWarning(log, "The desktop keeps its shortcuts: what is borrowed can't be noted");
+        co_return;
+    }
     co_await m_scope.onWorker(Lane::utility, [s = m_switches, changes] { apply(*s, changes); });
     if (m_target == target)
         m_switchedOff.notify();
@@ -227,7 +232,8 @@ std::vector<TakenShortcut> SystemShortcutManager::takenShortcuts() const
     return TakenShortcuts::fromJson(m_preferences.get(Settings::takenDesktopShortcuts));
 }
 
-void SystemShortcutManager::store(const std::vector<TakenShortcut>& shortcuts)
+void SystemShortcutManager::store(const std::vector<TakenShortcut>& shortcuts,
+                                  const Reply<UserDefaults::Stored>& stored)
 {
     std::set<int> numbers;
     for (const TakenShortcut& shortcut : shortcuts)
@@ -240,7 +246,7 @@ void SystemShortcutManager::store(const std::vector<TakenShortcut>& shortcuts)
         m_preferences.remove(Settings::takenDesktopShortcuts);
         m_preferences.remove(Settings::disabledNativeHotkeys);
     } else {
-        m_preferences.set(Settings::takenDesktopShortcuts, TakenShortcuts::toJson(shortcuts));
+        m_preferences.set(Settings::takenDesktopShortcuts, TakenShortcuts::toJson(shortcuts), stored);
         m_preferences.set(Settings::disabledNativeHotkeys, texts);
     }
 }

@@ -55,7 +55,7 @@ private:
     std::set<int> wantedChords() const;
     std::optional<int> symbolicHotKey(const QString& accelerator) const;
     std::vector<TakenShortcut> takenShortcuts() const;
-    void store(const std::vector<TakenShortcut>& shortcuts);
+    void store(const std::vector<TakenShortcut>& shortcuts, const Reply<UserDefaults::Stored>& stored = {});
     void giveBackAtOnce();
     QCoro::Task<> work();
     QCoro::Task<> switchOnAllBut(std::set<int> target);

@@ -22,8 +22,8 @@ struct Failure {
 std::expected<QByteArray, Failure> encode(const QImage& image, ImageFormat format, double quality);
 
 // By content, not by name. Orientation is applied, 16-bit and CMYK pixels become 8-bit RGB. Corrupt data and
-// pictures of more than 500 megapixels are failures; memory stays bounded by that. The answer is Format_RGB32, or
-// Format_ARGB32 for files with alpha; device pixel ratio 1.
+// pictures that would take more than a gigabyte of memory are failures. The answer is Format_RGB32, or Format_ARGB32
+// for files with alpha; device pixel ratio 1.
 std::expected<QImage, Failure> decode(const QByteArray& data);
 // Fails also for folders, pipes and other things that are no regular file.
 std::expected<QImage, Failure> decodeFile(const QString& path);

@@ -21,7 +21,7 @@ std::expected<QByteArray, QString> RegularFile::read(const QString& path, qint64
         return std::unexpected(path + " is not a regular file.");
     if (status.st_size > mostBytes)
         return std::unexpected(path + " is too large.");
-    QByteArray data = file.read(mostBytes);
+    QByteArray data = file.read(status.st_size);
     if (file.error() != QFileDevice::NoError)
         return std::unexpected(path + ": " + file.errorString());
     return data;

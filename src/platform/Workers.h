@@ -8,6 +8,7 @@ namespace Kovrel {
 enum class Lane {
     capture,    // pixels of the screen, and what a waiting user needs next
     save,       // encoding and writing files
+    clipboard,  // what is read and made for the clipboard
     editorSave, // "com.kovrel.editor-save"
     shutter,    // "com.kovrel.shutter"
     codes,      // codes in a picture, while somebody waits

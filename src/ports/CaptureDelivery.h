@@ -20,6 +20,8 @@ public:
                                               std::shared_ptr<EncodedPng> png) = 0;
     virtual void copy(CaptureResult result, std::shared_ptr<EncodedPng> png) = 0;
     virtual void copyText(const QString& text) = 0;
+    // Shows a file in the desktop's file manager.
+    virtual void reveal(const QString& path) = 0;
     // In the default browser.
     virtual void openLink(const QUrl& url) = 0;
 };

@@ -4,15 +4,12 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <QStandardPaths>
 #include <QUrl>
 
 namespace Kovrel {
 
 namespace {
-
-Q_LOGGING_CATEGORY(log, "com.kovrel.preferences")
 
 const SettingKey<QStringList>& orderKey(BackdropChips chips)
 {
@@ -131,16 +128,16 @@ bool Preferences::ensureDefaultSaveDirectoryExists()
     return QDir().mkpath(defaultSaveDirectory());
 }
 
+std::optional<QString> Preferences::chosenSaveDirectory() const
+{
+    const QUrl chosen = QUrl::fromEncoded(get(Settings::saveLocationBookmark), QUrl::StrictMode);
+    return chosen.isLocalFile() ? std::optional(chosen.toLocalFile()) : std::nullopt;
+}
+
 QString Preferences::resolvedSaveDirectory() const
 {
-    const QByteArray bookmark = get(Settings::saveLocationBookmark);
-    const QUrl chosen = QUrl::fromEncoded(bookmark, QUrl::StrictMode);
-    if (chosen.isLocalFile() && QFileInfo(chosen.toLocalFile()).isDir())
-        return chosen.toLocalFile();
-    if (!bookmark.isEmpty())
-        qCWarning(log, "The save folder %s is not there; captures go to %s", bookmark.constData(),
-                  qUtf8Printable(defaultSaveDirectory()));
-    return defaultSaveDirectory();
+    const auto chosen = chosenSaveDirectory();
+    return chosen && QFileInfo(*chosen).isDir() ? *chosen : defaultSaveDirectory();
 }
 
 void Preferences::setSaveDirectory(const QString& path)

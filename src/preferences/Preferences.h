@@ -25,11 +25,12 @@ public:
         return SettingValue<T>::read(m_defaults, key);
     }
 
-    // False when it could not be written.
+    // `stored` is told whether it could be written.
     template <class T>
-    bool set(const SettingKey<T>& key, const std::type_identity_t<T>& value)
+    void set(const SettingKey<T>& key, const std::type_identity_t<T>& value,
+             const Reply<UserDefaults::Stored>& stored = {})
     {
-        return m_defaults.set(key.name, SettingValue<T>::stored(value));
+        m_defaults.set(key.name, SettingValue<T>::stored(value), stored);
     }
 
     template <class T>
@@ -39,9 +40,9 @@ public:
     }
 
     template <class T>
-    bool remove(const SettingKey<T>& key)
+    void remove(const SettingKey<T>& key)
     {
-        return m_defaults.remove(key.name);
+        m_defaults.remove(key.name);
     }
 
     // What is below 1 counts as 5, what is longer than a day as a day.
@@ -63,6 +64,8 @@ public:
     // "Kovrel" in the user's documents folder.
     static QString defaultSaveDirectory();
     static bool ensureDefaultSaveDirectoryExists();
+    // None where the user has chosen none, or what is stored makes no sense. On any thread.
+    std::optional<QString> chosenSaveDirectory() const;
     // The chosen folder; the default one when none was chosen or the chosen one is not there. On any thread.
     QString resolvedSaveDirectory() const;
     void setSaveDirectory(const QString& path);

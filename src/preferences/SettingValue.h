@@ -2,7 +2,7 @@
 
 #include "model/AfterCaptureActions.h"
 #include "model/KeyCombo.h"
-#include "platform/UserDefaults.h"
+#include "platform/files/UserDefaults.h"
 #include "preferences/SettingKey.h"
 
 #include <algorithm>

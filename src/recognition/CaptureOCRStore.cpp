@@ -1,7 +1,7 @@
 #include "recognition/CaptureOCRStore.h"
 
 #include "platform/Guarded.h"
-#include "saving/AtomicFile.h"
+#include "platform/files/AtomicFile.h"
 
 #include <QFile>
 #include <QFileInfo>

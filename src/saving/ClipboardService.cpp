@@ -20,16 +20,21 @@ const QString tiffType = "image/tiff";
 
 constexpr double lossless = 1;
 
-// Made by whoever asks first; others wait for him.
-ClipboardOffer madeOnce(const QString& type, std::function<QByteArray()> make)
+// Made by whoever asks first; others wait for him. Then the pixels go.
+ClipboardOffer tiffOf(const QImage& image)
 {
     struct Made {
         std::once_flag once;
+        QImage image;
         QByteArray bytes;
     };
 
-    return {type, [made = std::make_shared<Made>(), make = std::move(make)] {
-                std::call_once(made->once, [&] { made->bytes = make(); });
+    const auto made = std::make_shared<Made>();
+    made->image = image;
+    return {tiffType, [made] {
+                std::call_once(made->once, [&] {
+                    made->bytes = ClipboardService::tiffData(std::exchange(made->image, {})).value_or(QByteArray());
+                });
                 return made->bytes;
             }};
 }
@@ -37,14 +42,6 @@ ClipboardOffer madeOnce(const QString& type, std::function<QByteArray()> make)
 ClipboardOffer known(const QString& type, const QByteArray& bytes)
 {
     return {type, [bytes] { return bytes; }};
-}
-
-// From the small encoding, so that the clipboard does not hold the pixels for as long as nothing else is copied.
-QByteArray tiffOf(EncodedPng& png)
-{
-    const auto bytes = png.bytes();
-    const auto image = bytes ? ImageCodec::decode(*bytes) : std::unexpected(ImageCodec::Failure{});
-    return image ? ClipboardService::tiffData(*image).value_or(QByteArray()) : QByteArray();
 }
 
 std::optional<QByteArray> contentOf(const QString& path)
@@ -75,32 +72,31 @@ std::optional<TypedBytes> pngOrTiff(const QImage& image, const ClipboardService:
 void ClipboardService::copy(const QImage& image, std::shared_ptr<EncodedPng> png)
 {
     ++m_copyGeneration;
-    putImage(png ? std::move(png) : std::make_shared<EncodedPng>(image));
+    putImage(image, png ? std::move(png) : std::make_shared<EncodedPng>(image));
 }
 
-void ClipboardService::putImage(std::shared_ptr<EncodedPng> png)
+void ClipboardService::putImage(const QImage& image, const std::shared_ptr<EncodedPng>& png)
 {
-    m_clipboard.put({{pngType, [png] { return png->bytes().value_or(QByteArray()); }},
-                     madeOnce(tiffType, [png] { return tiffOf(*png); })});
+    m_clipboard.put({{pngType, [png] { return png->bytes().value_or(QByteArray()); }}, tiffOf(image)});
 }
 
 void ClipboardService::copyFile(const QString& path, int generation, bool force, Reply<bool> copied)
 {
-    Scope::start(readAndPut(path, pasteboardType(path).value_or(QString()), generation, force, std::move(copied)),
-                 "copying a file");
+    const QString type = pasteboardType(path).value_or(QString());
+    const int own = force && !type.isEmpty() ? ++m_copyGeneration : generation;
+    Scope::start(readAndPut(path, type, own, std::move(copied)), "copying a file");
 }
 
-QCoro::Task<> ClipboardService::readAndPut(QString path, QString type, int generation, bool force, Reply<bool> copied)
+QCoro::Task<> ClipboardService::readAndPut(QString path, QString type, int generation, Reply<bool> copied)
 {
     const auto read =
         Guarded::orElse([path, type] { return type.isEmpty() ? std::nullopt : contentOf(path); }, std::nullopt);
-    const auto bytes = co_await m_scope.onWorker(Lane::save, read);
+    const auto bytes = co_await m_scope.onWorker(Lane::clipboard, read);
     if (!bytes) {
         copied(false);
         co_return;
     }
-    if (force || generation == m_copyGeneration) {
-        m_copyGeneration += force ? 1 : 0;
+    if (generation == m_copyGeneration) {
         const QByteArray uri = QUrl::fromLocalFile(path).toEncoded() + "\r\n";
         m_clipboard.put({known(type, *bytes), known("text/uri-list", uri)});
     }
@@ -115,13 +111,13 @@ void ClipboardService::copyInBackground(const QImage& image, MakeBytes png, int 
 QCoro::Task<> ClipboardService::makeAndPut(QImage image, MakeBytes png, int generation)
 {
     const auto make = Guarded::orElse([image, png] { return pngOrTiff(image, png); }, std::nullopt);
-    const auto made = co_await m_scope.onWorker(Lane::save, make);
+    const auto made = co_await m_scope.onWorker(Lane::clipboard, make);
     if (generation != m_copyGeneration)
         co_return;
     if (made)
         m_clipboard.put({known(made->type, made->bytes)});
     else
-        putImage(std::make_shared<EncodedPng>(image));
+        putImage(image, std::make_shared<EncodedPng>(image));
 }
 
 void ClipboardService::copyText(const QString& text)

@@ -27,7 +27,8 @@ public:
     void copy(const QImage& image, std::shared_ptr<EncodedPng> png = {});
 
     // The bytes of a PNG or JPEG file, and the file itself for programs that take files. `copied` hears whether the
-    // bytes could be read; they go to the clipboard when `force` is set, or when nothing was copied since `generation`.
+    // bytes could be read; they go to the clipboard when nothing was copied since `generation`, or, when `force` is
+    // set, since this call, which then counts as a copy itself.
     void copyFile(const QString& path, int generation, bool force, Reply<bool> copied);
 
     using MakeBytes = std::function<std::optional<QByteArray>()>; // runs on a worker
@@ -44,9 +45,9 @@ public:
     static std::optional<QByteArray> tiffData(const QImage& image);
 
 private:
-    QCoro::Task<> readAndPut(QString path, QString type, int generation, bool force, Reply<bool> copied);
+    QCoro::Task<> readAndPut(QString path, QString type, int generation, Reply<bool> copied);
     QCoro::Task<> makeAndPut(QImage image, MakeBytes png, int generation);
-    void putImage(std::shared_ptr<EncodedPng> png);
+    void putImage(const QImage& image, const std::shared_ptr<EncodedPng>& png);
 
     Clipboard& m_clipboard;
     int m_copyGeneration = 0;

@@ -1,7 +1,7 @@
 #include "saving/DragFiles.h"
 
+#include "platform/files/PrivateFolder.h"
 #include "saving/FileNameFormatter.h"
-#include "saving/PrivateFolder.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -38,7 +38,7 @@ std::optional<QString> DragFiles::writeTempImage(const SaveSettings& settings, c
     if (!folder)
         return std::nullopt;
     const QString name = FileNameFormatter::format(settings.fileNameTemplate, date) + "." + rawString(format);
-    QString path = *folder + "/" + name;
+    QString path = *folder + "/" + SaveService::fittingName(*folder, name);
     if (!AtomicFile::write(path, *bytes, AtomicFile::Access::onlyOwner))
         return std::nullopt;
     return path;
@@ -50,7 +50,8 @@ std::optional<QString> DragFiles::linkTempImage(const SaveSettings& settings, co
     const auto folder = QFileInfo(source).isFile() ? newFolder() : std::nullopt;
     if (!folder)
         return std::nullopt;
-    const QString path = *folder + "/" + FileNameFormatter::format(settings.fileNameTemplate, date) + ".png";
+    const QString name = FileNameFormatter::format(settings.fileNameTemplate, date) + ".png";
+    const QString path = *folder + "/" + SaveService::fittingName(*folder, name);
     return linkOrCopy(source, path) ? std::optional(path) : std::nullopt;
 }
 

@@ -1,6 +1,6 @@
 #include "saving/ReservationJournal.h"
 
-#include "saving/PrivateFolder.h"
+#include "platform/files/PrivateFolder.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "saving/AtomicFile.h"
+#include "platform/files/AtomicFile.h"
 
 namespace Kovrel {
 

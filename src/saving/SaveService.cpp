@@ -38,10 +38,11 @@ std::optional<QByteArray> ifFullResPNG(const Picture& picture, ImageFormat forma
 }
 
 std::expected<QByteArray, SaveFailure> bytesOf(const Picture& picture, ImageFormat format, double quality,
-                                               std::optional<QByteArray> png)
+                                               const SaveService::MakePng& png)
 {
     if (format == ImageFormat::png && !picture.isReduced && png)
-        return *std::move(png);
+        if (auto bytes = png())
+            return *std::move(bytes);
     return ImageCodec::encode(picture.image, format, quality);
 }
 
@@ -74,11 +75,11 @@ Result logged(const char* what, Result result)
 }
 
 Result saveNew(const SaveSettings& settings, const QImage& image, const QDateTime& date,
-               std::optional<double> pixelScale, std::optional<QByteArray> png, ReservationJournal& journal)
+               std::optional<double> pixelScale, const SaveService::MakePng& png, ReservationJournal& journal)
 {
     const Picture picture = reducedAsWanted(settings, image, pixelScale);
     const auto format = SaveService::resolvedFormat(settings, picture.image);
-    const auto bytes = bytesOf(picture, format, settings.quality, std::move(png));
+    const auto bytes = bytesOf(picture, format, settings.quality, png);
     if (!bytes)
         return std::unexpected(bytes.error());
     const QString name = FileNameFormatter::format(settings.fileNameTemplate, date) + "." + rawString(format);
@@ -120,9 +121,9 @@ ImageFormat SaveService::resolvedFormat(const SaveSettings& settings, const QIma
 
 Result SaveService::saveToDefaultLocationReturningPNG(const SaveSettings& settings, const QImage& image,
                                                       const QDateTime& date, std::optional<double> pixelScale,
-                                                      std::optional<QByteArray> png, ReservationJournal& journal)
+                                                      const MakePng& png, ReservationJournal& journal)
 {
-    return logged("Kovrel save failed: ", saveNew(settings, image, date, pixelScale, std::move(png), journal));
+    return logged("Kovrel save failed: ", saveNew(settings, image, date, pixelScale, png, journal));
 }
 
 Result SaveService::overwrite(const SaveSettings& settings, const QImage& image, const QString& path,
@@ -136,9 +137,10 @@ Result SaveService::overwriteFile(const SaveSettings& settings, const QImage& im
     return logged("Kovrel re-save failed: ", saveOver(settings, {image, false}, path));
 }
 
-Result SaveService::saveAs(const QImage& image, const QString& path, ImageFormat format, double quality)
+Result SaveService::saveAs(const QImage& image, const QString& path, ImageFormat format, double quality,
+                           const MakePng& png)
 {
-    const auto bytes = ImageCodec::encode(image, format, quality);
+    const auto bytes = bytesOf({image, false}, format, quality, png);
     if (!bytes)
         return std::unexpected(bytes.error());
     if (const auto written = AtomicFile::write(path, *bytes, Access::everyoneReads); !written)
@@ -146,13 +148,13 @@ Result SaveService::saveAs(const QImage& image, const QString& path, ImageFormat
     return Saved{path, ifFullResPNG({image, false}, format, *bytes)};
 }
 
-Result SaveService::saveTo(const QImage& image, const QString& path, double quality)
+Result SaveService::saveTo(const QImage& image, const QString& path, double quality, const MakePng& png)
 {
     const auto format = imageFormatForExtension(QFileInfo(path).suffix());
     if (!format)
         return std::unexpected(SaveFailure{
             QCoreApplication::translate("SaveService", "%1 should end in .png, .jpeg, .heic or .tiff.").arg(path)});
-    return logged("Kovrel save failed: ", saveAs(image, path, *format, quality));
+    return saveAs(image, path, *format, quality, png);
 }
 
 } // namespace Kovrel

@@ -1,17 +1,19 @@
 #pragma once
 
-#include "saving/AtomicFile.h"
+#include "platform/files/AtomicFile.h"
 #include "saving/ReservationJournal.h"
 #include "saving/SaveSettings.h"
 
 #include <QDateTime>
 #include <QImage>
 
+#include <functional>
 #include <optional>
 
 namespace Kovrel {
 
-// Finished images become files. Any thread but the main one: all of it encodes or writes. Failures are also logged.
+// Finished images become files. Any thread but the main one: all of it encodes or writes. Failures are also logged, but
+// where somebody named the file and so hears of them.
 namespace SaveService {
 
 // What was written.
@@ -32,14 +34,19 @@ struct UniquePath {
     int error = 0;           // the system's reason where it is not
 };
 
+// A name that the folder's file system does not find too long, with its extension and whole characters.
+QString fittingName(const QString& folder, const QString& fileName);
+
 // A free name in a folder: the wanted one, or one with a number from 2 on behind its base. A base that the file system
 // finds too long is shortened.
 UniquePath uniqueURL(const QString& folder, const QString& fileName, ReservationJournal& journal);
 
-// The automatic save of a capture into the user's folder, which is made when it is missing. `png` are the bytes of the
-// whole picture where somebody has made them already.
+// Makes the PNG of the whole picture, where somebody has it or needs it too; asked where a file takes just that.
+using MakePng = std::function<std::optional<QByteArray>()>;
+
+// The automatic save of a capture into the user's folder, which is made when it is missing.
 Result saveToDefaultLocationReturningPNG(const SaveSettings& settings, const QImage& image, const QDateTime& date,
-                                         std::optional<double> pixelScale, std::optional<QByteArray> png,
+                                         std::optional<double> pixelScale, const MakePng& png,
                                          ReservationJournal& journal);
 
 // Re-saves over an existing file, in the format that its extension names. `overwrite` reduces the picture as an
@@ -50,9 +57,9 @@ Result overwriteFile(const SaveSettings& settings, const QImage& image, const QS
 
 // Writes a picture to the path that somebody named, in place of what is there. The extension says the format; one that
 // names none is a failure.
-Result saveTo(const QImage& image, const QString& path, double quality);
-// The same in a given format. The failure is not logged.
-Result saveAs(const QImage& image, const QString& path, ImageFormat format, double quality);
+Result saveTo(const QImage& image, const QString& path, double quality, const MakePng& png = {});
+// The same in a given format.
+Result saveAs(const QImage& image, const QString& path, ImageFormat format, double quality, const MakePng& png = {});
 
 } // namespace SaveService
 

@@ -64,13 +64,27 @@ int reserve(const QString& path, ReservationJournal& journal)
     return error;
 }
 
+// With room for some more bytes behind the base.
+NameParts fittingParts(const QString& folder, const QString& fileName, qsizetype spare)
+{
+    NameParts parts = partsOf(fileName);
+    const qsizetype extension = QFile::encodeName(parts.extension).size();
+    parts.base = shortened(parts.base, longestNameIn(folder) - extension - spare);
+    return parts;
+}
+
 } // namespace
+
+QString SaveService::fittingName(const QString& folder, const QString& fileName)
+{
+    const NameParts parts = fittingParts(folder, fileName, 0);
+    return parts.base + parts.extension;
+}
 
 SaveService::UniquePath SaveService::uniqueURL(const QString& folder, const QString& fileName,
                                                ReservationJournal& journal)
 {
-    NameParts parts = partsOf(fileName);
-    parts.base = shortened(parts.base, longestNameIn(folder) - longestCounter - parts.extension.size());
+    const NameParts parts = fittingParts(folder, fileName, longestCounter);
     const auto candidate = [&](const QString& counter) {
         return QString(folder + "/" + parts.base + counter + parts.extension);
     };

@@ -2,10 +2,8 @@
 
 #include "platform/DisplayScales.h"
 #include "platform/ImageCodec.h"
+#include "platform/files/AtomicFile.h"
 #include "platform/stills/Stills.h"
-
-#include <QFile>
-#include <QSaveFile>
 
 namespace Kovrel {
 
@@ -56,11 +54,8 @@ Pixels grab(const ToolOptions& options, const QByteArray& displayName, const QSt
 
 Outcome write(const QByteArray& bytes, const QString& path)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
-        file.write(bytes) != bytes.size() || !file.commit())
-        return {Exit::failed, path + ": " + file.errorString()};
-    return {};
+    const auto written = AtomicFile::write(path, bytes, AtomicFile::Access::onlyOwner);
+    return written ? Outcome() : Outcome{Exit::failed, written.error().message};
 }
 
 } // namespace

@@ -24,12 +24,13 @@ double lineHeight(TextStyle style)
     return QFontMetricsF(Typography::font(style)).height();
 }
 
-void paintLine(QPainter& painter, const QRectF& line, TextStyle style, const QColor& color, const QString& text)
+void paintLine(QPainter& painter, const QRectF& line, TextStyle style, const QColor& color, const QString& text,
+               Qt::TextElideMode elision)
 {
     painter.setFont(Typography::font(style));
     painter.setPen(color);
     painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     QFontMetricsF(painter.font()).elidedText(text, Qt::ElideRight, line.width()));
+                     QFontMetricsF(painter.font()).elidedText(text, elision, line.width()));
 }
 
 } // namespace
@@ -73,15 +74,17 @@ void ToastPanel::paintText(QPainter& painter, const QRectF& area) const
     const Theme& theme = Theme::current();
     const QString subtitle = m_content.subtitle.value_or(QString());
     if (subtitle.isEmpty()) {
-        paintLine(painter, area, TextStyle::emphasis, theme.text, m_content.message);
+        paintLine(painter, area, TextStyle::emphasis, theme.text, m_content.message, Qt::ElideRight);
         return;
     }
     const double first = lineHeight(TextStyle::emphasis);
     const double second = lineHeight(TextStyle::caption);
     const double top = area.center().y() - (first + Spacing::tight + second) / 2;
-    paintLine(painter, {area.x(), top, area.width(), first}, TextStyle::emphasis, theme.text, m_content.message);
+    paintLine(painter, {area.x(), top, area.width(), first}, TextStyle::emphasis, theme.text, m_content.message,
+              Qt::ElideRight);
+    // A path says most at its ends.
     paintLine(painter, {area.x(), top + first + Spacing::tight, area.width(), second}, TextStyle::caption,
-              theme.secondaryText, subtitle);
+              theme.secondaryText, subtitle, Qt::ElideMiddle);
 }
 
 void ToastPanel::mouseReleaseEvent(QMouseEvent*)

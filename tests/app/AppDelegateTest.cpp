@@ -132,9 +132,10 @@ const Launch usual{.files = {}, .isLoginItem = false, .build = "7", .version = "
 
 TEST_F(AppDelegateTest, StartsInOrderAndPrewarmsTheRestAfterTwoSeconds)
 {
+    parts.signedIn = false;
     launch({.files = {"/a.png"}, .isLoginItem = false, .build = "7", .version = "1.2"});
     EXPECT_THAT(parts.takeLog(), ElementsAre("save folder", "hotkeys", "prewarm save folder", "prewarm hotkeys",
-                                             "first run", "open /a.png"));
+                                             "first run, sign in", "open /a.png"));
     EXPECT_EQ(defaults.integer("NSInitialToolTipDelay"), 1000);
     EXPECT_EQ(defaults.integer("afterCaptureActions"), 1) << "defaults are registered";
     loop.advance(1999ms);
@@ -152,7 +153,7 @@ TEST_F(AppDelegateTest, TheFirstWindowFollowsAccountPermissionAndUpdate)
     };
 
     const Case cases[] = {
-        {false, true, true, false, "", {"first run"}},
+        {false, true, true, false, "", {}}, // the settings were lost
         {false, false, true, false, "", {"first run, sign in"}},
         {true, true, true, false, "7", {}},
         {true, true, false, false, "7", {"permission"}},

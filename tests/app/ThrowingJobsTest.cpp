@@ -85,7 +85,7 @@ TEST_F(ThrowingJobsTest, WhoeverWaitsForAJobIsAnsweredWhenMemoryIsShort)
         QString answer;
     };
 
-    CaptureOutput output(loop, workers, preferences, desktop.displays(), clipboard,
+    CaptureOutput output(loop, workers, preferences, desktop.displays(), clipboard, desktop.fileManager(),
                          std::make_shared<ReservationJournal>(folder / "journal"), folder / "rescue");
     EditorSaves editorSaves(loop, workers);
     SaveWithPanel panel(loop, workers, desktop.savePanel(), desktop.fileManager());
@@ -104,7 +104,7 @@ TEST_F(ThrowingJobsTest, WhoeverWaitsForAJobIsAnsweredWhenMemoryIsShort)
         {"a capture's save",
          [&](Answer answer) {
              output.save({.image = picture}, {}, std::make_shared<EncodedPng>(picture))
-                 ->whenDone([answer](const SaveOutcome& saved) { answer(saved ? "done" : saved.error()); });
+                 ->whenDone([answer](const SaveOutcome& saved) { answer(saved ? "done" : saved.error().message); });
          },
          noMemory},
         {"quitting", [&](Answer answer) { output.afterPendingSaves({}, [answer] { answer("now"); }); }, "now"},

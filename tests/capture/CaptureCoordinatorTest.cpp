@@ -28,6 +28,8 @@ const char* name(Kind kind)
         return "overwritten";
     case Kind::refused:
         return "refused";
+    case Kind::misused:
+        return "misused";
     case Kind::failed:
         return "failed";
     }
@@ -370,6 +372,34 @@ TEST_F(CoordinatorTest, ThreePressesWhilePixelsAreTakenLeaveTheLast)
     EXPECT_THAT(outcomes, ElementsAre("area overwritten", "window overwritten", "fullScreen finished"));
 }
 
+TEST_F(CoordinatorTest, ScriptsThatSelectNothingWaitInLine)
+{
+    const auto script = [this](CaptureMode mode, CaptureOptions options = {}, quint64 id = 7) {
+        coordinator->capture(
+            {.mode = mode,
+             .options = options,
+             .reply = CaptureReply([this](const CaptureOutcome& outcome) { outcomes.push_back(name(outcome.kind)); }),
+             .id = id,
+             .isScripted = true});
+    };
+    fake.holdsPixels = true;
+    captureAndSettle(CaptureMode::fullScreen);
+    script(CaptureMode::area, {.rect = Rect{0, 0, 10, 10}});
+    script(CaptureMode::lastArea);
+    script(CaptureMode::fullScreen, {}, 8);
+    coordinator->cancel(8);
+    for (size_t waiting = 2; waiting < CaptureQueue::longestLine; ++waiting)
+        script(CaptureMode::fullScreen);
+    EXPECT_THAT(outcomes, ElementsAre("cancelled"));
+    script(CaptureMode::fullScreen);
+    EXPECT_THAT(outcomes, ElementsAre("cancelled", "failed")) << "the line is as long as it may be";
+    outcomes.clear();
+    fake.holdsPixels = false;
+    fake.releasePixels();
+    fake.loop.runPosted();
+    EXPECT_EQ(size_t(std::ranges::count(outcomes, "finished")), CaptureQueue::longestLine);
+}
+
 TEST_F(CoordinatorTest, ANewRunMayStartWhileTheOneBeforeFinishes)
 {
     fake.preferences.set(Settings::afterCaptureActions, AfterCaptureActions::fromInt(5));
@@ -569,7 +599,8 @@ TEST_F(CoordinatorTest, WhatHappensAfterwardsFollowsTheSettings)
         {"to a file", 0, {.outputPath = "/o.png"}, true, true, {"save to /o.png", "record fullScreen"}},
         {"nothing would hold it", 0, {}, true, false, {"save"}},
         {"no cards on this desktop, no history", 1, {}, false, false, {"save"}},
-        {"only copied", 2, {}, false, false, {"save", "copy"}},
+        {"only copied", 2, {}, false, false, {"copy"}},
+        {"only pinned", 16, {}, false, false, {"pin"}},
         {"history alone holds it", 1, {}, false, true, {"record fullScreen"}},
     };
     fake.chromeIsVisible = false;
@@ -604,6 +635,16 @@ TEST_F(CoordinatorTest, WaitingRepliesComeWhenTheFilesAreOnDisk)
     EXPECT_EQ(lastOutcome.kind, Kind::failed);
     EXPECT_EQ(lastOutcome.message, "disk full");
     EXPECT_TRUE(fake.logged("toast on 1: The capture could not be saved"));
+}
+
+TEST_F(CoordinatorTest, GivenAreasAreCutToTheDisplays)
+{
+    captureAndSettle(CaptureMode::area, {.rect = Rect{950, 450, 100, 100}});
+    EXPECT_TRUE(fake.logged("grab 1750,650 50x50"));
+    captureAndSettle(CaptureMode::area, {.rect = Rect{5000, 5000, 100, 100}});
+    EXPECT_EQ(lastOutcome.kind, Kind::misused);
+    captureAndSettle(CaptureMode::fullScreen);
+    EXPECT_EQ(lastOutcome.kind, Kind::finished) << "the next one is free to go";
 }
 
 TEST_F(CoordinatorTest, ChromeStaysWhenTheUserWantsItInCaptures)

@@ -1,5 +1,6 @@
 #include "tests/e2e/UserSession.h"
 #include "tests/support/PaintedScreen.h"
+#include "tests/support/TestPictures.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace Kovrel {
@@ -27,6 +29,12 @@ mode_t permissions(const QString& path)
 {
     struct stat status{};
     return stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777 : 0;
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 void writeFile(const QString& path, const QByteArray& content)
@@ -96,8 +104,9 @@ TEST_F(FaultsTest, ACaptureIsKeptWhereverItsFolderIsBroken)
     };
 
     const Case cases[] = {
-        {"missing: the default folder is used", session.path("missing"), false},
-        {"replaced by a file", "file://" + session.path("blocked"), false},
+        {"the default one", session.saveFolder(), false},
+        {"missing", session.path("missing"), true},
+        {"replaced by a file", "file://" + session.path("blocked"), true},
         {"nobody may write there", "/proc", true},
     };
     int expected = 0;
@@ -133,6 +142,66 @@ TEST_F(FaultsTest, DamagedAndUnwritablePreferencesDoNoHarm)
     EXPECT_EQ(session.kovrel({"preferences", "set", "jpegQuality", "0.5"}).exitCode, 4);
 }
 
+TEST_F(FaultsTest, AFullDiskLosesNoSettingsAndIsTold)
+{
+    session.prepare({"imageFormat=tiff"});
+    const QString settings = session.path("config/kovrel/kovrel.conf");
+    const QString token = session.path("data/Kovrel/kovrel.session.token");
+    const auto contents = [&] { return std::pair(readFile(settings), readFile(token)); };
+    const auto before = contents();
+    const auto onFullDisk = [](const QString& line) {
+        return QStringList{"-c", "ulimit -f 0; exec " KOVREL_PROGRAM " " + line};
+    };
+    for (const char* line : {"preferences set imageFormat jpeg", "preferences reset imageFormat", "sign-in --local"})
+        EXPECT_EQ(session.run("sh", onFullDisk(line)).exitCode, 4) << line;
+    session.start("sh", onFullDisk("--background"));
+    ASSERT_TRUE(UserSession::eventually([&] { return session.instancePid() != 0; }));
+    for (const QStringList& line : {QStringList{"preferences", "set", "imageFormat", "jpeg"}, {"sign-in", "--local"}})
+        EXPECT_EQ(session.kovrel(line).exitCode, 4) << qPrintable(line.join(' '));
+    EXPECT_EQ(contents(), before);
+    EXPECT_EQ(permissions(settings), 0600u);
+    EXPECT_EQ(permissions(session.path("config/kovrel")), 0700u);
+}
+
+TEST_F(FaultsTest, MemoryThatCanNotBeHadCostsOneCommandAndTakesOneLine)
+{
+    const QString picture = session.path("picture.png");
+    ASSERT_TRUE(Testing::testPicture({640, 480}, Testing::Texture::noise).save(picture));
+    writeFile(session.path("none.json"), "[]");
+    const QString annotate = "annotate " + picture + " --annotations " + session.path("none.json") + " --output ";
+    const QStringList lines{"text " + picture, "codes " + picture, annotate + session.path("a.png"),
+                            "preferences list"};
+    const auto expectOneLine = [](const UserSession::Result& result, const QString& what) {
+        EXPECT_TRUE(QList<int>({0, 1, 4}).contains(result.exitCode)) << qPrintable(what) << ": " << result.exitCode;
+        EXPECT_EQ(result.error.count('\n'), result.exitCode == 0 ? 0 : 1)
+            << qPrintable(what) << result.error.constData();
+    };
+    for (const int kilobytes : {30'000, 70'000, 90'000, 102'000})
+        for (const QString& line : lines)
+            expectOneLine(
+                session.run("sh", {"-c", QString("ulimit -v %1; exec " KOVREL_PROGRAM " ").arg(kilobytes) + line}),
+                QString("%1 with %2 KB").arg(line).arg(kilobytes));
+    EXPECT_EQ(session.run("sh", {"-c", "ulimit -v 400000; exec " KOVREL_PROGRAM " " + lines[1]}).exitCode, 1)
+        << "a small picture takes little";
+
+    session.prepare();
+    session.kovrel({"capture", "fullScreen", "--wait"});
+    const qint64 pid = session.instancePid();
+    const qint64 used = session.run("sh", {"-c", QString("awk '/VmSize/{print $2}' /proc/%1/status").arg(pid)})
+                            .output.trimmed()
+                            .toLongLong();
+    for (const int spare : {0, 4'000, 20'000, 80'000}) {
+        const rlimit limit{rlim_t(used + spare) * 1024, RLIM_INFINITY};
+        ASSERT_EQ(::prlimit(pid_t(pid), RLIMIT_AS, &limit, nullptr), 0);
+        for (const QString& line : lines + QStringList{"capture fullScreen --wait"})
+            expectOneLine(session.kovrel(line.split(' ')), line + " in the program");
+    }
+    EXPECT_EQ(session.instancePid(), pid);
+    const rlimit unlimited{RLIM_INFINITY, RLIM_INFINITY};
+    ASSERT_EQ(::prlimit(pid_t(pid), RLIMIT_AS, &unlimited, nullptr), 0);
+    EXPECT_EQ(session.kovrel({"capture", "fullScreen", "--wait"}).exitCode, 0) << "and the next one works again";
+}
+
 TEST_F(FaultsTest, TwoFirstStartsAtOnceLeaveOneInstanceThatTakesBothCaptures)
 {
     session.prepare({"selfTimerSeconds=1"});
@@ -149,6 +218,57 @@ TEST_F(FaultsTest, TwoFirstStartsAtOnceLeaveOneInstanceThatTakesBothCaptures)
     EXPECT_EQ(session.instancePid(), pid);
     EXPECT_EQ(session.kovrel({}).exitCode, 0) << "a second start brings the first one forward";
     EXPECT_EQ(session.instancePid(), pid);
+}
+
+TEST_F(FaultsTest, WhatAcceptsAndSaysNothingIsGivenUp)
+{
+    session.prepare();
+    const auto expectGivenUp = [this](const QStringList& line, const char* what, const QStringList& variables = {}) {
+        const auto result = session.run("env", variables + QStringList{KOVREL_PROGRAM} + line);
+        EXPECT_EQ(result.exitCode, 4) << what;
+        EXPECT_EQ(result.error.count('\n'), 1) << what << ": " << result.error.constData();
+    };
+    session.kovrel({"capture", "fullScreen", "--wait"});
+    const auto pid = pid_t(session.instancePid());
+    ::kill(pid, SIGSTOP);
+    for (const QStringList& line : {QStringList{}, {"preferences", "list"}, {"capture", "fullScreen"}})
+        expectGivenUp(line, "a stopped program");
+    ::kill(pid, SIGCONT);
+    EXPECT_EQ(session.kovrel({"capture", "fullScreen", "--wait"}).exitCode, 0);
+    session.kovrel({"quit"});
+    ASSERT_TRUE(UserSession::eventually([&] { return session.instancePid() == 0; }));
+
+    QProcess& other = session.start("/usr/bin/python3", {"-c", "import dbus, time\n"
+                                                               "dbus.SessionBus().request_name('com.kovrel.Kovrel')\n"
+                                                               "time.sleep(60)\n"});
+    ASSERT_TRUE(UserSession::eventually([&] { return session.instancePid() != 0; }));
+    expectGivenUp({"preferences", "list"}, "another program under the name");
+    other.kill();
+    ASSERT_TRUE(UserSession::eventually([&] { return session.instancePid() == 0; }));
+
+    QProcess& silent = session.start("/usr/bin/python3", {"-c",
+                                                          "import socket, sys, time\n"
+                                                          "bus = socket.socket(socket.AF_UNIX)\n"
+                                                          "bus.bind(sys.argv[1]); bus.listen()\n"
+                                                          "display = socket.create_server(('127.0.0.1', 0))\n"
+                                                          "print(display.getsockname()[1], flush=True)\n"
+                                                          "time.sleep(60)\n",
+                                                          session.path("silent")});
+    ASSERT_TRUE(silent.waitForReadyRead());
+    const QString display = QString("DISPLAY=localhost:%1").arg(silent.readLine().trimmed().toInt() - 6000);
+    expectGivenUp({"capture", "fullScreen"}, "a silent display", {display});
+    const QString bus = "DBUS_SESSION_BUS_ADDRESS=unix:path=" + session.path("silent");
+    expectGivenUp({"preferences", "list"}, "a silent bus", {bus});
+}
+
+TEST_F(FaultsTest, TheProgramGoesWithItsBus)
+{
+    session.prepare();
+    session.kovrel({"capture", "fullScreen", "--wait"});
+    const auto pid = pid_t(session.instancePid());
+    ASSERT_GT(pid, 0);
+    session.endBus();
+    EXPECT_TRUE(UserSession::eventually([&] { return ::kill(pid, 0) != 0; })) << "nobody could find it any more";
 }
 
 TEST_F(FaultsTest, QuittingWithoutAReasonKeepsTheProgram)
@@ -277,6 +397,7 @@ TEST(Desktops, WhatCanNotBeCapturedIsSaidInOneLine)
         EXPECT_EQ(result.exitCode, 0) << "without a bus the capture is taken in the command's own process";
         EXPECT_TRUE(result.error.contains("no session bus")) << result.error.constData();
         EXPECT_EQ(session.savedFiles().size(), 1);
+        EXPECT_EQ(session.kovrel({"kovrel://elsewhere"}).exitCode, 0) << "it ends";
     }
 }
 

@@ -90,6 +90,13 @@ void UserSession::startBus()
     m_environment.insert("DBUS_SESSION_BUS_ADDRESS", QString::fromLatin1(m_bus->readLine()).trimmed());
 }
 
+void UserSession::endBus()
+{
+    m_bus->terminate();
+    m_bus->waitForFinished();
+    m_bus.reset();
+}
+
 UserSession::Result UserSession::run(const QString& program, const QStringList& arguments)
 {
     QProcess process;

@@ -46,6 +46,9 @@ public:
 
     qint64 instancePid() { return ownerPid("com.kovrel.Kovrel"); }
 
+    // Ends the session's bus, as a log-out does.
+    void endBus();
+
     // Looks again and again, for a quarter of a minute at most, whether something has come true.
     static bool eventually(const std::function<bool()>& condition);
 

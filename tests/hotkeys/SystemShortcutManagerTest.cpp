@@ -48,7 +48,7 @@ struct SystemShortcutManagerTest : testing::Test {
     // One run of the program. What it has not done yet when it goes is lost, as in a crash.
     struct Run {
         explicit Run(const QString& file, std::shared_ptr<FakeSwitches> desktop)
-            : defaults(file, &workers), shortcuts(loop, workers, preferences, desktop, [this] { return signedIn; })
+            : defaults(file, loop, workers), shortcuts(loop, workers, preferences, desktop, [this] { return signedIn; })
         {
             Preferences::registerDefaults(defaults);
         }

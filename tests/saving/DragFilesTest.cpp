@@ -52,6 +52,17 @@ TEST_F(DragFilesTest, EachDragHasItsOwnPrivateFolder)
     EXPECT_TRUE(Testing::samePicture(ImageCodec::decodeFile(*first).value(), image));
 }
 
+TEST_F(DragFilesTest, LongNamesAreShortened)
+{
+    settings.fileNameTemplate = QString("ä").repeated(300);
+    for (const auto& path :
+         {files.writeTempImage(settings, image, date), files.linkTempImage(settings, source(), date)}) {
+        ASSERT_TRUE(path);
+        EXPECT_TRUE(path->endsWith("ää.png"));
+        EXPECT_TRUE(QFileInfo::exists(*path));
+    }
+}
+
 TEST_F(DragFilesTest, ALinkIsTheSameFile)
 {
     const auto linked = files.linkTempImage(settings, source(), date);

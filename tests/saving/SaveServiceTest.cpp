@@ -1,5 +1,5 @@
 #include "saving/SaveService.h"
-#include "tests/saving/FileSizeLimit.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/LogLines.h"
 #include "tests/support/PictureDifference.h"
 #include "tests/support/TempFolder.h"
@@ -48,7 +48,8 @@ struct SaveServiceTest : testing::Test {
 
     SaveService::Result save(std::optional<double> scale = {}, std::optional<QByteArray> png = {})
     {
-        return SaveService::saveToDefaultLocationReturningPNG(settings, image, date, scale, std::move(png), journal);
+        return SaveService::saveToDefaultLocationReturningPNG(
+            settings, image, date, scale, [png] { return png; }, journal);
     }
 
     QStringList shots() const { return QDir(settings.folder).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
@@ -102,6 +103,9 @@ TEST_F(SaveServiceTest, PreparedBytesAreWrittenAndHandedBackOnlyAsTheyAre)
     EXPECT_EQ(ImageCodec::decodeFile(reduced->path)->size(), QSize(20, 15));
     EXPECT_FALSE(reduced->fullResPNG);
     EXPECT_EQ(contentOf(save(1.0, png)->path), png) << "nothing to reduce";
+    const auto prepared = [png] { return std::optional(png + "prepared"); };
+    EXPECT_EQ(contentOf(SaveService::saveTo(image, folder / "named.png", 1, prepared)->path), *prepared());
+    EXPECT_TRUE(ImageCodec::decodeFile(SaveService::saveTo(image, folder / "named.jpeg", 1, prepared)->path));
 
     settings.mainScreenScale = 1.25;
     EXPECT_EQ(ImageCodec::decodeFile(save()->path)->size(), QSize(32, 24)) << "the main screen's scale";

@@ -240,7 +240,7 @@ std::shared_ptr<CaptureSave> FakeCaptureServices::Delivery::save(CaptureResult, 
     fake.say("save" + (outputPath ? " to " + *outputPath : QString()));
     auto save = std::make_shared<CaptureSave>();
     fake.loop.post([save, error = fake.saveError] {
-        save->finish(error ? SaveOutcome(std::unexpected(*error)) : SaveOutcome("/saved.png"));
+        save->finish(error ? SaveOutcome(std::unexpected(SaveProblem{*error})) : SaveOutcome("/saved.png"));
     });
     return save;
 }

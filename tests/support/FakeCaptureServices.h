@@ -247,6 +247,8 @@ struct FakeCaptureServices {
 
         void copyText(const QString& text) override { fake.say("copy text " + text); }
 
+        void reveal(const QString& path) override { fake.say("reveal " + path); }
+
         void openLink(const QUrl& url) override { fake.say("open " + url.toString()); }
 
         void open(CaptureResult) override { fake.say("editor"); }

@@ -47,8 +47,8 @@ public:
     size_t runAll()
     {
         size_t count = 0;
-        for (const Lane lane : {Lane::capture, Lane::save, Lane::editorSave, Lane::shutter, Lane::codes, Lane::utility,
-                                Lane::visionOCR, Lane::ocrFiles})
+        for (const Lane lane : {Lane::capture, Lane::save, Lane::clipboard, Lane::editorSave, Lane::shutter,
+                                Lane::codes, Lane::utility, Lane::visionOCR, Lane::ocrFiles})
             count += run(lane);
         return count;
     }

@@ -111,6 +111,8 @@ CommandAnswer CaptureCommand::answer(const CaptureOutcome& outcome, bool waited,
     case CaptureOutcome::Kind::refused:
         return {.exitCode = CommandLine::refused,
                 .error = outcome.message.isEmpty() ? "not signed in; run: kovrel sign-in --local" : outcome.message};
+    case CaptureOutcome::Kind::misused:
+        return {.exitCode = CommandLine::usageError, .error = outcome.message};
     case CaptureOutcome::Kind::failed:
         return {.exitCode = CommandLine::failed, .error = outcome.message};
     }

@@ -113,36 +113,42 @@ CommandAnswer list(const UserDefaults& defaults)
     return answer;
 }
 
-CommandAnswer stored(bool isStored)
+Reply<UserDefaults::Stored> answerTo(const Reply<CommandAnswer>& reply)
 {
-    if (isStored)
-        return {};
-    return {.exitCode = CommandLine::failed, .error = "the setting could not be stored"};
+    return [reply](const UserDefaults::Stored& stored) {
+        reply(stored ? CommandAnswer()
+                     : CommandAnswer{.exitCode = CommandLine::failed,
+                                     .error = "the setting could not be stored: " + stored.error()});
+    };
 }
 
-CommandAnswer assign(UserDefaults& defaults, const QString& key, const Setting& setting, const QString& text)
+void assign(UserDefaults& defaults, const QString& key, const Setting& setting, const QString& text,
+            const Reply<CommandAnswer>& reply)
 {
-    const auto value = parsed(text, setting);
-    if (!value)
-        return {.exitCode = CommandLine::usageError, .error = key + ' ' + value.error()};
-    return stored(defaults.set(key, *value));
+    if (const auto value = parsed(text, setting))
+        defaults.set(key, *value, answerTo(reply));
+    else
+        reply({.exitCode = CommandLine::usageError, .error = key + ' ' + value.error()});
 }
 
 } // namespace
 
-CommandAnswer PreferencesCommand::run(UserDefaults& defaults, const QStringList& operands)
+void PreferencesCommand::run(UserDefaults& defaults, const QStringList& operands, const Reply<CommandAnswer>& reply)
 {
-    if (operands[0] == "list")
-        return list(defaults);
+    if (operands[0] == "list") {
+        reply(list(defaults));
+        return;
+    }
     const QString& key = operands[1];
     const auto setting = PreferenceTable::find(key);
     if (!setting)
-        return {.exitCode = CommandLine::nothingThere, .error = "there is no setting \"" + key + '"'};
-    if (operands[0] == "get")
-        return {.output = shown(defaults, key, setting->type) + '\n'};
-    if (operands[0] == "set")
-        return assign(defaults, key, *setting, operands[2]);
-    return stored(defaults.remove(key));
+        reply({.exitCode = CommandLine::nothingThere, .error = "there is no setting \"" + key + '"'});
+    else if (operands[0] == "get")
+        reply({.output = shown(defaults, key, setting->type) + '\n'});
+    else if (operands[0] == "set")
+        assign(defaults, key, *setting, operands[2], reply);
+    else
+        defaults.remove(key, answerTo(reply));
 }
 
 } // namespace Kovrel

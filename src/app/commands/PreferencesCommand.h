@@ -1,14 +1,16 @@
 #pragma once
 
 #include "model/CommandAnswer.h"
-#include "platform/UserDefaults.h"
+#include "platform/Reply.h"
+#include "platform/files/UserDefaults.h"
 
 namespace Kovrel {
 
 // `kovrel preferences list | get KEY | set KEY VALUE | reset KEY`.
 namespace PreferencesCommand {
 
-CommandAnswer run(UserDefaults& defaults, const QStringList& operands);
+// Answers once a change is in the file, or can't be had there.
+void run(UserDefaults& defaults, const QStringList& operands, const Reply<CommandAnswer>& reply);
 
 } // namespace PreferencesCommand
 

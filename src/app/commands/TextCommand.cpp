@@ -71,7 +71,7 @@ TextCommand::TextCommand(MainLoop& loop, Workers& workers, VisionOCREngine& engi
 
 void TextCommand::run(const Command& command, quint64 requestID, Reply<CommandAnswer> reply)
 {
-    Scope::start(read(command, requestID, std::move(reply)), "reading text");
+    Scope::start(answer(command, requestID, std::move(reply)), "reading text");
 }
 
 void TextCommand::cancel(quint64 requestID)
@@ -80,27 +80,34 @@ void TextCommand::cancel(quint64 requestID)
         running->second.request_stop();
 }
 
-QCoro::Task<> TextCommand::read(Command command, quint64 requestID, Reply<CommandAnswer> reply)
+QCoro::Task<> TextCommand::answer(Command command, quint64 requestID, Reply<CommandAnswer> reply)
 {
     const std::stop_source stop;
     m_running.insert_or_assign(requestID, stop);
-    const QString path = QString::fromStdString(command.operands.front());
-    const auto decode = Guarded::orReason([path] { return ImageCodec::decodeFile(path); });
-    const auto image = co_await m_scope.onWorker(Lane::utility, decode);
     CommandAnswer result;
-    if (image) {
-        auto codesRead = m_scope.join(m_codes.detectCodes(*image)); // at the same time as the text
-        const OCROutcome text = co_await m_scope.join(m_engine.recognize(
-            *image, QualityOfService::userInitiated, !command.has("raw"), stop.get_token(), m_progress));
-        const QRCodeDetector::Outcome codes = co_await codesRead;
-        result = answer(text, codes, command);
-    } else {
-        result = failure(image.error().message);
+    try {
+        result = co_await m_scope.join(read(command, stop.get_token()));
+    } catch (const std::exception&) {
+        result = failure(Guarded::reason());
     }
     m_running.erase(requestID);
     if (m_progress)
         m_progress(1);
     reply(result);
+}
+
+QCoro::Task<CommandAnswer> TextCommand::read(Command command, std::stop_token stop)
+{
+    const QString path = QString::fromStdString(command.operands.front());
+    const auto decode = Guarded::orReason([path] { return ImageCodec::decodeFile(path); });
+    const auto image = co_await m_scope.onWorker(Lane::utility, decode);
+    if (!image)
+        co_return failure(image.error().message);
+    auto codesRead = m_scope.join(m_codes.detectCodes(*image)); // at the same time as the text
+    const OCROutcome text = co_await m_scope.join(
+        m_engine.recognize(*image, QualityOfService::userInitiated, !command.has("raw"), stop, m_progress));
+    const QRCodeDetector::Outcome codes = co_await codesRead;
+    co_return Kovrel::answer(text, codes, command);
 }
 
 } // namespace Kovrel

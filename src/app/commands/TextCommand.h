@@ -21,7 +21,8 @@ public:
     void cancel(quint64 requestID);
 
 private:
-    QCoro::Task<> read(Command command, quint64 requestID, Reply<CommandAnswer> reply);
+    QCoro::Task<> answer(Command command, quint64 requestID, Reply<CommandAnswer> reply);
+    QCoro::Task<CommandAnswer> read(Command command, std::stop_token stop);
 
     VisionOCREngine& m_engine;
     QRCodeDetector& m_codes;

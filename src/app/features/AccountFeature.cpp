@@ -1,6 +1,7 @@
 #include "app/features/AccountFeature.h"
 
 #include "app/foundation/AppPaths.h"
+#include "ports/Toasts.h"
 
 #include <QGuiApplication>
 
@@ -17,6 +18,7 @@ CommandAnswer doneOr(bool isDone, const char* complaint)
 
 AccountFeature::AccountFeature(Foundation& foundation, Ports& ports)
     : m_foundation(foundation),
+      m_ports(ports),
       m_localTokens(foundation.loop, foundation.workers, AppPaths::dataFolder()),
       m_account(m_localTokens, *foundation.secrets)
 {
@@ -34,7 +36,12 @@ std::vector<CommandHandler> AccountFeature::commands()
 
 std::vector<UrlHandler> AccountFeature::urlHandlers()
 {
-    return {{"auth-callback", [this](const QUrl& url) { m_account.handleCallback(url, [](bool) {}); }}};
+    return {{"auth-callback", [this](const QUrl& url) {
+                 m_account.handleCallback(url, [this](bool isSignedIn) {
+                     if (!isSignedIn)
+                         tellFailure(tr("The answer does not fit, or could not be stored"));
+                 });
+             }}};
 }
 
 void AccountFeature::start(const Launch&)
@@ -50,14 +57,29 @@ void AccountFeature::start(const Launch&)
 
 void AccountFeature::signInOnThisComputer()
 {
-    signIn([](const CommandAnswer&) {});
+    signIn([this](const CommandAnswer& answer) {
+        if (answer.exitCode != CommandLine::done)
+            tellFailure(answer.error);
+    });
+}
+
+void AccountFeature::tellFailure(const QString& reason)
+{
+    const ToastContent toast{
+        .message = tr("Signing in failed"), .subtitle = reason, .icon = "exclamationmark.triangle"};
+    m_ports.toasts.tell(&Toasts::present, toast, std::nullopt, true);
 }
 
 void AccountFeature::signIn(const Reply<CommandAnswer>& reply)
 {
     m_account.signInLocally([reply, &preferences = m_foundation.preferences](bool isStored) {
-        const bool isNoted = isStored && preferences.set(Settings::hasCompletedOnboarding, true);
-        reply(doneOr(isNoted, "the account could not be stored"));
+        if (!isStored) {
+            reply(doneOr(false, "the account could not be stored"));
+            return;
+        }
+        preferences.set(Settings::hasCompletedOnboarding, true, [reply](const UserDefaults::Stored& noted) {
+            reply(doneOr(noted.has_value(), "the account is stored, but not that the first run is done"));
+        });
     });
 }
 

@@ -7,12 +7,15 @@
 #include "ports/AccountStatus.h"
 #include "ports/Ports.h"
 
+#include <QCoreApplication>
 #include <QObject>
 
 namespace Kovrel {
 
 // Who is signed in, and the commands that change it.
 class AccountFeature : public Feature, private AccountStatus {
+    Q_DECLARE_TR_FUNCTIONS(Kovrel::AccountFeature)
+
 public:
     AccountFeature(Foundation& foundation, Ports& ports);
 
@@ -35,7 +38,10 @@ private:
     void signIn(const Reply<CommandAnswer>& reply);
     void signOut(const Reply<CommandAnswer>& reply);
 
+    void tellFailure(const QString& reason);
+
     Foundation& m_foundation;
+    const Ports& m_ports;
     FileTokenStore m_localTokens;
     Account m_account;
     QObject m_context; // of connections to what outlives us

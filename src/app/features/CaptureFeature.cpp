@@ -82,6 +82,7 @@ void CaptureFeature::capture(const Invocation& invocation, const Reply<CommandAn
     const auto start = [this, invocation, reply] {
         CaptureRequest request = CaptureCommand::request(invocation.command, reply, DesktopSession::obstacle());
         request.id = invocation.requestID;
+        request.isScripted = invocation.requestID != 0;
         request.options.waitsForRepaint = invocation.isFromMenu;
         m_coordinator.capture(std::move(request));
     };

@@ -5,6 +5,7 @@
 #include "platform/session/DesktopSession.h"
 #include "ports/AccountStatus.h"
 #include "ports/ProgramCommands.h"
+#include "ports/Toasts.h"
 
 #include <QCoreApplication>
 
@@ -14,6 +15,8 @@ namespace {
 
 // A desktop gives up the keys of a shortcut some time after its setting.
 constexpr auto shortcutDelay = std::chrono::milliseconds(500);
+// Those that are had by then were the desktop's.
+constexpr auto refusalDelay = 5 * shortcutDelay;
 
 } // namespace
 
@@ -34,6 +37,7 @@ GlobalHotkeyManager::Handlers HotkeysFeature::handlers()
         .isOffered = [this](const MenuEntry& entry) { return m_ports.commands && m_ports.commands->isOffered(entry); },
         .syncOwnership = [this] { m_shortcuts.syncOwnership(); },
         .perform = [this](const MenuEntry& entry) { perform(entry); },
+        .refused = [this] { m_foundation.loop.after(refusalDelay, m_lifeline.guard([this] { tellRefusals(); })); },
     };
 }
 
@@ -51,6 +55,21 @@ std::optional<QString> HotkeysFeature::refusal(const QString& setting) const
             return HotkeySettings::combo(m_foundation.preferences, entry).value_or(KeyCombo()).text() +
                    " belongs to another program or command; it is tried again when that lets it go";
     return std::nullopt;
+}
+
+// Each once: who presses the key would wait for a capture that never comes.
+void HotkeysFeature::tellRefusals()
+{
+    QStringList combos;
+    for (const MenuEntry& entry : CommandTable::menuInHotkeyOrder())
+        if (m_hotkeys.isRefused(*entry.hotkey) && m_toldRefusals.insert(*entry.hotkey).second)
+            combos << HotkeySettings::combo(m_foundation.preferences, entry).value_or(KeyCombo()).text();
+    if (combos.isEmpty())
+        return;
+    const ToastContent toast{.message = tr("Another program has %1").arg(combos.join(", ")),
+                             .subtitle = tr("It is tried again when that lets it go."),
+                             .icon = "exclamationmark.triangle"};
+    m_ports.toasts.tell(&Toasts::present, toast, std::nullopt, false);
 }
 
 bool HotkeysFeature::isSignedIn() const

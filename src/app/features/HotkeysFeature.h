@@ -4,13 +4,20 @@
 #include "app/foundation/Foundation.h"
 #include "hotkeys/GlobalHotkeyManager.h"
 #include "hotkeys/SystemShortcutManager.h"
+#include "platform/Lifeline.h"
 #include "ports/HotkeyStatus.h"
 #include "ports/Ports.h"
+
+#include <QCoreApplication>
+
+#include <set>
 
 namespace Kovrel {
 
 // The global hotkeys, and the desktop's own shortcuts that are in their way.
 class HotkeysFeature : public Feature, private HotkeyStatus {
+    Q_DECLARE_TR_FUNCTIONS(Kovrel::HotkeysFeature)
+
 public:
     HotkeysFeature(Foundation& foundation, Ports& ports);
 
@@ -26,13 +33,16 @@ private:
     void perform(const MenuEntry& entry);
     bool isSignedIn() const;
     void takeKeys();
+    void tellRefusals();
 
     Foundation& m_foundation;
     const Ports& m_ports;
     SystemShortcutManager m_shortcuts;
     GlobalHotkeyManager m_hotkeys;
+    std::set<HotkeyAction> m_toldRefusals;
     Subscription m_freedShortcuts;
     Subscription m_accountChanges;
+    Lifeline m_lifeline;
 };
 
 } // namespace Kovrel

@@ -20,14 +20,17 @@ QStringList operandsOf(const Command& command)
 std::vector<CommandHandler> PreferencesFeature::commands()
 {
     return {{.command = "preferences", .run = [this](const Invocation& invocation, const Reply<CommandAnswer>& reply) {
-                 reply(run(operandsOf(invocation.command)));
+                 const QStringList operands = operandsOf(invocation.command);
+                 PreferencesCommand::run(m_foundation.defaults, operands,
+                                         [this, operands, reply](CommandAnswer answer) {
+                                             reply(withRefusal(std::move(answer), operands));
+                                         });
              }}};
 }
 
 // A hotkey that is stored but can't be had is told to whoever sets it.
-CommandAnswer PreferencesFeature::run(const QStringList& operands)
+CommandAnswer PreferencesFeature::withRefusal(CommandAnswer answer, const QStringList& operands) const
 {
-    CommandAnswer answer = PreferencesCommand::run(m_foundation.defaults, operands);
     if (answer.exitCode != CommandLine::done || operands.front() != "set" || !m_ports.hotkeys)
         return answer;
     if (const auto refusal = m_ports.hotkeys->refusal(operands[1]))

@@ -14,7 +14,7 @@ public:
     std::vector<CommandHandler> commands() override;
 
 private:
-    CommandAnswer run(const QStringList& operands);
+    CommandAnswer withRefusal(CommandAnswer answer, const QStringList& operands) const;
 
     Foundation& m_foundation;
     const Ports& m_ports;

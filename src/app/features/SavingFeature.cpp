@@ -1,10 +1,12 @@
 #include "app/features/SavingFeature.h"
 
 #include "app/foundation/AppPaths.h"
+#include "platform/files/HiddenFile.h"
+#include "platform/files/PrivateFolder.h"
 #include "saving/DragFiles.h"
-#include "saving/PrivateFolder.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 namespace Kovrel {
 
@@ -13,7 +15,8 @@ SavingFeature::SavingFeature(Foundation& foundation, Ports& ports)
       m_clipboard(foundation.loop, foundation.workers, foundation.desktop->clipboard()),
       m_editorSaves(foundation.loop, foundation.workers),
       m_output(foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->displays(), m_clipboard,
-               std::make_shared<ReservationJournal>(AppPaths::reservationFolder()), AppPaths::dataFolder() + "/Unsaved")
+               foundation.desktop->fileManager(), std::make_shared<ReservationJournal>(AppPaths::reservationFolder()),
+               AppPaths::unsavedFolder())
 {
     ports.delivery.offer(m_output);
 }
@@ -34,9 +37,13 @@ void SavingFeature::sweepTemporaryFiles()
 {
     const QString temporaryFolder = AppPaths::temporaryFolder();
     PrivateFolder::make(temporaryFolder);
-    m_foundation.workers.submit(Lane::utility, [temporaryFolder] {
+    m_foundation.workers.submit(Lane::utility, [temporaryFolder, preferences = &m_foundation.preferences] {
         DragFiles(temporaryFolder).sweepDragTemp();
         ReservationJournal::sweep(AppPaths::reservationFolder());
+        for (const QString& folder :
+             {preferences->resolvedSaveDirectory(), Preferences::defaultSaveDirectory(), AppPaths::unsavedFolder(),
+              AppPaths::dataFolder(), QFileInfo(AppPaths::preferencesFile()).path()})
+            HiddenFile::sweep(folder);
     });
 }
 

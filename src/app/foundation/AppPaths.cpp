@@ -24,6 +24,11 @@ QString AppPaths::dataFolder()
     return below(QStandardPaths::GenericDataLocation, "Kovrel");
 }
 
+QString AppPaths::unsavedFolder()
+{
+    return dataFolder() + "/Unsaved";
+}
+
 QString AppPaths::reservationFolder()
 {
     return dataFolder() + "/Reservations";

@@ -9,6 +9,7 @@ namespace AppPaths {
 
 QString preferencesFile();
 QString dataFolder(); // the account, captures that could not be saved where they should go
+QString unsavedFolder();
 QString reservationFolder();
 QString temporaryFolder(); // the user's own, mode 0700
 QString screenshotTool();  // beside the program, or where it is installed

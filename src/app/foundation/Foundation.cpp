@@ -6,7 +6,8 @@
 namespace Kovrel {
 
 Foundation::Foundation(Kind kind)
-    : defaults(AppPaths::preferencesFile(), kind == Kind::instance ? &workers : nullptr),
+    : defaults(kind == Kind::instance ? UserDefaults(AppPaths::preferencesFile(), loop, workers)
+                                      : UserDefaults(AppPaths::preferencesFile())),
       preferences(defaults),
       trace(loop, [this] { return preferences.get(Settings::traceCapture); }),
       secrets(Desktops::openSecrets(loop)),

@@ -1,10 +1,11 @@
 #include "capture/delivery/CaptureOutput.h"
 
 #include "platform/Guarded.h"
-#include "saving/PrivateFolder.h"
+#include "platform/files/PrivateFolder.h"
 #include "saving/SaveService.h"
 
 #include <QDesktopServices>
+#include <QFileInfo>
 #include <QLoggingCategory>
 
 namespace Kovrel {
@@ -24,15 +25,17 @@ struct SaveJob {
     QString rescueFolder;
 };
 
+SaveService::MakePng wholePng(const SaveJob& job)
+{
+    return [png = job.png] { return png->bytes(); };
+}
+
 SaveService::Result saveIntoFolder(const SaveJob& job, const QString& folder)
 {
     SaveSettings settings = job.settings;
     settings.folder = folder;
-    const bool wantsWholePng =
-        !settings.downscale && SaveService::resolvedFormat(settings, job.result.image) == ImageFormat::png;
-    return SaveService::saveToDefaultLocationReturningPNG(
-        settings, job.result.image, job.result.date, job.result.pixelScale,
-        wantsWholePng ? job.png->bytes() : std::nullopt, *job.journal);
+    return SaveService::saveToDefaultLocationReturningPNG(settings, job.result.image, job.result.date,
+                                                          job.result.pixelScale, wholePng(job), *job.journal);
 }
 
 // The capture must not be lost because its place can't be written.
@@ -43,16 +46,35 @@ SaveOutcome rescue(const SaveJob& job, const QString& failedFolder, const QStrin
         if (folder == failedFolder)
             continue;
         if (const auto saved = saveIntoFolder(job, folder))
-            return std::unexpected(CaptureOutput::tr("%1; kept as %2").arg(reason, saved->path));
+            return std::unexpected(
+                SaveProblem{CaptureOutput::tr("%1; kept as %2").arg(reason, saved->path), saved->path});
     }
-    return std::unexpected(reason);
+    return std::unexpected(SaveProblem{reason});
+}
+
+QString folderOf(const SaveJob& job)
+{
+    return job.preferences->chosenSaveDirectory().value_or(Preferences::defaultSaveDirectory());
+}
+
+// What keeps a chosen folder from taking files, in one line; the default one is made when it is missing.
+QString faultOf(const QString& folder)
+{
+    const QFileInfo info(folder);
+    if (folder.isEmpty() || folder == Preferences::defaultSaveDirectory() || info.isDir())
+        return {};
+    return info.exists() ? CaptureOutput::tr("%1 is no folder").arg(folder)
+                         : CaptureOutput::tr("The folder %1 is not there").arg(folder);
 }
 
 SaveOutcome run(const SaveJob& job)
 {
-    const QString folder = job.outputPath ? QString() : job.preferences->resolvedSaveDirectory();
-    const auto saved = job.outputPath ? SaveService::saveTo(job.result.image, *job.outputPath, job.settings.quality)
-                                      : saveIntoFolder(job, folder);
+    const QString folder = job.outputPath ? QString() : folderOf(job);
+    if (const QString fault = faultOf(folder); !fault.isEmpty())
+        return rescue(job, folder, fault);
+    const auto saved = job.outputPath
+                           ? SaveService::saveTo(job.result.image, *job.outputPath, job.settings.quality, wholePng(job))
+                           : saveIntoFolder(job, folder);
     if (saved)
         return saved->path;
     return rescue(job, folder, saved.error().message);
@@ -61,11 +83,12 @@ SaveOutcome run(const SaveJob& job)
 } // namespace
 
 CaptureOutput::CaptureOutput(MainLoop& loop, Workers& workers, Preferences& preferences, Displays& displays,
-                             ClipboardService& clipboard, std::shared_ptr<ReservationJournal> journal,
-                             QString rescueFolder)
+                             ClipboardService& clipboard, FileManager& fileManager,
+                             std::shared_ptr<ReservationJournal> journal, QString rescueFolder)
     : m_preferences(preferences),
       m_displays(displays),
       m_clipboard(clipboard),
+      m_fileManager(fileManager),
       m_journal(std::move(journal)),
       m_rescueFolder(std::move(rescueFolder)),
       m_loop(loop),
@@ -109,7 +132,12 @@ QCoro::Task<> CaptureOutput::saveInBackground(CaptureResult result, std::optiona
         .journal = m_journal,
         .rescueFolder = m_rescueFolder,
     };
-    SaveOutcome outcome = co_await m_scope.onWorker(Lane::save, Guarded::orReason([job] { return run(job); }));
+    SaveOutcome outcome;
+    try {
+        outcome = co_await m_scope.onWorker(Lane::save, Guarded::orReason([job] { return run(job); }));
+    } catch (const std::exception&) { // no thread could be had
+        outcome = std::unexpected(SaveProblem{Guarded::reason()});
+    }
     save->finish(std::move(outcome));
     if (--m_pendingSaves == 0 && m_whenSaved)
         std::exchange(m_whenSaved, nullptr)();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Displays.h"
+#include "platform/FileManager.h"
 #include "platform/Scope.h"
 #include "ports/CaptureDelivery.h"
 #include "preferences/Preferences.h"
@@ -19,12 +20,16 @@ class CaptureOutput : public CaptureDelivery {
 
 public:
     CaptureOutput(MainLoop& loop, Workers& workers, Preferences& preferences, Displays& displays,
-                  ClipboardService& clipboard, std::shared_ptr<ReservationJournal> journal, QString rescueFolder);
+                  ClipboardService& clipboard, FileManager& fileManager, std::shared_ptr<ReservationJournal> journal,
+                  QString rescueFolder);
 
     std::shared_ptr<CaptureSave> save(CaptureResult result, std::optional<QString> outputPath,
                                       std::shared_ptr<EncodedPng> png) override;
     void copy(CaptureResult result, std::shared_ptr<EncodedPng> png) override;
     void copyText(const QString& text) override;
+
+    void reveal(const QString& path) override { m_fileManager.reveal(path); }
+
     void openLink(const QUrl& url) override;
 
     // Runs the work once no save is in flight, at the latest after the deadline.
@@ -39,6 +44,7 @@ private:
     Preferences& m_preferences;
     Displays& m_displays;
     ClipboardService& m_clipboard;
+    FileManager& m_fileManager;
     std::shared_ptr<ReservationJournal> m_journal;
     QString m_rescueFolder;
     int m_pendingSaves = 0;

@@ -4,13 +4,14 @@
 
 namespace Kovrel::CodecLimits {
 
-// Of a picture that is decoded, so that a file cannot take all memory.
-constexpr qint64 mostPixels = 500'000'000;
-constexpr qint64 mostFileBytes = 2'000'000'000;
-constexpr int mostMegabytes = int(mostPixels * 8 / 1'000'000); // up to 16 bits for each colour while decoding
+// What reading one picture may take, so that a small file cannot take all memory.
+constexpr qint64 mostBytes = 1'000'000'000;
+constexpr qint64 mostFileBytes = mostBytes / 2;
 
-constexpr bool fits(qint64 width, qint64 height)
+// `bytesPerPixel` counts all copies that are alive at the same time.
+constexpr bool fits(qint64 width, qint64 height, int bytesPerPixel)
 {
+    const qint64 mostPixels = mostBytes / bytesPerPixel;
     return width > 0 && height > 0 && width <= mostPixels && height <= mostPixels / width;
 }
 

@@ -61,9 +61,18 @@ QImage withPlainPixels(QImage image)
     return image;
 }
 
+// Of what the reader decodes to, perhaps turned, and of what is answered.
+int bytesPerPixel(const QImageReader& reader)
+{
+    constexpr int answered = 4;
+    const QImage::Format format = reader.imageFormat();
+    const bool isKnown = format > QImage::Format_Invalid && format < QImage::NImageFormats; // damaged files tell any
+    return answered + qMax(isKnown ? QImage::toPixelFormat(format).bitsPerPixel() / 8 : 0, answered);
+}
+
 void prepareToolkit()
 {
-    QImageReader::setAllocationLimit(CodecLimits::mostMegabytes);
+    QImageReader::setAllocationLimit(int(CodecLimits::mostBytes >> 20));
     // Damaged files would fill the log; that they are damaged is answered.
     TIFFSetWarningHandler(nullptr);
     TIFFSetErrorHandler(nullptr);
@@ -83,14 +92,17 @@ std::expected<QImage, Failure> decodeWithToolkit(const QByteArray& data)
     if (!pictures.contains(reader.format()))
         return std::unexpected(
             Failure{QCoreApplication::translate("ImageCodec", "This is no picture that Kovrel can read.")});
-    if (!CodecLimits::fits(reader.size().width(), reader.size().height()))
+    if (!CodecLimits::fits(reader.size().width(), reader.size().height(), bytesPerPixel(reader)))
         return std::unexpected(
             Failure{QCoreApplication::translate("ImageCodec", "The picture is damaged or too large.")});
     QImage image;
     if (!reader.read(&image))
         return std::unexpected(Failure{
             QCoreApplication::translate("ImageCodec", "The picture cannot be read: %1").arg(reader.errorString())});
-    return withPlainPixels(std::move(image));
+    image = withPlainPixels(std::move(image));
+    if (image.isNull())
+        return std::unexpected(Failure{QCoreApplication::translate("ImageCodec", "There is not enough memory.")});
+    return image;
 }
 
 } // namespace

@@ -12,6 +12,7 @@ namespace Kovrel {
 
 namespace {
 
+constexpr int bytesPerPixel = 8; // decoded, and half as much again for whoever looks at it in grey
 constexpr size_t mostChunkBytes = size_t(64) << 20;
 
 struct ContextDeleter {
@@ -65,7 +66,7 @@ std::expected<QImage, ImageCodec::Failure> PngDecoder::decode(const QByteArray& 
     spng_ihdr header;
     if (const int error = spng_get_ihdr(context.get(), &header))
         return failure(spng_strerror(error));
-    if (!CodecLimits::fits(header.width, header.height))
+    if (!CodecLimits::fits(header.width, header.height, bytesPerPixel))
         return failure("the picture is too large");
 
     QImage image(int(header.width), int(header.height), QImage::Format_RGBA8888);

@@ -1,11 +1,13 @@
 #include "platform/desktop/FileTokenStore.h"
 
 #include "platform/Guarded.h"
+#include "platform/RegularFile.h"
 #include "platform/ReplyFromWorker.h"
+#include "platform/files/AtomicFile.h"
+#include "platform/files/PrivateFolder.h"
 
 #include <QDir>
 #include <QLoggingCategory>
-#include <QSaveFile>
 
 namespace Kovrel {
 
@@ -17,25 +19,18 @@ constexpr qint64 maxTokenSize = 64 * 1024;
 
 std::optional<QString> readToken(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QString token = QString::fromUtf8(file.read(maxTokenSize)).trimmed();
+    const auto content = RegularFile::read(path, maxTokenSize);
+    const QString token = QString::fromUtf8(content.value_or(QByteArray())).trimmed();
     return token.isEmpty() ? std::nullopt : std::optional(token);
 }
 
 bool writeToken(const QString& folder, const QString& path, const QString& token)
 {
-    QDir().mkpath(folder);
-    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QSaveFile file(path);
-    const bool isWritten = file.open(QIODevice::WriteOnly) &&
-                           file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-                           file.write(token.toUtf8()) >= 0 && file.commit();
-    if (!isWritten)
-        qCWarning(log, "The account can't be stored in %s: %s", qUtf8Printable(path),
-                  qUtf8Printable(file.errorString()));
-    return isWritten;
+    PrivateFolder::make(folder);
+    const auto written = AtomicFile::write(path, token.toUtf8(), AtomicFile::Access::onlyOwner);
+    if (!written)
+        qCWarning(log, "The account can't be stored: %s", qUtf8Printable(written.error().message));
+    return written.has_value();
 }
 
 } // namespace

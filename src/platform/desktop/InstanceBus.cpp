@@ -1,5 +1,7 @@
 #include "platform/desktop/InstanceBus.h"
 
+#include "platform/desktop/DBusConnectionLoss.h"
+
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusContext>
@@ -15,6 +17,8 @@ constexpr const char* busName = "com.kovrel.Kovrel";
 constexpr const char* objectPath = "/com/kovrel/Kovrel";
 constexpr const char* applicationInterface = "org.freedesktop.Application";
 constexpr const char* notificationInterface = "com.kovrel";
+
+constexpr int patienceMilliseconds = 5000;
 
 constexpr const char* introspection = R"(
   <interface name="org.freedesktop.Application">
@@ -33,6 +37,7 @@ constexpr const char* introspection = R"(
       <arg type="i" name="exit_code" direction="out"/><arg type="s" name="output" direction="out"/>
       <arg type="s" name="error" direction="out"/>
     </method>
+    <signal name="Accepted"/>
     <method name="Quit"><arg type="s" name="reason" direction="in"/></method>
   </interface>
   <interface name="com.kovrel">
@@ -108,6 +113,7 @@ private:
     void run(const QDBusMessage& message, QDBusConnection connection)
     {
         message.setDelayedReply(true);
+        connection.send(QDBusMessage::createTargetedSignal(message.service(), objectPath, busName, "Accepted"));
         const quint64 requestID = ++m_lastRequest;
         m_waiting.insert(requestID, message.service());
         m_callers.addWatchedService(message.service());
@@ -134,6 +140,7 @@ private:
     }
 
     Handlers m_handlers;
+    DBusConnectionLoss m_loss{[this] { m_handlers.quit("the session bus has gone"); }};
     QDBusServiceWatcher m_callers;
     QHash<quint64, QString> m_waiting; // request to the caller's unique name
     quint64 m_lastRequest = 0;
@@ -172,7 +179,7 @@ void InstanceBus::activateOwner()
 {
     QDBusMessage call = QDBusMessage::createMethodCall(busName, objectPath, applicationInterface, "Activate");
     call << QVariantMap();
-    QDBusConnection::sessionBus().call(call);
+    QDBusConnection::sessionBus().call(call, QDBus::Block, patienceMilliseconds);
 }
 
 void InstanceBus::announceCaptureFinished(const QString& id, const QString& mode, int width, int height)

@@ -21,7 +21,7 @@ public:
         std::function<void()> activate;
         std::function<void(QStringList uris)> open;
         std::function<void(QString action)> activateAction;
-        std::function<void(QString reason)> quit;
+        std::function<void(QString reason)> quit; // also when the bus has gone: on another one we are not found
     };
     enum class Claim { owned, taken, noBus };
 

@@ -19,6 +19,8 @@ const char* threadName(Lane lane)
         return "kovrel.capture";
     case Lane::save:
         return "kovrel.save";
+    case Lane::clipboard:
+        return "kovrel.copy";
     case Lane::editorSave:
         return "kovrel.editsave";
     case Lane::shutter:
@@ -60,13 +62,20 @@ bool ThreadWorkers::finish(std::chrono::milliseconds patience)
     return allDone;
 }
 
+// A lane is there once its thread is: where none can be had, whoever submits hears it.
+std::shared_ptr<ThreadWorkers::Queue> ThreadWorkers::queueOf(Lane lane)
+{
+    if (const auto known = m_queues.find(lane); known != m_queues.end())
+        return known->second;
+    const auto queue = std::make_shared<Queue>();
+    queue->thread = std::thread([queue, lane] { work(queue, lane); });
+    m_queues.emplace(lane, queue);
+    return queue;
+}
+
 void ThreadWorkers::submit(Lane lane, QualityOfService qos, std::function<void()> job)
 {
-    auto& queue = m_queues[lane];
-    if (!queue) {
-        queue = std::make_shared<Queue>();
-        queue->thread = std::thread([queue, lane] { work(queue, lane); });
-    }
+    const auto queue = queueOf(lane);
     const std::lock_guard locked(queue->lock);
     const auto place = std::ranges::upper_bound(queue->jobs, qos, std::greater(), &Job::qos);
     queue->jobs.insert(place, {qos, std::move(job)});

@@ -39,6 +39,7 @@ private:
         std::thread thread;
     };
 
+    std::shared_ptr<Queue> queueOf(Lane lane);
     static void work(const std::shared_ptr<Queue>& queue, Lane lane);
 
     std::map<Lane, std::shared_ptr<Queue>> m_queues;

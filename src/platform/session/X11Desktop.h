@@ -3,9 +3,9 @@
 #include "platform/Desktop.h"
 #include "platform/desktop/DBusFileManager.h"
 #include "platform/desktop/DBusScreenLock.h"
-#include "platform/desktop/QtClipboard.h"
 #include "platform/desktop/QtSavePanel.h"
 #include "platform/desktop/SpawnedToolProcess.h"
+#include "platform/x11/X11Clipboard.h"
 #include "platform/x11/X11Displays.h"
 #include "platform/x11/X11Pointer.h"
 #include "platform/x11/X11ScreenPixels.h"
@@ -66,7 +66,7 @@ private:
     X11DesktopPicture m_picture;
     X11OverlaySurfaces m_overlay;
     DBusScreenLock m_lock;
-    QtClipboard m_clipboard;
+    X11Clipboard m_clipboard;
     DBusFileManager m_fileManager;
     QtSavePanel m_savePanel;
     SpawnedToolProcess m_tools;

@@ -84,7 +84,9 @@ SoundPlayer::Outcome PulseSoundPlayer::openUntil(const QDeadlineTimer& deadline)
 SoundPlayer::Outcome PulseSoundPlayer::connect(const QDeadlineTimer& deadline)
 {
     m_loop.reset(pa_mainloop_new());
-    m_context.reset(pa_context_new(pa_mainloop_get_api(m_loop.get()), "Kovrel"));
+    m_context.reset(m_loop ? pa_context_new(pa_mainloop_get_api(m_loop.get()), "Kovrel") : nullptr);
+    if (!m_context)
+        throw std::bad_alloc();
     // Starting a service would mean to wait for it.
     if (pa_context_connect(m_context.get(), nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0)
         return failure();

@@ -10,6 +10,7 @@ namespace Kovrel {
 
 namespace {
 
+constexpr int bytesPerPixel = 12; // the stored planes, colours interleaved, and what is answered
 constexpr double fullColourQuality = 0.9;
 constexpr qsizetype exifPrefix = 4; // the offset of the block proper
 
@@ -107,7 +108,7 @@ public:
             heif::Context context;
             context.read_from_memory_without_copy(data.constData(), size_t(data.size()));
             heif::ImageHandle handle = context.get_primary_image_handle();
-            if (!CodecLimits::fits(handle.get_width(), handle.get_height()))
+            if (!CodecLimits::fits(handle.get_width(), handle.get_height(), bytesPerPixel))
                 return failure("the picture is too large");
             QImage image = pixelsOf(handle);
             if (image.isNull())

@@ -1,24 +1,24 @@
-// Copies a picture, says "ready", and then says on standard error which types were made, each time one is.
-// Ends when its standard input does.
+// Copies a picture, says "ready", and then says on standard error which types were made, each time one is, while its
+// main thread does nothing but wait for the end of standard input.
 
-#include "platform/desktop/QtClipboard.h"
+#include "platform/x11/X11Clipboard.h"
 #include "saving/ClipboardService.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/TestPictures.h"
 
-#include <QGuiApplication>
-#include <QSocketNotifier>
-
 #include <cstdio>
+#include <string_view>
 
 using namespace Kovrel;
 
 namespace {
 
 // Tells what is asked of the real one.
-class TellingClipboard : public QtClipboard {
+class TellingClipboard : public X11Clipboard {
 public:
+    using X11Clipboard::X11Clipboard;
+
     void put(std::vector<ClipboardOffer> offers) override
     {
         for (ClipboardOffer& offer : offers)
@@ -26,7 +26,7 @@ public:
                 std::fprintf(stderr, "made %s\n", qPrintable(offer.mimeType));
                 return offer.bytes();
             };
-        QtClipboard::put(std::move(offers));
+        X11Clipboard::put(std::move(offers));
     }
 };
 
@@ -34,18 +34,16 @@ public:
 
 int main(int argc, char** argv)
 {
-    QGuiApplication application(argc, argv);
     Testing::FakeMainLoop loop;
     Testing::FakeWorkers workers;
-    TellingClipboard clipboard;
+    TellingClipboard clipboard(std::make_unique<X11Connection>());
     ClipboardService service(loop, workers, clipboard);
-    if (application.arguments().value(1) == "text")
+    if (argc > 1 && std::string_view(argv[1]) == "text")
         service.copyText(QString::fromUtf8("grün 😀"));
     else
         service.copy(Testing::testPicture({900, 700}, Testing::Texture::noise));
     std::puts("ready");
     std::fflush(stdout);
-    const QSocketNotifier input(0, QSocketNotifier::Read);
-    QObject::connect(&input, &QSocketNotifier::activated, &application, &QGuiApplication::quit);
-    return application.exec();
+    while (std::getchar() != EOF) {
+    }
 }

@@ -1,4 +1,4 @@
-#include "saving/PrivateFolder.h"
+#include "platform/files/PrivateFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,7 +14,11 @@ bool PrivateFolder::make(const QString& path)
     if (!QFileInfo(info.absolutePath()).isDir() && !make(info.absolutePath()))
         return false;
     const QByteArray name = QFile::encodeName(info.filePath());
-    return (::mkdir(name, 0700) == 0 || info.isDir()) && ::chmod(name, 0700) == 0;
+    if (::mkdir(name, 0700) != 0 && !info.isDir())
+        return false;
+    // There are file systems without permissions.
+    [[maybe_unused]] const int refused = ::chmod(name, 0700);
+    return true;
 }
 
 } // namespace Kovrel

@@ -1,13 +1,9 @@
-#include "platform/UserDefaults.h"
+#include "platform/files/UserDefaults.h"
 
-#include "platform/Workers.h"
+#include "platform/Guarded.h"
+#include "platform/ReplyFromWorker.h"
 
-#include <QDateTime>
-#include <QDir>
-#include <QFileInfo>
 #include <QLoggingCategory>
-#include <QSaveFile>
-#include <QSettings>
 
 #include <cmath>
 
@@ -71,66 +67,31 @@ std::optional<QStringList> toTextList(const QVariant& value)
     return value.typeId() == QMetaType::QString ? std::optional(QStringList{value.toString()}) : std::nullopt;
 }
 
-bool writeChange(const QString& path, const QString& key, const std::optional<QVariant>& value)
+void logFailure(const QString& key, const UserDefaults::Stored& stored)
 {
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QSettings file(path, QSettings::IniFormat);
-    if (value)
-        file.setValue(key, *value);
-    else
-        file.remove(key);
-    file.sync();
-    if (file.status() != QSettings::AccessError)
-        return true;
-    qCWarning(log, "Preferences can't be written to %s; \"%s\" holds for this run only", qUtf8Printable(path),
-              qUtf8Printable(key));
-    return false;
-}
-
-bool isReadableLine(const QByteArray& line)
-{
-    return line.isEmpty() || line.startsWith('[') || line.startsWith(';') || line.contains('=');
-}
-
-// QSettings loses the rest of a file when it writes one with a bad line, as a cut-off one has at its end. So the file
-// is copied aside and replaced by its readable lines.
-void repair(const QString& path)
-{
-    const QString copy = path + ".unreadable-" + QString::number(QDateTime::currentMSecsSinceEpoch());
-    if (!QFile::copy(path, copy)) {
-        qCWarning(log, "Preferences in %s are damaged and can't be copied aside; what can be read is used",
-                  qUtf8Printable(path));
-        return;
-    }
-    qCWarning(log, "Preferences in %s are damaged; what can be read is used, a copy is kept as %s",
-              qUtf8Printable(path), qUtf8Printable(copy));
-    QFile damaged(path);
-    QSaveFile repaired(path);
-    if (!damaged.open(QIODevice::ReadOnly) || !repaired.open(QIODevice::WriteOnly))
-        return;
-    for (const QByteArray& line : damaged.readAll().split('\n'))
-        if (isReadableLine(line.trimmed()))
-            repaired.write(line + '\n');
-    repaired.commit();
+    if (!stored)
+        qCWarning(log, "\"%s\" holds for this run only: %s", qUtf8Printable(key), qUtf8Printable(stored.error()));
 }
 
 } // namespace
 
-UserDefaults::UserDefaults(QString path, Workers* workers) : m_path(std::move(path)), m_workers(workers)
+UserDefaults::UserDefaults(QString path) : m_file(std::move(path))
+{
+    load();
+}
+
+UserDefaults::UserDefaults(QString path, MainLoop& loop, Workers& workers)
+    : m_file(std::move(path)), m_background(Background{loop, workers})
 {
     load();
 }
 
 void UserDefaults::load()
 {
-    const QSettings file(m_path, QSettings::IniFormat);
-    for (const QString& key : file.allKeys())
-        m_stored.insert(key, file.value(key));
-    // The format is judged only when the keys are read.
-    if (file.status() == QSettings::FormatError)
-        repair(m_path);
-    else if (file.status() == QSettings::AccessError)
-        qCWarning(log, "Preferences in %s can't be read; the defaults are used", qUtf8Printable(m_path));
+    if (const auto stored = m_file.read())
+        m_stored = *stored;
+    else
+        qCWarning(log, "Preferences can't be read, the defaults are used: %s", qUtf8Printable(stored.error()));
 }
 
 void UserDefaults::registerDefaults(const QHash<QString, QVariant>& defaults)
@@ -191,17 +152,17 @@ QStringList UserDefaults::textList(const QString& key) const
     return read(key, toTextList);
 }
 
-bool UserDefaults::set(const QString& key, const QVariant& value)
+void UserDefaults::set(const QString& key, const QVariant& value, const Reply<Stored>& stored)
 {
-    return change(key, value);
+    change(key, value, stored);
 }
 
-bool UserDefaults::remove(const QString& key)
+void UserDefaults::remove(const QString& key, const Reply<Stored>& stored)
 {
-    return change(key, std::nullopt);
+    change(key, std::nullopt, stored);
 }
 
-bool UserDefaults::change(const QString& key, std::optional<QVariant> value)
+void UserDefaults::change(const QString& key, const std::optional<QVariant>& value, const Reply<Stored>& stored)
 {
     {
         const QMutexLocker locked(&m_lock);
@@ -210,11 +171,14 @@ bool UserDefaults::change(const QString& key, std::optional<QVariant> value)
         else
             m_stored.remove(key);
     }
-    if (m_workers)
-        m_workers->submit(Lane::utility, [path = m_path, key, value] { writeChange(path, key, value); });
-    const bool isStored = m_workers || writeChange(m_path, key, value);
+    const auto write = [file = m_file, key, value] { return file.change(key, value); };
+    const Reply<Stored> answer = stored ? stored : [key](const Stored& outcome) { logFailure(key, outcome); };
+    if (m_background)
+        replyFromWorker<Stored>(m_background->loop, m_background->workers, Lane::utility, Guarded::orReason(write),
+                                answer);
+    else
+        answer(write());
     m_observers.notify(key);
-    return isStored;
 }
 
 Subscription UserDefaults::onChange(std::function<void(const QString&)> callback)

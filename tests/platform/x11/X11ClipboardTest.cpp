@@ -12,7 +12,7 @@ namespace Kovrel {
 namespace {
 
 // What another program gets from the clipboard that a small program of ours filled.
-class QtClipboardTest : public testing::Test {
+class X11ClipboardTest : public testing::Test {
 public:
     void copy(const QString& what)
     {
@@ -22,15 +22,21 @@ public:
         ASSERT_EQ(m_owner.readLine(), "ready\n");
     }
 
-    ~QtClipboardTest() override { finish(); }
+    ~X11ClipboardTest() override { finish(); }
 
     QByteArray paste(const QString& type)
     {
-        QProcess xclip;
-        xclip.setProcessEnvironment(m_display.environment());
-        xclip.start("xclip", {"-selection", "clipboard", "-t", type, "-o"});
-        xclip.waitForFinished();
-        return xclip.readAllStandardOutput();
+        const auto xclip = startPaste(type);
+        xclip->waitForFinished();
+        return xclip->readAllStandardOutput();
+    }
+
+    std::unique_ptr<QProcess> startPaste(const QString& type)
+    {
+        auto xclip = std::make_unique<QProcess>();
+        xclip->setProcessEnvironment(m_display.environment());
+        xclip->start("xclip", {"-selection", "clipboard", "-t", type, "-o"});
+        return xclip;
     }
 
     // Ends the owner; what it said of the bytes that it made.
@@ -41,14 +47,16 @@ public:
         return m_owner.readAllStandardError();
     }
 
-private:
+protected:
     Testing::VirtualDisplay m_display;
+
+private:
     QProcess m_owner;
 };
 
 } // namespace
 
-TEST_F(QtClipboardTest, TheListOfFormatsMakesNone)
+TEST_F(X11ClipboardTest, TheListOfFormatsMakesNone)
 {
     copy("picture");
     const QByteArrayList targets = paste("TARGETS").split('\n');
@@ -58,7 +66,7 @@ TEST_F(QtClipboardTest, TheListOfFormatsMakesNone)
     EXPECT_FALSE(finish().contains("made"));
 }
 
-TEST_F(QtClipboardTest, TheFormatThatIsAskedForIsMade)
+TEST_F(X11ClipboardTest, TheFormatThatIsAskedForIsMade)
 {
     copy("picture");
     const QImage picture = Testing::testPicture({900, 700}, Testing::Texture::noise);
@@ -70,7 +78,7 @@ TEST_F(QtClipboardTest, TheFormatThatIsAskedForIsMade)
     EXPECT_FALSE(finish().contains("made image/tiff"));
 }
 
-TEST_F(QtClipboardTest, TiffIsThereForThoseWhoWantIt)
+TEST_F(X11ClipboardTest, TiffIsThereForThoseWhoWantIt)
 {
     copy("picture");
     const auto pasted = ImageCodec::decode(paste("image/tiff"));
@@ -80,7 +88,31 @@ TEST_F(QtClipboardTest, TiffIsThereForThoseWhoWantIt)
     EXPECT_TRUE(told.contains("made image/tiff") && !told.contains("made image/png")) << told.constData();
 }
 
-TEST_F(QtClipboardTest, TextComesOutAsItWentIn)
+TEST_F(X11ClipboardTest, SeveralFetchEverythingAtTheSameTime)
+{
+    copy("picture");
+    std::vector<std::unique_ptr<QProcess>> readers;
+    for (const char* type : {"image/png", "image/tiff", "image/png", "TIMESTAMP"})
+        readers.push_back(startPaste(type));
+    for (const auto& reader : readers) {
+        EXPECT_TRUE(reader->waitForFinished());
+        EXPECT_FALSE(reader->readAllStandardOutput().isEmpty());
+    }
+}
+
+TEST_F(X11ClipboardTest, WhatIsCopiedElsewhereReplacesIt)
+{
+    copy("text");
+    QProcess other;
+    other.setProcessEnvironment(m_display.environment());
+    other.start("xclip", {"-selection", "clipboard"});
+    other.write("another");
+    other.closeWriteChannel();
+    other.waitForFinished();
+    EXPECT_EQ(paste("UTF8_STRING"), "another");
+}
+
+TEST_F(X11ClipboardTest, TextComesOutAsItWentIn)
 {
     copy("text");
     EXPECT_EQ(paste("UTF8_STRING"), QByteArray("grün 😀"));

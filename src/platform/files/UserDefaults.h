@@ -1,27 +1,35 @@
 #pragma once
 
 #include "platform/Observers.h"
+#include "platform/Reply.h"
+#include "platform/files/SettingsFile.h"
 
 #include <QHash>
 #include <QMutex>
 #include <QVariant>
 
+#include <expected>
 #include <optional>
 
 namespace Kovrel {
 
+class MainLoop;
 class Workers;
 
 // The user's settings as plain key/value pairs in one INI file, with a registration domain below them: a value that
 // was never set reads as its registered default, and nothing is written for it. Reads never touch the disk and are
 // safe on any thread; a value that can't be read as the wanted type reads as the registered default, and without one
 // as the type's zero. Setting is done on the main thread; the file is written on a worker, other programs' changes to
-// other keys kept. A file that can't be read whole is first copied aside, one that can't be written is logged, and the
-// settings then hold for this run.
+// other keys kept. A file that can't be read whole is first copied aside; what can't be written is told to whoever
+// asks, else logged, and holds for this run.
 class UserDefaults {
 public:
+    // Whether the file has it. The error is one line for people.
+    using Stored = std::expected<void, QString>;
+
     // Reads the file at once. Without workers each change is written before `set` returns.
-    explicit UserDefaults(QString path, Workers* workers = nullptr);
+    explicit UserDefaults(QString path);
+    UserDefaults(QString path, MainLoop& loop, Workers& workers);
 
     void registerDefaults(const QHash<QString, QVariant>& defaults);
 
@@ -36,23 +44,28 @@ public:
     QByteArray data(const QString& key) const;
     QStringList textList(const QString& key) const;
 
-    // False when the file could not be written; with workers that is only logged.
-    bool set(const QString& key, const QVariant& value);
-    bool remove(const QString& key);
+    // The value holds at once; `stored` is told later, and without workers before this returns.
+    void set(const QString& key, const QVariant& value, const Reply<Stored>& stored = {});
+    void remove(const QString& key, const Reply<Stored>& stored = {});
 
     // Called on the main thread after a value was set or removed here.
     Subscription onChange(std::function<void(const QString& key)> callback);
 
 private:
+    struct Background {
+        MainLoop& loop;
+        Workers& workers;
+    };
+
     template <class T>
     T read(const QString& key, std::optional<T> (*convert)(const QVariant&)) const;
     void load();
-    bool change(const QString& key, std::optional<QVariant> value);
+    void change(const QString& key, const std::optional<QVariant>& value, const Reply<Stored>& stored);
 
-    QString m_path;
-    Workers* m_workers;
+    SettingsFile m_file;
+    std::optional<Background> m_background;
     mutable QMutex m_lock;
-    QHash<QString, QVariant> m_stored;
+    IniText::Values m_stored;
     QHash<QString, QVariant> m_registered;
     Observers<const QString&> m_observers;
 };
