@@ -14,9 +14,12 @@ namespace {
 constexpr KeyCombo escape{VirtualKeys::escape};
 constexpr double untilUpdated = 3600; // the count keeps the toast up, not its linger
 
-ToastContent countToast(int seconds)
+ToastContent countToast(int seconds, const std::shared_ptr<bool>& isClosed)
 {
-    return {.message = SelfTimer::tr("Capturing in %1\u2026").arg(seconds), .icon = "timer", .dwell = untilUpdated};
+    return {.message = SelfTimer::tr("Capturing in %1\u2026").arg(seconds),
+            .icon = "timer",
+            .onClose = [isClosed] { *isClosed = true; },
+            .dwell = untilUpdated};
 }
 
 } // namespace
@@ -44,13 +47,14 @@ QCoro::Task<bool> SelfTimer::countDown(std::optional<quint32> displayID)
         m_services.ports.toasts.tell(&Toasts::dismiss, true);
     });
     int remaining = m_services.preferences.selfTimerSeconds();
-    m_services.ports.toasts.tell(&Toasts::present, countToast(remaining), displayID, false);
+    const auto isClosed = std::make_shared<bool>(false); // the count goes on without its toast
+    m_services.ports.toasts.tell(&Toasts::present, countToast(remaining, isClosed), displayID, false);
     while (remaining > 0) {
         const bool goesOn = co_await oneSecond();
         if (!goesOn)
             co_return false;
-        if (--remaining > 0)
-            m_services.ports.toasts.tell(&Toasts::update, countToast(remaining), false);
+        if (--remaining > 0 && !*isClosed)
+            m_services.ports.toasts.tell(&Toasts::update, countToast(remaining, isClosed), false);
     }
     co_return true;
 }

@@ -19,7 +19,8 @@ struct ToastContent {
     bool copied = false;       // reports a copy to the clipboard
     std::optional<QImage> image;
     std::function<void()> onTap;
-    std::optional<double> dwell; // seconds, instead of the usual linger
+    std::function<void()> onClose; // by its button
+    std::optional<double> dwell;   // seconds, instead of the usual linger
 };
 
 } // namespace Kovrel

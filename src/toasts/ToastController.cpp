@@ -36,7 +36,12 @@ void ToastController::present(ToastContent content, std::optional<quint32> displ
     m_content = std::move(content);
     m_lastDisplay = displayID;
     m_panel = new ToastPanel(m_content, display ? *display : displays.front(), m_displays.isComposited());
-    QObject::connect(m_panel, &ToastPanel::closeClicked, m_panel, [this] { dismiss(true); });
+    QObject::connect(m_panel, &ToastPanel::closeClicked, m_panel, [this] {
+        const auto onClose = m_content.onClose;
+        dismiss(true);
+        if (onClose)
+            onClose();
+    });
     if (!m_isHiddenForCapture)
         m_panel->popIn();
     armCountdown({});

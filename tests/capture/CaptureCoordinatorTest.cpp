@@ -160,6 +160,18 @@ TEST_F(CoordinatorTest, TimedCountsDownThenTakesTheScreenItBeganOn)
     EXPECT_THAT(outcomes, ElementsAre("timed finished"));
 }
 
+TEST_F(CoordinatorTest, ACountWhoseToastWasClosedGoesOnWithoutIt)
+{
+    fake.preferences.set(Settings::selfTimerSeconds, 2);
+    captureAndSettle(CaptureMode::timed);
+    fake.lastToast.onClose();
+    fake.takeLog();
+    seconds(1);
+    EXPECT_THAT(fake.takeLog(), ElementsAre());
+    seconds(1);
+    EXPECT_THAT(outcomes, ElementsAre("timed finished"));
+}
+
 TEST_F(CoordinatorTest, SelfTimerBelowOneCountsFromFive)
 {
     fake.preferences.set(Settings::selfTimerSeconds, 0);

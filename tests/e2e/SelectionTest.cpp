@@ -209,6 +209,10 @@ TEST_F(SelectionTest, SpaceMovesTheRectangleAndShiftMakesItSquare)
     keyboard->press(TestKeyboard::shift);
     painted->movePointer({1120, 430});
     waitUntilLit({1060, 510});
+    keyboard->release(TestKeyboard::shift);
+    waitUntilShaded({1060, 510});
+    keyboard->press(TestKeyboard::shift);
+    waitUntilLit({1060, 510}); // also while the pointer rests
     painted->release();
     keyboard->release(TestKeyboard::shift);
     expectPicture({1000, 400, 120, 120}, 1);

@@ -176,6 +176,7 @@ bool FakeCaptureServices::ToastLog::setHiddenForCapture(bool isHidden)
 void FakeCaptureServices::ToastLog::present(ToastContent content, std::optional<quint32> displayID, bool)
 {
     fake.say(QString("toast on %1: ").arg(displayID.value_or(0)) + content.message);
+    fake.lastToast = std::move(content);
 }
 
 void FakeCaptureServices::ToastLog::update(ToastContent content, bool)

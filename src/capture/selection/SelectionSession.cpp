@@ -47,6 +47,8 @@ std::vector<OverlaySession::Key> SelectionSession::keys()
         {VirtualKeys::enter, [this](KeyGrabs::Press) { returnPressed(); }},
         {VirtualKeys::escape, [this](KeyGrabs::Press) { cancel(); }},
     };
+    for (const quint32 key : {VirtualKeys::shift, VirtualKeys::rightShift})
+        keys.push_back({key, [this](KeyGrabs::Press) { shiftChanged(true); }, [this] { shiftChanged(false); }});
     for (const auto& [key, direction] : arrowKeys)
         keys.push_back({key, [this, direction](KeyGrabs::Press press) { arrowPressed(direction, press); }});
     return keys;
@@ -145,6 +147,13 @@ void SelectionSession::spaceReleased()
 {
     m_spaceIsDown = false;
     m_area.endMoving();
+}
+
+// Also while the pointer rests.
+void SelectionSession::shiftChanged(bool isDown)
+{
+    if (m_pointer)
+        m_area.drag(*m_pointer, isDown);
 }
 
 void SelectionSession::returnPressed()

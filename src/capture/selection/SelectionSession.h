@@ -55,6 +55,7 @@ private:
 
     void spacePressed(KeyGrabs::Press press);
     void spaceReleased();
+    void shiftChanged(bool isDown);
     void returnPressed();
     void arrowPressed(QPoint direction, KeyGrabs::Press press);
     void toggleMode();

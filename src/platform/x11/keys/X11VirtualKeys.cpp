@@ -64,6 +64,8 @@ constexpr std::array virtualKeys{
     X11VirtualKey{VirtualKeys::returnKey, XKB_KEY_Return, nullptr},
     X11VirtualKey{VirtualKeys::tab, XKB_KEY_Tab, nullptr},
     X11VirtualKey{VirtualKeys::space, XKB_KEY_space, nullptr},
+    X11VirtualKey{VirtualKeys::shift, XKB_KEY_Shift_L, nullptr},
+    X11VirtualKey{VirtualKeys::rightShift, XKB_KEY_Shift_R, nullptr},
     X11VirtualKey{VirtualKeys::backspace, XKB_KEY_BackSpace, nullptr},
     X11VirtualKey{VirtualKeys::escape, XKB_KEY_Escape, nullptr},
     X11VirtualKey{VirtualKeys::deleteKey, XKB_KEY_Delete, nullptr},

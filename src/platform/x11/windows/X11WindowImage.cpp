@@ -101,6 +101,14 @@ std::optional<QImage> readAfterRedirecting(X11ImageReader& reader, const X11Fram
     return readPixmap(reader, frame);
 }
 
+std::optional<QImage> readOwnPixels(X11ImageReader& reader, const X11Frame& frame)
+{
+    // A compositor has redirected every window already, and the server those with alpha.
+    if (auto image = readPixmap(reader, frame))
+        return image;
+    return readAfterRedirecting(reader, frame);
+}
+
 bool isUncovered(X11Connection& x, xcb_window_t window, const QRect& pixels)
 {
     const auto windows = X11WindowList::read(x);
@@ -137,17 +145,14 @@ std::optional<QImage> readWithDecoration(X11ImageReader& reader, xcb_window_t wi
     if (auto image = readFromScreen(reader, window, frame))
         return image;
     frame.visible = frame.client; // rather no decoration than pixels of something else
-    return readPixmap(reader, frame);
+    return readOwnPixels(reader, frame);
 }
 
 std::optional<QImage> readPixels(X11ImageReader& reader, xcb_window_t window, const X11Frame& frame)
 {
     if (KWinDecoration::isDrawnApart(reader.connection(), window, frame))
         return readWithDecoration(reader, window, frame);
-    // A compositor has redirected every window already, and the server those with alpha.
-    if (auto image = readPixmap(reader, frame))
-        return image;
-    return readAfterRedirecting(reader, frame);
+    return readOwnPixels(reader, frame);
 }
 
 } // namespace
