@@ -53,13 +53,13 @@ void Account::settle(bool isSignedIn)
         m_observers.notify();
 }
 
-void Account::signInLocally(Reply<bool> reply)
+void Account::signInLocally(Reply<TokenStore::Stored> reply)
 {
     const QString token = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    m_local.write(tokenKey, token, m_lifeline.guard([this, reply](bool isStored) {
-        if (isStored)
+    m_local.write(tokenKey, token, m_lifeline.guard([this, reply](const TokenStore::Stored& stored) {
+        if (stored)
             settle(true);
-        reply(isStored);
+        reply(stored);
     }));
 }
 
@@ -93,10 +93,10 @@ void Account::handleCallback(const QUrl& url, Reply<bool> reply)
         return;
     }
     m_expectedState.clear();
-    m_secrets.write(tokenKey, token, m_lifeline.guard([this, reply](bool isStored) {
-        if (isStored)
+    m_secrets.write(tokenKey, token, m_lifeline.guard([this, reply](const TokenStore::Stored& stored) {
+        if (stored)
             settle(true);
-        reply(isStored);
+        reply(stored.has_value());
     }));
 }
 

@@ -152,8 +152,11 @@ TEST_F(FaultsTest, AFullDiskLosesNoSettingsAndIsTold)
     const auto onFullDisk = [](const QString& line) {
         return QStringList{"-c", "ulimit -f 0; exec " KOVREL_PROGRAM " " + line};
     };
-    for (const char* line : {"preferences set imageFormat jpeg", "preferences reset imageFormat", "sign-in --local"})
-        EXPECT_EQ(session.run("sh", onFullDisk(line)).exitCode, 4) << line;
+    for (const char* line : {"preferences set imageFormat jpeg", "preferences reset imageFormat", "sign-in --local"}) {
+        const auto result = session.run("sh", onFullDisk(line));
+        EXPECT_EQ(result.exitCode, 4) << line;
+        EXPECT_EQ(result.error.count('\n'), 1) << result.error.constData();
+    }
     session.start("sh", onFullDisk("--background"));
     ASSERT_TRUE(UserSession::eventually([&] { return session.instancePid() != 0; }));
     for (const QStringList& line : {QStringList{"preferences", "set", "imageFormat", "jpeg"}, {"sign-in", "--local"}})
