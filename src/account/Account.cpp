@@ -68,13 +68,13 @@ void Account::settle(bool isSignedIn)
         m_observers.notify();
 }
 
-void Account::signInLocally(Reply<bool> reply)
+void Account::signInLocally(Reply<TokenStore::Stored> reply)
 {
     const QString token = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    m_local.write(tokenKey, token, m_lifeline.guard([this, reply](bool isStored) {
-        if (isStored)
+    m_local.write(tokenKey, token, m_lifeline.guard([this, reply](const TokenStore::Stored& stored) {
+        if (stored)
             settle(true);
-        reply(isStored);
+        reply(stored);
     }));
 }
 
@@ -122,21 +122,22 @@ void Account::handleCallback(const QUrl& url, Reply<bool> reply)
         return;
     }
     m_expectedState.clear();
-    writeToKeychain(token, m_lifeline.guard([this, reply](bool isStored) {
-        if (isStored)
+    writeToKeychain(token, m_lifeline.guard([this, reply](const TokenStore::Stored& stored) {
+        if (stored)
             settle(true);
-        reply(isStored);
+        reply(stored.has_value());
     }));
 }
 
-void Account::writeToKeychain(const QString& token, Reply<bool> reply)
+void Account::writeToKeychain(const QString& token, Reply<TokenStore::Stored> reply)
 {
-    m_local.write(keychainNote, "1", m_lifeline.guard([this, token, reply = std::move(reply)](bool isNoted) {
-        if (isNoted)
+    const auto noted = [this, token, reply = std::move(reply)](const TokenStore::Stored& stored) {
+        if (stored)
             m_secrets.write(tokenKey, token, reply);
         else
-            reply(false);
-    }));
+            reply(stored);
+    };
+    m_local.write(keychainNote, "1", m_lifeline.guard(noted));
 }
 
 Subscription Account::onChange(std::function<void()> observer)

@@ -25,7 +25,7 @@ public:
 
     bool isSignedIn() const { return m_isSignedIn; }
 
-    void signInLocally(Reply<bool> reply);
+    void signInLocally(Reply<TokenStore::Stored> reply);
     void signOut(Reply<bool> reply);
 
     // Starts a sign-in on a web page: the answer must carry this state, and is taken only once.
@@ -39,7 +39,7 @@ private:
     void settle(bool isSignedIn);
     void readFromKeychain(Reply<std::optional<QString>> reply);
     void removeFromKeychain(Reply<bool> reply);
-    void writeToKeychain(const QString& token, Reply<bool> reply);
+    void writeToKeychain(const QString& token, Reply<TokenStore::Stored> reply);
 
     TokenStore& m_local;
     TokenStore& m_secrets;

@@ -107,17 +107,13 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv)
     return application;
 }
 
-// What keeps the program from starting, in one line.
-QString obstacleToStart()
+// Why there is no display to start on, in one line.
+QString displayFault()
 {
     if (DesktopSession::kind() == DesktopSession::Kind::none)
         return "there is no display to capture: DISPLAY is not set";
-    if (!DesktopSession::obstacle().isEmpty())
-        complain(DesktopSession::obstacle());
-    if (!DesktopSession::canShowWindows())
-        return "the display " + qEnvironmentVariable("DISPLAY", qEnvironmentVariable("WAYLAND_DISPLAY")) +
-               " can't be reached";
-    return {};
+    return "the display " + qEnvironmentVariable("DISPLAY", qEnvironmentVariable("WAYLAND_DISPLAY")) +
+           " can't be reached";
 }
 
 // Until it is asked to end, or until its command is done.
@@ -137,13 +133,17 @@ int runUntilEnd(Application& kovrel, const Command& command)
 int runInstance(const Command& command, int& argc, char** argv)
 {
     std::optional<StartDeadline> deadline(std::in_place);
-    if (const QString obstacle = obstacleToStart(); !obstacle.isEmpty())
-        return complain(obstacle);
+    if (!DesktopSession::obstacle().isEmpty())
+        complain(DesktopSession::obstacle());
+    auto display = DesktopSession::reachDisplay();
+    if (!display)
+        return complain(displayFault());
     const auto application = makeApplication(argc, argv);
     Application kovrel(
         {.files = {}, .isLoginItem = command.has("background"), .build = KOVREL_BUILD, .version = KOVREL_VERSION},
         FeatureList::all());
     const InstanceBus::Claim claim = kovrel.claimInstance();
+    display.reset();
     deadline.reset();
     if (claim == InstanceBus::Claim::taken) {
         if (!command.has("background"))

@@ -13,6 +13,8 @@ QString reason(GrabFailure failure)
         return "there is no such window on the screen";
     case GrabFailure::notSupported:
         return "the display server can't do that";
+    case GrabFailure::otherPixels:
+        return "the display has no 24-bit colours, which captures need";
     case GrabFailure::serverGone:
         return "the display server is gone";
     case GrabFailure::noMemory:

@@ -10,6 +10,7 @@ enum class GrabFailure {
     refused,      // the desktop does not give pixels to us
     windowGone,   // closed or minimised in the meantime
     notSupported, // this desktop has no way to give them
+    otherPixels,  // the display's pixels are of another form than we read
     serverGone,   // the connection to the display server is lost
     noMemory,
 };

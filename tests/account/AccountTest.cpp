@@ -16,10 +16,10 @@ namespace {
 struct SlowKeychain : TokenStore {
     void read(const QString&, Reply<std::optional<QString>> reply) override { pendingRead = std::move(reply); }
 
-    void write(const QString&, const QString& value, Reply<bool> reply) override
+    void write(const QString&, const QString& value, Reply<Stored> reply) override
     {
         token = value;
-        reply(isWritable);
+        reply(isWritable ? Stored() : std::unexpected(QString("locked")));
     }
 
     void remove(const QString&, Reply<bool> reply) override
@@ -52,7 +52,7 @@ struct AccountTest : testing::Test {
     // As after a sign-in on a web page.
     void useKeychain()
     {
-        local.write("kovrel.session.keychain", "1", [](bool) {});
+        local.write("kovrel.session.keychain", "1", [](const TokenStore::Stored&) {});
         settle();
     }
 
@@ -62,6 +62,14 @@ struct AccountTest : testing::Test {
             workers.runAll();
             loop.runPosted();
         }
+    }
+
+    TokenStore::Stored signIn()
+    {
+        TokenStore::Stored answer = std::unexpected(QString("no answer"));
+        account->signInLocally([&](const TokenStore::Stored& stored) { answer = stored; });
+        settle();
+        return answer;
     }
 
     std::optional<bool> wait(const std::function<void(Reply<bool>)>& ask)
@@ -77,7 +85,7 @@ struct AccountTest : testing::Test {
 
 TEST_F(AccountTest, TheLocalAccountIsAPrivateFileThatIsFoundAgain)
 {
-    EXPECT_EQ(wait([&](auto reply) { account->signInLocally(reply); }), true);
+    EXPECT_TRUE(signIn());
     EXPECT_TRUE(account->isSignedIn());
     const QFileInfo token(folder / "data/kovrel.session.token");
     EXPECT_EQ(token.permissions() & 0x777, QFile::ReadUser | QFile::WriteUser | QFile::Permissions(0));
@@ -106,7 +114,7 @@ TEST_F(AccountTest, AKeychainWithoutATokenIsNeverAsked)
     bool isKnown = false;
     account->whenKnown([&] { isKnown = true; });
     EXPECT_TRUE(isKnown);
-    EXPECT_EQ(wait([&](auto reply) { account->signInLocally(reply); }), true);
+    EXPECT_TRUE(signIn());
     EXPECT_EQ(wait([&](auto reply) { account->signOut(reply); }), true);
 }
 
@@ -122,7 +130,7 @@ TEST_F(AccountTest, ChangesAreToldButNotTheFirstAnswer)
     EXPECT_EQ(changes, 1);
     wait([&](auto reply) { account->signOut(reply); });
     EXPECT_EQ(changes, 1);
-    wait([&](auto reply) { account->signInLocally(reply); });
+    signIn();
     EXPECT_EQ(changes, 2);
 }
 
@@ -131,7 +139,7 @@ TEST_F(AccountTest, ALateKeychainDoesNotUndoASignIn)
     useKeychain();
     account->restore();
     settle();
-    wait([&](auto reply) { account->signInLocally(reply); });
+    signIn();
     keychain.pendingRead(std::nullopt);
     EXPECT_TRUE(account->isSignedIn());
 }
@@ -184,7 +192,9 @@ TEST_F(AccountTest, AFolderThatCanNotBeWrittenIsAFailure)
 {
     QFile blocker(folder / "data");
     ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
-    EXPECT_EQ(wait([&](auto reply) { account->signInLocally(reply); }), false);
+    const auto stored = signIn();
+    ASSERT_FALSE(stored);
+    EXPECT_TRUE(stored.error().contains("Not a directory")) << qPrintable(stored.error());
     EXPECT_FALSE(account->isSignedIn());
 }
 

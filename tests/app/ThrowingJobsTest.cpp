@@ -127,7 +127,12 @@ TEST_F(ThrowingJobsTest, WhoeverWaitsForAJobIsAnsweredWhenMemoryIsShort)
              tokens.read("token", [answer](const std::optional<QString>& token) { answer(token.value_or("none")); });
          },
          "none"},
-        {"keeping the account", [&](Answer answer) { tokens.write("token", "new", yesOrNo(answer)); }, "no"},
+        {"keeping the account",
+         [&](Answer answer) {
+             tokens.write("token", "new",
+                          [answer](const TokenStore::Stored& stored) { answer(stored ? "done" : stored.error()); });
+         },
+         noMemory},
         {"forgetting the account", [&](Answer answer) { tokens.remove("token", yesOrNo(answer)); }, "no"},
         {"cutting out a selection",
          [&](Answer answer) {

@@ -21,7 +21,7 @@ struct PaintedSurfaces : OverlaySurfaces {
           bare(screen),
           shown(screen.size(), ground == Ground::frozen ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied)
     {
-        shade(displayPixels);
+        PaintedSurfaces::shade(displayPixels);
         painted = 0;
     }
 

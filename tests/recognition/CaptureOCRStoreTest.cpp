@@ -16,7 +16,6 @@ namespace Kovrel {
 
 using testing::Contains;
 using Testing::FakeTextRecogniser;
-using testing::IsEmpty;
 using Kind = CaptureOCRStore::Kind;
 using Status = CaptureOCRStore::Status;
 

@@ -86,6 +86,7 @@ TEST_F(CrashTest, TwoProcessesNeverShareAName)
     constexpr int saves = 60;
     {
         std::vector<Child> racers;
+        racers.reserve(3);
         for (int racer = 0; racer < 3; ++racer)
             racers.emplace_back([&] {
                 ReservationJournal journal(folder / "journal");

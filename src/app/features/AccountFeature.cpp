@@ -9,9 +9,14 @@ namespace Kovrel {
 
 namespace {
 
-CommandAnswer doneOr(bool isDone, const char* complaint)
+CommandAnswer failure(const QString& complaint)
 {
-    return isDone ? CommandAnswer{} : CommandAnswer{.exitCode = CommandLine::failed, .error = complaint};
+    return {.exitCode = CommandLine::failed, .error = complaint};
+}
+
+CommandAnswer doneOr(const std::expected<void, QString>& done, const char* complaint)
+{
+    return done ? CommandAnswer{} : failure(complaint + (": " + done.error()));
 }
 
 } // namespace
@@ -72,13 +77,13 @@ void AccountFeature::tellFailure(const QString& reason)
 
 void AccountFeature::signIn(const Reply<CommandAnswer>& reply)
 {
-    m_account.signInLocally([reply, &preferences = m_foundation.preferences](bool isStored) {
-        if (!isStored) {
-            reply(doneOr(false, "the account could not be stored"));
+    m_account.signInLocally([reply, &preferences = m_foundation.preferences](const TokenStore::Stored& stored) {
+        if (!stored) {
+            reply(doneOr(stored, "the account could not be stored"));
             return;
         }
         preferences.set(Settings::hasCompletedOnboarding, true, [reply](const UserDefaults::Stored& noted) {
-            reply(doneOr(noted.has_value(), "the account is stored, but not that the first run is done"));
+            reply(doneOr(noted, "the account is stored, but not that the first run is done"));
         });
     });
 }
@@ -86,7 +91,7 @@ void AccountFeature::signIn(const Reply<CommandAnswer>& reply)
 void AccountFeature::signOut(const Reply<CommandAnswer>& reply)
 {
     m_account.signOut([reply](bool isGone) {
-        reply(doneOr(isGone, "the account could not be forgotten; the keychain may be locked"));
+        reply(isGone ? CommandAnswer{} : failure("the account could not be forgotten; the keychain may be locked"));
     });
 }
 

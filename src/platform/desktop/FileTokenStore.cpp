@@ -7,13 +7,11 @@
 #include "platform/files/PrivateFolder.h"
 
 #include <QDir>
-#include <QLoggingCategory>
+#include <QFile>
 
 namespace Kovrel {
 
 namespace {
-
-Q_LOGGING_CATEGORY(log, "com.kovrel.account")
 
 constexpr qint64 maxTokenSize = 64 * 1024;
 
@@ -24,13 +22,11 @@ std::optional<QString> readToken(const QString& path)
     return token.isEmpty() ? std::nullopt : std::optional(token);
 }
 
-bool writeToken(const QString& folder, const QString& path, const QString& token)
+TokenStore::Stored writeToken(const QString& folder, const QString& path, const QString& token)
 {
     PrivateFolder::make(folder);
     const auto written = AtomicFile::write(path, token.toUtf8(), AtomicFile::Access::onlyOwner);
-    if (!written)
-        qCWarning(log, "The account can't be stored: %s", qUtf8Printable(written.error().message));
-    return written.has_value();
+    return written ? TokenStore::Stored() : std::unexpected(written.error().message);
 }
 
 } // namespace
@@ -40,29 +36,30 @@ FileTokenStore::FileTokenStore(MainLoop& loop, Workers& workers, QString folder)
 {
 }
 
-template <class T>
-void FileTokenStore::inBackground(std::function<T()> job, T failed, Reply<T> reply)
+template <class Job, class T>
+void FileTokenStore::inBackground(Job job, Reply<T> reply)
 {
-    replyFromWorker<T>(m_loop, m_workers, Lane::utility, Guarded::orElse(std::move(job), failed), std::move(reply));
+    replyFromWorker<T>(m_loop, m_workers, Lane::utility, std::move(job), std::move(reply));
 }
 
 void FileTokenStore::read(const QString& key, Reply<std::optional<QString>> reply)
 {
-    inBackground<std::optional<QString>>([path = QDir(m_folder).filePath(key)] { return readToken(path); },
-                                         std::nullopt, std::move(reply));
+    const auto job = [path = QDir(m_folder).filePath(key)] { return readToken(path); };
+    inBackground(Guarded::orElse(job, std::nullopt), std::move(reply));
 }
 
-void FileTokenStore::write(const QString& key, const QString& token, Reply<bool> reply)
+void FileTokenStore::write(const QString& key, const QString& token, Reply<Stored> reply)
 {
-    inBackground<bool>(
-        [folder = m_folder, path = QDir(m_folder).filePath(key), token] { return writeToken(folder, path, token); },
-        false, std::move(reply));
+    const auto job = [folder = m_folder, path = QDir(m_folder).filePath(key), token] {
+        return writeToken(folder, path, token);
+    };
+    inBackground(Guarded::orReason(job), std::move(reply));
 }
 
 void FileTokenStore::remove(const QString& key, Reply<bool> reply)
 {
-    inBackground<bool>([path = QDir(m_folder).filePath(key)] { return !QFile::exists(path) || QFile::remove(path); },
-                       false, std::move(reply));
+    const auto job = [path = QDir(m_folder).filePath(key)] { return !QFile::exists(path) || QFile::remove(path); };
+    inBackground(Guarded::orElse(job, false), std::move(reply));
 }
 
 } // namespace Kovrel

@@ -12,12 +12,12 @@ public:
     FileTokenStore(MainLoop& loop, Workers& workers, QString folder);
 
     void read(const QString& key, Reply<std::optional<QString>> reply) override;
-    void write(const QString& key, const QString& token, Reply<bool> reply) override;
+    void write(const QString& key, const QString& token, Reply<Stored> reply) override;
     void remove(const QString& key, Reply<bool> reply) override;
 
 private:
-    template <class T>
-    void inBackground(std::function<T()> job, T failed, Reply<T> reply);
+    template <class Job, class T>
+    void inBackground(Job job, Reply<T> reply);
 
     MainLoop& m_loop;
     Workers& m_workers;

@@ -64,13 +64,15 @@ void KeychainTokenStore::read(const QString& key, Reply<std::optional<QString>> 
         [](QKeychain::ReadPasswordJob& done) { return std::optional(done.textData()); }, std::move(reply));
 }
 
-void KeychainTokenStore::write(const QString& key, const QString& token, Reply<bool> reply)
+void KeychainTokenStore::write(const QString& key, const QString& token, Reply<Stored> reply)
 {
     auto* job = new QKeychain::WritePasswordJob(serviceName);
     job->setKey(key);
     job->setTextData(token);
-    run<QKeychain::WritePasswordJob, bool>(
-        job, false, false, [](QKeychain::WritePasswordJob&) { return true; }, std::move(reply));
+    run<QKeychain::WritePasswordJob, Stored>(
+        job, std::unexpected(QString("the keychain did not take it; it may be locked")),
+        std::unexpected(QString("this desktop has no keychain")), [](QKeychain::WritePasswordJob&) { return Stored(); },
+        std::move(reply));
 }
 
 void KeychainTokenStore::remove(const QString& key, Reply<bool> reply)

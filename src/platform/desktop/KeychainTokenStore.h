@@ -12,7 +12,7 @@ public:
     KeychainTokenStore(MainLoop& loop, MainLoop::Milliseconds deadline);
 
     void read(const QString& key, Reply<std::optional<QString>> reply) override;
-    void write(const QString& key, const QString& token, Reply<bool> reply) override;
+    void write(const QString& key, const QString& token, Reply<Stored> reply) override;
     void remove(const QString& key, Reply<bool> reply) override;
 
 private:

@@ -1,6 +1,7 @@
 #include "platform/files/IniText.h"
 
 #include <QDataStream>
+#include <QIODevice>
 #include <QSettings>
 
 #include <atomic>

@@ -16,12 +16,15 @@ DesktopSession::Kind DesktopSession::kind()
     return qEnvironmentVariableIsEmpty("DISPLAY") ? Kind::none : Kind::x11;
 }
 
-bool DesktopSession::canShowWindows()
+std::shared_ptr<void> DesktopSession::reachDisplay()
 {
-    if (!qEnvironmentVariableIsEmpty("DISPLAY"))
-        return X11Connection().isAlive();
+    if (!qEnvironmentVariableIsEmpty("DISPLAY")) {
+        auto connection = std::make_shared<X11Connection>();
+        return connection->isAlive() ? connection : nullptr;
+    }
     const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms");
-    return kind() == Kind::wayland && !plugins.entryList({"libqwayland*"}).isEmpty();
+    const bool canShowWindows = kind() == Kind::wayland && !plugins.entryList({"libqwayland*"}).isEmpty();
+    return canShowWindows ? std::make_shared<char>() : nullptr;
 }
 
 QString DesktopSession::obstacle()

@@ -46,7 +46,7 @@ GrabbedImage X11Screen::grab(QRect rootPixels, ScreenPixels::PointerOption point
     if (!shown.intersects(rootPixels))
         return std::unexpected(GrabFailure::noDisplay);
     if (!x.hasPlainPixels())
-        return std::unexpected(GrabFailure::notSupported);
+        return std::unexpected(GrabFailure::otherPixels);
     auto image = readRoot(rootPixels);
     if (!image) // the screen became smaller just now
         return std::unexpected(GrabFailure::noDisplay);

@@ -20,7 +20,7 @@ namespace {
 
 using Key = CropSizeEstimator::SizeKey;
 using Reading = CropSizeEstimator::Reading;
-using std::chrono_literals::operator""ms;
+using namespace std::chrono_literals;
 
 struct CropSizeEstimatorTest : testing::Test {
     Testing::FakeMainLoop loop;

@@ -85,7 +85,7 @@ TEST(KeychainTokenStore, KeepsReplacesAndForgetsTokens)
     KeychainTokenStore store(loop, 10s);
     const auto read = [&] { return await<Token>([&](auto reply) { store.read("key", reply); }); };
     const auto write = [&](const char* token) {
-        return await<bool>([&](auto reply) { store.write("key", token, reply); });
+        return await<TokenStore::Stored>([&](auto reply) { store.write("key", token, reply); }).has_value();
     };
     EXPECT_EQ(read(), std::nullopt);
     EXPECT_TRUE(write("first \u00e9"));
@@ -101,7 +101,7 @@ TEST(KeychainTokenStore, ALockedKeychainAnswersNothingWithinTheDeadline)
     const Keyring keyring(false);
     QtMainLoop loop;
     KeychainTokenStore store(loop, 300ms);
-    EXPECT_FALSE(await<bool>([&](auto reply) { store.write("key", "token", reply); }));
+    EXPECT_FALSE(await<TokenStore::Stored>([&](auto reply) { store.write("key", "token", reply); }).has_value());
     EXPECT_EQ(await<Token>([&](auto reply) { store.read("key", reply); }), std::nullopt);
 }
 

@@ -13,6 +13,7 @@ constexpr int letterStep = 9; // from one letter to the next, of which the lette
 inline std::vector<QRect> letters(int left, int foot, int count)
 {
     std::vector<QRect> boxes;
+    boxes.reserve(size_t(count));
     for (int at = 0; at < count; ++at)
         boxes.push_back({left + at * letterStep, foot - letterHeight, 6, letterHeight});
     return boxes;

@@ -77,6 +77,7 @@ TEST(TextLines, QuotationMarksBridgeTheGapBetweenLetters)
 {
     auto blobs = letters(0, 40, 5);
     append(blobs, letters(80, 40, 5));
+    blobs.reserve(blobs.size() + 4);
     for (const int left : {46, 49, 72, 75})
         blobs.push_back({left, 25, 2, 6});
     EXPECT_EQ(linesOf(blobs), Lines{"0,25 122x15"});

@@ -271,10 +271,12 @@ TEST(ScreenPixelsOfPoorServers, AreTakenWithWhatThereIsOrRefused)
     EXPECT_TRUE(X11Screen(*reader).waitUntilRepainted());
     EXPECT_EQ(failureOf(X11WindowImage::grab(*reader, screen.root())), GrabFailure::notSupported);
 
-    const Testing::VirtualDisplay coarse({300, 200}, 16);
-    const auto refusing = std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(coarse.name()));
-    const auto refused = X11Screen(*refusing).grab({0, 0, 10, 10}, PointerOption::without);
-    EXPECT_EQ(failureOf(refused), GrabFailure::notSupported);
+    for (const int depth : {8, 15, 16, 30}) {
+        const Testing::VirtualDisplay other({300, 200}, depth);
+        const auto refusing = std::make_shared<X11ImageReader>(std::make_shared<X11Connection>(other.name()));
+        const auto refused = X11Screen(*refusing).grab({0, 0, 10, 10}, PointerOption::without);
+        EXPECT_EQ(failureOf(refused), GrabFailure::otherPixels) << depth;
+    }
 }
 
 TEST(ScreenPixelsWithoutServer, RefusesInOrder)

@@ -1,4 +1,5 @@
 #include "platform/ImageCodec.h"
+#include "platform/x11/X11Connection.h"
 #include "tests/support/PictureDifference.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/VirtualDisplay.h"
@@ -8,6 +9,8 @@
 #include <gtest/gtest.h>
 
 namespace Kovrel {
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -39,10 +42,13 @@ public:
         return xclip;
     }
 
+    // The owner ends as soon as it may.
+    void letGo() { m_owner.closeWriteChannel(); }
+
     // Ends the owner; what it said of the bytes that it made.
     QByteArray finish()
     {
-        m_owner.closeWriteChannel();
+        letGo();
         m_owner.waitForFinished();
         return m_owner.readAllStandardError();
     }
@@ -98,6 +104,31 @@ TEST_F(X11ClipboardTest, SeveralFetchEverythingAtTheSameTime)
         EXPECT_TRUE(reader->waitForFinished());
         EXPECT_FALSE(reader->readAllStandardOutput().isEmpty());
     }
+}
+
+TEST_F(X11ClipboardTest, AManagerMayTakeWhatIsThereAtTheEnd)
+{
+    copy("text");
+    X11Connection manager(m_display.name());
+    const xcb_window_t window = xcb_generate_id(manager.handle());
+    xcb_create_window(manager.handle(), 0, window, manager.root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, 0, 0,
+                      nullptr);
+    xcb_set_selection_owner(manager.handle(), window, manager.atom("CLIPBOARD_MANAGER"), XCB_CURRENT_TIME);
+    manager.roundTrip();
+    letGo();
+    const auto event = manager.nextEvent(10s);
+    ASSERT_TRUE(event && (event->response_type & 0x7f) == XCB_SELECTION_REQUEST);
+    const auto& request = reinterpret_cast<const xcb_selection_request_event_t&>(*event);
+    EXPECT_EQ(request.target, manager.atom("SAVE_TARGETS"));
+    EXPECT_EQ(paste("UTF8_STRING"), QByteArray("grün 😀")) << "it is still there";
+    xcb_selection_notify_event_t taken{};
+    taken.response_type = XCB_SELECTION_NOTIFY;
+    taken.requestor = request.requestor;
+    taken.selection = request.selection;
+    xcb_send_event(manager.handle(), false, request.requestor, 0, reinterpret_cast<const char*>(&taken));
+    manager.roundTrip();
+    finish();
+    EXPECT_TRUE(paste("UTF8_STRING").isEmpty()) << "and then it is the manager's";
 }
 
 TEST_F(X11ClipboardTest, WhatIsCopiedElsewhereReplacesIt)

@@ -68,6 +68,7 @@ std::vector<QRCode> found(const QImage& image, std::optional<Engine> engine = st
 std::vector<std::string> payloads(const std::vector<QRCode>& codes)
 {
     std::vector<std::string> texts;
+    texts.reserve(codes.size());
     for (const QRCode& one : codes)
         texts.push_back(one.payload.toStdString());
     return texts;

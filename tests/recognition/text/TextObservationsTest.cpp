@@ -10,11 +10,7 @@
 namespace Kovrel {
 
 using Observation = TextRecogniser::Observation;
-using testing::DoubleNear;
-using testing::ElementsAre;
-using testing::ElementsAreArray;
 using Testing::FakeTextRecogniser;
-using testing::IsEmpty;
 
 namespace {
 

@@ -23,11 +23,11 @@ public:
         });
     }
 
-    void write(const QString& key, const QString& token, Reply<bool> reply) override
+    void write(const QString& key, const QString& token, Reply<Stored> reply) override
     {
         if (isWritable)
             tokens[key] = token;
-        answers.give(std::move(reply), [this] { return isWritable; });
+        answers.give(std::move(reply), [this] { return isWritable ? Stored() : std::unexpected(QString("locked")); });
     }
 
     void remove(const QString& key, Reply<bool> reply) override

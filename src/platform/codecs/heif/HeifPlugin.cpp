@@ -16,7 +16,7 @@ constexpr qsizetype exifPrefix = 4; // the offset of the block proper
 
 std::unexpected<ImageCodec::Failure> failure(const std::string& reason)
 {
-    return std::unexpected(ImageCodec::Failure{"HEIC: " + QString::fromStdString(reason)});
+    return std::unexpected(ImageCodec::Failure{"HEIC: " + QString::fromStdString(reason).simplified()});
 }
 
 class BytesWriter : public heif::Context::Writer {

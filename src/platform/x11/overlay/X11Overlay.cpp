@@ -82,7 +82,8 @@ OverlaySurfaces::Outcome X11Overlay::open(std::vector<Surface> surfaces, Overlay
     {
         const X11Connection::ServerHold hold(m_connection);
         if (!freeze(surfaces))
-            return std::unexpected(reason(GrabFailure::refused));
+            return std::unexpected(
+                reason(m_connection.hasPlainPixels() ? GrabFailure::refused : GrabFailure::otherPixels));
         // What holds the pointer, as an open menu, must go: it can be seen on the frozen ground only.
         isPointerHeld = !isPointerFree();
         m_ground = isPointerHeld ? OverlaySurfaces::Ground::frozen : ground;

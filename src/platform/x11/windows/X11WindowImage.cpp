@@ -160,8 +160,10 @@ std::optional<QImage> readPixels(X11ImageReader& reader, xcb_window_t window, co
 GrabbedImage X11WindowImage::grab(X11ImageReader& reader, xcb_window_t window)
 {
     X11Connection& x = reader.connection();
-    if (x.isAlive() && (!x.has(xcb_composite_id) || !x.hasPlainPixels()))
+    if (x.isAlive() && !x.has(xcb_composite_id))
         return std::unexpected(GrabFailure::notSupported);
+    if (x.isAlive() && !x.hasPlainPixels())
+        return std::unexpected(GrabFailure::otherPixels);
     const auto frame = X11Frame::of(x, window);
     std::optional<QImage> image;
     if (frame && frame->isViewable && !frame->visible.isEmpty())
