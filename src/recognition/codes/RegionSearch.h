@@ -6,8 +6,8 @@
 namespace Kovrel {
 
 // Looks for codes in one part of a picture, again and again in other ways: as it is and with light for dark, as both
-// stand on one screen; and where it is small and nothing was seen, softened, sharpened and levelled, and the places that
-// may be codes enlarged, with light for dark, and softened more. Any thread.
+// stand on one screen; and where it is small and nothing was seen, softened, sharpened and levelled, and the places
+// that may be codes enlarged, with light for dark, and softened more. Any thread.
 class RegionSearch {
 public:
     RegionSearch(const CodeReader& reader, CodeReader::Engine engine) : m_reader(reader), m_engine(engine) {}
