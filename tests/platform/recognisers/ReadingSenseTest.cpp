@@ -24,6 +24,8 @@ TEST(ReadingSense, WhatIsSeenInPicturesIsNoText)
                           {"Oo", 0.7f, 0.9, false},
                           {"Quit", 0.7f, 0.6, true},
                           {"oh Ke", 0.45f, 0.9, false},
+                          {"te -", 0.43f, 0.6, false},
+                          {"*.", 0.95f, 0.6, false},
                           {"Ctrl+S", 0.2f, 0.65, true},
                           {"1.10.2", 0.1f, 0.7, true},
                           {"1.10.2", 0.1f, 0, false},
