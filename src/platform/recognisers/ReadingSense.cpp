@@ -27,11 +27,13 @@ bool isMarksOnly(const QString& text)
                                 [](QChar c) { return c.isLetterOrNumber() || QStringView(u"{}()[]").contains(c); });
 }
 
-// Without marks at its ends, as what is seen in pictures often has.
+// Three characters and more without a space, marks around them left aside; fewer only without marks.
 bool isWord(const QString& text)
 {
-    const bool endsLikeOne = text.back().isLetterOrNumber() || text.back() == u'.' || text.back() == u':';
-    return !text.contains(u' ') && text.front().isLetterOrNumber() && endsLikeOne;
+    const auto isCore = [](QChar c) { return c.isLetterOrNumber(); };
+    const auto first = std::ranges::find_if(text, isCore);
+    const auto last = std::find_if(text.rbegin(), text.rend(), isCore).base();
+    return last - first >= std::min<qsizetype>(3, text.size()) && !text.contains(u' ');
 }
 
 // No word list helps with them.

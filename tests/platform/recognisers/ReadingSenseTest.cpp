@@ -25,6 +25,8 @@ TEST(ReadingSense, WhatIsSeenInPicturesIsNoText)
                           {"Quit", 0.7f, 0.6, true},
                           {"oh Ke", 0.45f, 0.9, false},
                           {"te -", 0.43f, 0.6, false},
+                          {"\"lazy\"", 0.1f, 0.6, true},
+                          {"«ge:", 0.3f, 0.6, false},
                           {"*.", 0.95f, 0.6, false},
                           {"Ctrl+S", 0.2f, 0.65, true},
                           {"1.10.2", 0.1f, 0.7, true},
