@@ -17,7 +17,7 @@ struct Demand {
     float elsewhere = 0;
 };
 
-constexpr Demand demands[] = {{1, 0.7f, 0.8f}, {3, 0.6f, 0.75f}, {8, 0, 0.5f}, {15, 0, 0.3f}};
+constexpr Demand demands[] = {{1, 0.7f, 0.8f}, {3, 0.6f, 0.75f}, {8, 0, 0.45f}, {15, 0, 0.3f}};
 constexpr qsizetype fewMarks = 5;
 
 // Any line or corner of a drawing looks like a mark; only brackets stand alone, in code.

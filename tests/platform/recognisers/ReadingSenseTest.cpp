@@ -23,7 +23,7 @@ TEST(ReadingSense, WhatIsSeenInPicturesIsNoText)
                           {"Oo", 0.55f, 0.6, false},
                           {"Oo", 0.7f, 0.9, false},
                           {"Quit", 0.7f, 0.6, true},
-                          {"oh Ke", 0.45f, 0.9, false},
+                          {"oh Ke", 0.44f, 0.9, false},
                           {"te -", 0.43f, 0.6, false},
                           {"\"lazy\"", 0.1f, 0.6, true},
                           {"«ge:", 0.3f, 0.6, false},
