@@ -13,16 +13,27 @@ constexpr float morePictured = 0.2f; // confidence that is wanted on pictures be
 // The fewer characters, the more easily they are seen where there are none.
 struct Demand {
     qsizetype mostCharacters = 0;
-    float onText = 0; // on ground that looks like that of text
+    float onText = 0; // of a word on ground that looks like that of text
     float elsewhere = 0;
 };
 
-constexpr Demand demands[] = {{1, 0.6f, 0.6f}, {3, 0.6f, 0.75f}, {8, 0.1f, 0.5f}, {15, 0, 0.3f}};
+constexpr Demand demands[] = {{1, 0.7f, 0.8f}, {3, 0.6f, 0.75f}, {8, 0, 0.45f}, {15, 0, 0.3f}};
+constexpr qsizetype fewMarks = 5;
 
-// Any line or corner of a drawing looks like one.
-bool isStroke(QChar c)
+// Any line or corner of a drawing looks like a mark; only brackets stand alone, in code.
+bool isMarksOnly(const QString& text)
 {
-    return QStringView(u"\\|~<>«»‹›'\"‘’“”`´.,:;_^°-–—=•").contains(c);
+    return std::ranges::none_of(text,
+                                [](QChar c) { return c.isLetterOrNumber() || QStringView(u"{}()[]").contains(c); });
+}
+
+// Three characters and more without a space, marks around them left aside; fewer only without marks.
+bool isWord(const QString& text)
+{
+    const auto isCore = [](QChar c) { return c.isLetterOrNumber(); };
+    const auto first = std::ranges::find_if(text, isCore);
+    const auto last = std::find_if(text.rbegin(), text.rend(), isCore).base();
+    return last - first >= std::min<qsizetype>(3, text.size()) && !text.contains(u' ');
 }
 
 // No word list helps with them.
@@ -43,10 +54,10 @@ float demandedOf(const QString& text, bool looksLikeText)
 
 bool ReadingSense::isText(const QString& text, float confidence, double blankShare)
 {
-    if (std::ranges::all_of(text, [](QChar c) { return isStroke(c) || c.isSpace(); }) && text.size() <= 3)
+    if (text.isEmpty() || (text.size() <= fewMarks && isMarksOnly(text)))
         return false;
     const bool isOnPicture = blankShare < onPictures;
-    const bool looksLikeText = !isOnPicture && blankShare <= amongShapes;
+    const bool looksLikeText = !isOnPicture && blankShare <= amongShapes && isWord(text);
     return confidence >= demandedOf(text, looksLikeText) + (isOnPicture ? morePictured : 0);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/recognisers/TesseractEngine.h"
 
+#include "platform/recognisers/CharacterGrid.h"
 #include "platform/recognisers/LanguageData.h"
 
 #include <QCoreApplication>
@@ -125,6 +126,8 @@ public:
         m_run.confidence = std::clamp(m_run.confidence / m_weight, 0.0f, 1.0f);
         if (qsizetype(m_run.characterBoxes.size()) != graphemeCount(m_run.text))
             m_run.characterBoxes.clear();
+        else
+            CharacterGrid::closeFalseGaps(m_run.text, m_run.characterBoxes);
         return std::move(m_run);
     }
 

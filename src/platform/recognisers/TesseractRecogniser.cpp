@@ -32,7 +32,7 @@ constexpr double lineMargin = 0.3;          // letter heights around a line
 constexpr uchar blankGround = 245;          // grey levels
 constexpr float doubtfulConfidence = 0.75f; // a page read with less may stand on its head
 constexpr qsizetype tellingLength = 4;
-constexpr size_t sampleSize = 8; // lines that tell whether it does
+constexpr size_t sampleSize = 5; // lines that tell whether it does
 
 using Run = TesseractEngine::Run;
 

@@ -74,6 +74,66 @@ QImage widened(const QImage& grey, int factor)
     return result;
 }
 
+constexpr int leastRange = 8; // what differs less is one colour
+
+void level(const uchar* from, const uchar* end, uchar* to, int darkest, int range)
+{
+    const int factor = range < leastRange ? 0 : 255 * 256 / range;
+    std::transform(from, end, to, [=](uchar value) { return uchar(factor ? (value - darkest) * factor >> 8 : 255); });
+}
+
+// The darkest and the lightest pixel around each place, in squares of three blocks.
+class Extremes {
+public:
+    using Range = std::pair<uchar, uchar>;
+
+    explicit Extremes(const QImage& grey)
+        : m_columns((grey.width() + blockSide - 1) / blockSide),
+          m_rows((grey.height() + blockSide - 1) / blockSide),
+          m_blocks(size_t(m_columns) * size_t(m_rows), Range(255, 0))
+    {
+        for (int y = 0; y < grey.height(); ++y)
+            for (int left = 0; left < grey.width(); left += blockSide)
+                measure(grey.constScanLine(y) + left, std::min(blockSide, grey.width() - left),
+                        m_blocks[index(left / blockSide, y / blockSide)]);
+        spread();
+    }
+
+    const Range& around(int x, int y) const { return m_blocks[index(x / blockSide, y / blockSide)]; }
+
+    static constexpr int blockSide = 10; // pixels
+
+private:
+    static void measure(const uchar* pixels, int count, Range& range)
+    {
+        const auto [darkest, lightest] = std::minmax_element(pixels, pixels + count);
+        widen(range, {*darkest, *lightest});
+    }
+
+    static void widen(Range& range, const Range& other)
+    {
+        range = {std::min(range.first, other.first), std::max(range.second, other.second)};
+    }
+
+    size_t index(int column, int row) const { return size_t(row) * size_t(m_columns) + size_t(column); }
+
+    // Every block takes in those around it.
+    void spread()
+    {
+        const std::vector<Range> own = m_blocks;
+        for (int row = 0; row < m_rows; ++row)
+            for (int column = 0; column < m_columns; ++column)
+                for (const int dy : {-1, 0, 1})
+                    for (const int dx : {-1, 0, 1})
+                        widen(m_blocks[index(column, row)],
+                              own[index(within(column + dx, m_columns), within(row + dy, m_rows))]);
+    }
+
+    int m_columns;
+    int m_rows;
+    std::vector<Range> m_blocks;
+};
+
 } // namespace
 
 QImage GreyPicture::of(const QImage& image)
@@ -153,6 +213,20 @@ QImage GreyPicture::sharpened(const QImage& grey, const QImage& soft)
         std::transform(grey.constScanLine(y), grey.constScanLine(y) + grey.width(), soft.constScanLine(y),
                        result.scanLine(y),
                        [](uchar sharp, uchar mean) { return uchar(within(2 * sharp - mean, 256)); });
+    return result;
+}
+
+QImage GreyPicture::levelled(const QImage& grey)
+{
+    const Extremes extremes(grey);
+    QImage result = blank(grey.size());
+    for (int y = 0; y < result.height(); ++y)
+        for (int left = 0; left < result.width(); left += Extremes::blockSide) {
+            const auto [darkest, lightest] = extremes.around(left, y);
+            const uchar* const from = grey.constScanLine(y) + left;
+            level(from, from + std::min(Extremes::blockSide, result.width() - left), result.scanLine(y) + left, darkest,
+                  lightest - darkest);
+        }
     return result;
 }
 

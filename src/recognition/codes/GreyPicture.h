@@ -26,6 +26,10 @@ QImage softened(const QImage& grey);
 // The picture with its differences from the softened one added once more, which brings faint and unsharp modules out.
 QImage sharpened(const QImage& grey, const QImage& soft);
 
+// Each pixel between the darkest and the lightest one around it: what lies in a shadow or is faint comes out as clear
+// as the rest.
+QImage levelled(const QImage& grey);
+
 // Light for dark.
 QImage inverted(QImage grey);
 

@@ -4,6 +4,7 @@
 #include "recognition/codes/GreyPicture.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace Kovrel {
 
@@ -26,7 +27,7 @@ CodeReader::Outcome RegionSearch::run(const QImage& grey, const CodeRegions::Reg
     if (m_codes.empty() && isSmall(part))
         lookFiltered(part);
     if (m_codes.empty() && isSmall(part))
-        lookEnlarged(part);
+        lookAtPlaces(part);
     if (!m_error.isEmpty())
         return std::unexpected(m_error);
     const double scale = region.isReduced ? 2 : 1;
@@ -46,28 +47,50 @@ void RegionSearch::lookPlainly(const QImage& part)
     look(GreyPicture::inverted(part), 1);
 }
 
-// Noisy photographs, and codes made of dots.
+// Noisy photographs, codes made of dots, and codes in a shadow.
 void RegionSearch::lookFiltered(const QImage& part)
 {
     const QImage soft = GreyPicture::softened(part);
     look(soft, 1);
     if (m_codes.empty())
         look(GreyPicture::sharpened(part, soft), 1);
+    if (m_codes.empty())
+        look(GreyPicture::levelled(part), 1);
 }
 
-// Codes of hardly a pixel for each module, and blurred ones.
-void RegionSearch::lookEnlarged(const QImage& part)
+void RegionSearch::lookAtPlaces(const QImage& part)
 {
     const int factor = std::min(enlargedSide / longSide(part), mostEnlarged);
     for (const QRect& place : CodePlaces::of(part)) {
         const size_t known = m_codes.size();
-        QImage enlarged = GreyPicture::enlarged(GreyPicture::view(part, place), factor);
-        look(enlarged, 1.0 / factor);
-        if (m_codes.size() == known)
-            look(GreyPicture::inverted(std::move(enlarged)), 1.0 / factor);
+        lookClosely(GreyPicture::view(part, place), factor);
         for (size_t code = known; code < m_codes.size(); ++code)
             m_codes[code].box.translate(place.topLeft());
     }
+}
+
+// Codes of hardly a pixel for each module and blurred ones are seen enlarged, those under much noise softened twice.
+void RegionSearch::lookClosely(const QImage& place, int factor)
+{
+    const auto soft = [&] { return GreyPicture::softened(GreyPicture::softened(place)); };
+    const auto enlarged = [&] { return GreyPicture::enlarged(place, factor); };
+
+    struct Look {
+        std::function<QImage()> picture;
+        double scale;
+    };
+
+    const Look looks[] = {
+        {enlarged, 1.0 / factor},
+        {[&] { return GreyPicture::inverted(enlarged()); }, 1.0 / factor},
+        {[&] { return GreyPicture::levelled(soft()); }, 1},
+        {[&] { return GreyPicture::halved(soft()); }, 2},
+        {[&] { return GreyPicture::enlarged(GreyPicture::sharpened(place, soft()), factor); }, 1.0 / factor},
+    };
+    const size_t known = m_codes.size();
+    for (const Look& one : looks)
+        if (m_codes.size() == known)
+            look(one.picture(), one.scale);
 }
 
 void RegionSearch::look(const QImage& picture, double scale)

@@ -6,8 +6,8 @@
 namespace Kovrel {
 
 // Looks for codes in one part of a picture, again and again in other ways: as it is and with light for dark, as both
-// stand on one screen; and where it is small and nothing was seen, softened, sharpened, enlarged, and enlarged with
-// light for dark. Any thread.
+// stand on one screen; and where it is small and nothing was seen, softened, sharpened and levelled, and the places
+// that may be codes enlarged, with light for dark, and softened more. Any thread.
 class RegionSearch {
 public:
     RegionSearch(const CodeReader& reader, CodeReader::Engine engine) : m_reader(reader), m_engine(engine) {}
@@ -21,7 +21,8 @@ public:
 private:
     void lookPlainly(const QImage& part);
     void lookFiltered(const QImage& part);
-    void lookEnlarged(const QImage& part);
+    void lookAtPlaces(const QImage& part);
+    void lookClosely(const QImage& place, int factor);
     void look(const QImage& picture, double scale);
 
     const CodeReader& m_reader;

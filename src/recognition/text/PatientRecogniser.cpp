@@ -17,12 +17,13 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "com.kovrel.ocr")
 
-constexpr int lowestPriority = 19;
+// Low enough to step aside, high enough to end a line soon when somebody waits behind it.
+constexpr int lowPriority = 10;
 
 // The calling thread, and those that it starts, for the rest of their lives.
 void standBehindOthers()
 {
-    ::setpriority(PRIO_PROCESS, id_t(::gettid()), lowestPriority);
+    ::setpriority(PRIO_PROCESS, id_t(::gettid()), lowPriority);
 }
 
 } // namespace

@@ -179,6 +179,12 @@ TEST(QRCodeDetector, EqualCodesBesideEachOtherAreTwo)
     draw(image, code("twin"), {700, 50});
     EXPECT_EQ(payloads(found(image)), (Payloads{"twin", "twin"}));
     EXPECT_EQ(payloads(found(code("alone"), Engine::zbar)), Payloads{"alone"});
+    QImage shaded = code("in a deep shadow", 6);
+    QLinearGradient shade(0, 0, shaded.width(), 0);
+    shade.setColorAt(0.4, QColor(0, 0, 0, 60));
+    shade.setColorAt(0.6, QColor(0, 0, 0, 222));
+    QPainter(&shaded).fillRect(shaded.rect(), shade);
+    EXPECT_EQ(payloads(found(shaded)), Payloads{"in a deep shadow"});
     for (const Engine engine : {Engine::zxing, Engine::zbar})
         EXPECT_EQ(payloads(found(code("a\x1b\x01z"), engine)), Payloads{"a\x1b\x01z"}) << "control characters";
 }
