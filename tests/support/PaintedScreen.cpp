@@ -64,12 +64,13 @@ xcb_window_t PaintedScreen::create(const Look& look)
     const xcb_colormap_t colours = xcb_generate_id(m_connection);
     xcb_create_colormap(m_connection, XCB_COLORMAP_ALLOC_NONE, colours, m_screen->root, visual);
     // White until it is painted: a grab that comes too early shows.
-    const uint32_t values[] = {0xffffffff, 0, look.managesItself, XCB_EVENT_MASK_EXPOSURE, colours};
+    const uint32_t values[] = {look.paintsLate ? uint32_t(XCB_BACK_PIXMAP_NONE) : 0xffffffff, 0, look.managesItself,
+                               XCB_EVENT_MASK_EXPOSURE, colours};
     const QRect& r = look.pixels;
     xcb_create_window(m_connection, depth, window, m_screen->root, int16_t(r.x()), int16_t(r.y()), uint16_t(r.width()),
                       uint16_t(r.height()), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
-                      XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK |
-                          XCB_CW_COLORMAP,
+                      (look.paintsLate ? XCB_CW_BACK_PIXMAP : XCB_CW_BACK_PIXEL) | XCB_CW_BORDER_PIXEL |
+                          XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK | XCB_CW_COLORMAP,
                       values);
     return window;
 }
@@ -79,7 +80,7 @@ xcb_window_t PaintedScreen::show(const Look& look)
     const xcb_window_t window = create(look);
     {
         const std::lock_guard lock(m_lock);
-        m_windows[window] = {qPremultiply(look.colour.rgba()), look.pixels.size()};
+        m_windows[window] = {qPremultiply(look.colour.rgba()), look.pixels.size(), look.paintsLate};
     }
     // Program's position, so that a window manager leaves it where it is.
     const quint32 hints[18] = {1 << 0 | 1 << 2, quint32(look.pixels.x()), quint32(look.pixels.y())};
@@ -159,6 +160,8 @@ void PaintedScreen::paint(xcb_window_t window)
 {
     const std::lock_guard lock(m_lock);
     Painted& look = m_windows[window];
+    if (look.paintsLate)
+        std::this_thread::sleep_for(std::chrono::milliseconds(60));
     const xcb_gcontext_t context = xcb_generate_id(m_connection);
     const xcb_rectangle_t whole{0, 0, uint16_t(look.size.width()), uint16_t(look.size.height())};
     xcb_create_gc(m_connection, context, window, XCB_GC_FOREGROUND, &look.pixel);

@@ -31,6 +31,7 @@ public:
         QByteArray type = {};       // _NET_WM_WINDOW_TYPE_…
         QByteArray className = {};
         int pid = 0;
+        bool paintsLate = false; // and leaves to others what is there before
     };
 
     // Returns when the window is mapped and painted.
@@ -77,6 +78,7 @@ private:
     struct Painted {
         quint32 pixel;
         QSize size;
+        bool paintsLate = false;
         bool isPainted = false;
     };
 

@@ -27,6 +27,27 @@ X11DamageWatch::~X11DamageWatch()
     }
 }
 
+QRegion X11DamageWatch::drawnIn(const xcb_generic_event_t& event) const
+{
+    if ((event.response_type & 0x7f) != m_connection.firstEvent(xcb_damage_id) + XCB_DAMAGE_NOTIFY)
+        return {};
+    const auto& notice = reinterpret_cast<const xcb_damage_notify_event_t&>(event);
+    return QRect(notice.area.x, notice.area.y, notice.area.width, notice.area.height);
+}
+
+void X11DamageWatch::waitUntilDrawn(const QRect& area) const
+{
+    const QDeadlineTimer deadline(3 * patience);
+    QRegion missing(area);
+    while (m_damage != XCB_NONE && !missing.isEmpty()) {
+        const auto event = m_connection.nextEvent(std::chrono::milliseconds(deadline.remainingTime()));
+        if (!event)
+            return;
+        missing -= drawnIn(*event);
+    }
+    waitUntilQuiet(m_damage == XCB_NONE ? patience : frame);
+}
+
 void X11DamageWatch::waitUntilQuiet(std::chrono::milliseconds beginning) const
 {
     const QDeadlineTimer deadline(patience);

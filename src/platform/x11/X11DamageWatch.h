@@ -2,6 +2,8 @@
 
 #include "platform/x11/X11Connection.h"
 
+#include <QRegion>
+
 #include <chrono>
 
 namespace Kovrel {
@@ -20,11 +22,16 @@ public:
     X11DamageWatch(const X11DamageWatch&) = delete;
     X11DamageWatch& operator=(const X11DamageWatch&) = delete;
 
+    // Returns once all of an area was drawn, and then nothing for a frame; or when the patience is over, which is
+    // longer than for others, since it is a program that is waited for. In the watched window's pixels.
+    void waitUntilDrawn(const QRect& area) const;
     // Returns after a frame without drawing, for whose beginning it waits as long as `beginning` says; in any case
     // when the patience is over.
     void waitUntilQuiet(std::chrono::milliseconds beginning) const;
 
 private:
+    QRegion drawnIn(const xcb_generic_event_t& event) const;
+
     X11Connection& m_connection;
     uint32_t m_damage = XCB_NONE;
 };

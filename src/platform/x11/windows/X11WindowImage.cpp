@@ -70,6 +70,13 @@ void clear(QImage& image, const QRegion& region)
     }
 }
 
+void clearBesideShape(X11Connection& x, const X11Frame& frame, QImage& image)
+{
+    const QRect part = frame.visible.translated(-frame.outer.topLeft());
+    if (const auto shape = shapeOf(x, frame))
+        clear(image, (QRegion(part) - *shape).translated(-part.topLeft()) & image.rect());
+}
+
 std::optional<QImage> readPixmap(X11ImageReader& reader, const X11Frame& frame)
 {
     X11Connection& x = reader.connection();
@@ -86,8 +93,7 @@ std::optional<QImage> readPixmap(X11ImageReader& reader, const X11Frame& frame)
     if (!image)
         return {};
     image->reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
-    if (const auto shape = shapeOf(x, frame))
-        clear(*image, (QRegion(part) - *shape).translated(-part.topLeft()) & image->rect());
+    clearBesideShape(x, frame, *image);
     return image;
 }
 
@@ -96,17 +102,10 @@ std::optional<QImage> readAfterRedirecting(X11ImageReader& reader, const X11Fram
     X11Connection& x = reader.connection();
     const X11DamageWatch watch(x, frame.topLevel);
     const Redirection redirection(x, frame.topLevel);
-    // The server maps the window anew, and its owner paints: what is there before is only background.
-    watch.waitUntilQuiet(X11DamageWatch::patience);
+    // The server maps the window anew. Its window manager paints the frame and its owner the rest, each when it gets to
+    // it; until then there are pixels of other windows.
+    watch.waitUntilDrawn(frame.client.translated(-frame.outer.topLeft()));
     return readPixmap(reader, frame);
-}
-
-std::optional<QImage> readOwnPixels(X11ImageReader& reader, const X11Frame& frame)
-{
-    // A compositor has redirected every window already, and the server those with alpha.
-    if (auto image = readPixmap(reader, frame))
-        return image;
-    return readAfterRedirecting(reader, frame);
 }
 
 bool isUncovered(X11Connection& x, xcb_window_t window, const QRect& pixels)
@@ -133,9 +132,19 @@ std::optional<QImage> readFromScreen(X11ImageReader& reader, xcb_window_t window
         return {};
     X11Screen(reader).waitUntilRepainted();
     auto image = reader.read(x.root(), frame.visible, X11ImageReader::Alpha::opaque);
-    if (image)
-        image->reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
+    if (!image)
+        return {};
+    image->reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
+    clearBesideShape(x, frame, *image);
     return image;
+}
+
+std::optional<QImage> readOwnPixels(X11ImageReader& reader, const X11Frame& frame)
+{
+    // A compositor has redirected every window already, and the server those with alpha.
+    if (auto image = readPixmap(reader, frame))
+        return image;
+    return readAfterRedirecting(reader, frame);
 }
 
 std::optional<QImage> readWithDecoration(X11ImageReader& reader, xcb_window_t window, X11Frame frame)

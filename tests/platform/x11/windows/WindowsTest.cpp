@@ -191,6 +191,17 @@ TEST_F(WindowsTest, ACoveredWindowIsGrabbedAsIfNothingCoveredIt)
     }
 }
 
+TEST_F(WindowsTest, AProgramThatPaintsAfterItsFrameIsWaitedFor)
+{
+    withOpenbox();
+    const auto late = screen.show({.pixels = {100, 100, 200, 150}, .colour = Qt::blue, .paintsLate = true});
+    screen.show({.pixels = {50, 50, 400, 300}, .colour = Qt::yellow});
+    const auto image = grab(late);
+    ASSERT_TRUE(image);
+    const QRect client(image->width() / 2 - 50, image->height() - 140, 100, 130);
+    EXPECT_EQ(onlyValue(image->copy(client)), QColor(Qt::blue).rgba());
+}
+
 TEST_F(WindowsTest, PixelsBesideAWindowsShapeAreTransparent)
 {
     const auto window = screen.show({.pixels = {100, 100, 40, 30}, .colour = Qt::blue});
