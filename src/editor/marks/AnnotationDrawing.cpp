@@ -54,11 +54,11 @@ bool isOther(const Annotation& mark)
     return !isSoftRedaction(mark) && !isBlackout(mark) && !isHighlighter(mark) && !isSpotlight(mark);
 }
 
-// Whether nothing of the mark would be seen. A spotlight darkens everything else, so none is culled; a label is drawn
-// so much more slowly than it is measured that it is measured first.
+// Whether nothing of the mark would be seen. A spotlight darkens everything else and a highlighter counts for its
+// layer, so none is culled here; a label is drawn so much more slowly than it is measured that it is measured first.
 bool isCulled(const Annotation& mark, const Scene& scene)
 {
-    if (!scene.culledTo || isSpotlight(mark))
+    if (!scene.culledTo || isSpotlight(mark) || isHighlighter(mark))
         return false;
     if (!scene.culledTo->intersects(AnnotationExtent::cullBound(mark, scene.scale)))
         return true;
@@ -269,7 +269,7 @@ void drawMarksOnCapture(QPainter& painter, const Marks& marks, const Scene& scen
         drawOne(painter, *mark, scene);
     for (const Annotation* const mark : chosen(marks, isBlackout))
         drawOne(painter, *mark, scene);
-    HighlighterInk::drawHighlightLayer(painter, chosen(marks, isHighlighter), scene.scale);
+    HighlighterInk::drawHighlightLayer(painter, chosen(marks, isHighlighter), scene.scale, scene.culledTo);
     AnnotationDrawing::drawSpotlightShade(painter, chosen(marks, isSpotlight), scene.shadeRegion, scene.scale);
 }
 

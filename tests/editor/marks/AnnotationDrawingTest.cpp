@@ -299,6 +299,38 @@ TEST(AnnotationDrawingTest, TheOrderIsRedactionsHighlightersShadeAllOthers)
         << qPrintable(page.at(15, 80).name()); // shade on the highlighter
 }
 
+TEST(AnnotationDrawingTest, AHighlighterReachesThePointer)
+{
+    Page page(1, white);
+    page.draw({mark(Kind::highlighter, {{20, 50}, {60, 50}, {60, 61}}, 4)}); // nearer than half the nib's height
+    EXPECT_NE(page.at(60, 70), white);
+}
+
+// The layers of one colour, on dark pages of several kinds, and their order.
+TEST(AnnotationDrawingTest, AHighlighterOutOfViewCountsForItsLayer)
+{
+    Annotation dim = mark(Kind::highlighter, {{20, 20}, {80, 20}});
+    dim.highlightOnDark = true;
+    dim.highlightPageLuma = 0.1;
+    Annotation bright = mark(Kind::highlighter, {{20, 80}, {180, 80}});
+    bright.highlightOnDark = true;
+    bright.highlightPageLuma = 0.45;
+    Annotation blue = mark(Kind::highlighter, {{60, 10}, {60, 60}});
+    blue.highlightOnDark = true;
+    blue.colorHex = "#0000FF";
+    Annotation first = dim;
+    first.points = {{150, 80}};
+    for (const std::vector<Annotation>& marks : {std::vector{dim, bright}, {first, blue, dim}}) {
+        Page whole(1, QColor(40, 40, 40));
+        whole.draw(marks);
+        Page lower(1, QColor(40, 40, 40));
+        lower.scene.culledTo = QRectF(0, 0, 100, 40);
+        lower.draw(marks, QRect(0, 60, 100, 40));
+        for (const Point& place : {Point{30, 20}, {60, 20}, {60, 35}})
+            EXPECT_EQ(lower.at(place.x, place.y), whole.at(place.x, place.y)) << marks.size() << ' ' << place.x;
+    }
+}
+
 // What is drawn piece by piece, culled, is what is drawn at once.
 TEST(AnnotationDrawingTest, PiecesAreThePixelsOfTheWhole)
 {
