@@ -1,5 +1,6 @@
 #include "editor/AnnotationFlattener.h"
 
+#include "editor/backdrop/AlphaSubject.h"
 #include "editor/backdrop/EditorBackdropMetrics.h"
 #include "editor/marks/AnnotationDrawing.h"
 #include "editor/marks/AnnotationExtent.h"
@@ -99,8 +100,9 @@ QImage onNothing(const Input& input, const QImage& capture)
 
 QImage onBackdrop(const Input& input, QImage capture, EditorBackdropRenderer& renderer)
 {
+    const auto subject = input.subject ? input.subject : AlphaSubject::measured(capture);
     const auto layout = EditorBackdropMetrics::layout(capture.size(), input.exportScale, input.exportScale,
-                                                      input.backdrop, input.subject, input.margins);
+                                                      input.backdrop, subject, input.margins);
     QImage picture = layout ? renderer.canvas(*layout, input.backdrop) : QImage();
     if (picture.isNull())
         return {};

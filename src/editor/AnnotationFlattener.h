@@ -27,7 +27,7 @@ struct Input {
     QImage pixelatedFull = {};
     std::optional<QColor> matte = {}; // laid under what is transparent in the capture
     EditorBackdrop backdrop = EditorBackdrop::none;
-    std::optional<CaptureSubject> subject = {}; // pixels of the capture
+    std::optional<CaptureSubject> subject = {}; // pixels of the capture; read from its alpha where there is none
     BackdropMargins margins = {};               // pixels of the capture, as measured on it
     MeasureUnit measureUnit = MeasureUnit::pixels;
 };
