@@ -95,18 +95,20 @@ struct Proportions {
     Proportions(double lineWidth, double scale, double tipScale, double total)
     {
         const double width = lineWidth * scale;
+        const double wanted = std::max(4.3 * width, 14 * scale) * tipScale;
+        const bool isHeadOnly = total < 0.9 * wanted;
         shaftHalf = std::max(0.9 * width, 2 * scale);
         tailHalf = std::max(0.16 * width, 0.6 * scale);
-        head = std::min(std::max(4.3 * width, 14 * scale) * tipScale, 0.5 * total);
-        headHalf = std::max(0.48 * head, 1.7 * shaftHalf);
-        shaftEnd = total - 0.9 * head;
+        head = isHeadOnly ? total : std::min(wanted, 0.5 * total);
+        headHalf = isHeadOnly ? 0.48 * head : std::max(0.48 * head, 1.7 * shaftHalf);
+        shaftEnd = isHeadOnly ? 0 : total - 0.9 * head;
     }
 
     double shaftHalf;
     double tailHalf;
     double head;
     double headHalf;
-    double shaftEnd; // along the line
+    double shaftEnd; // along the line; 0 where there is no shaft
 };
 
 class Arrow {
@@ -175,8 +177,9 @@ private:
 
     QPolygonF head() const
     {
-        // Overlapping the shaft, so that no seam shows.
-        const QPointF base = m_shaftEnd - 0.12 * m_size.head * m_headDirection;
+        // Overlapping the shaft where there is one, so that no seam shows.
+        const double overlap = m_size.shaftEnd > 0 ? 0.12 * m_size.head : 0;
+        const QPointF base = m_shaftEnd - overlap * m_headDirection;
         const QPointF side = m_size.headHalf * normal(m_headDirection);
         return QPolygonF{base + side, m_tip, base - side};
     }

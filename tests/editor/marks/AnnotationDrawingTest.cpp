@@ -186,6 +186,19 @@ TEST(AnnotationDrawingTest, ShapesAreWhereTheyBelong)
         }
 }
 
+// Shorter than 0.9 of a head of 17.2 points.
+TEST(AnnotationDrawingTest, ATinyArrowIsAHeadOnly)
+{
+    const QPainterPath tiny = AnnotationInk::inkPath(mark(Kind::arrow, {{50, 50}, {62, 50}}), 2);
+    const QRectF extent = tiny.boundingRect();
+    EXPECT_NEAR(extent.left(), 100, 0.5);
+    EXPECT_NEAR(extent.right(), 124, 1);
+    EXPECT_TRUE(tiny.contains({103, 100 + 0.8 * extent.height() / 2})); // as wide as it is at its base
+    EXPECT_FALSE(tiny.contains({118, 100 + 0.4 * extent.height() / 2}));
+    const QPainterPath longer = AnnotationInk::inkPath(mark(Kind::arrow, {{50, 50}, {67, 50}}), 2);
+    EXPECT_FALSE(longer.contains({103, 100 + 0.8 * longer.boundingRect().height() / 2}));
+}
+
 TEST(AnnotationDrawingTest, AStepHasItsWorkedSize)
 {
     const Annotation step = mark(Kind::step, {{0, 0}}, 4);
