@@ -19,7 +19,7 @@ using AnnotationFlattener::Input;
 namespace {
 
 constexpr double least = 0.0001;
-constexpr int mostPadding = 8;
+constexpr double mostPadding = 8; // image points
 
 // Redactions and spotlights change the capture and end where it ends.
 bool reachesOver(const Annotation& mark)
@@ -130,9 +130,9 @@ QMargins AnnotationFlattener::exportPadding(const std::vector<Annotation>& annot
         if (reachesOver(mark) && !image.contains(AnnotationExtent::cullBound(mark, scale)))
             if (const QRectF extent = AnnotationExtent::rotatedVisualExtent(mark, scale, {measureUnit, scale});
                 !extent.isNull())
-                covered |= extent.adjusted(-1, -1, 1, 1);
-    const auto padding = [](double overhang) {
-        return int(std::ceil(std::clamp<double>(overhang - 1, 0, mostPadding)));
+                covered |= extent;
+    const auto padding = [scale](double overhang) {
+        return int(std::ceil(std::clamp(overhang, 0.0, mostPadding * scale)));
     };
     return {padding(image.left() - covered.left()), padding(covered.bottom() - image.bottom()),
             padding(covered.right() - image.right()), padding(image.top() - covered.top())};
