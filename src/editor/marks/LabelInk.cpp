@@ -33,6 +33,8 @@ void LabelInk::fillTextChip(QPainter& painter, const Annotation& label, double s
 
 void LabelInk::drawText(QPainter& painter, const Annotation& label, double scale)
 {
+    if (label.text.trimmed().isEmpty())
+        return;
     painter.save();
     painter.setTransform(AnnotationInk::rotation(label, scale), true);
     const QColor color = AnnotationInk::colorOf(label);

@@ -438,6 +438,13 @@ TEST(AnnotationDrawingTest, ALongStrokeHasNoJoints)
         ASSERT_EQ(page.at(x, 50).name(), QColor(255, 127, 127).name()) << x;
 }
 
+TEST(AnnotationDrawingTest, AnEmptyLabelDrawsNothing)
+{
+    Page page(1, white);
+    page.draw({label("", Annotation::TextStyle::bubble), label(" \n", Annotation::TextStyle::background)});
+    EXPECT_TRUE(Testing::sameColors(page.image(), Page(1, white).image()));
+}
+
 TEST(AnnotationDrawingTest, TheEditedLabelIsLeftOut)
 {
     const Annotation edited = label("edited");
