@@ -132,7 +132,7 @@ TEST(EditorBackdropRenderer, TheShadowIsOutsideTheCardAndOnTheCanvas)
                 for (int x = 0; x < shadow.width(); ++x) {
                     const bool isInside = framed.adjusted(inset, 0, -inset, 0).contains(x, y) ||
                                           framed.adjusted(0, inset, 0, -inset).contains(x, y);
-                    const bool isAtEdge = x == 0 || y == 0 || x == shadow.width() - 1 || y == shadow.height() - 1;
+                    const bool isAtEdge = y == shadow.height() - 1; // whither the light throws it
                     if (isInside)
                         ASSERT_EQ(qAlpha(shadow.pixel(x, y)), 0) << x << "," << y;
                     if (isAtEdge)
