@@ -28,6 +28,8 @@ constexpr double translucentFill = 0.25;
 constexpr double hatchDistance = 8;
 constexpr double hatchWidth = 1.5;
 constexpr int bandHeight = 64; // pixels
+// Of the number in a step, by the radius: beyond, it would come near the ring.
+constexpr double widestNumber = 1.5;
 
 bool isBlackout(const Annotation& mark)
 {
@@ -350,7 +352,9 @@ void AnnotationDrawing::drawStep(QPainter& painter, const Annotation& step, doub
     ring.addEllipse(centre, radius, radius);
     stroke(painter, ring, QPen(Qt::white, AnnotationInk::stepRingWidth(step, scale)));
     const LabelText number(QString::number(step.stepNumber), boldTextAttributes(radius, std::nullopt), std::nullopt);
-    number.draw(painter, {centre.x() - number.size().width / 2, centre.y() + number.size().height / 2}, 1, Qt::white);
+    const double fitting = std::min(1.0, widestNumber * radius / number.size().width);
+    const QPointF half = QPointF(-number.size().width, number.size().height) * fitting / 2;
+    number.draw(painter, centre + half, fitting, textColorOn(color));
 }
 
 void AnnotationDrawing::drawSpotlightShade(QPainter& painter, const std::vector<const Annotation*>& spotlights,
