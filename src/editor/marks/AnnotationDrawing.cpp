@@ -5,6 +5,7 @@
 #include "editor/marks/HighlighterInk.h"
 #include "editor/marks/LabelInk.h"
 #include "editor/marks/LabelText.h"
+#include "editor/marks/MarkShadow.h"
 #include "imaging/BlendMode.h"
 #include "imaging/PainterPixels.h"
 
@@ -64,8 +65,10 @@ bool isCulled(const Annotation& mark, const Scene& scene)
         return false;
     if (!scene.culledTo->intersects(AnnotationExtent::cullBound(mark, scene.scale)))
         return true;
+    const double shadow = MarkShadow::reach * scene.scale;
     return mark.kind == Kind::text &&
-           !scene.culledTo->intersects(AnnotationExtent::rotatedVisualExtent(mark, scene.scale));
+           !scene.culledTo->intersects(
+               AnnotationExtent::rotatedVisualExtent(mark, scene.scale).adjusted(-shadow, -shadow, shadow, shadow));
 }
 
 // The marks to draw, in their order.
@@ -247,8 +250,10 @@ void drawOne(QPainter& painter, const Annotation& mark, const Scene& scene)
         return AnnotationDrawing::drawSpotlightShade(painter, {&mark}, scene.shadeRegion, scene.scale);
     case Kind::pen:
         return drawPen(painter, mark, scene.scale);
-    case Kind::line:
     case Kind::arrow:
+        MarkShadow::draw(painter, {AnnotationInk::inkPath(mark, scene.scale)}, scene.scale);
+        [[fallthrough]];
+    case Kind::line:
         return painter.fillPath(AnnotationInk::inkPath(mark, scene.scale), color);
     case Kind::rectangle:
     case Kind::ellipse:
@@ -345,6 +350,7 @@ void AnnotationDrawing::drawStep(QPainter& painter, const Annotation& step, doub
 {
     const QPointF centre = AnnotationInk::scaled(step.points.back(), scale);
     const double radius = AnnotationInk::stepRadius(step, scale);
+    MarkShadow::draw(painter, {AnnotationInk::inkPath(step, scale)}, scale);
     painter.setBrush(color);
     painter.setPen(Qt::NoPen);
     painter.drawEllipse(centre, radius, radius);

@@ -3,6 +3,7 @@
 #include "editor/marks/AnnotationExtent.h"
 #include "editor/marks/AnnotationInk.h"
 #include "editor/marks/HighlighterInk.h"
+#include "editor/marks/MarkShadow.h"
 #include "editor/marks/RedactionSources.h"
 #include "tests/support/PictureDifference.h"
 #include "tests/support/TestPictures.h"
@@ -165,8 +166,8 @@ TEST(AnnotationDrawingTest, ShapesAreWhereTheyBelong)
         {"blackout",
          mark(Kind::blackout, {{20, 20}, {80, 80}}),
          {{{20, 20}, Qt::black}, {{79, 79}, Qt::black}, {{81, 50}, white}}},
-        {"step", mark(Kind::step, {{0, 0}, {100, 50}}), {{{100, 58}, red}, {{100, 63}, white}, {{91, 50}, red}}},
-        {"plate", label("i", Annotation::TextStyle::background), {{{62, 50}, red}, {{60.3, 40.3}, white}}},
+        {"step", mark(Kind::step, {{0, 0}, {100, 50}}), {{{100, 58}, red}, {{100, 66}, white}, {{91, 50}, red}}},
+        {"plate", label("i", Annotation::TextStyle::background), {{{62, 50}, red}, {{59, 39}, white}}},
         {"bubble",
          label("bubble", Annotation::TextStyle::bubble),
          {{{77, 35}, red}, {{72, 42}, red}, {{68, 41}, red}, {{100, 33}, white}}},
@@ -237,6 +238,26 @@ TEST(AnnotationDrawingTest, AStepsNumberFitsAndIsRead)
     for (double x = 80; x < 120; ++x)
         darkest = std::min(darkest, page.at(x, 50).red());
     EXPECT_LT(darkest, 100);
+}
+
+TEST(AnnotationDrawingTest, WhiteMarksAreSeenOnWhite)
+{
+    std::vector<Annotation> marks{mark(Kind::arrow, {{20, 50}, {180, 50}}), mark(Kind::step, {{100, 50}})};
+    for (const auto& [style, name] : RawStrings<Annotation::TextStyle>::table)
+        marks.push_back(label("white", style));
+    for (Annotation& each : marks) {
+        each.colorHex = "#FFFFFF";
+        Page page(1, white);
+        page.draw({each});
+        const QRectF extent = AnnotationExtent::visualExtent(each, 1);
+        const QRect around = extent.adjusted(-3, -3, 3, 3).toAlignedRect();
+        int shaded = 0;
+        for (int y = around.top(); y < around.bottom(); ++y)
+            for (int x = around.left(); x < around.right(); ++x)
+                if (const QColor color = page.at(x, y); color != white && color.red() > 180)
+                    ++shaded;
+        EXPECT_GT(shaded, 60) << qPrintable(rawString(each.kind) + ' ' + rawString(each.textStyle));
+    }
 }
 
 TEST(AnnotationDrawingTest, AnArrowsHeadIsATriangleWithSoftCorners)
@@ -434,7 +455,9 @@ TEST(AnnotationDrawingTest, InkStaysWithinItsExtentAndTheExtentWithinTheCullBoun
     for (Annotation& annotation : oneOfEach()) {
         if (annotation.kind == Kind::spotlight)
             continue;
-        const QRectF extent = AnnotationExtent::rotatedVisualExtent(annotation, 1);
+        constexpr double shadow = MarkShadow::reach;
+        const QRectF extent =
+            AnnotationExtent::rotatedVisualExtent(annotation, 1).adjusted(-shadow, -shadow, shadow, shadow);
         EXPECT_TRUE(AnnotationExtent::cullBound(annotation, 1).contains(extent))
             << qPrintable(rawString(annotation.kind));
         Page page(1, white);
