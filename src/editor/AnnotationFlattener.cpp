@@ -1,5 +1,6 @@
 #include "editor/AnnotationFlattener.h"
 
+#include "editor/backdrop/AlphaSubject.h"
 #include "editor/backdrop/EditorBackdropMetrics.h"
 #include "editor/marks/AnnotationDrawing.h"
 #include "editor/marks/AnnotationExtent.h"
@@ -18,7 +19,7 @@ using AnnotationFlattener::Input;
 namespace {
 
 constexpr double least = 0.0001;
-constexpr int mostPadding = 8;
+constexpr double mostPadding = 8; // image points
 
 // Redactions and spotlights change the capture and end where it ends.
 bool reachesOver(const Annotation& mark)
@@ -99,8 +100,9 @@ QImage onNothing(const Input& input, const QImage& capture)
 
 QImage onBackdrop(const Input& input, QImage capture, EditorBackdropRenderer& renderer)
 {
+    const auto subject = input.subject ? input.subject : AlphaSubject::measured(capture);
     const auto layout = EditorBackdropMetrics::layout(capture.size(), input.exportScale, input.exportScale,
-                                                      input.backdrop, input.subject, input.margins);
+                                                      input.backdrop, subject, input.margins);
     QImage picture = layout ? renderer.canvas(*layout, input.backdrop) : QImage();
     if (picture.isNull())
         return {};
@@ -128,9 +130,9 @@ QMargins AnnotationFlattener::exportPadding(const std::vector<Annotation>& annot
         if (reachesOver(mark) && !image.contains(AnnotationExtent::cullBound(mark, scale)))
             if (const QRectF extent = AnnotationExtent::rotatedVisualExtent(mark, scale, {measureUnit, scale});
                 !extent.isNull())
-                covered |= extent.adjusted(-1, -1, 1, 1);
-    const auto padding = [](double overhang) {
-        return int(std::ceil(std::clamp<double>(overhang - 1, 0, mostPadding)));
+                covered |= extent;
+    const auto padding = [scale](double overhang) {
+        return int(std::ceil(std::clamp(overhang, 0.0, mostPadding * scale)));
     };
     return {padding(image.left() - covered.left()), padding(covered.bottom() - image.bottom()),
             padding(covered.right() - image.right()), padding(image.top() - covered.top())};

@@ -27,12 +27,13 @@ struct Input {
     QImage pixelatedFull = {};
     std::optional<QColor> matte = {}; // laid under what is transparent in the capture
     EditorBackdrop backdrop = EditorBackdrop::none;
-    std::optional<CaptureSubject> subject = {}; // pixels of the capture
+    std::optional<CaptureSubject> subject = {}; // pixels of the capture; read from its alpha where there is none
     BackdropMargins margins = {};               // pixels of the capture, as measured on it
     MeasureUnit measureUnit = MeasureUnit::pixels;
 };
 
-// By how many pixels the picture grows on each side so that marks which stick out a little stay whole: 0 to 8.
+// By how many pixels the picture grows on each side so that marks which stick out a little stay whole: as many as 8
+// image points are at most, so that the same marks stay whole at every scale.
 // Redactions and spotlights change the capture and don't reach over it. On a backdrop the picture does not grow.
 QMargins exportPadding(const std::vector<Annotation>& annotations, QSize pixels, double exportScale,
                        MeasureUnit measureUnit = MeasureUnit::pixels);

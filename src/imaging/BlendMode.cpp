@@ -137,6 +137,17 @@ void blendRow(QRgb* pixels, const uchar* coverage, int count, Rgba source, Blend
     }
 }
 
+// Nothing for another device, and for an image of another format.
+QImage* imageOf(const QPainter& painter)
+{
+    if (painter.device()->devType() != QInternal::Image)
+        return nullptr;
+    auto* const image = static_cast<QImage*>(painter.device());
+    const bool isBlendable =
+        image->format() == QImage::Format_RGB32 || image->format() == QImage::Format_ARGB32_Premultiplied;
+    return isBlendable ? image : nullptr;
+}
+
 } // namespace
 
 Rgba Blending::blended(Rgba backdrop, Rgba source, BlendMode mode)
@@ -156,7 +167,10 @@ Rgba Blending::blended(Rgba backdrop, Rgba source, BlendMode mode)
 
 void Blending::fillPaths(QPainter& painter, const std::vector<QPainterPath>& paths, const QColor& color, BlendMode mode)
 {
-    auto& image = static_cast<QImage&>(*painter.device());
+    QImage* const device = imageOf(painter);
+    if (!device)
+        return;
+    QImage& image = *device;
     const std::vector<PlacedPath> placedPaths = placed(paths, painter.combinedTransform());
     QRect bounds;
     for (const PlacedPath& each : placedPaths)

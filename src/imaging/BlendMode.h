@@ -29,7 +29,7 @@ Rgba blended(Rgba backdrop, Rgba source, BlendMode mode);
 
 // Fills what any of the paths covers, in the coordinates of a painter on a QImage of format RGB32 or
 // ARGB32_Premultiplied, with antialiased edges. Of the painter's state the transform and a rectangular clip count. Each
-// pixel is rounded once.
+// pixel is rounded once. On anything else nothing is drawn.
 void fillPaths(QPainter& painter, const std::vector<QPainterPath>& paths, const QColor& color, BlendMode mode);
 
 } // namespace Blending

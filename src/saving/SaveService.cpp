@@ -25,11 +25,9 @@ struct Picture {
 
 Picture reducedAsWanted(const SaveSettings& settings, const QImage& image, std::optional<double> pixelScale)
 {
-    const double scale = pixelScale.value_or(settings.mainScreenScale);
-    if (settings.downscale)
-        if (auto reduced = Resampling::reduced(image, scale))
-            return {std::move(*reduced), true};
-    return {image, false};
+    QImage reduced = SaveService::reduced(settings, image, pixelScale);
+    const bool isReduced = reduced.cacheKey() != image.cacheKey();
+    return {std::move(reduced), isReduced};
 }
 
 std::optional<QByteArray> ifFullResPNG(const Picture& picture, ImageFormat format, const QByteArray& bytes)
@@ -105,6 +103,13 @@ Result saveOver(const SaveSettings& settings, const Picture& picture, const QStr
 }
 
 } // namespace
+
+QImage SaveService::reduced(const SaveSettings& settings, const QImage& image, std::optional<double> pixelScale)
+{
+    if (!settings.downscale)
+        return image;
+    return Resampling::reduced(image, pixelScale.value_or(settings.mainScreenScale)).value_or(image);
+}
 
 ImageFormat SaveService::resolvedFormat(const SaveSettings& settings, QSize pixels, bool hasVisibleTransparency)
 {

@@ -24,6 +24,9 @@ struct Saved {
 
 using Result = std::expected<Saved, SaveFailure>;
 
+// The picture with as many pixels as an automatic save keeps.
+QImage reduced(const SaveSettings& settings, const QImage& image, std::optional<double> pixelScale);
+
 // The format of a new file.
 ImageFormat resolvedFormat(const SaveSettings& settings, QSize pixels, bool hasVisibleTransparency);
 ImageFormat resolvedFormat(const SaveSettings& settings, const QImage& image);

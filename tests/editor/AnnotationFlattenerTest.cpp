@@ -49,6 +49,8 @@ TEST(AnnotationFlattenerTest, ThePictureGrowsByWhatSticksOutButNotByMore)
         {"half a line out", mark(Kind::rectangle, {{0, 0}, {200, 100}}), 1, {2, 2, 2, 2}},
         {"at scale 2", mark(Kind::rectangle, {{0, 0}, {100, 50}}), 2, {4, 4, 4, 4}},
         {"far out to the right", mark(Kind::line, {{100, 50}, {400, 50}}), 1, {0, 0, 8, 0}},
+        {"as far at scale 2", mark(Kind::line, {{50, 25}, {400, 25}}), 2, {0, 0, 16, 0}},
+        {"as far at scale 0.5", mark(Kind::line, {{200, 100}, {800, 100}}), 0.5, {0, 0, 4, 0}},
         {"above", mark(Kind::line, {{100, 50}, {100, 101}}), 1, {0, 3, 0, 0}},
         {"below", mark(Kind::step, {{100, 10}}), 1, {0, 0, 0, 4}},
         {"a redaction ends with the capture", mark(Kind::blackout, {{-50, -50}, {400, 400}}), 1, {}},

@@ -5,6 +5,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QPicture>
 
 #include <gtest/gtest.h>
 
@@ -106,6 +107,20 @@ TEST(BlendModeTest, OverlappingPathsCountOnceAndTheClipHolds)
     EXPECT_EQ(image.pixel(18, 10), once);
     EXPECT_EQ(hex(image.pixel(30, 10)), "ffffffff"); // beyond the clip
     EXPECT_EQ(hex(image.pixel(2, 2)), "ffffffff");
+}
+
+TEST(BlendModeTest, WhatIsNoImageOfItsFormatsIsLeftAlone)
+{
+    QPicture picture;
+    QPainter recorder(&picture);
+    Blending::fillPaths(recorder, {rectPath({0, 0, 9, 9})}, Qt::red, BlendMode::multiply);
+    recorder.end();
+    EXPECT_EQ(picture.boundingRect(), QRect());
+    QImage grey(4, 4, QImage::Format_Grayscale8);
+    grey.fill(7);
+    QPainter painter(&grey);
+    Blending::fillPaths(painter, {rectPath({0, 0, 4, 4})}, Qt::red, BlendMode::normal);
+    EXPECT_EQ(grey.pixelColor(3, 3).red(), 7);
 }
 
 // Slanting, with gaps between the paths, from far outside, and as small as a pixel.

@@ -154,9 +154,16 @@ void read(const Parsed& object, const char* key, std::optional<AspectRatio>& asp
     aspect = ratio;
 }
 
-EditorBackdrop backdropFrom(const Parsed& object)
+EditorBackdrop withoutFill()
 {
     EditorBackdrop backdrop;
+    backdrop.fill = {};
+    return backdrop;
+}
+
+EditorBackdrop backdropFrom(const Parsed& object)
+{
+    EditorBackdrop backdrop = withoutFill();
     read(object, "fill", backdrop.fill);
     read(object, "padding", backdrop.padding, 0, mostFraction);
     read(object, "autoBalance", backdrop.autoBalance);
@@ -170,13 +177,6 @@ EditorBackdrop backdropFrom(const Parsed& object)
     read(object, "frameFromPage", backdrop.frameFollowsPage);
     read(object, "aspect", backdrop.aspect);
     read(object, "alignment", backdrop.alignment);
-    return backdrop;
-}
-
-EditorBackdrop withoutFill()
-{
-    EditorBackdrop backdrop;
-    backdrop.fill = {};
     return backdrop;
 }
 

@@ -43,9 +43,9 @@ struct EditorBackdrop {
     // "shadowOpacity", "corners", "blur", "frame", "frameColor", "frameFromPage", "aspect" (left out where there is
     // none) and "alignment", in this order.
     QByteArray encode() const;
-    // A missing key reads as the default; numbers out of range are brought into it. Nothing for what is no JSON
-    // object, for a key of the wrong kind, an unknown name of a fill's kind or an alignment, and for more than a
-    // quarter of a megabyte.
+    // A missing key reads as the default, but without a fill, which nobody chose, there is no backdrop; numbers out of
+    // range are brought into it. Nothing for what is no JSON object, for a key of the wrong kind, an unknown name of a
+    // fill's kind or an alignment, and for more than a quarter of a megabyte.
     static std::optional<EditorBackdrop> decode(const QByteArray& json);
 
     // The same as a part of other JSON; the order of keys matters to what is written alone.

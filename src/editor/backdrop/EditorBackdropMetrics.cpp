@@ -118,8 +118,8 @@ double share(double reach, double room)
     return reach > room ? room / reach : 1;
 }
 
-// The layers, each made smaller until neither the blur on any side nor what the light adds to it leaves the canvas, nor
-// reaches farther than the shorter side of the canvas or the subject. None where there is no room for any.
+// The layers, each made smaller until it neither leaves the canvas on the sides that the light throws it to, nor
+// reaches farther than the shorter side of the canvas or the subject. None where there is no room on any side.
 std::vector<BackdropLayout::ShadowLayer> shadowLayers(const EditorBackdrop& backdrop, double side, double scale,
                                                       const Rect& framed, const Rect& canvas)
 {
@@ -127,14 +127,13 @@ std::vector<BackdropLayout::ShadowLayer> shadowLayers(const EditorBackdrop& back
     const auto least = EditorBackdropMetrics::shadowRoom(framed, canvas, {0, 0});
     if (!least)
         return {};
-    const double most = std::min({canvas.width, canvas.height, side});
-    const double around = std::min(*least, most);
-    const double thrown = std::min(EditorBackdropMetrics::shadowRoom(framed, canvas, light).value_or(around), most);
+    const double room = std::min(
+        {EditorBackdropMetrics::shadowRoom(framed, canvas, light).value_or(*least), canvas.width, canvas.height, side});
     std::vector<BackdropLayout::ShadowLayer> layers;
     for (const Shadow::Layer& layer : backdrop.shadow.layers) {
         const double blur = reachInSigmas * layer.radius / 2 * side;
         const double offset = std::abs(layer.offset) * std::hypot(light.x, light.y) * side;
-        const double pixels = std::min(share(blur, around), share(blur + offset, thrown)) * side * scale;
+        const double pixels = share(blur + offset, room) * side * scale;
         layers.push_back({.x = layer.offset * light.x * pixels,
                           .y = layer.offset * light.y * pixels,
                           .sigma = layer.radius / 2 * pixels,

@@ -1,5 +1,6 @@
 #include "editor/backdrop/EditorBackdropRenderer.h"
 
+#include "editor/backdrop/AlphaSubject.h"
 #include "editor/backdrop/EditorBackdropMetrics.h"
 #include "imaging/Resampling.h"
 #include "model/HexColor.h"
@@ -129,8 +130,8 @@ QImage EditorBackdropRenderer::render(const QImage& capture, double exportScale,
 {
     if (backdrop.isNone())
         return capture;
-    const auto layout =
-        EditorBackdropMetrics::layout(capture.size(), exportScale, exportScale, backdrop, subject, margins);
+    const auto layout = EditorBackdropMetrics::layout(capture.size(), exportScale, exportScale, backdrop,
+                                                      subject ? subject : AlphaSubject::measured(capture), margins);
     QImage image = layout ? canvas(*layout, backdrop) : QImage();
     if (image.isNull())
         return {};

@@ -40,6 +40,7 @@ public:
     QImage canvas(const BackdropLayout& layout, const EditorBackdrop& backdrop);
 
     // The whole picture of a capture at its own scale, with its profile and density; subject and margins in its pixels.
+    // Without a subject, the one that its alpha shows counts.
     // A null image when memory is short or the canvas would be too large.
     QImage render(const QImage& capture, double exportScale, const EditorBackdrop& backdrop,
                   const std::optional<CaptureSubject>& subject = {}, const BackdropMargins& margins = {});

@@ -42,8 +42,9 @@ std::optional<CropSizeEstimator::Reading> CropSizeEstimator::Job::encode() const
     const auto resampled = Resampling::resampledExactly(pixels.copy(crop), {size.width, size.height});
     if (!resampled)
         return std::nullopt;
-    const ImageFormat format = SaveService::resolvedFormat(settings, *resampled);
-    const auto bytes = ImageCodec::encode(*resampled, format, settings.quality);
+    const QImage saved = SaveService::reduced(settings, *resampled, pixelsScale);
+    const ImageFormat format = SaveService::resolvedFormat(settings, saved);
+    const auto bytes = ImageCodec::encode(saved, format, settings.quality);
     return bytes ? std::optional(Reading{bytes->size(), format}) : std::nullopt;
 }
 
@@ -103,11 +104,13 @@ bool CropSizeEstimator::sourceServes(SizeKey size) const
 CropSizeEstimator::Job CropSizeEstimator::job(SizeKey size) const
 {
     return {.pixels = m_context->pixels,
+            .pixelsScale = m_context->pixelsScale,
             .crop = crop(),
             .size = size,
             .settings = {.formatAuto = m_preferences.get(Settings::saveFormatAuto),
                          .format = m_preferences.get(Settings::imageFormat),
-                         .quality = m_preferences.get(Settings::jpegQuality)}};
+                         .quality = m_preferences.get(Settings::jpegQuality),
+                         .downscale = m_preferences.get(Settings::retinaDownscale)}};
 }
 
 void CropSizeEstimator::request(const std::vector<Size>& sizes)

@@ -17,8 +17,8 @@
 
 namespace Kovrel {
 
-// Says how many bytes a crop would take as a file at sizes that are offered: each is resampled and encoded as a save
-// would do it, in the background. Main thread.
+// Says how many bytes a crop would take as a file at sizes that are offered: each is resampled, reduced and encoded as
+// a save would do it, in the background. Main thread.
 class CropSizeEstimator {
 public:
     struct Context {
@@ -74,6 +74,7 @@ private:
     // be encoded, or the answer is not wanted any more.
     struct Job {
         QImage pixels;
+        double pixelsScale = 1;
         QRect crop;
         SizeKey size;
         SaveSettings settings;

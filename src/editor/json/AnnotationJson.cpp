@@ -57,7 +57,7 @@ std::string raw(Enum value)
     return rawString(value).toStdString();
 }
 
-Json toJson(const Annotation& mark)
+Json toJson(const Annotation& mark, AnnotationJson::StickerPngs& pngs)
 {
     Json object{{"kind", raw(mark.kind)},
                 {"points", toJson(mark.points)},
@@ -79,8 +79,8 @@ Json toJson(const Annotation& mark)
     if (mark.wrapCap)
         object["wrapCap"] = jsonNumber(*mark.wrapCap);
     if (mark.image)
-        if (const auto png = ImageCodec::encode(*mark.image, ImageFormat::png, 1))
-            object["sticker"] = png->toBase64().toStdString();
+        if (const auto& png = pngs.of(*mark.image))
+            object["sticker"] = *png;
     return object;
 }
 
@@ -316,10 +316,9 @@ bool isBlank(std::string_view element)
     return element.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
-// "entry 3 (blackout)", as far as the kind can be seen.
-QString description(std::string_view element, int number)
+// "entry 3 (blackout)", as far as the kind is known.
+QString description(const QString& kind, size_t number)
 {
-    const QString kind = RedactionRescue::kindName(element);
     return QString("entry %1").arg(number) + (kind.isEmpty() ? QString() : " (" + kind + ')');
 }
 
@@ -351,14 +350,14 @@ private:
     {
         constexpr qsizetype mostTold = 100;
         if (m_reading.damaged.size() < mostTold)
-            m_reading.damaged << description(element, m_number);
+            m_reading.damaged << description(RedactionRescue::kindName(element), m_number);
         if (auto redaction = element.size() < shortestRedaction ? std::nullopt : RedactionRescue::rescued(element))
             m_reading.annotations.push_back(std::move(*redaction));
     }
 
     AnnotationJson::Reading m_reading;
     qint64 m_pixels = AnnotationJson::mostImagePixels;
-    int m_number = 0;
+    size_t m_number = 0;
 };
 
 } // namespace
@@ -378,12 +377,32 @@ LossyAnnotation LossyAnnotation::decoded(std::string_view json, qint64& pixels)
     }
 }
 
+const std::optional<std::string>& AnnotationJson::StickerPngs::of(const QImage& image)
+{
+    const auto [place, isNew] = m_pngs.try_emplace(image.cacheKey());
+    if (isNew)
+        if (const auto png = ImageCodec::encode(image, ImageFormat::png, 1))
+            place->second = png->toBase64().toStdString();
+    return place->second;
+}
+
+AnnotationJson::Written AnnotationJson::written(const std::vector<Annotation>& annotations, StickerPngs& pngs)
+{
+    Written result;
+    Json list = Json::array();
+    for (const Annotation& annotation : annotations) {
+        list.push_back(toJson(annotation, pngs));
+        if (annotation.image && !list.back().contains("sticker"))
+            result.lost << description(rawString(annotation.kind), list.size());
+    }
+    result.json = QByteArray::fromStdString(list.dump(-1, ' ', false, Json::error_handler_t::replace));
+    return result;
+}
+
 QByteArray AnnotationJson::encoded(const std::vector<Annotation>& annotations)
 {
-    Json list = Json::array();
-    for (const Annotation& annotation : annotations)
-        list.push_back(toJson(annotation));
-    return QByteArray::fromStdString(list.dump(-1, ' ', false, Json::error_handler_t::replace));
+    StickerPngs pngs;
+    return written(annotations, pngs).json;
 }
 
 std::optional<AnnotationJson::Reading> AnnotationJson::read(const QByteArray& json)

@@ -5,6 +5,9 @@
 #include <QByteArray>
 #include <QStringList>
 
+#include <map>
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace Kovrel {
@@ -26,6 +29,24 @@ namespace AnnotationJson {
 // What the images of a list may take in memory together, in pixels.
 constexpr qint64 mostImagePixels = 256'000'000;
 
+// The PNGs of images, each of which is encoded once. Whoever writes the same list again keeps them.
+class StickerPngs {
+public:
+    // In Base64; nothing for an image that can't be encoded.
+    const std::optional<std::string>& of(const QImage& image);
+
+private:
+    std::map<qint64, std::optional<std::string>> m_pngs; // by the images' keys
+};
+
+// What became of a list.
+struct Written {
+    QByteArray json;
+    QStringList lost; // entries whose image can't be encoded, and is left out: "entry 3 (image)"
+};
+
+Written written(const std::vector<Annotation>& annotations, StickerPngs& pngs);
+// The same, for those who can't do anything about lost images.
 QByteArray encoded(const std::vector<Annotation>& annotations);
 
 // What was found in a list.

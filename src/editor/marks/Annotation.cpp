@@ -19,6 +19,22 @@ constexpr double emptyWidth = 4;
 constexpr double tailDrop = 0.6;
 constexpr double tailInset = 0.6;
 
+Size bodyOf(const Annotation& label, Size text)
+{
+    const double narrowest = label.text.isEmpty() ? emptyWidth * label.fontSize : label.fontSize;
+    return {std::max(std::ceil(text.width), narrowest),
+            std::max(std::ceil(text.height), std::ceil(LabelText::lineHeight(label.fontSize)))};
+}
+
+// The body with its padding.
+Rect rectAround(const Annotation& label, Size body)
+{
+    const Size padded{body.width + 2 * sidePadding * label.fontSize, body.height + 2 * upperPadding * label.fontSize};
+    const Rect box = label.boundingRect();
+    const double y = label.points.size() == 1 ? box.y : box.maxY() - padded.height;
+    return {box.x, y, padded.width, padded.height};
+}
+
 } // namespace
 
 Rect Annotation::boundingRect() const
@@ -50,10 +66,7 @@ bool Annotation::isRotatable() const
 
 Size Annotation::measuredTextSize(std::optional<double> wrapWidth) const
 {
-    const LabelText label(text, fontSize, wrapWidth);
-    const double narrowest = text.isEmpty() ? emptyWidth * fontSize : fontSize;
-    return {std::max(std::ceil(label.size().width), narrowest),
-            std::max(std::ceil(label.size().height), std::ceil(LabelText::lineHeight(fontSize)))};
+    return bodyOf(*this, LabelText(text, fontSize, wrapWidth).size());
 }
 
 double Annotation::textWrapWidth() const
@@ -66,19 +79,16 @@ double Annotation::textWrapWidth() const
 
 Rect Annotation::textRect() const
 {
-    if (points.empty())
-        return {};
-    const Size measured = measuredTextSize(textWrapWidth());
-    const Size padded{measured.width + 2 * sidePadding * fontSize, measured.height + 2 * upperPadding * fontSize};
-    const Rect box = boundingRect();
-    const double y = points.size() == 1 ? box.y : box.maxY() - padded.height;
-    return {box.x, y, padded.width, padded.height};
+    return points.empty() ? Rect() : rectAround(*this, measuredTextSize(textWrapWidth()));
 }
 
 Point Annotation::textOrigin() const
 {
-    const Rect rect = textRect();
-    return {rect.x + sidePadding * fontSize, rect.maxY() - upperPadding * fontSize};
+    const Size laidOut = LabelText(text, fontSize, textWrapWidth()).size();
+    const Size body = bodyOf(*this, laidOut);
+    const Rect rect = rectAround(*this, body);
+    // Most bodies are as wide as their text; that of a single letter is wider.
+    return {rect.x + sidePadding * fontSize + (body.width - laidOut.width) / 2, rect.maxY() - upperPadding * fontSize};
 }
 
 Point Annotation::bubbleTailTip() const

@@ -68,7 +68,7 @@ struct Annotation {
     // The measured text with its padding, before it is rotated. A label that was placed by a click begins at that
     // point; one that was drawn as a box hangs from the upper left corner of the box.
     Rect textRect() const;
-    // Where in textRect() the text's upper left corner is.
+    // Where in textRect() the text's upper left corner is; a text that is narrower than its body is in the middle.
     Point textOrigin() const;
     // The width at which the text is wrapped.
     double textWrapWidth() const;

@@ -5,6 +5,7 @@
 #include "editor/marks/HighlighterInk.h"
 #include "editor/marks/LabelInk.h"
 #include "editor/marks/LabelText.h"
+#include "editor/marks/MarkShadow.h"
 #include "imaging/BlendMode.h"
 #include "imaging/PainterPixels.h"
 
@@ -28,6 +29,8 @@ constexpr double translucentFill = 0.25;
 constexpr double hatchDistance = 8;
 constexpr double hatchWidth = 1.5;
 constexpr int bandHeight = 64; // pixels
+// Of the number in a step, by the radius: beyond, it would come near the ring.
+constexpr double widestNumber = 1.5;
 
 bool isBlackout(const Annotation& mark)
 {
@@ -54,16 +57,18 @@ bool isOther(const Annotation& mark)
     return !isSoftRedaction(mark) && !isBlackout(mark) && !isHighlighter(mark) && !isSpotlight(mark);
 }
 
-// Whether nothing of the mark would be seen. A spotlight darkens everything else, so none is culled; a label is drawn
-// so much more slowly than it is measured that it is measured first.
+// Whether nothing of the mark would be seen. A spotlight darkens everything else and a highlighter counts for its
+// layer, so none is culled here; a label is drawn so much more slowly than it is measured that it is measured first.
 bool isCulled(const Annotation& mark, const Scene& scene)
 {
-    if (!scene.culledTo || isSpotlight(mark))
+    if (!scene.culledTo || isSpotlight(mark) || isHighlighter(mark))
         return false;
     if (!scene.culledTo->intersects(AnnotationExtent::cullBound(mark, scene.scale)))
         return true;
+    const double shadow = MarkShadow::reach * scene.scale;
     return mark.kind == Kind::text &&
-           !scene.culledTo->intersects(AnnotationExtent::rotatedVisualExtent(mark, scene.scale));
+           !scene.culledTo->intersects(
+               AnnotationExtent::rotatedVisualExtent(mark, scene.scale).adjusted(-shadow, -shadow, shadow, shadow));
 }
 
 // The marks to draw, in their order.
@@ -245,8 +250,10 @@ void drawOne(QPainter& painter, const Annotation& mark, const Scene& scene)
         return AnnotationDrawing::drawSpotlightShade(painter, {&mark}, scene.shadeRegion, scene.scale);
     case Kind::pen:
         return drawPen(painter, mark, scene.scale);
-    case Kind::line:
     case Kind::arrow:
+        MarkShadow::draw(painter, {AnnotationInk::inkPath(mark, scene.scale)}, scene.scale);
+        [[fallthrough]];
+    case Kind::line:
         return painter.fillPath(AnnotationInk::inkPath(mark, scene.scale), color);
     case Kind::rectangle:
     case Kind::ellipse:
@@ -269,7 +276,7 @@ void drawMarksOnCapture(QPainter& painter, const Marks& marks, const Scene& scen
         drawOne(painter, *mark, scene);
     for (const Annotation* const mark : chosen(marks, isBlackout))
         drawOne(painter, *mark, scene);
-    HighlighterInk::drawHighlightLayer(painter, chosen(marks, isHighlighter), scene.scale);
+    HighlighterInk::drawHighlightLayer(painter, chosen(marks, isHighlighter), scene.scale, scene.culledTo);
     AnnotationDrawing::drawSpotlightShade(painter, chosen(marks, isSpotlight), scene.shadeRegion, scene.scale);
 }
 
@@ -343,6 +350,7 @@ void AnnotationDrawing::drawStep(QPainter& painter, const Annotation& step, doub
 {
     const QPointF centre = AnnotationInk::scaled(step.points.back(), scale);
     const double radius = AnnotationInk::stepRadius(step, scale);
+    MarkShadow::draw(painter, {AnnotationInk::inkPath(step, scale)}, scale);
     painter.setBrush(color);
     painter.setPen(Qt::NoPen);
     painter.drawEllipse(centre, radius, radius);
@@ -350,7 +358,9 @@ void AnnotationDrawing::drawStep(QPainter& painter, const Annotation& step, doub
     ring.addEllipse(centre, radius, radius);
     stroke(painter, ring, QPen(Qt::white, AnnotationInk::stepRingWidth(step, scale)));
     const LabelText number(QString::number(step.stepNumber), boldTextAttributes(radius, std::nullopt), std::nullopt);
-    number.draw(painter, {centre.x() - number.size().width / 2, centre.y() + number.size().height / 2}, 1, Qt::white);
+    const double fitting = std::min(1.0, widestNumber * radius / number.size().width);
+    const QPointF half = QPointF(-number.size().width, number.size().height) * fitting / 2;
+    number.draw(painter, centre + half, fitting, textColorOn(color));
 }
 
 void AnnotationDrawing::drawSpotlightShade(QPainter& painter, const std::vector<const Annotation*>& spotlights,

@@ -2,6 +2,7 @@
 
 #include "editor/marks/AnnotationInk.h"
 #include "editor/marks/LabelText.h"
+#include "editor/marks/MarkShadow.h"
 
 #include <QFontMetricsF>
 
@@ -188,7 +189,7 @@ QRectF AnnotationExtent::cullBound(const Annotation& mark, double scale)
         box |= MeasureInk::badgeBound(mark);
     if (mark.curveControl)
         box |= QRectF(AnnotationInk::scaled(*mark.curveControl, 1), QSizeF(1e-9, 1e-9));
-    const double margin = reach(mark) + 1;
+    const double margin = reach(mark) + MarkShadow::reach + 1;
     box = turnedBound(mark, box).adjusted(-margin, -margin, margin, margin);
     return {box.left() * scale, box.top() * scale, box.width() * scale, box.height() * scale};
 }

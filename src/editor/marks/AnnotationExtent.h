@@ -17,7 +17,8 @@ QRectF pointsBox(const Annotation& mark);
 QRectF visualExtent(const Annotation& mark, double scale, const MeasureInk::Reading& reading = {});
 QRectF rotatedVisualExtent(const Annotation& mark, double scale, const MeasureInk::Reading& reading = {});
 
-// An area that holds all of the ink and is found without making it: no text is measured, no path is built.
+// An area that holds all of the ink and its shadow, and is found without making it: no text is measured, no path is
+// built.
 QRectF cullBound(const Annotation& mark, double scale);
 
 } // namespace AnnotationExtent

@@ -75,6 +75,54 @@ QPainterPath labelInk(const Annotation& mark, double scale)
     return path;
 }
 
+// Where a tail leaves a chip.
+struct TailFoot {
+    QPointF middle;
+    QPointF half;     // from the middle to one end, along the edge
+    QPointF outwards; // of length 1
+};
+
+// On the straight part of the side that is nearest to the tip, as near to it as the corners' arcs allow.
+TailFoot footOf(const QRectF& chip, QPointF tip, double fontSize, double cornerRadius)
+{
+    const QPointF nearest = AnnotationInk::nearestPointOnRoundedRect(tip, chip, 0);
+    const QPointF away = tip - nearest;
+    const bool isVertical = std::abs(away.y()) >= std::abs(away.x());
+    const double straight = (isVertical ? chip.width() : chip.height()) / 2 - cornerRadius;
+    const double half = std::clamp(0.5 * fontSize, 0.0, std::max(straight, 0.1 * fontSize));
+    const double slide = std::max(straight - half, 0.0);
+    const QPointF offset = nearest - chip.center();
+    if (isVertical) {
+        const double side = away.y() < 0 ? -1 : 1;
+        return {{chip.center().x() + std::clamp(offset.x(), -slide, slide), nearest.y()}, {-side * half, 0}, {0, side}};
+    }
+    const double side = away.x() < 0 ? -1 : 1;
+    return {{nearest.x(), chip.center().y() + std::clamp(offset.y(), -slide, slide)}, {0, side * half}, {side, 0}};
+}
+
+// A stroke that is a whole number of pixels wide lies on whole pixels, with `at` in its middle.
+double onPixels(double at, double width)
+{
+    return width == std::round(width) ? std::round(at - width / 2) + width / 2 : at;
+}
+
+QRectF onPixels(const QRectF& rect, double width)
+{
+    return {QPointF(onPixels(rect.left(), width), onPixels(rect.top(), width)),
+            QPointF(onPixels(rect.right(), width), onPixels(rect.bottom(), width))};
+}
+
+QPainterPath straightLine(QPointF from, QPointF to, double width)
+{
+    if (from.y() == to.y())
+        from.ry() = to.ry() = onPixels(from.y(), width);
+    else if (from.x() == to.x())
+        from.rx() = to.rx() = onPixels(from.x(), width);
+    QPainterPath path(from);
+    path.lineTo(to);
+    return path;
+}
+
 QPainterPath outlinedShape(const Annotation& mark, double scale)
 {
     QPainterPath path = AnnotationInk::shapePath(mark, scale);
@@ -126,11 +174,12 @@ QPainterPath AnnotationInk::strokeInkPath(const Annotation& mark, double scale)
         return {};
     if (mark.kind == Kind::pen)
         return freehandPath(mark, scale);
-    QPainterPath path(scaled(mark.points.front(), scale));
-    if (mark.curveControl)
-        path.quadTo(scaled(*mark.curveControl, scale), scaled(mark.points.back(), scale));
-    else
-        path.lineTo(scaled(mark.points.back(), scale));
+    const QPointF from = scaled(mark.points.front(), scale);
+    const QPointF to = scaled(mark.points.back(), scale);
+    if (!mark.curveControl)
+        return straightLine(from, to, mark.lineWidth * scale);
+    QPainterPath path(from);
+    path.quadTo(scaled(*mark.curveControl, scale), to);
     return path;
 }
 
@@ -166,7 +215,9 @@ std::vector<QPainterPath> AnnotationInk::penInk(const Annotation& mark, double s
 
 QPainterPath AnnotationInk::shapePath(const Annotation& mark, double scale)
 {
-    const QRectF rect = scaled(mark.boundingRect(), scale);
+    const bool isUpright = mark.kind == Kind::rectangle && mark.rotation == 0;
+    const QRectF box = scaled(mark.boundingRect(), scale);
+    const QRectF rect = isUpright ? onPixels(box, mark.lineWidth * scale) : box;
     QPainterPath path;
     if (mark.kind == Kind::ellipse) {
         path.addEllipse(rect);
@@ -226,22 +277,20 @@ QPointF AnnotationInk::nearestPointOnRoundedRect(QPointF point, const QRectF& re
 
 QPainterPath AnnotationInk::leaderInk(const QRectF& chip, QPointF tip, double fontSize, double cornerRadius)
 {
-    const QPointF foot = nearestPointOnRoundedRect(tip, chip, cornerRadius);
-    const QPointF reach = tip - foot;
-    const double length = std::hypot(reach.x(), reach.y());
     QPainterPath path;
-    if (!(length > 0) || chip.contains(tip))
+    if (!(cornerRadius >= 0) || chip.contains(tip))
         return path;
-    const QPointF forward = reach / length;
-    // It starts inside the chip, where that is straight, so that no gap shows beside its foot.
-    const QPointF root = foot - 0.38 * fontSize * forward;
-    const QPointF side = 0.38 * fontSize * QPointF(-forward.y(), forward.x());
-    // The sides bend in towards the tip.
-    const QPointF waist = foot + 0.3 * reach;
+    const TailFoot foot = footOf(chip, tip, fontSize, cornerRadius);
+    // Both sides begin along the chip's edge, as a fillet, and bend towards the tip.
+    const QPointF bend = 0.3 * foot.half;
+    // It starts inside the chip, so that no gap shows beside its foot.
+    const QPointF inwards = -std::min({0.38 * fontSize, chip.width() / 2, chip.height() / 2}) * foot.outwards;
     // In the direction in which QPainterPath goes around a rectangle: by the winding rule they are then one.
-    path.moveTo(root - side);
-    path.quadTo(waist - 0.35 * side, tip);
-    path.quadTo(waist + 0.35 * side, root + side);
+    path.moveTo(foot.middle - foot.half + inwards);
+    path.lineTo(foot.middle - foot.half);
+    path.quadTo(foot.middle - bend, tip);
+    path.quadTo(foot.middle + bend, foot.middle + foot.half);
+    path.lineTo(foot.middle + foot.half + inwards);
     path.closeSubpath();
     return path;
 }

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int steps = 48;
 constexpr int capSteps = 16;
+constexpr double cornerRounding = 2; // image points along the edges of the head
 // From where on, as a share of the shaft, it straightens into the head.
 constexpr double straightensFrom = 0.6;
 
@@ -95,24 +96,47 @@ struct Proportions {
     Proportions(double lineWidth, double scale, double tipScale, double total)
     {
         const double width = lineWidth * scale;
+        const double wanted = std::max(4.3 * width, 14 * scale) * tipScale;
+        const bool isHeadOnly = total < 0.9 * wanted;
         shaftHalf = std::max(0.9 * width, 2 * scale);
         tailHalf = std::max(0.16 * width, 0.6 * scale);
-        head = std::min(std::max(4.3 * width, 14 * scale) * tipScale, 0.5 * total);
-        headHalf = std::max(0.48 * head, 1.7 * shaftHalf);
-        shaftEnd = total - 0.9 * head;
+        head = isHeadOnly ? total : std::min(wanted, 0.5 * total);
+        headHalf = isHeadOnly ? 0.48 * head : std::max(0.48 * head, 1.7 * shaftHalf);
+        shaftEnd = isHeadOnly ? 0 : total - 0.9 * head;
     }
 
     double shaftHalf;
     double tailHalf;
     double head;
     double headHalf;
-    double shaftEnd; // along the line
+    double shaftEnd; // along the line; 0 where there is no shaft
 };
+
+// A triangle whose corners are rounded from so far on.
+QPainterPath softened(const std::array<QPointF, 3>& corners, double rounding)
+{
+    QPainterPath path;
+    for (size_t index = 0; index < 3; ++index) {
+        const QPointF corner = corners[index];
+        const auto towards = [&](QPointF next) {
+            return corner + std::min(rounding, length(next - corner) / 4) * unit(next - corner);
+        };
+        const QPointF start = towards(corners[(index + 2) % 3]);
+        index == 0 ? path.moveTo(start) : path.lineTo(start);
+        path.quadTo(corner, towards(corners[(index + 1) % 3]));
+    }
+    path.closeSubpath();
+    return path;
+}
 
 class Arrow {
 public:
     Arrow(const CentreLine& line, const Proportions& size, QPointF tip, double scale)
-        : m_line(line), m_size(size), m_tip(tip), m_shaftEnd(line.atArc(std::max(size.shaftEnd, 0.0)))
+        : m_line(line),
+          m_size(size),
+          m_tip(tip),
+          m_shaftEnd(line.atArc(std::max(size.shaftEnd, 0.0))),
+          m_rounding(cornerRounding * scale)
     {
         const QPointF chord = tip - m_shaftEnd;
         m_headDirection = length(chord) > 0.5 * scale ? unit(chord) : line.tangent(1);
@@ -125,8 +149,7 @@ public:
         if (m_size.shaftEnd > 0)
             path.addPolygon(shaft());
         path.closeSubpath();
-        path.addPolygon(head());
-        path.closeSubpath();
+        path.addPath(head());
         return path;
     }
 
@@ -173,18 +196,20 @@ private:
         return cap;
     }
 
-    QPolygonF head() const
+    QPainterPath head() const
     {
-        // Overlapping the shaft, so that no seam shows.
-        const QPointF base = m_shaftEnd - 0.12 * m_size.head * m_headDirection;
+        // Overlapping the shaft where there is one, so that no seam shows.
+        const double overlap = m_size.shaftEnd > 0 ? 0.12 * m_size.head : 0;
+        const QPointF base = m_shaftEnd - overlap * m_headDirection;
         const QPointF side = m_size.headHalf * normal(m_headDirection);
-        return QPolygonF{base + side, m_tip, base - side};
+        return softened({base + side, m_tip, base - side}, m_rounding);
     }
 
     const CentreLine& m_line;
     const Proportions& m_size;
     QPointF m_tip;
     QPointF m_shaftEnd;
+    double m_rounding;
     QPointF m_headDirection;
 };
 

@@ -12,7 +12,8 @@ namespace Kovrel {
 namespace ArrowInk {
 
 // Ends in image points, the path in target points: everything is multiplied by `scale`. With a control point the shaft
-// follows the quadratic curve. `tipScale` enlarges the head. The path is filled by its winding rule.
+// follows the quadratic curve. `tipScale` enlarges the head. An arrow that is hardly longer than its head is a head
+// only. The path is filled by its winding rule.
 QPainterPath arrowInkPath(Point from, Point to, std::optional<Point> control, double lineWidth, double scale,
                           double tipScale = 1);
 

@@ -1,5 +1,6 @@
 #include "editor/marks/HighlighterInk.h"
 
+#include "editor/marks/AnnotationExtent.h"
 #include "editor/marks/AnnotationInk.h"
 #include "imaging/BlendMode.h"
 
@@ -8,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <map>
 #include <utility>
 
@@ -32,6 +34,8 @@ std::vector<Point> thinnedOut(const std::vector<Point>& points, double least)
     for (const Point& point : points)
         if (kept.empty() || distance(point, kept.back()) >= least)
             kept.push_back(point);
+    if (!points.empty() && kept.back() != points.back())
+        kept.push_back(points.back());
     return kept;
 }
 
@@ -66,7 +70,18 @@ struct Layer {
     std::vector<QPainterPath> sweeps;
 };
 
-std::vector<Layer> layersOf(const std::vector<const Annotation*>& highlighters, double scale)
+std::vector<QPainterPath> sweepsOf(const Annotation& mark, double scale)
+{
+    std::vector<QPainterPath> sweeps;
+    const double tip = HighlighterInk::tip(mark);
+    for (const auto& piece : AnnotationInk::pieces(thinnedOut(mark.points, tip), scale))
+        sweeps.push_back(sweep(piece, tip, scale));
+    return sweeps;
+}
+
+// Made of all marks: which of them are in view must not change the colour or the order of a layer.
+std::vector<Layer> layersOf(const std::vector<const Annotation*>& highlighters, double scale,
+                            const std::optional<QRectF>& culledTo)
 {
     std::vector<Layer> layers; // in the order in which their first strokes were made
     std::map<std::pair<QRgb, bool>, size_t> places;
@@ -77,9 +92,8 @@ std::vector<Layer> layersOf(const std::vector<const Annotation*>& highlighters, 
             layers.emplace_back();
         Layer& layer = layers[place->second];
         layer.last = mark;
-        const double tip = HighlighterInk::tip(*mark);
-        for (const auto& piece : AnnotationInk::pieces(thinnedOut(mark->points, tip), scale))
-            layer.sweeps.push_back(sweep(piece, tip, scale));
+        if (!culledTo || culledTo->intersects(AnnotationExtent::cullBound(*mark, scale)))
+            std::ranges::move(sweepsOf(*mark, scale), std::back_inserter(layer.sweeps));
     }
     return layers;
 }
@@ -115,9 +129,9 @@ double HighlighterInk::lift(double pageLuma)
 }
 
 void HighlighterInk::drawHighlightLayer(QPainter& painter, const std::vector<const Annotation*>& highlighters,
-                                        double scale)
+                                        double scale, const std::optional<QRectF>& culledTo)
 {
-    for (const Layer& layer : layersOf(highlighters, scale)) {
+    for (const Layer& layer : layersOf(highlighters, scale, culledTo)) {
         const QColor color = AnnotationInk::colorOf(*layer.last);
         if (!layer.last->highlightOnDark) {
             Blending::fillPaths(painter, layer.sweeps, withAlpha(color, onLightPage), BlendMode::multiply);

@@ -4,6 +4,9 @@
 
 #include <QPainterPath>
 
+#include <optional>
+#include <vector>
+
 class QPainter;
 
 namespace Kovrel {
@@ -14,8 +17,8 @@ namespace HighlighterInk {
 // Half the height of the nib of a mark, in image points.
 double tip(const Annotation& highlighter);
 
-// What the nib covers, in target points. Points that are closer than `tip` (image points) to the last one are left out.
-// Filled by the winding rule.
+// What the nib covers, in target points. Points that are closer than `tip` (image points) to the last one are left out,
+// but for the last of all, where the pointer is. Filled by the winding rule.
 QPainterPath highlighterSweep(const Annotation& highlighter, double tip, double scale);
 // Whether a point (image points) is on the sweep.
 bool highlighterSweepContains(const Annotation& highlighter, Point point);
@@ -24,9 +27,10 @@ bool highlighterSweepContains(const Annotation& highlighter, Point point);
 double lift(double pageLuma);
 
 // Draws the marks, all highlighters: those of one colour on pages of one kind, light or dark, as one layer, so that
-// none darkens twice; the last one says how dark the page is. The painter is one for Blending::fillPath; its y points
-// up.
-void drawHighlightLayer(QPainter& painter, const std::vector<const Annotation*>& highlighters, double scale);
+// none darkens twice; the last one says how dark the page is. Marks that miss `culledTo` (target points) count for
+// their layer and are not drawn. The painter is one for Blending::fillPaths; its y points up.
+void drawHighlightLayer(QPainter& painter, const std::vector<const Annotation*>& highlighters, double scale,
+                        const std::optional<QRectF>& culledTo = std::nullopt);
 
 } // namespace HighlighterInk
 

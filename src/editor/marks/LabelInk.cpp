@@ -2,6 +2,7 @@
 
 #include "editor/marks/AnnotationInk.h"
 #include "editor/marks/LabelText.h"
+#include "editor/marks/MarkShadow.h"
 
 #include <QPainter>
 #include <QPainterPathStroker>
@@ -19,8 +20,12 @@ void drawOutlined(QPainter& painter, const LabelText& text, const Annotation& la
                    Qt::RoundJoin);
     const QPointF origin = AnnotationInk::scaled(label.textOrigin(), scale);
     const QPainterPathStroker stroker(pen);
+    std::vector<QPainterPath> outlines;
     for (const QPainterPath& glyph : text.outlines(origin, scale))
-        painter.fillPath(stroker.createStroke(glyph), pen.color());
+        outlines.push_back(stroker.createStroke(glyph));
+    MarkShadow::draw(painter, outlines, scale);
+    for (const QPainterPath& outline : outlines)
+        painter.fillPath(outline, pen.color());
     text.draw(painter, origin, scale, color);
 }
 
@@ -28,11 +33,15 @@ void drawOutlined(QPainter& painter, const LabelText& text, const Annotation& la
 
 void LabelInk::fillTextChip(QPainter& painter, const Annotation& label, double scale, const QColor& color)
 {
-    painter.fillPath(AnnotationInk::inkPath(label, scale), color);
+    const QPainterPath chip = AnnotationInk::inkPath(label, scale);
+    MarkShadow::draw(painter, {chip.simplified()}, scale);
+    painter.fillPath(chip, color);
 }
 
 void LabelInk::drawText(QPainter& painter, const Annotation& label, double scale)
 {
+    if (label.text.trimmed().isEmpty())
+        return;
     painter.save();
     painter.setTransform(AnnotationInk::rotation(label, scale), true);
     const QColor color = AnnotationInk::colorOf(label);
@@ -44,6 +53,7 @@ void LabelInk::drawText(QPainter& painter, const Annotation& label, double scale
         fillTextChip(painter, label, scale, color);
         text.draw(painter, origin, scale, textColorOn(color));
     } else {
+        MarkShadow::draw(painter, text.outlines(origin, scale), scale);
         text.draw(painter, origin, scale, color);
     }
     painter.restore();

@@ -7,6 +7,7 @@
 #include <QGlyphRun>
 #include <QPainter>
 #include <QRawFont>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
@@ -23,10 +24,18 @@ constexpr double unbounded = 1e7;
 // More is not read by anybody, and laying it out would take seconds.
 constexpr qsizetype longestText = 20'000;
 
+constexpr QChar emojiSelector(0xfe0f);
+constexpr QChar keyCap(0x20e3);
+const QString emojiFamily = "Noto Color Emoji";
+// Behind Inter, which has Latin, Greek and Cyrillic only, faces of its proportions and weights for other scripts.
+const QStringList families{"Inter",          "Noto Sans",        "Noto Sans Hebrew", "Noto Sans Arabic",
+                           "Noto Sans Thai", "Noto Sans CJK SC", "Noto Sans CJK JP", "DejaVu Sans",
+                           emojiFamily};
+
 TextAttributes attributes(double fontSize, QFont::Weight weight, const std::optional<QColor>& color)
 {
     QFont font;
-    font.setFamilies({"Inter", "Noto Sans", "DejaVu Sans", "Noto Color Emoji"});
+    font.setFamilies(families);
     font.setPixelSize(layoutSize);
     font.setWeight(weight);
     font.setHintingPreference(QFont::PreferNoHinting);
@@ -41,10 +50,61 @@ bool hasPictures(const QRawFont& font)
     return !font.fontTable("CBLC").isEmpty() || !font.fontTable("sbix").isEmpty() || !font.fontTable("COLR").isEmpty();
 }
 
-QString withLineSeparators(QString text)
+void addGlyphs(const QGlyphRun& run, const QTransform& place, std::vector<QPainterPath>& paths)
 {
-    text.truncate(longestText);
-    return text.replace("\r\n", "\n").replace(u'\n', QChar(QChar::LineSeparator));
+    const auto glyphs = run.glyphIndexes();
+    const auto positions = run.positions();
+    for (qsizetype index = 0; index < glyphs.size(); ++index)
+        paths.push_back(place.map(run.rawFont().pathForGlyph(glyphs[index]).translated(positions[index])));
+}
+
+QStringList paragraphsOf(const QString& text)
+{
+    return text.left(longestText).replace("\r\n", "\n").split(u'\n');
+}
+
+struct Paragraph {
+    QString text;
+    QList<QTextLayout::FormatRange> emoji;
+};
+
+void addEmoji(QString emoji, Paragraph& paragraph)
+{
+    QTextCharFormat format;
+    format.setFontFamilies({emojiFamily});
+    emoji.remove(emojiSelector);
+    paragraph.emoji.push_back({int(paragraph.text.size()), int(emoji.size()), format});
+    paragraph.text += emoji;
+}
+
+// Signs that are text in other fonts are pictures where a selector or a key cap follows them, with all they are joined
+// to. The toolkit would take the first font that has them, and another one for the selector, which keeps it from
+// joining them; so the selectors are left out.
+Paragraph withEmoji(const QString& text)
+{
+    static const QRegularExpression sequence(
+        R"([0-9#*]\x{FE0F}?\x{20E3}|(?:\p{Extended_Pictographic}[\x{1F3FB}-\x{1F3FF}]?\x{FE0F}?\x{200D}?)+)");
+    Paragraph paragraph;
+    qsizetype end = 0;
+    for (auto matches = sequence.globalMatch(text); matches.hasNext();) {
+        const auto match = matches.next();
+        if (!match.capturedView().contains(emojiSelector) && !match.capturedView().contains(keyCap))
+            continue;
+        paragraph.text += text.mid(end, match.capturedStart() - end);
+        addEmoji(match.captured(), paragraph);
+        end = match.capturedEnd();
+    }
+    paragraph.text += text.mid(end);
+    return paragraph;
+}
+
+QTextOption optionFor(const QString& paragraph)
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setUseDesignMetrics(true);
+    option.setAlignment(paragraph.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
+    return option;
 }
 
 } // namespace
@@ -70,15 +130,16 @@ LabelText::LabelText(const QString& text, double fontSize, std::optional<double>
 }
 
 LabelText::LabelText(const QString& text, const TextAttributes& attributes, std::optional<double> wrapWidth)
-    : m_attributes(attributes), m_layout(withLineSeparators(text), attributes.font)
+    : m_attributes(attributes)
 {
     if (!(attributes.scale > 0))
         return;
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    option.setUseDesignMetrics(true);
-    option.setAlignment(text.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
-    m_layout.setTextOption(option);
+    for (const QString& line : paragraphsOf(text)) {
+        const Paragraph paragraph = withEmoji(line);
+        QTextLayout& layout = m_paragraphs.emplace_back(paragraph.text, attributes.font);
+        layout.setTextOption(optionFor(paragraph.text));
+        layout.setFormats(paragraph.emoji);
+    }
     layOut(wrapWidth ? std::min(*wrapWidth / attributes.scale, unbounded) : unbounded);
     // Once more, so that lines which end on the right end where the longest one does.
     layOut(std::ceil(m_size.width));
@@ -88,15 +149,17 @@ LabelText::LabelText(const QString& text, const TextAttributes& attributes, std:
 void LabelText::layOut(double width)
 {
     m_size = {};
-    m_layout.beginLayout();
-    for (QTextLine line = m_layout.createLine(); line.isValid(); line = m_layout.createLine()) {
-        line.setLeadingIncluded(true);
-        line.setLineWidth(width);
-        line.setPosition({0, m_size.height});
-        m_size.width = std::max(m_size.width, double(line.naturalTextWidth()));
-        m_size.height += line.height();
+    for (QTextLayout& layout : m_paragraphs) {
+        layout.beginLayout();
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLeadingIncluded(true);
+            line.setLineWidth(width);
+            line.setPosition({0, m_size.height});
+            m_size.width = std::max(m_size.width, double(line.naturalTextWidth()));
+            m_size.height += line.height();
+        }
+        layout.endLayout();
     }
-    m_layout.endLayout();
 }
 
 double LabelText::lineHeight(double fontSize)
@@ -112,8 +175,9 @@ void LabelText::draw(QPainter& painter, QPointF origin, double scale, const QCol
     painter.translate(origin.x(), origin.y());
     painter.scale(scale * m_attributes.scale, -scale * m_attributes.scale);
     painter.setPen(color);
-    for (int index = 0; index < m_layout.lineCount(); ++index)
-        m_layout.lineAt(index).draw(&painter, {});
+    for (const QTextLayout& layout : m_paragraphs)
+        for (int index = 0; index < layout.lineCount(); ++index)
+            layout.lineAt(index).draw(&painter, {});
     painter.restore();
 }
 
@@ -122,14 +186,10 @@ std::vector<QPainterPath> LabelText::outlines(QPointF origin, double scale) cons
     QTransform place = QTransform::fromTranslate(origin.x(), origin.y());
     place.scale(scale * m_attributes.scale, -scale * m_attributes.scale);
     std::vector<QPainterPath> paths;
-    for (const QGlyphRun& run : m_layout.glyphRuns()) {
-        if (hasPictures(run.rawFont()))
-            continue;
-        const auto glyphs = run.glyphIndexes();
-        const auto positions = run.positions();
-        for (qsizetype index = 0; index < glyphs.size(); ++index)
-            paths.push_back(place.map(run.rawFont().pathForGlyph(glyphs[index]).translated(positions[index])));
-    }
+    for (const QTextLayout& layout : m_paragraphs)
+        for (const QGlyphRun& run : layout.glyphRuns())
+            if (!hasPictures(run.rawFont()))
+                addGlyphs(run, place, paths);
     return paths;
 }
 

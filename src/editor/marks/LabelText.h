@@ -7,6 +7,7 @@
 #include <QPainterPath>
 #include <QTextLayout>
 
+#include <deque>
 #include <optional>
 #include <vector>
 
@@ -33,8 +34,8 @@ QColor textColorOn(const QColor& plate);
 // A text that is broken into lines. The unit is that of the font size, y down from the upper left corner. Any thread.
 class LabelText {
 public:
-    // Without a width it is broken only where it has line ends. A word that is longer than a line is broken too. Right
-    // to left paragraphs are aligned to the right.
+    // Without a width it is broken only where it has line ends. A word that is longer than a line is broken too. Each
+    // paragraph has the direction of its first letter; those from right to left are aligned to the right.
     LabelText(const QString& text, double fontSize, std::optional<double> wrapWidth);
     LabelText(const QString& text, const TextAttributes& attributes, std::optional<double> wrapWidth);
 
@@ -51,7 +52,7 @@ private:
     void layOut(double width);
 
     TextAttributes m_attributes;
-    QTextLayout m_layout;
+    std::deque<QTextLayout> m_paragraphs; // which can't be moved
     Size m_size;
 };
 

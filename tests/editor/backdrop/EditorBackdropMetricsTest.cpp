@@ -122,7 +122,23 @@ TEST(EditorBackdropMetrics, ShadowRoomIsTheLeastOnTheSidesThatTheLightUses)
     EXPECT_EQ(EditorBackdropMetrics::shadowRoom(framed, framed, {0, 0}), std::nullopt);
 }
 
-// Three standard deviations and the offset end before the canvas does, whatever the light and the place of the card.
+// A card at the upper edge has little room above, where light from above throws no shadow.
+TEST(EditorBackdropMetrics, OnlyTheSidesThatTheLightThrowsShadowsToLimitThem)
+{
+    const auto sigma = [](CardAlignment alignment, ShadowLight light) {
+        const EditorBackdrop backdrop = padded(0.4, [&](EditorBackdrop& changed) {
+            changed.alignment = alignment;
+            changed.shadowLight = light;
+            changed.shadow = Shadow{{{0.01, 0.2, 0.5}}};
+        });
+        return EditorBackdropMetrics::layout({400, 200}, 1, 1, backdrop)->shadow.at(0).sigma;
+    };
+    EXPECT_DOUBLE_EQ(sigma(CardAlignment::top, {0, 1}), 20);
+    EXPECT_LT(sigma(CardAlignment::top, {0, -1}), 20);
+    EXPECT_LT(sigma(CardAlignment::top, {0, 0}), 20);
+}
+
+// Three standard deviations and the offset end before the canvas does, wherever the light throws the shadow to.
 TEST(EditorBackdropMetrics, NoShadowLeavesTheCanvas)
 {
     for (const auto& [alignment, name] : RawStrings<CardAlignment>::table) {
@@ -140,7 +156,11 @@ TEST(EditorBackdropMetrics, NoShadowLeavesTheCanvas)
                     QRectF(layout.framed())
                         .translated(layer.x, layer.y)
                         .adjusted(-3 * layer.sigma, -3 * layer.sigma, 3 * layer.sigma, 3 * layer.sigma);
-                EXPECT_TRUE(QRectF(-1, -1, layout.canvas.width() + 2, layout.canvas.height() + 2).contains(reach))
+                const bool isFromFront = light.x == 0 && light.y == 0;
+                EXPECT_TRUE((reach.left() >= -1 || !(light.x < 0 || isFromFront)) &&
+                            (reach.right() <= layout.canvas.width() + 1 || !(light.x > 0 || isFromFront)) &&
+                            (reach.top() >= -1 || !(light.y < 0 || isFromFront)) &&
+                            (reach.bottom() <= layout.canvas.height() + 1 || !(light.y > 0 || isFromFront)))
                     << name << ", " << light.x << ", " << light.y;
             }
             EXPECT_GT(layout.shadow[0].sigma, layout.shadow[1].sigma); // and it is still there

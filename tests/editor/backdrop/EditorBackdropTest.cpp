@@ -52,12 +52,12 @@ TEST(EditorBackdrop, ReadsWhatItWrote)
 
 TEST(EditorBackdrop, WhatIsMissingIsTheDefault)
 {
-    EXPECT_EQ(EditorBackdrop::decode("{}"), EditorBackdrop());
-    EXPECT_EQ(EditorBackdrop::decode(R"({"later": [1, {"unknown": 2}]})"), EditorBackdrop());
-    EXPECT_EQ(EditorBackdrop::decode(R"({"aspect": null})"), EditorBackdrop());
+    EXPECT_EQ(EditorBackdrop::decode("{}"), EditorBackdrop::none); // a page that nobody chose is none
+    EXPECT_EQ(EditorBackdrop::decode(R"({"later": [1, {"unknown": 2}]})"), EditorBackdrop::none);
+    EXPECT_EQ(EditorBackdrop::decode(R"({"fill": {}, "aspect": null})"), EditorBackdrop::none);
     EXPECT_EQ(EditorBackdrop::decode(R"({"fill": {"kind": "color"}})")->fill,
               (BackdropFill{BackdropFill::Kind::color, ""}));
-    EditorBackdrop square;
+    EditorBackdrop square = EditorBackdrop::none;
     square.aspect = AspectRatio{1, 1};
     square.shadowLight = {1, 1};
     EXPECT_EQ(EditorBackdrop::decode(R"({"aspect": {}, "shadowLight": {"x": 1.0}})"), square);
@@ -110,11 +110,11 @@ TEST(EditorBackdrop, HugeAndDeepFilesAreBounded)
     EXPECT_FALSE(EditorBackdrop::decode("{\"padding\": 1," + QByteArray(1 << 18, ' ') + "\"blur\": 0}"));
     EXPECT_FALSE(EditorBackdrop::decode(QByteArray(200'000, '[')));
     EXPECT_EQ(EditorBackdrop::decode("{\"deep\": " + QByteArray(100'000, '[') + QByteArray(100'000, ']') + "}"),
-              EditorBackdrop());
+              EditorBackdrop::none);
     QByteArray keys = "{\"0\": 0";
     for (int index = 1; keys.size() < 250'000; ++index)
         keys += ",\"" + QByteArray::number(index) + "\":0";
-    EXPECT_EQ(EditorBackdrop::decode(keys + "}"), EditorBackdrop());
+    EXPECT_EQ(EditorBackdrop::decode(keys + "}"), EditorBackdrop::none);
     QByteArray layers = "{\"shadow\": {\"layers\": [{}";
     for (int index = 0; index < 50'000; ++index)
         layers += ",{}";

@@ -97,6 +97,18 @@ TEST_F(CropSizeEstimatorTest, TheFormatIsTheOneThatASaveWouldPick)
     EXPECT_EQ(estimator->reading({999, 1000})->format, ImageFormat::png);
 }
 
+TEST_F(CropSizeEstimatorTest, ASaveThatReducesIsReckonedWith)
+{
+    preferences.set(Settings::retinaDownscale, true);
+    estimator->setContext(context());
+    estimator->request({{100, 60}});
+    loop.advance(200ms);
+    finishEncodes();
+    EXPECT_EQ(estimator->source(), expected(*Resampling::reduced(image, 2), {100, 60}));
+    const QImage half = *Resampling::resampledExactly(image, {100, 60});
+    EXPECT_EQ(estimator->reading({100, 60}), expected(*Resampling::reduced(half, 2), {50, 30}));
+}
+
 TEST_F(CropSizeEstimatorTest, RequestsInQuickSuccessionCostOneBatch)
 {
     estimator->setContext(context({0, 0, 50, 30}));

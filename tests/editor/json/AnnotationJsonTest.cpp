@@ -200,6 +200,22 @@ TEST(AnnotationJsonTest, ADamagedRedactionStillHidesItsPlace)
     EXPECT_TRUE(AnnotationJson::read("[ ]")->damaged.isEmpty());
 }
 
+TEST(AnnotationJsonTest, AnImageIsEncodedOnceAndToldOfWhereItCantBe)
+{
+    Annotation sticker = complete();
+    Annotation lost = sticker;
+    lost.image = QImage();
+    AnnotationJson::StickerPngs pngs;
+    const auto written = AnnotationJson::written({sticker, lost, sticker}, pngs);
+    EXPECT_EQ(written.lost, QStringList("entry 2 (image)"));
+    EXPECT_EQ(read(written.json).size(), 3u);
+    EXPECT_EQ(written.json.count("\"sticker\""), 2);
+    const std::string* const first = &*pngs.of(*sticker.image);
+    EXPECT_EQ(&*pngs.of(*Annotation(sticker).image), first); // of a copy, too
+    sticker.image->setPixelColor(3, 3, Qt::green);
+    EXPECT_NE(*pngs.of(*sticker.image), *first);
+}
+
 TEST(AnnotationJsonTest, ImagesThatDoNotFitIntoMemoryAreLeftOut)
 {
     const Annotation sticker{.kind = Kind::image, .points = {{0, 0}}, .image = QImage(300, 200, QImage::Format_RGB32)};

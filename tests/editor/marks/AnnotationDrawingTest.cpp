@@ -3,6 +3,7 @@
 #include "editor/marks/AnnotationExtent.h"
 #include "editor/marks/AnnotationInk.h"
 #include "editor/marks/HighlighterInk.h"
+#include "editor/marks/MarkShadow.h"
 #include "editor/marks/RedactionSources.h"
 #include "tests/support/PictureDifference.h"
 #include "tests/support/TestPictures.h"
@@ -165,11 +166,11 @@ TEST(AnnotationDrawingTest, ShapesAreWhereTheyBelong)
         {"blackout",
          mark(Kind::blackout, {{20, 20}, {80, 80}}),
          {{{20, 20}, Qt::black}, {{79, 79}, Qt::black}, {{81, 50}, white}}},
-        {"step", mark(Kind::step, {{0, 0}, {100, 50}}), {{{100, 58}, red}, {{100, 63}, white}, {{91, 50}, red}}},
-        {"plate", label("i", Annotation::TextStyle::background), {{{62, 50}, red}, {{60.3, 40.3}, white}}},
+        {"step", mark(Kind::step, {{0, 0}, {100, 50}}), {{{100, 58}, red}, {{100, 66}, white}, {{91, 50}, red}}},
+        {"plate", label("i", Annotation::TextStyle::background), {{{62, 50}, red}, {{59, 39}, white}}},
         {"bubble",
          label("bubble", Annotation::TextStyle::bubble),
-         {{{72, 33}, red}, {{72, 42}, red}, {{68, 41}, red}, {{100, 33}, white}}},
+         {{{77, 35}, red}, {{72, 42}, red}, {{68, 41}, red}, {{100, 33}, white}}},
         {"measure",
          mark(Kind::measure, {{10, 50}, {190, 50}}, 2),
          {{{20, 50}, red}, {{10, 54}, red}, {{20, 54}, white}, {{100, 58}, red}}},
@@ -186,12 +187,105 @@ TEST(AnnotationDrawingTest, ShapesAreWhereTheyBelong)
         }
 }
 
+// Shorter than 0.9 of a head of 17.2 points.
+TEST(AnnotationDrawingTest, ATinyArrowIsAHeadOnly)
+{
+    const QPainterPath tiny = AnnotationInk::inkPath(mark(Kind::arrow, {{50, 50}, {62, 50}}), 2);
+    const QRectF extent = tiny.boundingRect();
+    EXPECT_NEAR(extent.left(), 100, 0.5);
+    EXPECT_NEAR(extent.right(), 124, 2);                                // softened
+    EXPECT_TRUE(tiny.contains({103, 100 + 0.8 * extent.height() / 2})); // as wide as it is at its base
+    EXPECT_FALSE(tiny.contains({118, 100 + 0.4 * extent.height() / 2}));
+    const QPainterPath longer = AnnotationInk::inkPath(mark(Kind::arrow, {{50, 50}, {67, 50}}), 2);
+    EXPECT_FALSE(longer.contains({103, 100 + 0.8 * longer.boundingRect().height() / 2}));
+}
+
 TEST(AnnotationDrawingTest, AStepHasItsWorkedSize)
 {
     const Annotation step = mark(Kind::step, {{0, 0}}, 4);
     EXPECT_DOUBLE_EQ(AnnotationInk::stepRadius(step, 2), 26);
     EXPECT_DOUBLE_EQ(AnnotationInk::stepRingWidth(step, 2), 3.12);
     EXPECT_DOUBLE_EQ(AnnotationInk::stepRingWidth(mark(Kind::step, {{0, 0}}, 1), 2), 3);
+}
+
+TEST(AnnotationDrawingTest, OddWidthsLieOnWholePixels)
+{
+    for (const double width : {1.0, 3.0, 5.0})
+        for (const auto& [kind, points] : {std::pair(Kind::rectangle, std::vector<Point>{{20, 20}, {80, 80}}),
+                                           {Kind::line, {{20, 20}, {80, 20}}},
+                                           {Kind::line, {{20, 20}, {20, 80}}}}) {
+            Page page(1, white);
+            page.draw({mark(kind, points, width)});
+            for (double across = 10; across < 30; ++across)
+                for (const QColor& color : {page.at(50, across), page.at(across, 50)})
+                    EXPECT_TRUE(color == red || color == white) << width << ' ' << across;
+        }
+}
+
+TEST(AnnotationDrawingTest, AStepsNumberFitsAndIsRead)
+{
+    Annotation step = mark(Kind::step, {{100, 50}}, 10);
+    step.stepNumber = -123456;
+    step.colorHex = "#0000FF";
+    Page page(1, white);
+    page.draw({step});
+    const double radius = AnnotationInk::stepRadius(step, 1) - AnnotationInk::stepRingWidth(step, 1) / 2;
+    for (double y = 47; y < 54; ++y) // beside the number and within the ring
+        EXPECT_EQ(page.at(100 + radius - 3, y), QColor(0, 0, 255)) << y;
+    step.colorHex = "#FFFF00";
+    page.draw({step});
+    int darkest = 255;
+    for (double x = 80; x < 120; ++x)
+        darkest = std::min(darkest, page.at(x, 50).red());
+    EXPECT_LT(darkest, 100);
+}
+
+TEST(AnnotationDrawingTest, WhiteMarksAreSeenOnWhite)
+{
+    std::vector<Annotation> marks{mark(Kind::arrow, {{20, 50}, {180, 50}}), mark(Kind::step, {{100, 50}})};
+    for (const auto& [style, name] : RawStrings<Annotation::TextStyle>::table)
+        marks.push_back(label("white", style));
+    for (Annotation& each : marks) {
+        each.colorHex = "#FFFFFF";
+        Page page(1, white);
+        page.draw({each});
+        const QRectF extent = AnnotationExtent::visualExtent(each, 1);
+        const QRect around = extent.adjusted(-3, -3, 3, 3).toAlignedRect();
+        int shaded = 0;
+        for (int y = around.top(); y < around.bottom(); ++y)
+            for (int x = around.left(); x < around.right(); ++x)
+                if (const QColor color = page.at(x, y); color != white && color.red() > 180)
+                    ++shaded;
+        EXPECT_GT(shaded, 60) << qPrintable(rawString(each.kind) + ' ' + rawString(each.textStyle));
+    }
+}
+
+TEST(AnnotationDrawingTest, AnArrowsHeadIsATriangleWithSoftCorners)
+{
+    const QPainterPath arrow = AnnotationInk::inkPath(mark(Kind::arrow, {{20, 50}, {180, 50}}), 1);
+    EXPECT_FALSE(arrow.contains({179.8, 50}));
+    EXPECT_TRUE(arrow.contains({178.5, 50}));
+    const double base = 180 - 1.02 * 17.2;
+    EXPECT_FALSE(arrow.contains({base + 0.1, 50 + 8.1}));
+    EXPECT_TRUE(arrow.contains({base + 2, 50 + 6}));
+}
+
+// Beside the arc of the corner, with sides that begin along the edge.
+TEST(AnnotationDrawingTest, TheTailOfABubbleLeavesItsStraightEdge)
+{
+    const QRectF chip(0, 0, 100, 30);
+    const QPainterPath tail = AnnotationInk::leaderInk(chip, {12, -12}, 20, 11);
+    EXPECT_TRUE(tail.contains({15, -7.7}));
+    EXPECT_GE(tail.intersected([] {
+                      QPainterPath below;
+                      below.addRect(QRectF(-50, -0.5, 200, 0.5));
+                      return below;
+                  }())
+                  .boundingRect()
+                  .left(),
+              11);
+    EXPECT_TRUE(AnnotationInk::leaderInk(chip, {50, 20}, 20, 11).isEmpty());
+    EXPECT_GE(AnnotationInk::leaderInk(chip, {130, 15}, 10, 11).boundingRect().right(), 130);
 }
 
 TEST(AnnotationDrawingTest, LiftHasItsWorkedSteps)
@@ -299,6 +393,38 @@ TEST(AnnotationDrawingTest, TheOrderIsRedactionsHighlightersShadeAllOthers)
         << qPrintable(page.at(15, 80).name()); // shade on the highlighter
 }
 
+TEST(AnnotationDrawingTest, AHighlighterReachesThePointer)
+{
+    Page page(1, white);
+    page.draw({mark(Kind::highlighter, {{20, 50}, {60, 50}, {60, 61}}, 4)}); // nearer than half the nib's height
+    EXPECT_NE(page.at(60, 70), white);
+}
+
+// The layers of one colour, on dark pages of several kinds, and their order.
+TEST(AnnotationDrawingTest, AHighlighterOutOfViewCountsForItsLayer)
+{
+    Annotation dim = mark(Kind::highlighter, {{20, 20}, {80, 20}});
+    dim.highlightOnDark = true;
+    dim.highlightPageLuma = 0.1;
+    Annotation bright = mark(Kind::highlighter, {{20, 80}, {180, 80}});
+    bright.highlightOnDark = true;
+    bright.highlightPageLuma = 0.45;
+    Annotation blue = mark(Kind::highlighter, {{60, 10}, {60, 60}});
+    blue.highlightOnDark = true;
+    blue.colorHex = "#0000FF";
+    Annotation first = dim;
+    first.points = {{150, 80}};
+    for (const std::vector<Annotation>& marks : {std::vector{dim, bright}, {first, blue, dim}}) {
+        Page whole(1, QColor(40, 40, 40));
+        whole.draw(marks);
+        Page lower(1, QColor(40, 40, 40));
+        lower.scene.culledTo = QRectF(0, 0, 100, 40);
+        lower.draw(marks, QRect(0, 60, 100, 40));
+        for (const Point& place : {Point{30, 20}, {60, 20}, {60, 35}})
+            EXPECT_EQ(lower.at(place.x, place.y), whole.at(place.x, place.y)) << marks.size() << ' ' << place.x;
+    }
+}
+
 // What is drawn piece by piece, culled, is what is drawn at once.
 TEST(AnnotationDrawingTest, PiecesAreThePixelsOfTheWhole)
 {
@@ -329,7 +455,9 @@ TEST(AnnotationDrawingTest, InkStaysWithinItsExtentAndTheExtentWithinTheCullBoun
     for (Annotation& annotation : oneOfEach()) {
         if (annotation.kind == Kind::spotlight)
             continue;
-        const QRectF extent = AnnotationExtent::rotatedVisualExtent(annotation, 1);
+        constexpr double shadow = MarkShadow::reach;
+        const QRectF extent =
+            AnnotationExtent::rotatedVisualExtent(annotation, 1).adjusted(-shadow, -shadow, shadow, shadow);
         EXPECT_TRUE(AnnotationExtent::cullBound(annotation, 1).contains(extent))
             << qPrintable(rawString(annotation.kind));
         Page page(1, white);
@@ -391,6 +519,13 @@ TEST(AnnotationDrawingTest, ALongStrokeHasNoJoints)
     page.draw({pen});
     for (int x = 21; x < 169; ++x)
         ASSERT_EQ(page.at(x, 50).name(), QColor(255, 127, 127).name()) << x;
+}
+
+TEST(AnnotationDrawingTest, AnEmptyLabelDrawsNothing)
+{
+    Page page(1, white);
+    page.draw({label("", Annotation::TextStyle::bubble), label(" \n", Annotation::TextStyle::background)});
+    EXPECT_TRUE(Testing::sameColors(page.image(), Page(1, white).image()));
 }
 
 TEST(AnnotationDrawingTest, TheEditedLabelIsLeftOut)

@@ -132,6 +132,40 @@ TEST(AnnotationTest, TextsFromRightToLeftEndOnTheRight)
     EXPECT_NEAR(edges("\u05e9\u05dc\u05d5\u05dd \u05e9\u05dc\u05d5\u05dd\n\u05e9\u05dc\u05d5\u05dd")[1], 0, 1);
 }
 
+// The latter one on the right of the former, as what comes second in a text from left to right.
+TEST(AnnotationTest, EachParagraphHasItsOwnDirection)
+{
+    const LabelText text(QString::fromUtf8("\u05e9\u05dc\u05d5\u05dd \u05e9\u05dc\u05d5\u05dd\nab."), 20, std::nullopt);
+    double lettersEnd = 0;
+    QRectF last;
+    for (const QPainterPath& glyph : text.outlines({0, 0}, 1))
+        if (const QRectF box = glyph.boundingRect(); box.center().y() < -text.size().height / 2) {
+            lettersEnd = std::max(lettersEnd, box.height() > 5 ? box.right() : 0);
+            last = box.height() < 5 ? box : last;
+        }
+    EXPECT_GT(last.left(), lettersEnd);
+    EXPECT_LT(lettersEnd, text.size().width / 2); // on the left
+}
+
+TEST(AnnotationTest, ASingleLetterIsInTheMiddle)
+{
+    const Annotation letter = label("i", {{10, 10}});
+    const double width = LabelText("i", 20, std::nullopt).size().width;
+    EXPECT_NEAR(letter.textOrigin().x + width / 2, letter.textRect().centre().x, 1e-9);
+}
+
+TEST(AnnotationTest, SignsThatAreAskedForAsPicturesHaveNoOutline)
+{
+    const struct {
+        const char* text;
+        size_t outlines;
+    } cases[] = {
+        {"\u2764\ufe0f", 0}, {"1\ufe0f\u20e3", 0}, {"\u2764\ufe0f\u200d\U0001f525", 0}, {"12", 2}, {"\u2122", 1}};
+
+    for (const auto& [text, outlines] : cases)
+        EXPECT_EQ(LabelText(QString::fromUtf8(text), 20, std::nullopt).outlines({0, 0}, 1).size(), outlines) << text;
+}
+
 TEST(AnnotationTest, LuminanceOfKnownColours)
 {
     const struct {
