@@ -45,6 +45,7 @@ TEST(TextDirection, FewLettersSayNothing)
     EXPECT_EQ(TextDirection::of({}, letterHeight), 0);
     EXPECT_EQ(TextDirection::of(page(40, 1, 11), letterHeight), 0);
     std::vector<QRect> calendar;
+    calendar.reserve(35);
     for (int day = 0; day < 35; ++day)
         calendar.push_back({day % 7 * 60, day / 7 * 28, 8, 10});
     for (int broken = 0; broken < 5; ++broken)
