@@ -64,7 +64,7 @@ std::unique_ptr<QCoreApplication> applicationFor(const Command& command, int& ar
 // Runs a command that needs no display, with the features that need none.
 int runWithoutInstance(const Command& command, int& argc, char** argv)
 {
-    const std::unique_ptr<QCoreApplication> application = applicationFor(command, argc, argv);
+    [[maybe_unused]] const std::unique_ptr<QCoreApplication> application = applicationFor(command, argc, argv);
     Foundation foundation(Foundation::Kind::command);
     if (::isatty(STDERR_FILENO))
         foundation.progress = showProgress;

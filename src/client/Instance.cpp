@@ -115,9 +115,9 @@ std::string contentOf(int file)
 {
     setsid();
     // The folder of whoever happened to be first must not be kept from being unmounted.
-    if (chdir("/") != 0)
-        _exit(127);
     const int nothing = open("/dev/null", O_RDWR);
+    if (chdir("/") != 0 || nothing < 0)
+        _exit(127);
     dup2(nothing, STDIN_FILENO);
     dup2(nothing, STDOUT_FILENO);
     dup2(errors, STDERR_FILENO);

@@ -94,6 +94,7 @@ TEST(TextLines, LinesThatTouchStayTwo)
 TEST(TextLines, ASlopingLineIsOne)
 {
     std::vector<QRect> blobs;
+    blobs.reserve(100);
     for (int at = 0; at < 100; ++at)
         blobs.push_back({at * 9, 100 + at / 4, 6, 10});
     EXPECT_EQ(linesOf(blobs).size(), 1u);
