@@ -65,9 +65,9 @@ QImage withPlainPixels(QImage image)
 int bytesPerPixel(const QImageReader& reader)
 {
     constexpr int answered = 4;
-    const QImage::Format format = reader.imageFormat();
-    const bool isKnown = format > QImage::Format_Invalid && format < QImage::NImageFormats; // damaged files tell any
-    return answered + qMax(isKnown ? QImage::toPixelFormat(format).bitsPerPixel() / 8 : 0, answered);
+    if (!reader.size().isValid()) // of a damaged file the format must not even be asked: it is whatever is in memory
+        return 2 * answered;
+    return answered + qMax(QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel() / 8, answered);
 }
 
 void prepareToolkit()
