@@ -70,11 +70,14 @@ void clear(QImage& image, const QRegion& region)
     }
 }
 
-void clearBesideShape(X11Connection& x, const X11Frame& frame, QImage& image)
+// Pixels of what is visible of a window, with nothing beside its shape.
+QImage asWindow(X11Connection& x, const X11Frame& frame, QImage image)
 {
+    image.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
     const QRect part = frame.visible.translated(-frame.outer.topLeft());
     if (const auto shape = shapeOf(x, frame))
         clear(image, (QRegion(part) - *shape).translated(-part.topLeft()) & image.rect());
+    return image;
 }
 
 std::optional<QImage> readPixmap(X11ImageReader& reader, const X11Frame& frame)
@@ -90,11 +93,7 @@ std::optional<QImage> readPixmap(X11ImageReader& reader, const X11Frame& frame)
         image = reader.read(pixmap, part & QRect(0, 0, geometry->width, geometry->height),
                             geometry->depth == 32 ? X11ImageReader::Alpha::kept : X11ImageReader::Alpha::opaque);
     xcb_free_pixmap(x.handle(), pixmap);
-    if (!image)
-        return {};
-    image->reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
-    clearBesideShape(x, frame, *image);
-    return image;
+    return image ? std::optional(asWindow(x, frame, *std::move(image))) : std::nullopt;
 }
 
 std::optional<QImage> readAfterRedirecting(X11ImageReader& reader, const X11Frame& frame)
@@ -132,11 +131,7 @@ std::optional<QImage> readFromScreen(X11ImageReader& reader, xcb_window_t window
         return {};
     X11Screen(reader).waitUntilRepainted();
     auto image = reader.read(x.root(), frame.visible, X11ImageReader::Alpha::opaque);
-    if (!image)
-        return {};
-    image->reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
-    clearBesideShape(x, frame, *image);
-    return image;
+    return image ? std::optional(asWindow(x, frame, *std::move(image))) : std::nullopt;
 }
 
 std::optional<QImage> readOwnPixels(X11ImageReader& reader, const X11Frame& frame)
