@@ -15,6 +15,8 @@ enum class Lane {
     utility,    // everything that nobody waits for
     visionOCR,  // "com.kovrel.vision-ocr"
     ocrFiles,   // recognised text on disk
+    history,    // the files of the history
+    thumbnails, // small pictures of the history, made and read
 };
 
 // Who waits for a job; of those that wait in a lane the most urgent is run first.

@@ -34,6 +34,7 @@ void MarkShadow::draw(QPainter& painter, const std::vector<QPainterPath>& ink, d
     painter.resetTransform();
     for (int index = 1; index <= rings; ++index) {
         std::vector<QPainterPath> paths;
+        paths.reserve(ink.size());
         for (const QPainterPath& each : ink)
             paths.push_back(toDevice.map(ring(each, index * reach / rings * scale)));
         Blending::fillPaths(painter, paths, QColor::fromRgbF(0, 0, 0, float(ringOpacity)), BlendMode::normal);

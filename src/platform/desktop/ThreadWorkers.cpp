@@ -33,6 +33,10 @@ const char* threadName(Lane lane)
         return "kovrel.ocr";
     case Lane::ocrFiles:
         return "kovrel.ocrfiles";
+    case Lane::history:
+        return "kovrel.history";
+    case Lane::thumbnails:
+        return "kovrel.thumbs";
     }
     return "kovrel.worker";
 }
