@@ -49,7 +49,7 @@ public:
     void reopenClosed();
     // Answers whether there was one.
     void reopenClosed(std::function<void(bool)> reply);
-    void presentFromHistory(QUuid id, std::function<void(bool)> reply);
+    void presentFromHistory(QUuid id, std::function<void(bool)> reply) override;
 
     void whenForegroundIsFree(std::function<void()> work) override;
     Subscription onCaptureFinished(std::function<void(const CaptureResult&)> observer) override;

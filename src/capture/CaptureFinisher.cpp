@@ -6,6 +6,7 @@
 #include "ports/CaptureTrace.h"
 #include "ports/CardPile.h"
 #include "ports/ReopenLedger.h"
+#include "ports/SaveFailureToast.h"
 #include "ports/Toasts.h"
 #include "preferences/Preferences.h"
 
@@ -32,19 +33,6 @@ CaptureOutcome outcomeOf(const CaptureResult& result)
     CaptureOutcome outcome{.kind = CaptureOutcome::Kind::finished, .result = result, .pixelSize = result.image.size()};
     outcome.result->image = {};
     return outcome;
-}
-
-constexpr double failureDwell = 6;
-
-ToastContent couldNotBeSaved(const SaveProblem& problem, const Ports& ports)
-{
-    ToastContent toast{.message = CaptureFinisher::tr("The capture could not be saved"),
-                       .subtitle = problem.message,
-                       .icon = "exclamationmark.triangle",
-                       .dwell = failureDwell};
-    if (problem.keptAs)
-        toast.onTap = [&ports, path = *problem.keptAs] { ports.delivery.tell(&CaptureDelivery::reveal, path); };
-    return toast;
 }
 
 // What is said where nothing saves and copies.
@@ -147,7 +135,7 @@ std::shared_ptr<CaptureSave> CaptureFinisher::startSave(const CaptureResult& res
         if (outcome)
             ports.ledger.tell(&ReopenLedger::rememberSavedFile, id, *outcome);
         else
-            ports.toasts.tell(&Toasts::present, couldNotBeSaved(outcome.error(), ports), display, true);
+            ports.toasts.tell(&Toasts::present, SaveFailureToast::of(outcome.error(), ports), display, true);
     });
     return save;
 }

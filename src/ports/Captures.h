@@ -17,6 +17,10 @@ public:
     // Work that wants to bring a window to the front runs now, or when the selection in progress has ended.
     virtual void whenForegroundIsFree(std::function<void()> work) = 0;
 
+    // Brings a capture of the history back as a card. The reply says whether one came; a capture that is on its way
+    // does not come twice.
+    virtual void presentFromHistory(QUuid id, std::function<void(bool)> reply) = 0;
+
     virtual bool isCountingDown() const = 0;
     virtual void cancelCountdown() = 0;
 };

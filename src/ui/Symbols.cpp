@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
+
 namespace Kovrel {
 
 namespace {
@@ -81,25 +83,85 @@ QPainterPath qrCode()
     return path;
 }
 
+QPainterPath cross()
+{
+    QPainterPath path = lines({{0.05, 0.05}, {0.95, 0.95}});
+    path.addPath(lines({{0.95, 0.05}, {0.05, 0.95}}));
+    return path;
+}
+
+QPainterPath magnifier()
+{
+    QPainterPath path;
+    path.addEllipse(QRectF(0.04, 0.04, 0.66, 0.66));
+    path.addPath(lines({{0.62, 0.62}, {0.96, 0.96}}));
+    return path;
+}
+
+QPainterPath grid()
+{
+    QPainterPath path;
+    for (const QPointF& corner : {QPointF(0, 0), QPointF(0.58, 0), QPointF(0, 0.58), QPointF(0.58, 0.58)})
+        path.addRoundedRect(QRectF(corner, QSizeF(0.42, 0.42)), 0.08, 0.08);
+    return path;
+}
+
+QPainterPath folder()
+{
+    QPainterPath path = lines({{0.0, 0.3}, {0.0, 0.14}, {0.36, 0.14}, {0.48, 0.3}});
+    path.addRoundedRect(QRectF(0, 0.3, 1, 0.6), 0.08, 0.08);
+    return path;
+}
+
+QPainterPath clock()
+{
+    QPainterPath path;
+    path.addEllipse(QRectF(0, 0, 1, 1));
+    path.addPath(lines({{0.5, 0.22}, {0.5, 0.5}, {0.7, 0.62}}));
+    return path;
+}
+
+QPainterPath photograph()
+{
+    QPainterPath path;
+    path.addRoundedRect(QRectF(0, 0.1, 1, 0.8), 0.1, 0.1);
+    path.addEllipse(QRectF(0.18, 0.26, 0.16, 0.16));
+    path.addPath(lines({{0.04, 0.78}, {0.36, 0.52}, {0.54, 0.68}, {0.74, 0.44}, {0.96, 0.66}}));
+    return path;
+}
+
+QPainterPath dot()
+{
+    QPainterPath path;
+    path.addEllipse(QRectF(0.35, 0.35, 0.3, 0.3));
+    return path;
+}
+
+struct Drawing {
+    QLatin1String name;
+    QPainterPath (*draw)();
+};
+
+constexpr Drawing drawings[] = {
+    {QLatin1String("checkmark"), checkmark},
+    {QLatin1String("timer"), timer},
+    {Symbols::warning, warningTriangle},
+    {Symbols::information, informationCircle},
+    {QLatin1String("doc.on.clipboard.fill"), clipboard},
+    {QLatin1String("text.viewfinder"), textFrame},
+    {QLatin1String("qrcode"), qrCode},
+    {QLatin1String("xmark"), cross},
+    {QLatin1String("magnifyingglass"), magnifier},
+    {QLatin1String("square.grid"), grid},
+    {QLatin1String("folder"), folder},
+    {QLatin1String("clock"), clock},
+    {QLatin1String("photo"), photograph},
+};
+
 QPainterPath pathNamed(const QString& name)
 {
-    if (name == "checkmark")
-        return checkmark();
-    if (name == "timer")
-        return timer();
-    if (name == Symbols::warning)
-        return warningTriangle();
-    if (name == Symbols::information)
-        return informationCircle();
-    if (name == "doc.on.clipboard.fill")
-        return clipboard();
-    if (name == "text.viewfinder")
-        return textFrame();
-    if (name == "qrcode")
-        return qrCode();
-    QPainterPath dot;
-    dot.addEllipse(QRectF(0.35, 0.35, 0.3, 0.3));
-    return dot;
+    const auto* const found = std::ranges::find(drawings, name, &Drawing::name);
+    return found == std::end(drawings) ? dot() : found->draw();
 }
 
 } // namespace

@@ -4,8 +4,10 @@
 
 #include <QProcess>
 
+#include <chrono>
 #include <ranges>
 #include <stdexcept>
+#include <thread>
 
 #include <xcb/xtest.h>
 
@@ -29,10 +31,15 @@ void TestKeyboard::roundTrip()
     free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
 }
 
+// Nobody does two things within one millisecond, the finest time the server tells: of keys and pointer, which come over
+// different connections, nobody could say which was first.
 void TestKeyboard::send(uint8_t type, xcb_keycode_t key)
 {
+    constexpr std::chrono::milliseconds pace{2};
+    std::this_thread::sleep_for(pace);
     xcb_test_fake_input(m_connection, type, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
     roundTrip();
+    std::this_thread::sleep_for(pace);
 }
 
 void TestKeyboard::type(const std::vector<xcb_keycode_t>& keys)
