@@ -82,6 +82,10 @@ void homeWindows(const Pictures& pictures, Preferences& preferences)
         }
 }
 
+struct NoShapes : PanelShapes {
+    void takeInputOnlyIn(quintptr, const QRect&) override {}
+};
+
 void toasts(const Pictures& pictures)
 {
     const std::pair<const char*, ToastContent> contents[] = {
@@ -98,7 +102,8 @@ void toasts(const Pictures& pictures)
     const Kovrel::Display display{.name = QGuiApplication::primaryScreen()->name()};
     for (const auto& [name, content] : contents)
         for (const bool isComposited : {true, false}) {
-            ToastPanel panel(content, display, isComposited);
+            NoShapes shapes;
+            ToastPanel panel(content, display, shapes, isComposited);
             pictures.save(QString("toast-%1%2").arg(name, isComposited ? "" : "-opaque"), panel);
         }
 }

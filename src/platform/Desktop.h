@@ -10,6 +10,7 @@ class Displays;
 class FileManager;
 class KeyGrabs;
 class OverlaySurfaces;
+class PanelShapes;
 class Pointer;
 class SavePanel;
 class ScreenLock;
@@ -28,6 +29,7 @@ public:
     virtual Pointer& pointer() = 0;
     virtual KeyGrabs& keys() = 0;
     virtual OverlaySurfaces& overlay() = 0;
+    virtual PanelShapes& panelShapes() = 0;
 
     virtual ScreenPixels& pixels() = 0;
     virtual Windows& windows() = 0;

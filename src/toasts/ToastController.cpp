@@ -17,7 +17,10 @@ constexpr double reLinger = 2.0;
 
 } // namespace
 
-ToastController::ToastController(MainLoop& loop, Displays& displays) : m_loop(loop), m_displays(displays) {}
+ToastController::ToastController(MainLoop& loop, Displays& displays, PanelShapes& shapes)
+    : m_loop(loop), m_displays(displays), m_shapes(shapes)
+{
+}
 
 ToastController::~ToastController()
 {
@@ -35,7 +38,7 @@ void ToastController::present(ToastContent content, std::optional<quint32> displ
     const Display* display = displayID ? displayWithID(displays, *displayID) : nullptr;
     m_content = std::move(content);
     m_lastDisplay = displayID;
-    m_panel = new ToastPanel(m_content, display ? *display : displays.front(), m_displays.isComposited());
+    m_panel = new ToastPanel(m_content, display ? *display : displays.front(), m_shapes, m_displays.isComposited());
     QObject::connect(m_panel, &ToastPanel::closeClicked, m_panel, [this] {
         const auto onClose = m_content.onClose;
         dismiss(true);

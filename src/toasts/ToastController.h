@@ -2,6 +2,7 @@
 
 #include "platform/Displays.h"
 #include "platform/MainLoop.h"
+#include "platform/PanelShapes.h"
 #include "ports/Toasts.h"
 
 #include <QPointer>
@@ -13,7 +14,7 @@ class ToastPanel;
 // Shows at most one toast, at the top right of a screen, and takes it away after its linger. Main thread.
 class ToastController : public Toasts {
 public:
-    ToastController(MainLoop& loop, Displays& displays);
+    ToastController(MainLoop& loop, Displays& displays, PanelShapes& shapes);
     ~ToastController() override;
 
     void present(ToastContent content, std::optional<quint32> displayID, bool sound) override;
@@ -30,6 +31,7 @@ private:
 
     MainLoop& m_loop;
     Displays& m_displays;
+    PanelShapes& m_shapes;
     ToastContent m_content;
     std::optional<quint32> m_lastDisplay;
     QPointer<ToastPanel> m_panel;

@@ -35,8 +35,8 @@ void paintLine(QPainter& painter, const QRectF& line, TextStyle style, const QCo
 
 } // namespace
 
-ToastPanel::ToastPanel(ToastContent content, const Display& display, bool isComposited)
-    : FloatingPanel(isComposited, Desktops::every)
+ToastPanel::ToastPanel(ToastContent content, const Display& display, PanelShapes& shapes, bool isComposited)
+    : FloatingPanel(shapes, isComposited, Desktops::every)
 {
     setContent(std::move(content));
     placeAtTopRight(display, cardSize * Typography::scale(), margin);

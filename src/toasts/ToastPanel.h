@@ -10,7 +10,7 @@ class ToastPanel : public FloatingPanel {
     Q_OBJECT
 
 public:
-    ToastPanel(ToastContent content, const Display& display, bool isComposited);
+    ToastPanel(ToastContent content, const Display& display, PanelShapes& shapes, bool isComposited);
 
     void setContent(ToastContent content);
 

@@ -13,8 +13,8 @@
 
 namespace Kovrel {
 
-FloatingPanel::FloatingPanel(bool isComposited, Desktops desktops)
-    : m_shadowRoom(isComposited ? SoftShadow::floatingRoom : 0)
+FloatingPanel::FloatingPanel(PanelShapes& shapes, bool isComposited, Desktops desktops)
+    : m_shapes(shapes), m_shadowRoom(isComposited ? SoftShadow::floatingRoom : 0)
 {
     setWindowFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::ToolTip | Qt::WindowDoesNotAcceptFocus);
     // A window manager puts a window on one of its desktops; what it does not know of is on all of them.
@@ -78,6 +78,25 @@ QPropertyAnimation* FloatingPanel::makeFade(double opacity, std::chrono::millise
     fade->setEasingCurve(Motion::easing);
     fade->setEndValue(opacity);
     return fade;
+}
+
+void FloatingPanel::showEvent(QShowEvent*)
+{
+    leaveShadowToOthers();
+}
+
+void FloatingPanel::resizeEvent(QResizeEvent*)
+{
+    if (isVisible())
+        leaveShadowToOthers();
+}
+
+// A click on what shines through the shadow is meant for that.
+void FloatingPanel::leaveShadowToOthers()
+{
+    const QRectF inside = card();
+    const double scale = devicePixelRatioF();
+    m_shapes.takeInputOnlyIn(winId(), QRectF(inside.topLeft() * scale, inside.size() * scale).toAlignedRect());
 }
 
 void FloatingPanel::paintEvent(QPaintEvent*)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Display.h"
+#include "platform/PanelShapes.h"
 
 #include <QWidget>
 
@@ -19,7 +20,8 @@ class FloatingPanel : public QWidget {
 public:
     enum class Desktops { current, every };
 
-    FloatingPanel(bool isComposited, Desktops desktops);
+    // `shapes` outlives it.
+    FloatingPanel(PanelShapes& shapes, bool isComposited, Desktops desktops);
 
     void popIn();
     // Fades and then closes.
@@ -36,12 +38,16 @@ protected:
     virtual void paintContent(QPainter& painter, const QRectF& card) = 0;
 
     void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void leaveShadowToOthers();
     QRectF card() const;
     void paintGround(QPainter& painter) const;
     QPropertyAnimation* makeFade(double opacity, std::chrono::milliseconds duration);
 
+    PanelShapes& m_shapes;
     double m_shadowRoom; // around the card
     bool m_isEmpty = false;
 };

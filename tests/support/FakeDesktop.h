@@ -8,6 +8,7 @@
 #include "tests/support/desktop/FakeFileManager.h"
 #include "tests/support/desktop/FakeKeyGrabs.h"
 #include "tests/support/desktop/FakeOverlaySurfaces.h"
+#include "tests/support/desktop/FakePanelShapes.h"
 #include "tests/support/desktop/FakePointer.h"
 #include "tests/support/desktop/FakeSavePanel.h"
 #include "tests/support/desktop/FakeScreenLock.h"
@@ -42,6 +43,8 @@ public:
 
     FakeOverlaySurfaces& overlay() override { return m_overlay; }
 
+    FakePanelShapes& panelShapes() override { return m_panelShapes; }
+
     FakeScreenPixels& pixels() override { return m_pixels; }
 
     FakeWindows& windows() override { return m_windows; }
@@ -70,6 +73,7 @@ private:
     FakeKeyGrabs m_keys;
     FakeScreenPixels m_pixels;
     FakeOverlaySurfaces m_overlay;
+    FakePanelShapes m_panelShapes;
     FakeWindows m_windows;
     FakeDesktopPicture m_picture;
     FakeScreenLock m_lock;

@@ -18,7 +18,7 @@ struct ToastControllerTest : testing::Test {
     Testing::FakeMainLoop loop;
     Testing::FakeDesktop desktop{loop};
     Testing::FakeDisplays& displays = desktop.displays();
-    ToastController toasts{loop, displays};
+    ToastController toasts{loop, displays, desktop.panelShapes()};
 
     void SetUp() override
     {

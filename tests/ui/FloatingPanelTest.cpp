@@ -1,5 +1,6 @@
 #include "ui/FloatingPanel.h"
 
+#include "tests/support/desktop/FakePanelShapes.h"
 #include "ui/tokens/Motion.h"
 
 #include <QApplication>
@@ -14,8 +15,11 @@ namespace {
 
 constexpr QSizeF cardSize(200, 50);
 
+Testing::FakePanelShapes shapes;
+
 struct Panel : FloatingPanel {
-    explicit Panel(bool isComposited, Desktops desktops = Desktops::every) : FloatingPanel(isComposited, desktops)
+    explicit Panel(bool isComposited, Desktops desktops = Desktops::every)
+        : FloatingPanel(shapes, isComposited, desktops)
     {
         placeAtTopRight({.name = QGuiApplication::primaryScreen()->name()}, cardSize, {12, 10});
     }
@@ -48,6 +52,8 @@ TEST(FloatingPanelTest, TheCardStandsAtTheUpperRightWithItsShadowAroundIt)
         EXPECT_EQ(image.pixelColor(panel.painted.center().toPoint()).alpha(), 255);
         EXPECT_EQ(image.pixelColor(0, 0).alpha(), isComposited ? 0 : 255);
         EXPECT_EQ(panel.testAttribute(Qt::WA_TranslucentBackground), isComposited);
+        panel.show();
+        EXPECT_EQ(shapes.inputs[panel.winId()], panel.painted.toAlignedRect()) << "the shadow takes no clicks";
     }
 }
 

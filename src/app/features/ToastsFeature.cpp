@@ -3,7 +3,7 @@
 namespace Kovrel {
 
 ToastsFeature::ToastsFeature(Foundation& foundation, Ports& ports)
-    : m_toasts(foundation.loop, foundation.desktop->displays())
+    : m_toasts(foundation.loop, foundation.desktop->displays(), foundation.desktop->panelShapes())
 {
     ports.toasts.offer(m_toasts);
 }

@@ -12,6 +12,7 @@
 #include "platform/x11/keys/X11KeyGrabs.h"
 #include "platform/x11/overlay/X11OverlaySurfaces.h"
 #include "platform/x11/windows/X11DesktopPicture.h"
+#include "platform/x11/windows/X11PanelShapes.h"
 #include "platform/x11/windows/X11Windows.h"
 
 #include <QObject>
@@ -33,6 +34,8 @@ public:
     KeyGrabs& keys() override { return m_keys; }
 
     OverlaySurfaces& overlay() override { return m_overlay; }
+
+    PanelShapes& panelShapes() override { return m_panelShapes; }
 
     ScreenPixels& pixels() override { return m_pixels; }
 
@@ -65,6 +68,7 @@ private:
     X11Windows m_windows;
     X11DesktopPicture m_picture;
     X11OverlaySurfaces m_overlay;
+    X11PanelShapes m_panelShapes;
     DBusScreenLock m_lock;
     X11Clipboard m_clipboard;
     DBusFileManager m_fileManager;
