@@ -1,8 +1,11 @@
 #pragma once
 
 #include "editor/json/AnnotationJson.h"
-#include "history/HistoryEdit.h"
+#include "history/HistoryEditor.h"
 #include "history/HistoryIndexing.h"
+#include "history/HistoryPictures.h"
+#include "history/HistoryRecorder.h"
+#include "history/HistoryTrash.h"
 #include "model/HistoryEntry.h"
 #include "model/HistoryList.h"
 #include "platform/Observers.h"
@@ -26,8 +29,8 @@ namespace Kovrel {
 // on disk soon; what the disk does not take now is written with the next change.
 class CaptureHistoryStore : public CaptureHistory {
 public:
-    // A capture that could not be recorded and that nothing else holds: it is to be kept elsewhere, and told.
-    using Rescue = std::function<void(CaptureResult, std::shared_ptr<EncodedPng>, QString reason)>;
+    // Keeps a capture elsewhere that could not be recorded and that nothing else holds, and tells it.
+    using Rescue = HistoryRecorder::Rescue;
 
     struct Services {
         MainLoop& loop;
@@ -64,6 +67,8 @@ public:
     Subscription onChange(std::function<void()> observer);
     // A capture's files are about to go, for whoever holds them.
     Subscription onForget(std::function<void(QUuid)> observer);
+    // A capture looks different: its thumbnail is another one.
+    Subscription onPictureChange(std::function<void(QUuid)> observer);
 
     // Null for none. Valid until the next change.
     const HistoryEntry* entry(QUuid id) const;
@@ -153,8 +158,46 @@ public:
     void prepareToEnd();
 
 private:
-    struct Parts;
-    std::unique_ptr<Parts> m_parts;
+    QCoro::Task<> look();
+    void loaded();
+    void sweep();
+    QCoro::Task<> sweepInBackground();
+    void captureLanded();
+    void looksDifferent(QUuid id);
+    void setListOnly(const QSet<QUuid>& ids, std::optional<bool> listOnly);
+    void removeForGood(bool (*isMeant)(const HistoryEntry&));
+    void removeAtOnce(const QSet<QUuid>& ids);
+    void prune();
+    void forget(const QSet<QUuid>& ids);
+    void settingChanged(const QString& key);
+    void changeList(QUuid list, const std::function<void(HistoryList&)>& change);
+    void leaveLists(const QSet<QUuid>& ids);
+    QCoro::Task<> keepReading(QUuid id, OCRResult text, std::vector<QRCode> codes);
+    QCoro::Task<> reopen(QUuid id, Reply<std::optional<Reopened>> reply);
+    QCoro::Task<> waitForAll(std::function<void()> callback);
+    QCoro::Task<> backfillInBackground();
+
+    struct Telling {
+        Observers<QUuid> forgotten;
+        Observers<QUuid> pictureChanged;
+    };
+
+    Services m_services;
+    HistoryFiles m_files;
+    HistoryIndexing* m_indexing = nullptr;
+    Telling m_telling;
+    Ongoing<Nothing> m_loading;
+    MainLoop::TimerID m_sweepTimer = 0;
+    bool m_isBackfilled = false;
+    PendingWrites m_writes; // before those who write
+    HistoryRecords m_records;
+    HistoryThumbnails m_thumbnails;
+    HistoryRecorder m_recorder;
+    HistoryEditor m_editor;
+    HistoryPictures m_pictures;
+    HistoryTrash m_trash;
+    Subscription m_settings;
+    Scope m_scope;
 };
 
 } // namespace Kovrel
