@@ -45,7 +45,7 @@ QByteArray without(const QSet<QUuid>& ids, const QByteArray& copy)
 QString freePlace(const QString& stem)
 {
     qint64 seconds = QDateTime::currentSecsSinceEpoch();
-    const auto path = [&] { return stem + mark + QString::number(seconds) + ".json"; };
+    const auto path = [&]() -> QString { return stem + mark + QString::number(seconds) + ".json"; };
     while (QFileInfo::exists(path()))
         ++seconds;
     return path();
