@@ -275,14 +275,25 @@ QCoro::Task<OCROutcome> CaptureOCRStore::recognized(Read read, int token, Qualit
            isKept ? "kept" : "not kept");
     if (!isKept)
         co_return result;
-    const OCRFile::TextPart part{image.size(), read.corrected, *result};
+    co_await keepText({image.size(), read.corrected, *result}, key, token, qos);
+    co_return result;
+}
+
+QCoro::Task<> CaptureOCRStore::keepText(OCRFile::TextPart part, Key key, int token, QualityOfService qos)
+{
     const std::optional<QString> error = co_await keep(key, token, qos, [part](OCRFile& file) { putText(file, part); });
     if (error)
         qCWarning(log, "text %s %s: not written: %s", name(key.id).constData(), name(key.kind), qUtf8Printable(*error));
     else
         qCInfo(log, "text %s %s: kept, %ld lines%s", name(key.id).constData(), name(key.kind),
-               long(result->lines.size()), suffix(read.corrected));
-    co_return result;
+               long(part.result.lines.size()), suffix(part.corrected));
+}
+
+void CaptureOCRStore::storeText(OCRResult text, QSize pixels, Key key, int token)
+{
+    if (mayKeep(key, token))
+        Scope::start(keepText({pixels, true, std::move(text)}, key, token, QualityOfService::background),
+                     "keeping text");
 }
 
 // Changes the file of an image, and what is remembered of it. The answer is why it could not be written.

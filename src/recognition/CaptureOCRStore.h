@@ -61,6 +61,8 @@ public:
     QCoro::Task<std::optional<OCRFile::QRPart>> codes(Key key);
     // Keeps codes unless the image has changed since `token` was read. `complete`: the whole image was looked at.
     void storeCodes(std::vector<QRCode> codes, bool complete, Key key, int token);
+    // The same with a text that somebody has read with dictionaries, in an image of these pixels.
+    void storeText(OCRResult text, QSize pixels, Key key, int token);
     int token(QUuid id) const;
 
     // An image of these kinds was replaced.
@@ -88,6 +90,7 @@ private:
     QCoro::Task<OCROutcome> recognized(Read read, int token, QualityOfService qos, Pixels pixels, std::stop_token stop);
     QCoro::Task<std::optional<QString>> keep(Key key, int token, QualityOfService qos,
                                              std::function<void(OCRFile&)> change);
+    QCoro::Task<> keepText(OCRFile::TextPart part, Key key, int token, QualityOfService qos);
     QCoro::Task<> keepCodes(std::vector<QRCode> codes, bool complete, Key key, int token);
     QCoro::Task<> removeFiles(std::vector<Key> keys);
     void waiterLeft(const Read& read, const std::shared_ptr<Run>& run);

@@ -1,5 +1,6 @@
 #include "editor/json/AnnotationJson.h"
 
+#include "editor/json/JSONElements.h"
 #include "editor/json/JSONNumber.h"
 #include "editor/json/RedactionRescue.h"
 #include "platform/ImageCodec.h"
@@ -271,51 +272,6 @@ Annotation toAnnotation(const Entry& entry, qint64& pixels)
     return mark;
 }
 
-// Takes the elements of an array one by one off the front of a text, without looking into them.
-class Elements {
-public:
-    explicit Elements(std::string_view array) : m_rest(array) {}
-
-    // Nothing at the end of the array, and where it is cut off.
-    std::optional<std::string_view> next()
-    {
-        int depth = 0;
-        bool isInText = false;
-        for (size_t at = 0; at < m_rest.size(); ++at) {
-            const char c = m_rest[at];
-            if (isInText && c == '\\')
-                ++at;
-            else if (c == '"')
-                isInText = !isInText;
-            else if (!isInText && depth == 0 && (c == ',' || c == ']'))
-                return take(at, c == ']');
-            else if (!isInText && (c == '[' || c == '{'))
-                ++depth;
-            else if (!isInText && (c == ']' || c == '}'))
-                --depth;
-        }
-        return std::nullopt;
-    }
-
-    // What is left of an array that is cut off.
-    std::string_view rest() const { return m_rest; }
-
-private:
-    std::string_view take(size_t length, bool isLast)
-    {
-        const std::string_view element = m_rest.substr(0, length);
-        m_rest = isLast ? std::string_view() : m_rest.substr(length + 1);
-        return element;
-    }
-
-    std::string_view m_rest;
-};
-
-bool isBlank(std::string_view element)
-{
-    return element.find_first_not_of(" \t\r\n") == std::string_view::npos;
-}
-
 // "entry 3 (blackout)", as far as the kind is known.
 QString description(const QString& kind, size_t number)
 {
@@ -328,7 +284,7 @@ public:
     void take(std::string_view element)
     {
         ++m_number;
-        if (isBlank(element)) // as in an empty list
+        if (JSONElements::isBlank(element)) // as in an empty list
             return;
         if (auto entry = LossyAnnotation::decoded(element, m_pixels); entry.annotation)
             m_reading.annotations.push_back(std::move(*entry.annotation));
@@ -339,7 +295,7 @@ public:
     void takeCutOff(std::string_view rest)
     {
         ++m_number;
-        if (!isBlank(rest))
+        if (!JSONElements::isBlank(rest))
             takeDamaged(rest);
     }
 
@@ -407,11 +363,10 @@ QByteArray AnnotationJson::encoded(const std::vector<Annotation>& annotations)
 
 std::optional<AnnotationJson::Reading> AnnotationJson::read(const QByteArray& json)
 {
-    std::string_view text(json.constData(), size_t(json.size()));
-    const size_t start = text.find_first_not_of("\xef\xbb\xbf \t\r\n");
-    if (start == std::string_view::npos || text[start] != '[')
+    const auto array = JSONElements::inArray({json.constData(), size_t(json.size())});
+    if (!array)
         return std::nullopt;
-    Elements elements(text.substr(start + 1));
+    JSONElements elements(*array);
     ListReader reader;
     while (const auto element = elements.next())
         reader.take(*element);

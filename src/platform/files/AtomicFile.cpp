@@ -7,7 +7,9 @@
 #include <QFileInfo>
 
 #include <cerrno>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace Kovrel {
 
@@ -20,14 +22,20 @@ QString targetOf(const QString& path)
     return info.isSymLink() && info.exists() ? info.canonicalFilePath() : path;
 }
 
-} // namespace
+// How far bytes are followed.
+enum class Reach { fileSystem, disk };
 
-SaveFailure AtomicFile::systemFailure(const QString& path, int error)
+// There are file systems that can't do it for folders.
+void syncFolder(const QString& folder)
 {
-    return {path + ": " + qt_error_string(error)};
+    if (const int descriptor = ::open(QFile::encodeName(folder), O_RDONLY | O_DIRECTORY | O_CLOEXEC); descriptor >= 0) {
+        ::fsync(descriptor);
+        ::close(descriptor);
+    }
 }
 
-std::expected<void, SaveFailure> AtomicFile::write(const QString& path, const QByteArray& bytes, Access access)
+std::expected<void, SaveFailure> put(const QString& path, const QByteArray& bytes, AtomicFile::Access access,
+                                     Reach reach)
 {
     const QString target = targetOf(path);
     struct stat old{};
@@ -39,13 +47,32 @@ std::expected<void, SaveFailure> AtomicFile::write(const QString& path, const QB
     const QString folder = QFileInfo(target).absolutePath();
     HiddenFile file(folder, mode_t(access));
     if (!file.isOpen())
-        return std::unexpected(systemFailure(folder, errno));
-    if (isThere && access == Access::everyoneReads)
+        return std::unexpected(AtomicFile::systemFailure(folder, errno));
+    if (isThere && access == AtomicFile::Access::everyoneReads)
         file.tryMode(old.st_mode & 07777);
-    const bool isPrecious = isThere && old.st_size > 0;
-    if (!file.write(bytes) || (isPrecious && !file.sync()) || !file.moveTo(target))
-        return std::unexpected(systemFailure(path, errno));
+    const bool isSynced = reach == Reach::disk || (isThere && old.st_size > 0);
+    if (!file.write(bytes) || (isSynced && !file.sync()) || !file.moveTo(target))
+        return std::unexpected(AtomicFile::systemFailure(path, errno));
+    if (reach == Reach::disk)
+        syncFolder(folder);
     return {};
+}
+
+} // namespace
+
+SaveFailure AtomicFile::systemFailure(const QString& path, int error)
+{
+    return {path + ": " + qt_error_string(error)};
+}
+
+std::expected<void, SaveFailure> AtomicFile::write(const QString& path, const QByteArray& bytes, Access access)
+{
+    return put(path, bytes, access, Reach::fileSystem);
+}
+
+std::expected<void, SaveFailure> AtomicFile::writeThrough(const QString& path, const QByteArray& bytes, Access access)
+{
+    return put(path, bytes, access, Reach::disk);
 }
 
 } // namespace Kovrel

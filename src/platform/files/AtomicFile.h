@@ -23,6 +23,9 @@ enum class Access : unsigned { onlyOwner = 0600, everyoneReads = 0644 };
 // the user's umask takes away. Done is what the file system has taken: what it says at the file's closing counts, too.
 std::expected<void, SaveFailure> write(const QString& path, const QByteArray& bytes, Access access);
 
+// The same, and the bytes and their name are on the disk when it is done.
+std::expected<void, SaveFailure> writeThrough(const QString& path, const QByteArray& bytes, Access access);
+
 // "FOLDER: No space left on device": the last system error in words, about a path.
 SaveFailure systemFailure(const QString& path, int error);
 

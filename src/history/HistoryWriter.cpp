@@ -1,0 +1,119 @@
+#include "history/HistoryWriter.h"
+
+#include "platform/Guarded.h"
+
+#include <QLoggingCategory>
+
+namespace Kovrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.history")
+
+using Outcome = HistoryIndexFile::Outcome;
+
+} // namespace
+
+HistoryWriter::HistoryWriter(MainLoop& loop, Workers& workers, const HistoryFiles& files,
+                             std::function<HistoryState()> state,
+                             std::function<void(const HistoryState&, const HistoryState&)> merge)
+    : m_loop(loop),
+      m_workers(workers),
+      m_file(std::make_shared<HistoryIndexFile>(files)),
+      m_state(std::move(state)),
+      m_merge(std::move(merge)),
+      m_scope(loop, workers)
+{
+}
+
+void HistoryWriter::load(Reply<Outcome> reply)
+{
+    Scope::start(read(std::move(reply)), "reading the history");
+}
+
+QCoro::Task<> HistoryWriter::read(Reply<Outcome> reply)
+{
+    const Outcome outcome = co_await m_scope.onWorker(Lane::history, QualityOfService::utility,
+                                                      Guarded::orReason([file = m_file] { return file->load(); }));
+    if (outcome)
+        m_base = *outcome;
+    m_isLoaded = true;
+    reply(outcome);
+    start();
+}
+
+void HistoryWriter::write()
+{
+    m_isChanged = true;
+    start();
+}
+
+void HistoryWriter::write(Reply<Written> written)
+{
+    m_waiters.push_back(std::move(written));
+    write();
+}
+
+void HistoryWriter::deleteFiles(const QSet<QUuid>& ids)
+{
+    m_deleted += ids;
+    write();
+}
+
+void HistoryWriter::start()
+{
+    if (m_isChanged && m_isLoaded && !m_isWriting)
+        Scope::start(writeChanges(), "writing the history");
+}
+
+// What the disk did not take waits for the next change; but whoever waits is told.
+QCoro::Task<> HistoryWriter::writeChanges()
+{
+    m_isWriting = true;
+    co_await m_scope.reply<Nothing>([this](auto done) { m_loop.post([done] { done({}); }); });
+    bool isDone = false;
+    while (!isDone || !m_waiters.empty()) {
+        m_isChanged = false;
+        const auto waiters = std::exchange(m_waiters, {});
+        const QSet<QUuid> deleted = std::exchange(m_deleted, {});
+        const HistoryState state = m_state();
+        const auto job = [file = m_file, base = m_base, state, deleted] { return file->write(base, state, deleted); };
+        Outcome outcome;
+        try {
+            outcome = co_await m_scope.onWorker(Lane::history, QualityOfService::utility, Guarded::orReason(job));
+        } catch (const std::exception&) { // no thread could be had
+            outcome = std::unexpected(Guarded::reason());
+        }
+        take(state, outcome, deleted);
+        for (const auto& waiter : waiters)
+            waiter(outcome ? Written() : std::unexpected(outcome.error()));
+        isDone = !outcome || !m_isChanged;
+    }
+    m_isWriting = false;
+}
+
+void HistoryWriter::take(const HistoryState& written, const Outcome& outcome, const QSet<QUuid>& deleted)
+{
+    if (!outcome) {
+        qCWarning(log, "The history was not written: %s", qUtf8Printable(outcome.error()));
+        m_deleted += deleted;
+        m_isChanged = true;
+        return;
+    }
+    m_base = *outcome;
+    if (*outcome != written)
+        m_merge(written, *outcome);
+}
+
+void HistoryWriter::writeLast()
+{
+    const auto job = [file = m_file, base = m_base, state = m_state(), deleted = m_deleted] {
+        return file->write(base, state, deleted);
+    };
+    m_workers.submit(Lane::history, QualityOfService::utility, [job] {
+        if (const Outcome outcome = Guarded::orReason(job)(); !outcome)
+            qCWarning(log, "The history was not written: %s", qUtf8Printable(outcome.error()));
+    });
+}
+
+} // namespace Kovrel

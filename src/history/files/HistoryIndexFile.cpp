@@ -1,0 +1,233 @@
+#include "history/files/HistoryIndexFile.h"
+
+#include "history/files/FolderLock.h"
+#include "history/files/HistoryJson.h"
+#include "history/files/Quarantine.h"
+#include "history/records/HistoryLists.h"
+#include "history/records/HistoryMerge.h"
+#include "platform/RegularFile.h"
+#include "platform/files/AtomicFile.h"
+#include "platform/files/PrivateFolder.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <sys/stat.h>
+
+#include <map>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr qint64 mostBytes = 512 << 20;
+
+enum class Condition {
+    good,
+    missing,
+    damaged,    // not all of it could be read
+    unreadable, // nothing could
+};
+
+template <class Records>
+struct Part {
+    Records records;
+    Condition condition = Condition::good;
+};
+
+template <class Records>
+Part<Records> readPart(const QString& path,
+                       std::optional<HistoryJson::Reading<Records>> (*decode)(const QByteArray& json))
+{
+    if (!QFileInfo::exists(path))
+        return {.condition = Condition::missing};
+    const auto json = RegularFile::read(path, mostBytes);
+    auto reading = json ? decode(*json) : std::nullopt;
+    if (!reading)
+        return {.condition = Condition::unreadable};
+    return {std::move(reading->records), reading->skipped == 0 ? Condition::good : Condition::damaged};
+}
+
+struct Content {
+    Part<QList<HistoryEntry>> entries;
+    Part<std::vector<HistoryList>> lists;
+};
+
+Content readContent(const HistoryFiles& files)
+{
+    return {readPart(files.index(), HistoryJson::entries), readPart(files.lists(), HistoryJson::lists)};
+}
+
+template <class Records>
+void keepFirstOfEach(Records& records)
+{
+    QSet<QUuid> seen;
+    const auto isSeen = [&seen](const auto& record) {
+        const auto size = seen.size();
+        seen.insert(record.id);
+        return seen.size() == size;
+    };
+    records.erase(std::remove_if(records.begin(), records.end(), isSeen), records.end());
+}
+
+// Those of one date keep their order.
+void sortNewestFirst(QList<HistoryEntry>& entries)
+{
+    if (std::ranges::is_sorted(entries, std::greater(), &HistoryEntry::date))
+        return;
+    std::multimap<QDateTime, HistoryEntry, std::greater<>> sorted;
+    for (HistoryEntry& entry : entries)
+        sorted.emplace(entry.date, std::move(entry));
+    entries.clear();
+    for (auto& [date, entry] : sorted)
+        entries << std::move(entry);
+}
+
+// As it should be, whoever has written it.
+void tidy(HistoryState& state, const QSet<QUuid>& pictures)
+{
+    state.entries.removeIf([&](const HistoryEntry& entry) { return !pictures.contains(entry.id); });
+    keepFirstOfEach(state.entries);
+    sortNewestFirst(state.entries);
+    keepFirstOfEach(state.lists);
+    HistoryLists::keepOnly(state.lists, state.ids());
+    HistoryLists::collapseToOneEach(state.lists);
+}
+
+bool isFaulty(Condition condition)
+{
+    return condition == Condition::damaged || condition == Condition::unreadable;
+}
+
+// What must not be replaced before somebody can look into it.
+bool putAside(const HistoryFiles& files, const QString& path, Condition condition)
+{
+    if (!isFaulty(condition))
+        return true;
+    return Quarantine(files).take(path, condition == Condition::damaged ? Quarantine::Original::stays
+                                                                        : Quarantine::Original::moves);
+}
+
+// Nobody has removed what can't be read.
+template <class Records>
+Records known(const Part<Records>& part, const Records& base)
+{
+    if (part.condition == Condition::good)
+        return part.records;
+    Records all = base;
+    std::ranges::copy(part.records, std::back_inserter(all));
+    keepFirstOfEach(all);
+    return all;
+}
+
+QString unreadableFolder(const HistoryFiles& files)
+{
+    return QCoreApplication::translate("HistoryIndexFile", "The folder %1 can't be read.").arg(files.folder());
+}
+
+QString unusableFolder(const HistoryFiles& files)
+{
+    return QCoreApplication::translate("HistoryIndexFile", "The folder %1 can't be made.").arg(files.folder());
+}
+
+} // namespace
+
+HistoryIndexFile::Stamp HistoryIndexFile::stampOf(const QString& path)
+{
+    struct stat status{};
+    if (::stat(QFile::encodeName(path), &status) != 0)
+        return {};
+    return {status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+}
+
+HistoryIndexFile::Stamps HistoryIndexFile::stamps() const
+{
+    return {stampOf(m_files.index()), stampOf(m_files.lists())};
+}
+
+HistoryIndexFile::Outcome HistoryIndexFile::peek(const HistoryFiles& files)
+{
+    const auto names = files.names();
+    if (!names)
+        return std::unexpected(unreadableFolder(files));
+    Content content = readContent(files);
+    HistoryState state{std::move(content.entries.records), std::move(content.lists.records)};
+    tidy(state, HistoryFiles::captures(*names));
+    return state;
+}
+
+HistoryIndexFile::Outcome HistoryIndexFile::load()
+{
+    return write({}, {}, {});
+}
+
+HistoryIndexFile::Outcome HistoryIndexFile::write(const HistoryState& base, const HistoryState& ours,
+                                                  const QSet<QUuid>& deleted)
+{
+    if (!PrivateFolder::make(m_files.folder()))
+        return std::unexpected(unusableFolder(m_files));
+    const FolderLock lock(m_files.lock());
+    const Outcome there = stamps() == m_stamps ? m_disk : theirs(base);
+    if (!there)
+        return there;
+    const HistoryState state = HistoryMerge::merged(base, ours, *there);
+    if (const auto written = put(state); !written)
+        return std::unexpected(written.error());
+    forgetFiles(deleted);
+    return state;
+}
+
+HistoryIndexFile::Outcome HistoryIndexFile::theirs(const HistoryState& base)
+{
+    const auto names = m_files.names();
+    if (!names)
+        return std::unexpected(unreadableFolder(m_files));
+    const Stamps stamps = this->stamps();
+    Content content = readContent(m_files);
+    if (!putAside(m_files, m_files.index(), content.entries.condition) ||
+        !putAside(m_files, m_files.lists(), content.lists.condition))
+        return std::unexpected(
+            QCoreApplication::translate("HistoryIndexFile", "What is damaged in %1 can't be put aside.")
+                .arg(m_files.folder()));
+    m_disk = {content.entries.records, content.lists.records};
+    m_stamps = stamps;
+    if (isFaulty(content.entries.condition))
+        m_stamps.index.reset();
+    if (isFaulty(content.lists.condition))
+        m_stamps.lists.reset();
+    HistoryState state{known(content.entries, base.entries), known(content.lists, base.lists)};
+    tidy(state, HistoryFiles::captures(*names));
+    return state;
+}
+
+// The lists first: an index never holds captures whose lists are not there.
+std::expected<void, QString> HistoryIndexFile::put(const HistoryState& state)
+{
+    const auto write = [](const QString& path, const QByteArray& json) {
+        return AtomicFile::writeThrough(path, json, AtomicFile::Access::onlyOwner);
+    };
+    if (!m_stamps.lists || state.lists != m_disk.lists) {
+        if (const auto written = write(m_files.lists(), HistoryJson::encoded(state.lists)); !written)
+            return std::unexpected(written.error().message);
+        m_disk.lists = state.lists;
+        m_stamps.lists = stampOf(m_files.lists());
+    }
+    if (!m_stamps.index || state.entries != m_disk.entries) {
+        if (const auto written = write(m_files.index(), HistoryJson::encoded(state.entries)); !written)
+            return std::unexpected(written.error().message);
+        m_disk.entries = state.entries;
+        m_stamps.index = stampOf(m_files.index());
+    }
+    return {};
+}
+
+void HistoryIndexFile::forgetFiles(const QSet<QUuid>& deleted) const
+{
+    for (const QUuid id : deleted)
+        m_files.remove(id);
+    if (!deleted.isEmpty())
+        Quarantine(m_files).forget(deleted);
+}
+
+} // namespace Kovrel
