@@ -6,17 +6,19 @@ namespace Kovrel {
 
 // A named serial queue of background work. Different lanes never wait for each other.
 enum class Lane {
-    capture,    // pixels of the screen, and what a waiting user needs next
-    save,       // encoding and writing files
-    clipboard,  // what is read and made for the clipboard
-    editorSave, // "com.kovrel.editor-save"
-    shutter,    // "com.kovrel.shutter"
-    codes,      // codes in a picture, while somebody waits
-    utility,    // everything that nobody waits for
-    visionOCR,  // "com.kovrel.vision-ocr"
-    ocrFiles,   // recognised text on disk
-    history,    // the files of the history
-    thumbnails, // small pictures of the history, made and read
+    capture,     // pixels of the screen, and what a waiting user needs next
+    save,        // encoding and writing files
+    clipboard,   // what is read and made for the clipboard
+    editorSave,  // "com.kovrel.editor-save"
+    shutter,     // "com.kovrel.shutter"
+    codes,       // codes in a picture, while somebody waits
+    utility,     // everything that nobody waits for
+    visionOCR,   // "com.kovrel.vision-ocr"
+    ocrFiles,    // recognised text on disk
+    history,     // the files of the history
+    thumbnails,  // small pictures of the history, made and read
+    search,      // what somebody types to find captures
+    searchIndex, // the file of their words
 };
 
 // Who waits for a job; of those that wait in a lane the most urgent is run first.

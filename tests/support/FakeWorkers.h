@@ -49,7 +49,7 @@ public:
         size_t count = 0;
         for (const Lane lane :
              {Lane::capture, Lane::save, Lane::clipboard, Lane::editorSave, Lane::shutter, Lane::codes, Lane::utility,
-              Lane::visionOCR, Lane::ocrFiles, Lane::history, Lane::thumbnails})
+              Lane::visionOCR, Lane::ocrFiles, Lane::history, Lane::thumbnails, Lane::search, Lane::searchIndex})
             count += run(lane);
         return count;
     }

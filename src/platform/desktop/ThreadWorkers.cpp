@@ -37,6 +37,10 @@ const char* threadName(Lane lane)
         return "kovrel.history";
     case Lane::thumbnails:
         return "kovrel.thumbs";
+    case Lane::search:
+        return "kovrel.search";
+    case Lane::searchIndex:
+        return "kovrel.words";
     }
     return "kovrel.worker";
 }

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "history/search/HistoryFilter.h"
+#include "history/search/HistorySearch.h"
+#include "history/search/HistorySearchTable.h"
+#include "history/search/SearchPlace.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <vector>
+
+namespace Kovrel {
+
+// Searches the same captures again and again, as somebody types: where a term was found is kept, so that a longer one
+// is looked for only there, and one that was looked for before costs nothing. One thread at a time.
+class HistorySearchEngine {
+public:
+    struct Request {
+        HistorySearchTable::Entries entries;
+        HistoryTexts texts;
+        HistorySearch::Query query;
+        HistoryFilter filter;
+        HistoryFacetContext context;
+    };
+
+    using Rows = std::vector<std::uint32_t>; // places among the entries, ascending
+
+    // The captures that filter and query leave, by the rule of `HistorySearch::narrow`; nothing when it was stopped.
+    std::optional<Rows> find(const Request& request, const std::stop_token& stop);
+
+private:
+    struct Hit {
+        std::uint32_t row = 0;
+        SearchPlace place;
+    };
+
+    using Hits = std::shared_ptr<const std::vector<Hit>>; // null: the search was stopped
+
+    void setTable(const Request& request);
+    Rows allRows() const;
+    Hits hitsOf(const QString& text, const std::stop_token& stop);
+    Hits hitsOfBeginning(const std::string& term) const;
+    Hits everywhere() const;
+    std::optional<Rows> withTerms(const HistorySearch::Query& query, const std::stop_token& stop);
+    Rows filtered(Rows rows, const Request& request) const;
+
+    std::optional<HistorySearchTable> m_table;
+    std::map<std::string, Hits> m_memo; // by the terms' bytes
+};
+
+} // namespace Kovrel

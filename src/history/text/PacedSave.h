@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/Lifeline.h"
+#include "platform/MainLoop.h"
+#include "platform/Workers.h"
+
+#include <functional>
+#include <vector>
+
+namespace Kovrel {
+
+// Writes a state some time after it has changed, so that changes in a row are written together. Main thread.
+class PacedSave {
+public:
+    using Write = std::function<bool()>; // on the lane; false: it failed, and is to be done again
+
+    // `writeNow` makes the writing of the state as it is then.
+    PacedSave(MainLoop& loop, Workers& workers, Lane lane, std::function<Write()> writeNow);
+    ~PacedSave();
+    PacedSave(const PacedSave&) = delete;
+    PacedSave& operator=(const PacedSave&) = delete;
+
+    // The state has changed, and may wait so long. One that may wait less brings the writing forward.
+    void schedule(MainLoop::Milliseconds delay);
+
+    // While one is open, nothing is written.
+    void beginBatch() { ++m_batchDepth; }
+
+    void endBatch();
+    // Writes what has changed at once; `done` once all is written, or could not be.
+    void finish(std::function<void()> done);
+
+private:
+    void setTimer();
+    void write(std::function<void()> done);
+
+    MainLoop& m_loop;
+    Workers& m_workers;
+    Lane m_lane;
+    std::function<Write()> m_writeNow;
+    bool m_hasChanged = false;
+    std::chrono::microseconds m_due{0};
+    MainLoop::TimerID m_timer = 0;
+    int m_batchDepth = 0;
+    Lifeline m_lifeline;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,123 @@
+#include "historywindow/HistoryBrowser.h"
+
+#include <algorithm>
+
+namespace Kovrel {
+
+HistoryBrowser::HistoryBrowser(MainLoop& loop, Workers& workers, CaptureHistoryStore& store, HistoryTextIndex& index)
+    : m_loop(loop),
+      m_store(store),
+      m_index(index),
+      m_session(loop, workers, index, [this](HistorySearchSession::Result result) { take(std::move(result)); }),
+      m_storeChanges(store.onChange([this] { takeEntries(); }))
+{
+    takeEntries();
+}
+
+void HistoryBrowser::setList(std::optional<QUuid> list)
+{
+    if (list == m_list)
+        return;
+    m_list = list;
+    takeEntries();
+}
+
+void HistoryBrowser::takeEntries()
+{
+    const QList<HistoryEntry> listed = m_list ? m_store.entriesIn(*m_list) : m_store.timelineEntries();
+    const auto entries = std::make_shared<const std::vector<HistoryEntry>>(listed.begin(), listed.end());
+    m_options = HistoryFacetOptions::of(*entries, m_store.lists(), m_loop.date());
+    m_suggestions.setOptions(m_options);
+    m_session.setFilter(m_suggestions.filter(), HistoryFacetContext::of(m_store.lists(), m_loop.date()));
+    m_session.setEntries(entries);
+}
+
+void HistoryBrowser::setText(const QString& text)
+{
+    if (text == m_text)
+        return;
+    m_text = text;
+    m_suggestions.setText(text);
+    m_session.setQuery(text);
+    m_observers.notify();
+}
+
+void HistoryBrowser::clear()
+{
+    while (!m_suggestions.filter().isEmpty())
+        m_suggestions.removeLast();
+    applyFilter();
+    setText({});
+}
+
+bool HistoryBrowser::isNarrowed() const
+{
+    return !m_suggestions.filter().isEmpty() || !HistorySearch::parse(m_text).terms.empty();
+}
+
+void HistoryBrowser::take(HistorySearchSession::Result result)
+{
+    m_shown.clear();
+    m_shown.reserve(qsizetype(result.rows.size()));
+    for (const auto row : result.rows)
+        m_shown.append((*result.entries)[row]);
+    m_query = std::move(result.query);
+    m_observers.notify();
+}
+
+std::vector<Rect> HistoryBrowser::hits(QUuid id)
+{
+    return m_query.terms.empty() ? std::vector<Rect>() : m_index.hits(id, m_query);
+}
+
+// --- Filters
+
+void HistoryBrowser::applyFilter()
+{
+    m_session.setFilter(m_suggestions.filter(), HistoryFacetContext::of(m_store.lists(), m_loop.date()));
+    m_observers.notify();
+}
+
+HistoryFacetOptions::Option HistoryBrowser::option(const HistoryFacet& facet) const
+{
+    const auto found = std::ranges::find(m_options, facet, &HistoryFacetOptions::Option::facet);
+    return found == m_options.end() ? HistoryFacetOptions::Option{.facet = facet} : *found;
+}
+
+void HistoryBrowser::moveHighlight(int by)
+{
+    m_suggestions.moveHighlight(by);
+    m_observers.notify();
+}
+
+bool HistoryBrowser::commitHighlight()
+{
+    if (!m_suggestions.commitHighlight())
+        return false;
+    setText(m_suggestions.text());
+    applyFilter();
+    return true;
+}
+
+void HistoryBrowser::choose(const HistoryFacet& facet)
+{
+    if (!m_suggestions.filter().contains(facet))
+        m_suggestions.toggle(facet);
+    setText({});
+    applyFilter();
+}
+
+void HistoryBrowser::removeFilter(const HistoryFacet& facet)
+{
+    if (m_suggestions.filter().contains(facet))
+        m_suggestions.toggle(facet);
+    applyFilter();
+}
+
+void HistoryBrowser::removeLastFilter()
+{
+    m_suggestions.removeLast();
+    applyFilter();
+}
+
+} // namespace Kovrel

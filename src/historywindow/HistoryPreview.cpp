@@ -1,0 +1,75 @@
+#include "historywindow/HistoryPreview.h"
+
+#include "ui/Label.h"
+#include "ui/tokens/Metrics.h"
+
+#include <QGridLayout>
+
+namespace Kovrel {
+
+HistoryPreview::HistoryPreview(MainLoop& loop, Workers& workers, ThumbnailFeed::Read read)
+    : m_pictures(loop, workers, std::move(read), [this](QUuid) { m_picture->setPicture(m_pictures.picture(m_id)); })
+{
+    m_picture = new PreviewPicture;
+    m_title = new Label(TextStyle::emphasis);
+    m_title->setTextFormat(Qt::PlainText);
+    m_rows = new QGridLayout;
+    m_rows->setHorizontalSpacing(Spacing::medium);
+    m_rows->setVerticalSpacing(Spacing::small);
+    m_rows->setColumnStretch(1, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Spacing::medium);
+    layout->addWidget(m_picture, 1);
+    layout->addWidget(m_title);
+    layout->addLayout(m_rows);
+    connect(m_picture, &PreviewPicture::roomChanged, this, &HistoryPreview::wantPicture);
+}
+
+void HistoryPreview::show(QUuid id, const Facts& facts, std::vector<Rect> marks)
+{
+    m_id = id;
+    setFacts(facts);
+    m_picture->setMarks(std::move(marks));
+    wantPicture();
+}
+
+// Until the picture is there, the one before stays: a bare ground in between would flicker.
+void HistoryPreview::wantPicture()
+{
+    m_pictures.setBounds(m_picture->room());
+    m_pictures.want(m_id.isNull() ? std::vector<QUuid>() : std::vector{m_id});
+    if (m_id.isNull() || !m_pictures.isExpected(m_id))
+        m_picture->setPicture(m_pictures.picture(m_id));
+}
+
+void HistoryPreview::setFacts(const Facts& facts)
+{
+    m_title->setText(facts.title);
+    int row = 0;
+    for (const auto& [name, value] : facts.rows)
+        if (!value.isEmpty())
+            setRow(row++, name, value);
+    for (; m_rows->itemAtPosition(row, 0); ++row)
+        setRow(row, {}, {});
+}
+
+void HistoryPreview::setRow(int row, const QString& name, const QString& value)
+{
+    if (!m_rows->itemAtPosition(row, 0)) {
+        auto* text = new Label(TextStyle::body);
+        text->setTextFormat(Qt::PlainText);
+        text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        m_rows->addWidget(new Label(TextStyle::body, Label::Role::secondary), row, 0, Qt::AlignTop);
+        m_rows->addWidget(text, row, 1, Qt::AlignTop);
+    }
+    const auto cell = [&](int column) {
+        return static_cast<Label*>(m_rows->itemAtPosition(row, column)->widget());
+    };
+    cell(0)->setText(name);
+    cell(1)->setText(value);
+    cell(0)->setVisible(!name.isEmpty());
+    cell(1)->setVisible(!name.isEmpty());
+}
+
+} // namespace Kovrel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "historywindow/PreviewPicture.h"
+#include "historywindow/grid/ThumbnailFeed.h"
+
+#include <QString>
+
+#include <utility>
+#include <vector>
+
+class QGridLayout;
+
+namespace Kovrel {
+
+class Label;
+
+// The capture that was picked: its picture and a page of facts. Main thread.
+class HistoryPreview : public QWidget {
+    Q_OBJECT
+
+public:
+    struct Facts {
+        QString title;
+        std::vector<std::pair<QString, QString>> rows; // what it is, and its value; without a value none is shown
+    };
+
+    HistoryPreview(MainLoop& loop, Workers& workers, ThumbnailFeed::Read read);
+
+    // A null id: no capture. Marks are parts of the picture, each axis from 0 to 1, origin bottom-left.
+    void show(QUuid id, const Facts& facts, std::vector<Rect> marks);
+
+private:
+    void wantPicture();
+    void setFacts(const Facts& facts);
+    void setRow(int row, const QString& name, const QString& value);
+
+    QUuid m_id;
+    PreviewPicture* m_picture;
+    Label* m_title;
+    QGridLayout* m_rows;
+    ThumbnailFeed m_pictures;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,331 @@
+#include "historywindow/HistoryWindow.h"
+
+#include "historywindow/grid/EntryTexts.h"
+#include "historywindow/HistoryPreview.h"
+#include "historywindow/search/HistorySearchField.h"
+#include "historywindow/lists/HistorySidebar.h"
+#include "historywindow/search/SuggestionList.h"
+#include "historywindow/UndoBar.h"
+#include "preferences/Settings.h"
+#include "ui/tokens/Metrics.h"
+
+#include <QBoxLayout>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QShortcut>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr QSize usualSize(1120, 720);
+constexpr int sidebarWidth = 190;
+constexpr int previewWidth = 330;
+
+// One of each section, in the order in which facets have them.
+QString sectionTitle(size_t section)
+{
+    switch (section) {
+    case 0:
+        return HistoryWindow::tr("Kind");
+    case 1:
+        return HistoryWindow::tr("Application");
+    case 2:
+        return HistoryWindow::tr("List");
+    default:
+        return HistoryWindow::tr("Date");
+    }
+}
+
+std::optional<QColor> colorOf(const HistoryFacetOptions::Option& option)
+{
+    return option.colorHex ? std::optional(QColor(*option.colorHex)) : std::nullopt;
+}
+
+} // namespace
+
+HistoryWindow::HistoryWindow(HistoryViewServices services)
+    : m_services(std::move(services)),
+      m_browser(m_services.loop, m_services.workers, m_services.store, m_services.index),
+      m_model(m_services.dragFile)
+{
+    setWindowTitle(tr("Recent Captures"));
+    setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
+    resize(usualSize);
+    m_search = new HistorySearchField;
+    m_undoBar = new UndoBar;
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(Spacing::large, Spacing::large, Spacing::large, Spacing::large);
+    layout->setSpacing(Spacing::medium);
+    layout->addWidget(m_search);
+    layout->addWidget(makeContent(), 1);
+    layout->addWidget(m_undoBar);
+    m_suggestions = new SuggestionList(this);
+    m_menu = new HistoryMenu(*this, m_services.actions, m_services.store, [this] { return situation(); });
+    m_menu->setParent(this);
+    connectSearch();
+    connectLists();
+    connectGrid();
+    m_changes = m_browser.onChange([this] { refresh(); });
+    refresh();
+}
+
+QWidget* HistoryWindow::makeContent()
+{
+    m_sidebar = new HistorySidebar;
+    m_grid = new HistoryGrid(HistoryGrid::Shape::grid, m_model, m_services.loop, m_services.workers, m_services.readThumbnail);
+    m_empty = new EmptyState;
+    m_center = new QStackedWidget;
+    m_center->addWidget(m_grid);
+    m_center->addWidget(m_empty);
+    m_preview = new HistoryPreview(m_services.loop, m_services.workers, m_services.readPicture);
+    auto* content = new QSplitter;
+    content->setChildrenCollapsible(false);
+    content->setHandleWidth(Spacing::medium);
+    for (QWidget* part : std::initializer_list<QWidget*>{m_sidebar, m_center, m_preview})
+        content->addWidget(part);
+    content->setStretchFactor(1, 1);
+    content->setSizes({sidebarWidth, usualSize.width() - sidebarWidth - previewWidth, previewWidth});
+    return content;
+}
+
+void HistoryWindow::present()
+{
+    showNormal();
+    raise();
+    activateWindow();
+    m_search->takeFocus();
+}
+
+// --- Wiring
+
+void HistoryWindow::connectSearch()
+{
+    connect(m_search, &HistorySearchField::textChanged, this, [this](const QString& text) { m_browser.setText(text); });
+    connect(m_search, &HistorySearchField::chipRemoved, this, [this](int index) {
+        m_browser.removeFilter(HistoryFacet(m_browser.suggestions().filter().facets()[size_t(index)]));
+    });
+    connect(m_search, &HistorySearchField::lastChipRemoved, this, [this] { m_browser.removeLastFilter(); });
+    connect(m_search, &HistorySearchField::highlightMoved, this, [this](int step) {
+        if (m_suggestions->isVisible())
+            m_browser.moveHighlight(step);
+        else if (step > 0)
+            m_grid->setFocus();
+    });
+    connect(m_search, &HistorySearchField::committed, this, [this] {
+        if (!m_browser.commitHighlight())
+            m_grid->setFocus();
+    });
+    connect(m_search, &HistorySearchField::escaped, this, &HistoryWindow::escape);
+    connect(m_suggestions, &SuggestionList::chosen, this, [this](int row) {
+        m_browser.choose(HistoryFacet(m_browser.suggestions().rows()[size_t(row)].facet));
+    });
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, m_search, &HistorySearchField::takeFocus);
+}
+
+void HistoryWindow::connectLists()
+{
+    CaptureHistoryStore& store = m_services.store;
+    const ListsModel& lists = m_sidebar->model();
+    connect(m_sidebar, &HistorySidebar::listSelected, this, [this] { m_browser.setList(m_sidebar->selected()); });
+    connect(m_sidebar, &HistorySidebar::newListWanted, this, &HistoryWindow::createList);
+    connect(m_sidebar, &HistorySidebar::colorChosen, this,
+            [&store](QUuid list, const QString& hex) { store.setListColor(list, hex); });
+    connect(m_sidebar, &HistorySidebar::listDeleted, this, [&store](QUuid list) { store.deleteList(list); });
+    connect(&lists, &ListsModel::listRenamed, this,
+            [&store](QUuid list, const QString& name) { store.renameList(list, name); });
+    connect(&lists, &ListsModel::listMoved, this,
+            [&store](QUuid list, int position) { store.moveList(list, position); });
+    connect(&lists, &ListsModel::capturesFiled, this, [&store](const QList<QUuid>& captures, QUuid list) {
+        store.moveToList({captures.begin(), captures.end()}, list);
+    });
+    connect(&lists, &ListsModel::capturesRestored, this, [&store](const QList<QUuid>& captures) {
+        store.restoreToTimeline({captures.begin(), captures.end()});
+    });
+}
+
+void HistoryWindow::connectGrid()
+{
+    connect(m_grid, &HistoryGrid::selectionMoved, this, &HistoryWindow::showSelected);
+    connect(m_grid, &HistoryGrid::opened, this, [this](QUuid id) { m_services.actions.open(id); });
+    connect(m_grid, &HistoryGrid::dragExpected, this,
+            [this](const QList<QUuid>& ids) { m_services.prepareDragFiles(ids); });
+    m_grid->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_grid, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& place) { m_menu->popup(m_grid->viewport()->mapToGlobal(place)); });
+    connect(&m_model, &HistoryModel::titleGiven, this, [this](QUuid id, const QString& title) {
+        m_services.store.setTitle(id, title.isEmpty() ? std::nullopt : std::optional(title));
+    });
+    connect(m_menu, &HistoryMenu::renameWanted, this, [this] { m_grid->edit(m_grid->currentIndex()); });
+    connect(m_menu, &HistoryMenu::removed, this, &HistoryWindow::tellRemoved);
+    connect(m_menu, &HistoryMenu::undone, m_undoBar, &QWidget::hide);
+    connect(m_undoBar, &UndoBar::undone, this, [this] {
+        m_services.store.undoRemoval();
+        m_undoBar->hide();
+    });
+}
+
+// --- What is shown
+
+void HistoryWindow::refresh()
+{
+    refreshLists();
+    m_model.setEntries(m_browser.shown());
+    refreshCenter();
+    refreshSearch();
+    showSelected();
+    if (!m_services.store.canUndoRemoval())
+        m_undoBar->hide();
+}
+
+void HistoryWindow::refreshLists()
+{
+    const ListsModel::Timeline timeline{.name = m_services.preferences.get(Settings::historyAllName),
+                                        .count = int(m_services.store.timelineEntries().size())};
+    m_sidebar->set(timeline, m_services.store.lists());
+    m_sidebar->select(m_browser.list());
+}
+
+void HistoryWindow::refreshSearch()
+{
+    std::vector<HistorySearchField::Chip> chips;
+    for (const HistoryFacet& facet : m_browser.suggestions().filter().facets()) {
+        const auto option = m_browser.option(facet);
+        chips.push_back({option.title, colorOf(option)});
+    }
+    m_search->setChips(chips);
+    m_search->setText(m_browser.suggestions().text());
+    showSuggestions();
+}
+
+// Only while somebody types: what is found is below.
+void HistoryWindow::showSuggestions()
+{
+    std::vector<SearchSuggestion> rows;
+    const auto& suggestions = m_browser.suggestions();
+    if (!suggestions.text().isEmpty() && m_search->isAncestorOf(focusWidget()))
+        for (const auto& option : suggestions.rows())
+            rows.push_back({.section = sectionTitle(option.facet.section()),
+                            .title = option.title,
+                            .count = option.count,
+                            .color = colorOf(option),
+                            .isHighlighted = suggestions.highlight() == rows.size()});
+    m_suggestions->show(std::move(rows), m_search->geometry());
+}
+
+void HistoryWindow::refreshCenter()
+{
+    const bool isEmpty = m_browser.shown().isEmpty() && m_services.store.isLoaded();
+    if (isEmpty)
+        m_empty->set(emptyState());
+    m_center->setCurrentWidget(isEmpty ? static_cast<QWidget*>(m_empty) : m_grid);
+}
+
+EmptyState::Content HistoryWindow::emptyState()
+{
+    if (m_browser.isNarrowed())
+        return {.symbol = "magnifyingglass",
+                .title = tr("Nothing Found"),
+                .advice = tr("Applications, file names, kinds and the words in captures are searched. Try fewer or "
+                             "shorter words."),
+                .button = tr("Clear Search"),
+                .action = [this] { m_browser.clear(); }};
+    if (m_browser.list())
+        return {.symbol = "folder",
+                .title = tr("An Empty List"),
+                .advice = tr("Drag captures here to keep them, whatever else is deleted.")};
+    if (!m_services.preferences.get(Settings::historyEnabled))
+        return {.symbol = "clock",
+                .title = tr("History Is Off"),
+                .advice = tr("New captures are not kept here."),
+                .button = tr("Turn On History"),
+                .action = [this] {
+                    m_services.preferences.set(Settings::historyEnabled, true);
+                    refresh();
+                }};
+    const QString keys = m_services.captureKeys();
+    return {.symbol = "photo",
+            .title = tr("No Captures Yet"),
+            .advice = keys.isEmpty() ? tr("Whatever you capture is kept here, to be found again.")
+                                     : tr("Press %1 to capture an area. Whatever you capture is kept here, to be "
+                                          "found again.")
+                                           .arg(keys)};
+}
+
+void HistoryWindow::showSelected()
+{
+    m_menu->refresh();
+    const QList<QUuid> ids = m_grid->selectedIds();
+    if (ids.size() != 1) {
+        const QString title = ids.isEmpty() ? QString() : tr("%n captures selected", nullptr, int(ids.size()));
+        m_preview->show({}, {.title = title}, {});
+        return;
+    }
+    const HistoryEntry& entry = m_model.entry(m_model.row(ids.front()));
+    const auto list = std::ranges::find_if(m_services.store.lists(), [&](const HistoryList& candidate) {
+        return std::ranges::find(candidate.entryIDs, entry.id) != candidate.entryIDs.end();
+    });
+    m_preview->show(entry.id,
+                    {.title = EntryTexts::title(entry),
+                     .rows = {{tr("Kind"), HistorySearch::label(entry.mode).value_or(QString())},
+                              {tr("Application"), entry.sourceAppName.value_or(QString())},
+                              {tr("Date"), QLocale().toString(entry.date.toLocalTime(), QLocale::LongFormat)},
+                              {tr("Size"), EntryTexts::size(entry)},
+                              {tr("File"), entry.savedPath.value_or(QString())},
+                              {tr("List"), list == m_services.store.lists().end() ? QString() : list->name}}},
+                    m_browser.hits(entry.id));
+}
+
+HistoryMenu::Situation HistoryWindow::situation() const
+{
+    return {.ids = m_grid->selectedIds(), .list = m_browser.list()};
+}
+
+// --- What is done
+
+void HistoryWindow::createList()
+{
+    CaptureHistoryStore& store = m_services.store;
+    const QUuid list = store.createList(store.defaultName(), store.nextColor());
+    refreshLists();
+    m_sidebar->rename(list);
+}
+
+void HistoryWindow::tellRemoved(int count)
+{
+    m_undoBar->show(tr("%n captures deleted", nullptr, count));
+    QTimer::singleShot(CaptureHistoryStore::undoTime, m_undoBar, [this] {
+        if (!m_services.store.canUndoRemoval())
+            m_undoBar->hide();
+    });
+}
+
+// Ends what is typed, then the search, then the window.
+void HistoryWindow::escape()
+{
+    if (m_browser.isNarrowed() || !m_search->text().isEmpty())
+        m_browser.clear();
+    else
+        close();
+}
+
+void HistoryWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        escape();
+    else
+        AppWindow::keyPressEvent(event);
+}
+
+void HistoryWindow::resizeEvent(QResizeEvent* event)
+{
+    AppWindow::resizeEvent(event);
+    showSuggestions();
+}
+
+} // namespace Kovrel

@@ -1,0 +1,51 @@
+#include "historywindow/grid/EntryTexts.h"
+
+#include "history/search/HistorySearch.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace Kovrel {
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("EntryTexts", text);
+}
+
+} // namespace
+
+QString EntryTexts::title(const HistoryEntry& entry)
+{
+    if (entry.title && !entry.title->isEmpty())
+        return *entry.title;
+    if (entry.savedPath)
+        return QFileInfo(*entry.savedPath).fileName();
+    if (entry.sourceAppName && !entry.sourceAppName->isEmpty())
+        return *entry.sourceAppName;
+    return HistorySearch::label(entry.mode).value_or(tr("Capture"));
+}
+
+QString EntryTexts::moment(const QDateTime& date, const QDateTime& now, const QLocale& locale)
+{
+    const QDateTime local = date.toLocalTime();
+    const QString time = locale.toString(local.time(), QLocale::ShortFormat);
+    const qint64 days = local.date().daysTo(now.toLocalTime().date());
+    if (days == 0)
+        return tr("Today %1").arg(time);
+    if (days == 1)
+        return tr("Yesterday %1").arg(time);
+    if (days > 1 && days < 7)
+        return QString("%1 %2").arg(locale.dayName(local.date().dayOfWeek()), time);
+    return QString("%1 %2").arg(locale.toString(local.date(), QLocale::ShortFormat), time);
+}
+
+QString EntryTexts::size(const HistoryEntry& entry)
+{
+    if (!entry.pixelWidth || !entry.pixelHeight)
+        return {};
+    return QString("%1 \u00d7 %2").arg(*entry.pixelWidth).arg(*entry.pixelHeight);
+}
+
+} // namespace Kovrel

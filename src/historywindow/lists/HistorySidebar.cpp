@@ -1,0 +1,104 @@
+#include "historywindow/lists/HistorySidebar.h"
+
+#include "historywindow/lists/ListsDelegate.h"
+#include "ui/Label.h"
+#include "ui/RowButton.h"
+#include "ui/tokens/Metrics.h"
+
+#include <QBoxLayout>
+#include <QListView>
+#include <QMenu>
+#include <QPainter>
+
+namespace Kovrel {
+
+namespace {
+
+QIcon dot(const QString& hex)
+{
+    constexpr int side = 32;
+    QPixmap picture(side, side);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(hex));
+    painter.drawEllipse(picture.rect().adjusted(4, 4, -4, -4));
+    return picture;
+}
+
+} // namespace
+
+HistorySidebar::HistorySidebar()
+{
+    m_view = new QListView;
+    m_view->setModel(&m_model);
+    m_view->setItemDelegate(new ListsDelegate(m_view));
+    m_view->setFrameShape(QFrame::NoFrame);
+    m_view->viewport()->setAutoFillBackground(false);
+    m_view->setMouseTracking(true);
+    m_view->setDragDropMode(QListView::DragDrop);
+    m_view->setEditTriggers(QListView::EditKeyPressed | QListView::DoubleClicked);
+    m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_view->setAccessibleName(tr("Lists"));
+    connect(m_view, &QListView::customContextMenuRequested, this, &HistorySidebar::showMenu);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &HistorySidebar::listSelected);
+
+    auto* newList = new RowButton(tr("New List"));
+    connect(newList, &QPushButton::clicked, this, &HistorySidebar::newListWanted);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Spacing::small);
+    layout->addWidget(m_view, 1);
+    layout->addWidget(newList);
+}
+
+void HistorySidebar::set(ListsModel::Timeline timeline, std::vector<HistoryList> lists)
+{
+    const auto before = selected();
+    {
+        const QSignalBlocker silent(m_view->selectionModel());
+        m_model.set(std::move(timeline), std::move(lists));
+        m_view->setCurrentIndex(m_model.index(m_model.row(before)));
+    }
+    m_view->viewport()->update();
+    if (selected() != before)
+        Q_EMIT listSelected();
+}
+
+void HistorySidebar::select(std::optional<QUuid> list)
+{
+    m_view->setCurrentIndex(m_model.index(m_model.row(list)));
+}
+
+std::optional<QUuid> HistorySidebar::selected() const
+{
+    return m_model.listAt(m_view->currentIndex().row());
+}
+
+void HistorySidebar::rename(QUuid list)
+{
+    m_view->setFocus();
+    m_view->edit(m_model.index(m_model.row(list)));
+}
+
+void HistorySidebar::showMenu(const QPoint& position)
+{
+    const auto list = m_model.listAt(m_view->indexAt(position).row());
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (!list) {
+        menu->addAction(tr("New List"), this, &HistorySidebar::newListWanted);
+    } else {
+        menu->addAction(tr("Rename"), this, [this, list = *list] { rename(list); });
+        QMenu* colors = menu->addMenu(tr("Color"));
+        for (const auto& [name, hex] : HistoryList::palette)
+            colors->addAction(dot(hex), tr(name), this, [this, list = *list, hex] { Q_EMIT colorChosen(list, hex); });
+        menu->addSeparator();
+        menu->addAction(tr("Delete List"), this, [this, list = *list] { Q_EMIT listDeleted(list); });
+    }
+    menu->popup(m_view->viewport()->mapToGlobal(position));
+}
+
+} // namespace Kovrel

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "historywindow/lists/ListsModel.h"
+
+#include <QWidget>
+
+class QListView;
+
+namespace Kovrel {
+
+// The side of the window: the timeline and the lists, and what can be done with lists. Main thread.
+class HistorySidebar : public QWidget {
+    Q_OBJECT
+
+public:
+    HistorySidebar();
+
+    void set(ListsModel::Timeline timeline, std::vector<HistoryList> lists);
+    // None: the timeline.
+    void select(std::optional<QUuid> list);
+    std::optional<QUuid> selected() const;
+    void rename(QUuid list);
+
+    ListsModel& model() { return m_model; }
+
+Q_SIGNALS:
+    void listSelected();
+    void newListWanted();
+    void colorChosen(QUuid list, const QString& hex);
+    void listDeleted(QUuid list);
+
+private:
+    void showMenu(const QPoint& position);
+
+    ListsModel m_model;
+    QListView* m_view;
+};
+
+} // namespace Kovrel
