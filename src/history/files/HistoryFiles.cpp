@@ -42,18 +42,36 @@ QHash<QUuid, QSize> HistoryFiles::pixelSizes(const std::vector<QUuid>& ids) cons
     return sizes;
 }
 
-std::optional<QStringList> HistoryFiles::names() const
+// A name at a time: there may be many thousands.
+bool HistoryFiles::forEachName(const std::function<void(QByteArrayView)>& use) const
 {
     DIR* folder = ::opendir(QFile::encodeName(m_folder));
     if (!folder)
-        return errno == ENOENT ? std::optional(QStringList()) : std::nullopt;
-    QStringList names;
+        return errno == ENOENT;
     errno = 0;
     while (const dirent* file = ::readdir(folder))
-        names << QFile::decodeName(file->d_name);
+        use(QByteArrayView(file->d_name));
     const bool isComplete = errno == 0;
     ::closedir(folder);
-    return isComplete ? std::optional(names) : std::nullopt;
+    return isComplete;
+}
+
+std::optional<QStringList> HistoryFiles::names() const
+{
+    QStringList names;
+    const bool isRead = forEachName([&names](QByteArrayView name) { names << QFile::decodeName(name.toByteArray()); });
+    return isRead ? std::optional(names) : std::nullopt;
+}
+
+std::optional<QSet<QUuid>> HistoryFiles::captures() const
+{
+    QSet<QUuid> ids;
+    const bool isRead = forEachName([&ids](QByteArrayView name) {
+        if (name.size() == idLength + 4 && name.endsWith(".png"))
+            if (const QUuid id = QUuid::fromString(QLatin1StringView(name.first(idLength))); !id.isNull())
+                ids.insert(id);
+    });
+    return isRead ? std::optional(ids) : std::nullopt;
 }
 
 std::optional<QUuid> HistoryFiles::owner(const QString& name)
@@ -62,15 +80,6 @@ std::optional<QUuid> HistoryFiles::owner(const QString& name)
         return std::nullopt;
     const QUuid id = QUuid::fromString(QStringView(name).first(idLength));
     return id.isNull() ? std::nullopt : std::optional(id);
-}
-
-QSet<QUuid> HistoryFiles::captures(const QStringList& names)
-{
-    QSet<QUuid> ids;
-    for (const QString& name : names)
-        if (const auto id = name.size() == idLength + 4 && name.endsWith(".png") ? owner(name) : std::nullopt)
-            ids.insert(*id);
-    return ids;
 }
 
 } // namespace Kovrel

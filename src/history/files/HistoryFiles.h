@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QUuid>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -46,11 +47,13 @@ public:
     std::optional<QStringList> names() const;
     // Whose file that is; nothing for those of no capture.
     static std::optional<QUuid> owner(const QString& name);
-    // The captures whose base picture is among these names.
-    static QSet<QUuid> captures(const QStringList& names);
+    // The captures whose base picture is there; nothing where the folder can't be read.
+    std::optional<QSet<QUuid>> captures() const;
 
 private:
     QString path(QUuid id, const char* ending) const;
+    // False where the folder can't be read.
+    bool forEachName(const std::function<void(QByteArrayView)>& use) const;
 
     QString m_folder;
 };

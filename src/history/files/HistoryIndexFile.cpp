@@ -59,16 +59,19 @@ Content readContent(const HistoryFiles& files)
     return {readPart(files.index(), HistoryJson::entries), readPart(files.lists(), HistoryJson::lists)};
 }
 
+// The answer is which there are.
 template <class Records>
-void keepFirstOfEach(Records& records)
+QSet<QUuid> keepFirstOfEach(Records& records)
 {
     QSet<QUuid> seen;
+    seen.reserve(qsizetype(records.size()));
     const auto isSeen = [&seen](const auto& record) {
         const auto size = seen.size();
         seen.insert(record.id);
         return seen.size() == size;
     };
-    records.erase(std::remove_if(records.begin(), records.end(), isSeen), records.end());
+    erase_if(records, isSeen);
+    return seen;
 }
 
 // Those of one date keep their order.
@@ -88,10 +91,10 @@ void sortNewestFirst(QList<HistoryEntry>& entries)
 void tidy(HistoryState& state, const QSet<QUuid>& pictures)
 {
     state.entries.removeIf([&](const HistoryEntry& entry) { return !pictures.contains(entry.id); });
-    keepFirstOfEach(state.entries);
+    const QSet<QUuid> known = keepFirstOfEach(state.entries);
     sortNewestFirst(state.entries);
     keepFirstOfEach(state.lists);
-    HistoryLists::keepOnly(state.lists, state.ids());
+    HistoryLists::keepOnly(state.lists, known);
     HistoryLists::collapseToOneEach(state.lists);
 }
 
@@ -148,12 +151,12 @@ HistoryIndexFile::Stamps HistoryIndexFile::stamps() const
 
 HistoryIndexFile::Outcome HistoryIndexFile::peek(const HistoryFiles& files)
 {
-    const auto names = files.names();
-    if (!names)
+    const auto pictures = files.captures();
+    if (!pictures)
         return std::unexpected(unreadableFolder(files));
     Content content = readContent(files);
     HistoryState state{std::move(content.entries.records), std::move(content.lists.records)};
-    tidy(state, HistoryFiles::captures(*names));
+    tidy(state, *pictures);
     return state;
 }
 
@@ -180,8 +183,8 @@ HistoryIndexFile::Outcome HistoryIndexFile::write(const HistoryState& base, cons
 
 HistoryIndexFile::Outcome HistoryIndexFile::theirs(const HistoryState& base)
 {
-    const auto names = m_files.names();
-    if (!names)
+    const auto pictures = m_files.captures();
+    if (!pictures)
         return std::unexpected(unreadableFolder(m_files));
     const Stamps stamps = this->stamps();
     Content content = readContent(m_files);
@@ -197,7 +200,7 @@ HistoryIndexFile::Outcome HistoryIndexFile::theirs(const HistoryState& base)
     if (isFaulty(content.lists.condition))
         m_stamps.lists.reset();
     HistoryState state{known(content.entries, base.entries), known(content.lists, base.lists)};
-    tidy(state, HistoryFiles::captures(*names));
+    tidy(state, *pictures);
     return state;
 }
 

@@ -122,7 +122,8 @@ void read(element value, QDateTime& date)
     const double seconds = value.get_double();
     if (!(std::abs(seconds) < farthest))
         throw NotARecord();
-    date = QDateTime::fromMSecsSinceEpoch(std::llround(seconds * 1000) + beginning);
+    // In UTC, since local time asks for the time zone's file 20,000 times.
+    date = QDateTime::fromMSecsSinceEpoch(std::llround(seconds * 1000) + beginning, Qt::UTC);
 }
 
 void read(element value, CaptureSubject& subject)
