@@ -14,7 +14,7 @@ namespace Kovrel {
 namespace {
 
 constexpr int symbolSide = 40;
-constexpr int adviceWidth = 340;
+constexpr int columnWidth = 360;
 
 } // namespace
 
@@ -46,22 +46,28 @@ EmptyState::EmptyState()
     m_title = new Label(TextStyle::headline);
     m_advice = new Label(TextStyle::body, Label::Role::secondary);
     m_button = new PrimaryButton({});
-    for (Label* label : {m_title, m_advice}) {
+    for (Label* label : {m_title, m_advice})
         label->setAlignment(Qt::AlignCenter);
-        label->setMinimumWidth(adviceWidth);
-    }
     connect(m_button, &QPushButton::clicked, this, [this] {
         if (m_action)
             m_action();
     });
-    auto* layout = new QVBoxLayout(this);
-    layout->setSpacing(Spacing::small);
-    layout->addStretch(2);
-    for (QWidget* part : std::initializer_list<QWidget*>{m_symbol, m_title, m_advice})
-        layout->addWidget(part, 0, Qt::AlignHCenter);
-    layout->addSpacing(Spacing::small);
-    layout->addWidget(m_button, 0, Qt::AlignHCenter);
-    layout->addStretch(3);
+    // Texts that wrap get the height that they need only in a column of a known width.
+    auto* column = new QWidget;
+    column->setFixedWidth(int(columnWidth * Typography::scale()));
+    auto* parts = new QVBoxLayout(column);
+    parts->setSpacing(Spacing::small);
+    parts->addStretch(2);
+    parts->addWidget(m_symbol, 0, Qt::AlignHCenter);
+    parts->addWidget(m_title);
+    parts->addWidget(m_advice);
+    parts->addSpacing(Spacing::small);
+    parts->addWidget(m_button, 0, Qt::AlignHCenter);
+    parts->addStretch(3);
+    auto* layout = new QHBoxLayout(this);
+    layout->addStretch();
+    layout->addWidget(column);
+    layout->addStretch();
 }
 
 void EmptyState::set(Content content)

@@ -77,10 +77,8 @@ QCoro::Task<> HistoryActions::copyTextNow(QUuid id)
     const QString path = co_await m_scope.reply<QString>([&](auto done) { store.fullImageURL(id, std::move(done)); });
     const bool isEdited = path != store.baseImageURL(id);
     const CaptureOCRStore::Key key{id, isEdited ? CaptureOCRStore::Kind::edited : CaptureOCRStore::Kind::base};
-    const OCROutcome text = co_await m_scope.join(
-        store.ocr().text(key, QualityOfService::userInitiated, true, [this, id]() -> QCoro::Task<QImage> {
-            return pixels(id);
-        }));
+    const OCROutcome text = co_await m_scope.join(store.ocr().text(
+        key, QualityOfService::userInitiated, true, [this, id]() -> QCoro::Task<QImage> { return pixels(id); }));
     if (!text || text->fullText.isEmpty()) {
         tell({.message = tr("No text found"), .icon = "text.viewfinder"});
         co_return;
@@ -140,9 +138,9 @@ QCoro::Task<> HistoryActions::saveAsNow(QUuid id, QPointer<QWindow> window)
     }
     const Preferences& preferences = m_services.preferences;
     const ImageFormat format = preferences.get(Settings::imageFormat);
-    const QString name = capture->savedPath
-                             ? QFileInfo(*capture->savedPath).completeBaseName()
-                             : FileNameFormatter::format(preferences.get(Settings::fileNameTemplate), capture->result.date);
+    const QString name = capture->savedPath ? QFileInfo(*capture->savedPath).completeBaseName()
+                                            : FileNameFormatter::format(preferences.get(Settings::fileNameTemplate),
+                                                                        capture->result.date);
     m_saveWithPanel.saveWithPanel({
         .image = capture->result.image,
         .suggestedPath = QDir::home().filePath(name + '.' + rawString(format)),
@@ -150,9 +148,10 @@ QCoro::Task<> HistoryActions::saveAsNow(QUuid id, QPointer<QWindow> window)
         .quality = preferences.get(Settings::jpegQuality),
         .window = std::move(window),
         .onSaved = [&store = m_services.store, id](const QString& path) { store.setSavedPath(id, path); },
-        .onFailed = [this](const SaveFailure& failure) {
-            tell(SaveFailureToast::of({.message = failure.message}, m_services.ports));
-        },
+        .onFailed =
+            [this](const SaveFailure& failure) {
+                tell(SaveFailureToast::of({.message = failure.message}, m_services.ports));
+            },
     });
 }
 

@@ -33,9 +33,11 @@ QAction* HistoryMenu::add(const QString& title, const QKeySequence& keys, Needs 
 void HistoryMenu::addCommands()
 {
     if (m_actions.canEdit())
-        add(tr("Edit"), QKeySequence(Qt::CTRL | Qt::Key_E), Needs::one, [this](const auto& ids) { m_actions.edit(ids.front()); });
+        add(tr("Edit"), QKeySequence(Qt::CTRL | Qt::Key_E), Needs::one,
+            [this](const auto& ids) { m_actions.edit(ids.front()); });
     if (m_actions.canReopen())
-        add(tr("Show as Card"), QKeySequence(Qt::CTRL | Qt::Key_R), Needs::some, [this](const auto& ids) { m_actions.reopen(ids); });
+        add(tr("Show as Card"), QKeySequence(Qt::CTRL | Qt::Key_R), Needs::some,
+            [this](const auto& ids) { m_actions.reopen(ids); });
     add(tr("Copy"), QKeySequence::Copy, Needs::one, [this](const auto& ids) { m_actions.copy(ids.front()); });
     add(tr("Copy Text"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), Needs::one,
         [this](const auto& ids) { m_actions.copyText(ids.front()); });
@@ -76,9 +78,7 @@ void HistoryMenu::fillLists(QMenu& menu)
 {
     const Situation now = m_look();
     QMenu* lists = menu.addMenu(tr("Move to List"));
-    const auto move = [this, ids = now.ids](QUuid list) {
-        m_store.moveToList({ids.begin(), ids.end()}, list);
-    };
+    const auto move = [this, ids = now.ids](QUuid list) { m_store.moveToList({ids.begin(), ids.end()}, list); };
     for (const HistoryList& list : m_store.lists())
         lists->addAction(list.name, this, [move, id = list.id] { move(id); });
     if (!m_store.lists().empty())

@@ -20,9 +20,10 @@ HistoryPreview::HistoryPreview(MainLoop& loop, Workers& workers, ThumbnailFeed::
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(Spacing::medium);
-    layout->addWidget(m_picture, 1);
+    layout->addWidget(m_picture);
     layout->addWidget(m_title);
     layout->addLayout(m_rows);
+    layout->addStretch(1);
     connect(m_picture, &PreviewPicture::roomChanged, this, &HistoryPreview::wantPicture);
 }
 
@@ -30,6 +31,8 @@ void HistoryPreview::show(QUuid id, const Facts& facts, std::vector<Rect> marks)
 {
     m_id = id;
     setFacts(facts);
+    m_picture->setVisible(!id.isNull());
+    m_picture->setShape(facts.shape);
     m_picture->setMarks(std::move(marks));
     wantPicture();
 }
@@ -63,9 +66,7 @@ void HistoryPreview::setRow(int row, const QString& name, const QString& value)
         m_rows->addWidget(new Label(TextStyle::body, Label::Role::secondary), row, 0, Qt::AlignTop);
         m_rows->addWidget(text, row, 1, Qt::AlignTop);
     }
-    const auto cell = [&](int column) {
-        return static_cast<Label*>(m_rows->itemAtPosition(row, column)->widget());
-    };
+    const auto cell = [&](int column) { return static_cast<Label*>(m_rows->itemAtPosition(row, column)->widget()); };
     cell(0)->setText(name);
     cell(1)->setText(value);
     cell(0)->setVisible(!name.isEmpty());

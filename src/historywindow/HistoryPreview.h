@@ -21,6 +21,7 @@ class HistoryPreview : public QWidget {
 public:
     struct Facts {
         QString title;
+        QSize shape;                                   // of the picture, in pixels; empty where it is not known
         std::vector<std::pair<QString, QString>> rows; // what it is, and its value; without a value none is shown
     };
 

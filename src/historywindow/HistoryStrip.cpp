@@ -10,6 +10,7 @@
 #include <QIcon>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 
 namespace Kovrel {
@@ -29,14 +30,13 @@ HistoryStrip::HistoryStrip(HistoryViewServices services)
     setWindowTitle(tr("Recent Captures"));
     setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
     m_search = new HistorySearchField;
-    m_search->setMaximumWidth(searchWidth);
+    m_search->setFixedWidth(searchWidth);
     m_nothing = new Label(TextStyle::body, Label::Role::secondary);
     m_nothing->setAlignment(Qt::AlignCenter);
     m_row = new HistoryGrid(HistoryGrid::Shape::row, m_model, m_services.loop, m_services.workers,
                             m_services.readThumbnail);
-    m_menu = new HistoryMenu(*this, m_services.actions, m_services.store, [this] {
-        return HistoryMenu::Situation{.ids = m_row->selectedIds(), .list = {}};
-    });
+    m_menu = new HistoryMenu(*this, m_services.actions, m_services.store,
+                             [this] { return HistoryMenu::Situation{.ids = m_row->selectedIds(), .list = {}}; });
     m_menu->setParent(this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(Spacing::large, Spacing::small, Spacing::large, 0);
@@ -45,6 +45,8 @@ HistoryStrip::HistoryStrip(HistoryViewServices services)
     layout->addWidget(m_nothing, 1);
     layout->addWidget(m_row, 1);
     connectParts();
+    setFixedHeight(Spacing::small + m_search->sizeHint().height() + Spacing::tight +
+                   HistoryDelegate::cellSize().height() + m_row->horizontalScrollBar()->sizeHint().height());
     m_changes = m_browser.onChange([this] { refresh(); });
     refresh();
 }
@@ -87,9 +89,8 @@ void HistoryStrip::presentOn(const Display& display)
         if (screen->name() != display.name)
             continue;
         const QRect area = screen->availableGeometry();
-        const int height = m_search->sizeHint().height() + HistoryDelegate::cellSize().height() + 2 * Spacing::large;
         setScreen(screen);
-        setGeometry(area.left(), area.bottom() + 1 - height, area.width(), height);
+        setGeometry(area.left(), area.bottom() + 1 - height(), area.width(), height());
     }
     show();
     raise();

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "historywindow/HistoryBrowser.h"
-#include "historywindow/grid/HistoryGrid.h"
 #include "historywindow/HistoryMenu.h"
 #include "historywindow/HistoryViewServices.h"
+#include "historywindow/grid/HistoryGrid.h"
 #include "platform/Display.h"
 #include "ui/AppWindow.h"
 

@@ -1,11 +1,11 @@
 #include "historywindow/HistoryWindow.h"
 
-#include "historywindow/grid/EntryTexts.h"
 #include "historywindow/HistoryPreview.h"
-#include "historywindow/search/HistorySearchField.h"
-#include "historywindow/lists/HistorySidebar.h"
-#include "historywindow/search/SuggestionList.h"
 #include "historywindow/UndoBar.h"
+#include "historywindow/grid/EntryTexts.h"
+#include "historywindow/lists/HistorySidebar.h"
+#include "historywindow/search/HistorySearchField.h"
+#include "historywindow/search/SuggestionList.h"
 #include "preferences/Settings.h"
 #include "ui/tokens/Metrics.h"
 
@@ -78,7 +78,8 @@ HistoryWindow::HistoryWindow(HistoryViewServices services)
 QWidget* HistoryWindow::makeContent()
 {
     m_sidebar = new HistorySidebar;
-    m_grid = new HistoryGrid(HistoryGrid::Shape::grid, m_model, m_services.loop, m_services.workers, m_services.readThumbnail);
+    m_grid = new HistoryGrid(HistoryGrid::Shape::grid, m_model, m_services.loop, m_services.workers,
+                             m_services.readThumbnail);
     m_empty = new EmptyState;
     m_center = new QStackedWidget;
     m_center->addWidget(m_grid);
@@ -122,9 +123,8 @@ void HistoryWindow::connectSearch()
             m_grid->setFocus();
     });
     connect(m_search, &HistorySearchField::escaped, this, &HistoryWindow::escape);
-    connect(m_suggestions, &SuggestionList::chosen, this, [this](int row) {
-        m_browser.choose(HistoryFacet(m_browser.suggestions().rows()[size_t(row)].facet));
-    });
+    connect(m_suggestions, &SuggestionList::chosen, this,
+            [this](int row) { m_browser.choose(HistoryFacet(m_browser.suggestions().rows()[size_t(row)].facet)); });
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, m_search, &HistorySearchField::takeFocus);
 }
 
@@ -144,9 +144,8 @@ void HistoryWindow::connectLists()
     connect(&lists, &ListsModel::capturesFiled, this, [&store](const QList<QUuid>& captures, QUuid list) {
         store.moveToList({captures.begin(), captures.end()}, list);
     });
-    connect(&lists, &ListsModel::capturesRestored, this, [&store](const QList<QUuid>& captures) {
-        store.restoreToTimeline({captures.begin(), captures.end()});
-    });
+    connect(&lists, &ListsModel::capturesRestored, this,
+            [&store](const QList<QUuid>& captures) { store.restoreToTimeline({captures.begin(), captures.end()}); });
 }
 
 void HistoryWindow::connectGrid()
@@ -176,6 +175,7 @@ void HistoryWindow::refresh()
 {
     refreshLists();
     m_model.setEntries(m_browser.shown());
+    m_grid->selectSomething();
     refreshCenter();
     refreshSearch();
     showSelected();
@@ -223,6 +223,7 @@ void HistoryWindow::refreshCenter()
     const bool isEmpty = m_browser.shown().isEmpty() && m_services.store.isLoaded();
     if (isEmpty)
         m_empty->set(emptyState());
+    m_preview->setVisible(!isEmpty);
     m_center->setCurrentWidget(isEmpty ? static_cast<QWidget*>(m_empty) : m_grid);
 }
 
@@ -262,8 +263,8 @@ void HistoryWindow::showSelected()
     m_menu->refresh();
     const QList<QUuid> ids = m_grid->selectedIds();
     if (ids.size() != 1) {
-        const QString title = ids.isEmpty() ? QString() : tr("%n captures selected", nullptr, int(ids.size()));
-        m_preview->show({}, {.title = title}, {});
+        m_preview->show({}, {.title = ids.isEmpty() ? QString() : tr("%n captures selected", nullptr, int(ids.size()))},
+                        {});
         return;
     }
     const HistoryEntry& entry = m_model.entry(m_model.row(ids.front()));
@@ -272,9 +273,10 @@ void HistoryWindow::showSelected()
     });
     m_preview->show(entry.id,
                     {.title = EntryTexts::title(entry),
+                     .shape = QSize(entry.pixelWidth.value_or(0), entry.pixelHeight.value_or(0)),
                      .rows = {{tr("Kind"), HistorySearch::label(entry.mode).value_or(QString())},
                               {tr("Application"), entry.sourceAppName.value_or(QString())},
-                              {tr("Date"), QLocale().toString(entry.date.toLocalTime(), QLocale::LongFormat)},
+                              {tr("Date"), EntryTexts::fullDate(entry.date, QLocale())},
                               {tr("Size"), EntryTexts::size(entry)},
                               {tr("File"), entry.savedPath.value_or(QString())},
                               {tr("List"), list == m_services.store.lists().end() ? QString() : list->name}}},

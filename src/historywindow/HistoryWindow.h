@@ -2,9 +2,9 @@
 
 #include "historywindow/EmptyState.h"
 #include "historywindow/HistoryBrowser.h"
-#include "historywindow/grid/HistoryGrid.h"
 #include "historywindow/HistoryMenu.h"
 #include "historywindow/HistoryViewServices.h"
+#include "historywindow/grid/HistoryGrid.h"
 #include "ui/AppWindow.h"
 
 class QStackedWidget;

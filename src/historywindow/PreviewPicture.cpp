@@ -5,6 +5,9 @@
 #include "ui/tokens/Theme.h"
 
 #include <QPainter>
+#include <QResizeEvent>
+
+#include <algorithm>
 
 namespace Kovrel {
 
@@ -12,13 +15,16 @@ namespace {
 
 constexpr int padding = 8;
 constexpr double markReach = 2; // around the words
-constexpr QSize smallest(200, 150);
+constexpr QSize usualShape(16, 10);
+constexpr int leastWidth = 200;
+constexpr int leastHeight = 60;
+constexpr double mostHeight = 1.4; // of the width
 
 } // namespace
 
 PreviewPicture::PreviewPicture()
 {
-    setMinimumSize(smallest);
+    setMinimumWidth(leastWidth);
     setAccessibleName(tr("Preview"));
 }
 
@@ -26,6 +32,22 @@ void PreviewPicture::setPicture(QImage picture)
 {
     m_picture = std::move(picture);
     update();
+}
+
+void PreviewPicture::setShape(QSize shape)
+{
+    m_shape = shape.isEmpty() ? usualShape : shape;
+    takeHeight();
+}
+
+// What is smaller than the room is shown as it is.
+void PreviewPicture::takeHeight()
+{
+    const double scale = m_shape == usualShape ? 0 : 1 / devicePixelRatioF();
+    const double room = width() - 2 * padding;
+    const double shown = scale > 0 ? std::min(room, m_shape.width() * scale) : room;
+    const double height = shown * m_shape.height() / m_shape.width() + 2 * padding;
+    setFixedHeight(int(std::clamp(height, double(leastHeight), mostHeight * width())));
 }
 
 void PreviewPicture::setMarks(std::vector<Rect> marks)
@@ -36,7 +58,8 @@ void PreviewPicture::setMarks(std::vector<Rect> marks)
 
 QSize PreviewPicture::room() const
 {
-    return (QSizeF(size() - QSize(2 * padding, 2 * padding)) * devicePixelRatioF()).toSize();
+    const double width = this->width() - 2 * padding;
+    return (QSizeF(width, mostHeight * this->width() - 2 * padding) * devicePixelRatioF()).toSize();
 }
 
 QRectF PreviewPicture::place() const
@@ -69,9 +92,11 @@ void PreviewPicture::paintEvent(QPaintEvent*)
     }
 }
 
-void PreviewPicture::resizeEvent(QResizeEvent*)
+void PreviewPicture::resizeEvent(QResizeEvent* event)
 {
-    Q_EMIT roomChanged();
+    takeHeight();
+    if (event->size().width() != event->oldSize().width())
+        Q_EMIT roomChanged();
 }
 
 } // namespace Kovrel

@@ -9,13 +9,16 @@
 
 namespace Kovrel {
 
-// A capture as large as there is room, with the places that were searched for marked. Main thread.
+// A capture as wide as there is room and no higher than its shape asks, with the places that were searched for marked.
+// Main thread.
 class PreviewPicture : public QWidget {
     Q_OBJECT
 
 public:
     PreviewPicture();
 
+    // Of the capture, in pixels; an empty one where it is not known.
+    void setShape(QSize shape);
     // Already as large as it is to be shown, in device pixels; null: none.
     void setPicture(QImage picture);
     // Parts of the picture, each axis from 0 to 1, origin bottom-left.
@@ -32,7 +35,9 @@ protected:
 
 private:
     QRectF place() const;
+    void takeHeight();
 
+    QSize m_shape;
     QImage m_picture;
     std::vector<Rect> m_marks;
 };

@@ -143,6 +143,14 @@ std::optional<QImage> Resampling::resampledExactly(const QImage& image, QSize to
     return result;
 }
 
+QImage Resampling::fitted(const QImage& image, QSize bounds)
+{
+    if (image.isNull() || bounds.isEmpty())
+        return {};
+    const double factor = std::max(double(image.width()) / bounds.width(), double(image.height()) / bounds.height());
+    return factor <= 1 ? image : reduced(image, factor).value_or(QImage());
+}
+
 QRect Resampling::coveringPart(QSize image, QSize to)
 {
     QRect part({0, 0}, to.scaled(image, Qt::KeepAspectRatio).expandedTo({1, 1}));

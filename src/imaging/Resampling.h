@@ -27,6 +27,10 @@ std::optional<QImage> resampledExactly(const QImage& image, QSize to);
 // Nothing for a null picture, a factor that does not reduce, or when memory is short.
 std::optional<QImage> reduced(const QImage& image, double factor);
 
+// The picture as large as it fits within bounds, and never larger than it is. Null for a null picture, empty bounds, or
+// when memory is short.
+QImage fitted(const QImage& image, QSize bounds);
+
 // The middle part of a picture that covers `to` when it is resampled to that size, nothing of it out of shape.
 QRect coveringPart(QSize image, QSize to);
 

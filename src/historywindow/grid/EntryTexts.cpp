@@ -41,6 +41,13 @@ QString EntryTexts::moment(const QDateTime& date, const QDateTime& now, const QL
     return QString("%1 %2").arg(locale.toString(local.date(), QLocale::ShortFormat), time);
 }
 
+QString EntryTexts::fullDate(const QDateTime& date, const QLocale& locale)
+{
+    const QDateTime local = date.toLocalTime();
+    return QString("%1 %2").arg(locale.toString(local.date(), QLocale::LongFormat),
+                                locale.toString(local.time(), QLocale::ShortFormat));
+}
+
 QString EntryTexts::size(const HistoryEntry& entry)
 {
     if (!entry.pixelWidth || !entry.pixelHeight)

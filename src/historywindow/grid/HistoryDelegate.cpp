@@ -74,8 +74,8 @@ void HistoryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
         place.moveCenter(QRectF(ground).center());
         painter->drawImage(QRectF(place.topLeft().toPoint(), size), thumbnail);
     }
-    if (option.state.testFlag(QStyle::State_HasFocus) && option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
-        painter->setPen(QPen(theme.focusRing, Stroke::focusRing));
+    if (isSelected || option.state.testFlag(QStyle::State_HasFocus)) {
+        painter->setPen(QPen(isSelected ? theme.accent : theme.focusRing, Stroke::focusRing));
         painter->setBrush(Qt::NoBrush);
         painter->drawRoundedRect(ground, Radius::group, Radius::group);
     }

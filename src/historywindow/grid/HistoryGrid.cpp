@@ -12,7 +12,9 @@
 namespace Kovrel {
 
 HistoryGrid::HistoryGrid(Shape shape, HistoryModel& model, MainLoop& loop, Workers& workers, ThumbnailFeed::Read read)
-    : m_shape(shape), m_model(model), m_thumbnails(loop, workers, std::move(read), [this](QUuid id) { showPicture(id); })
+    : m_shape(shape),
+      m_model(model),
+      m_thumbnails(loop, workers, std::move(read), [this](QUuid id) { showPicture(id); })
 {
     setModel(&model);
     setItemDelegate(new HistoryDelegate(m_thumbnails));
@@ -72,13 +74,25 @@ void HistoryGrid::select(QUuid id)
         setCurrentIndex(m_model.index(row));
 }
 
+void HistoryGrid::selectSomething()
+{
+    if (selectionModel()->hasSelection() || m_model.rowCount() == 0)
+        return;
+    setCurrentIndex(currentIndex().isValid() ? currentIndex() : m_model.index(0));
+}
+
 // --- Pictures
+
+int HistoryGrid::columns() const
+{
+    return std::max(1, viewport()->width() / HistoryDelegate::cellSize().width());
+}
 
 QPair<int, int> HistoryGrid::rowsInView() const
 {
     const QSize cell = HistoryDelegate::cellSize();
     const bool isGrid = m_shape == Shape::grid;
-    const int across = isGrid ? std::max(1, viewport()->width() / cell.width()) : 1;
+    const int across = isGrid ? columns() : 1;
     const int length = isGrid ? cell.height() : cell.width();
     const int from = isGrid ? verticalScrollBar()->value() : horizontalScrollBar()->value();
     const int room = isGrid ? viewport()->height() : viewport()->width();
@@ -132,8 +146,12 @@ bool HistoryGrid::isComplete() const
 
 // --- Events
 
+// Columns share the width.
 void HistoryGrid::resizeEvent(QResizeEvent* event)
 {
+    const QSize cell = HistoryDelegate::cellSize();
+    if (m_shape == Shape::grid)
+        setGridSize({(viewport()->width() - 1) / columns(), cell.height()}); // a row ends before the edge
     QListView::resizeEvent(event);
     wantPictures();
 }

@@ -7,8 +7,8 @@
 
 namespace Kovrel {
 
-// The captures as thumbnails, in a grid or in one row. Only the pictures in view are read, those in its middle first, and
-// then the pages before and behind it. Main thread.
+// The captures as thumbnails, in a grid or in one row. Only the pictures in view are read, those in its middle first,
+// and then the pages before and behind it. Main thread.
 class HistoryGrid : public QListView {
     Q_OBJECT
 
@@ -21,6 +21,9 @@ public:
     QList<QUuid> selectedIds() const;
     QUuid currentId() const;
     void select(QUuid id);
+    // Where nothing is selected, the capture at the keyboard's place is, or else the first.
+    void selectSomething();
+
     void forgetThumbnail(QUuid id) { m_thumbnails.forget(id); }
 
     // Whether every picture in view is there.
@@ -45,7 +48,8 @@ private:
     void takeLook();
     void wantPictures();
     void showPicture(QUuid id);
-    QPair<int, int> rowsInView() const;
+    int columns() const;
+    QPair<int, int> rowsInView() const; // from the first to before the last
     std::vector<QUuid> inOrderOfUrgency() const;
 
     Shape m_shape;

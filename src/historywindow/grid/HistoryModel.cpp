@@ -89,7 +89,7 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const
         return entry.title.value_or(QString());
     case Qt::AccessibleDescriptionRole:
         return QString("%1, %2").arg(HistorySearch::label(entry.mode).value_or(QString()),
-                                     QLocale().toString(entry.date.toLocalTime(), QLocale::ShortFormat));
+                                     EntryTexts::fullDate(entry.date, QLocale()));
     case idRole:
         return entry.id;
     default:

@@ -68,9 +68,8 @@ QCoro::Task<> ThumbnailFeed::read(QUuid id)
 {
     m_inFlight[id] = 0;
     const int generation = m_generation;
-    QImage picture = co_await m_scope.onWorker(Lane::thumbnails, [read = m_read, id, bounds = m_bounds] {
-        return read(id, bounds);
-    });
+    QImage picture = co_await m_scope.onWorker(Lane::thumbnails,
+                                               [read = m_read, id, bounds = m_bounds] { return read(id, bounds); });
     const bool isCurrent = m_inFlight[id] == 0 && generation == m_generation;
     m_inFlight.erase(id);
     if (isCurrent)

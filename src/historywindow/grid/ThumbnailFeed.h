@@ -53,8 +53,8 @@ private:
     Read m_read;
     std::function<void(QUuid)> m_onArrival;
     QSize m_bounds;
-    int m_generation = 0; // of the bounds
-    std::vector<QUuid> m_wanted; // the most urgent last
+    int m_generation = 0;            // of the bounds
+    std::vector<QUuid> m_wanted;     // the most urgent last
     std::map<QUuid, int> m_inFlight; // how often it was forgotten meanwhile
     std::map<QUuid, Kept> m_kept;
     std::list<QUuid> m_uses; // the latest first

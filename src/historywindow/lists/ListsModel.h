@@ -34,6 +34,7 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     QStringList mimeTypes() const override;
     QMimeData* mimeData(const QModelIndexList& indexes) const override;
+
     Qt::DropActions supportedDropActions() const override { return Qt::CopyAction | Qt::MoveAction; }
 
     bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,

@@ -88,8 +88,8 @@ void HistorySearchField::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     Ground{theme.card, m_edit->hasFocus() ? theme.focusRing : theme.cardEdge, Radius::control}.paint(painter, rect());
-    Symbols::paint(painter, "magnifyingglass",
-                   QRectF(padding, (height() - glassSide) / 2.0, glassSide, glassSide), theme.secondaryText);
+    Symbols::paint(painter, "magnifyingglass", QRectF(padding, (height() - glassSide) / 2.0, glassSide, glassSide),
+                   theme.secondaryText);
 }
 
 bool HistorySearchField::eventFilter(QObject* object, QEvent* event)
