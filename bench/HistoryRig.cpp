@@ -19,7 +19,8 @@ QCoro::Task<OCROutcome> readNothing(QImage, QualityOfService, bool, std::stop_to
 
 HistoryRig::HistoryRig(int count, const std::vector<QImage>& pictures)
     : m_state(HistorySample::make(m_files, count, pictures)),
-      m_ocr(m_loop, m_workers, m_files.folder(), [](QUuid) { return CaptureOCRStore::Status::recorded; }, readNothing),
+      m_ocr(
+          m_loop, m_workers, m_files.folder(), [](QUuid) { return CaptureOCRStore::Status::recorded; }, readNothing),
       m_store({m_loop, m_workers, m_preferences, m_ocr, m_files.folder()}),
       m_index(m_loop, m_workers),
       m_actions({m_loop, m_workers, m_preferences, m_store, m_ports, m_desktop.savePanel(), m_desktop.fileManager()})
@@ -44,7 +45,8 @@ HistoryViewServices HistoryRig::services()
         .store = m_store,
         .index = m_index,
         .actions = m_actions,
-        .readThumbnail = [files = m_files](QUuid id, QSize bounds) { return FittedPicture::thumbnail(files, id, bounds); },
+        .readThumbnail = [files = m_files](QUuid id,
+                                           QSize bounds) { return FittedPicture::thumbnail(files, id, bounds); },
         .readPicture = [files = m_files](QUuid id, QSize bounds) { return FittedPicture::full(files, id, bounds); },
         .dragFile = [](QUuid) { return QString(); },
         .prepareDragFiles = [](const QList<QUuid>&) {},

@@ -5,8 +5,8 @@
 #include "bench/BenchPictures.h"
 #include "bench/HistoryRig.h"
 #include "historywindow/HistoryStrip.h"
-#include "historywindow/search/HistorySearchField.h"
 #include "historywindow/lists/HistorySidebar.h"
+#include "historywindow/search/HistorySearchField.h"
 #include "ui/tokens/Theme.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
-// history_scroll [COUNT]: page after page through a history of 20,000 captures, in a window of 1280 x 800 on the display
-// that is there. Says how long frames of the grid take and how long pictures in view are missing after scrolling stops.
-// Ends with 1 when a bound is missed.
+// history_scroll [COUNT]: page after page through a history of 20,000 captures, in a window of 1280 x 800 on the
+// display that is there. Says how long frames of the grid take and how long pictures in view are missing after
+// scrolling stops. Ends with 1 when a bound is missed.
 #include "bench/BenchPictures.h"
 #include "bench/HistoryRig.h"
 #include "bench/Samples.h"
