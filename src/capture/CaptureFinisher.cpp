@@ -88,9 +88,9 @@ CaptureFinisher::Delivery CaptureFinisher::planDelivery(const CaptureOptions& op
         .openEditor = actions.testFlag(AfterCaptureAction::openEditor),
         .pin = actions.testFlag(AfterCaptureAction::pin),
     };
-    // Nothing would be done with the capture: it must not be lost.
+    // Nothing that was asked for would be done with the capture, or nothing at all: it must be found, and not be lost.
     const bool isShownElsewhere = (plan.openEditor && ports.editors) || (plan.pin && ports.pins);
-    if (!plan.copy && !plan.record && !plan.showCard && !isShownElsewhere)
+    if (!plan.copy && !plan.showCard && !isShownElsewhere && (actions || !plan.record))
         plan.save = true;
     return plan;
 }

@@ -51,7 +51,7 @@ CommandSpec captureCommand()
         .minOperands = 1,
         .maxOperands = 1,
         .choiceName = "capture mode",
-        .choices = {"area", "window", "fullScreen", "lastArea", "ocrRegion", "timed"},
+        .choices = OptionValues::captureModes(),
         .menu =
             {{QT_TRANSLATE_NOOP("CommandTable", "Capture Area"), "area", {"capture", "area"}, area},
              {QT_TRANSLATE_NOOP("CommandTable", "Capture Window"), "window", {"capture", "window"}, window},
@@ -129,6 +129,25 @@ CommandSpec codesCommand()
             .runs = Runs::whereAsked};
 }
 
+CommandSpec historyCommand()
+{
+    return {
+        .name = "history",
+        .operands = "[TERM...]",
+        .meaning = "recorded captures, newest first",
+        .options = {{.name = "kind",
+                     .value = "K",
+                     .meaning = "only those of one capture mode",
+                     .takes = "area, window, fullScreen, lastArea, ocrRegion or timed",
+                     .makesSense = OptionValues::isCaptureMode},
+                    {.name = "app", .value = "A", .meaning = "only those of one application"},
+                    {.name = "list", .value = "L", .meaning = "only those in one list"},
+                    {.name = "date", .value = "D", .meaning = "only those of a time, as 2026, 2026-11 or 2026-11-21"},
+                    {.name = "json", .meaning = "print a JSON array instead"}},
+        .maxOperands = 1000,
+        .runs = Runs::whereAsked};
+}
+
 std::optional<std::string> preferencesError(const Command& command)
 {
     const std::string& verb = command.operands.front();
@@ -156,6 +175,7 @@ const std::vector<CommandSpec>& table()
         textCommand(),
         codesCommand(),
         annotateCommand(),
+        historyCommand(),
         preferencesCommand(),
         {.name = "open",
          .operands = "FILE...",

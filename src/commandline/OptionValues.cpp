@@ -46,6 +46,17 @@ std::optional<std::vector<double>> OptionValues::numbers(const std::string& text
     return at == end ? std::optional(all) : std::nullopt;
 }
 
+const std::vector<std::string>& OptionValues::captureModes()
+{
+    static const std::vector<std::string> modes{"area", "window", "fullScreen", "lastArea", "ocrRegion", "timed"};
+    return modes;
+}
+
+bool OptionValues::isCaptureMode(const std::string& text)
+{
+    return std::ranges::find(captureModes(), text) != captureModes().end();
+}
+
 bool OptionValues::isRectangle(const std::string& text)
 {
     const auto four = numbers(text, 4);

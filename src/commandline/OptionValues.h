@@ -12,6 +12,10 @@ namespace OptionValues {
 // Numbers with commas between them; nothing when there are not `count` or one is beyond all screens.
 std::optional<std::vector<double>> numbers(const std::string& text, size_t count);
 
+// As they are stored, too.
+const std::vector<std::string>& captureModes();
+bool isCaptureMode(const std::string& text);
+
 bool isRectangle(const std::string& text); // X,Y,W,H with a width and height above 0
 bool isSubject(const std::string& text);   // the same and a radius
 bool isScale(const std::string& text);     // pixels to a point

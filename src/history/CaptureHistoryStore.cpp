@@ -66,10 +66,14 @@ void CaptureHistoryStore::sweep()
     Scope::start(sweepInBackground(), "sweeping the history");
 }
 
-// What is too young to be taken for an orphan is looked at once more.
+// What is too young to be taken for an orphan is looked at once more. Another program may have recorded meanwhile, and
+// a removal may still be taken back.
 QCoro::Task<> CaptureHistoryStore::sweepInBackground()
 {
-    const auto job = [files = m_files, known = m_records.state().ids()] { return OrphanSweep::run(files, known); };
+    const auto job = [files = m_files, ours = m_records.state().ids() + m_trash.ids()] {
+        const HistoryIndexFile::Outcome there = HistoryIndexFile::peek(files);
+        return there && OrphanSweep::run(files, ours + there->ids());
+    };
     const bool hasYounger =
         co_await m_scope.onWorker(Lane::history, QualityOfService::background, Guarded::orElse(job, false));
     if (hasYounger)

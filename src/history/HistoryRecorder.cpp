@@ -71,17 +71,22 @@ HistoryRecorder::HistoryRecorder(MainLoop& loop, Workers& workers, HistoryFiles 
 std::shared_ptr<CaptureRecording> HistoryRecorder::record(CaptureResult result, std::shared_ptr<CaptureSave> save,
                                                           std::shared_ptr<EncodedPng> png)
 {
+    m_isRoomNeeded = false; // this capture's pixels are in hand
+    if (const auto pending = m_pending.find(result.id); pending != m_pending.end())
+        return pending->second.recording;
     auto recording = std::make_shared<CaptureRecording>();
+    if (m_records.entry(result.id)) {
+        recording->finish(m_files.base(result.id));
+        return recording;
+    }
     if (!png)
         png = std::make_shared<EncodedPng>(result.image);
-    m_isRoomNeeded = false; // this capture's pixels are in hand
-    m_pending[result.id] = {.entry = entryOf(result), .png = png};
-    Scope::start(perform(std::move(result), std::move(save), std::move(png), recording), "recording a capture");
+    m_pending[result.id] = {.entry = entryOf(result), .png = std::move(png), .recording = recording};
+    Scope::start(perform(std::move(result), std::move(save)), "recording a capture");
     return recording;
 }
 
-QCoro::Task<> HistoryRecorder::perform(CaptureResult result, std::shared_ptr<CaptureSave> save,
-                                       std::shared_ptr<EncodedPng> png, std::shared_ptr<CaptureRecording> recording)
+QCoro::Task<> HistoryRecorder::perform(CaptureResult result, std::shared_ptr<CaptureSave> save)
 {
     const QUuid id = result.id;
     const auto underWay = m_writes.begin(id);
@@ -94,10 +99,17 @@ QCoro::Task<> HistoryRecorder::perform(CaptureResult result, std::shared_ptr<Cap
         noteSave(id, save);
         written = co_await m_scope.reply<Written>([this](auto done) { m_records.writer().write(done); });
     }
+    finish(std::move(result), save, written);
+}
+
+void HistoryRecorder::finish(CaptureResult result, const std::shared_ptr<CaptureSave>& save, const Written& written)
+{
+    const QUuid id = result.id;
+    const Pending pending = std::exchange(m_pending[id], {});
     m_pending.erase(id);
     if (!written && m_rescue && !isHeldBy(save))
-        m_rescue(std::move(result), std::move(png), written.error());
-    recording->finish(written ? RecordOutcome(m_files.base(id)) : std::unexpected(written.error()));
+        m_rescue(std::move(result), pending.png, written.error());
+    pending.recording->finish(written ? RecordOutcome(m_files.base(id)) : std::unexpected(written.error()));
 }
 
 // Writing would compete with a save that somebody waits for, and with a capture that is about to be taken.

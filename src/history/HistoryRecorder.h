@@ -18,7 +18,8 @@ public:
     HistoryRecorder(MainLoop& loop, Workers& workers, HistoryFiles files, HistoryRecords& records,
                     HistoryThumbnails& thumbnails, PendingWrites& writes, std::function<void()> landed, Rescue rescue);
 
-    // `save` and `png` may be null. It is done once the entry is on the disk.
+    // `save` and `png` may be null. It is done once the entry is on the disk. One that is recorded, or about to be, is
+    // not recorded again.
     std::shared_ptr<CaptureRecording> record(CaptureResult result, std::shared_ptr<CaptureSave> save,
                                              std::shared_ptr<EncodedPng> png);
 
@@ -35,14 +36,15 @@ private:
     struct Pending {
         HistoryEntry entry;
         std::shared_ptr<EncodedPng> png;
+        std::shared_ptr<CaptureRecording> recording;
         bool isWriting = false; // the picture is with the lane
         bool isInserted = false;
     };
 
     using Job = std::function<HistoryWriter::Written()>;
 
-    QCoro::Task<> perform(CaptureResult result, std::shared_ptr<CaptureSave> save, std::shared_ptr<EncodedPng> png,
-                          std::shared_ptr<CaptureRecording> recording);
+    QCoro::Task<> perform(CaptureResult result, std::shared_ptr<CaptureSave> save);
+    void finish(CaptureResult result, const std::shared_ptr<CaptureSave>& save, const HistoryWriter::Written& written);
     QCoro::Task<> waitForQuiet(std::shared_ptr<CaptureSave> save);
     QCoro::Task<HistoryWriter::Written> writePicture(QUuid id);
     Job pictureJob(QUuid id);

@@ -56,12 +56,16 @@ void HistoryTrash::restore()
     });
 }
 
+QSet<QUuid> HistoryTrash::ids() const
+{
+    return HistoryState{.entries = m_entries}.ids();
+}
+
 void HistoryTrash::lapse()
 {
     m_loop.cancel(std::exchange(m_timer, 0));
-    QSet<QUuid> ids;
-    for (const HistoryEntry& entry : std::exchange(m_entries, {}))
-        ids.insert(entry.id);
+    const QSet<QUuid> ids = this->ids();
+    m_entries.clear();
     m_places.clear();
     if (!ids.isEmpty())
         m_lapsed(ids);

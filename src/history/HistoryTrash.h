@@ -19,6 +19,8 @@ public:
 
     bool isEmpty() const { return m_entries.isEmpty(); }
 
+    QSet<QUuid> ids() const;
+
     void restore();
     // At once.
     void lapse();

@@ -3,6 +3,7 @@
 #include "model/OCRResult.h"
 #include "model/QRCode.h"
 #include "platform/Reply.h"
+#include "platform/Workers.h"
 
 #include <QImage>
 
@@ -25,6 +26,9 @@ public:
     virtual void expectReading() = 0;
     // `stop`: nobody wants the answer any more; it comes all the same, and early.
     virtual void read(QImage image, double pixelScale, std::stop_token stop, Reply<Reading> reply) = 0;
+    // The text alone; `corrected`: with the help of dictionaries. What nobody waits for gives way to everything else.
+    virtual void readText(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,
+                          Reply<OCROutcome> reply) = 0;
 };
 
 } // namespace Kovrel

@@ -27,6 +27,19 @@ void RecognitionTextReader::read(QImage image, double, std::stop_token stop, Rep
     Scope::start(readBoth(std::move(image), std::move(stop), std::move(reply)), "reading a capture");
 }
 
+void RecognitionTextReader::readText(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,
+                                     Reply<OCROutcome> reply)
+{
+    Scope::start(recognize(std::move(image), qos, corrected, std::move(stop), std::move(reply)), "reading text");
+}
+
+QCoro::Task<> RecognitionTextReader::recognize(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,
+                                               Reply<OCROutcome> reply)
+{
+    OCROutcome text = co_await m_scope.join(m_engine.recognize(std::move(image), qos, corrected, std::move(stop)));
+    reply(std::move(text));
+}
+
 // Both at the same time: they have lanes of their own.
 QCoro::Task<> RecognitionTextReader::readBoth(QImage image, std::stop_token stop, Reply<Reading> reply)
 {

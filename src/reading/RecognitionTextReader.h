@@ -13,9 +13,14 @@ public:
 
     void expectReading() override;
     void read(QImage image, double pixelScale, std::stop_token stop, Reply<Reading> reply) override;
+    void readText(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,
+                  Reply<OCROutcome> reply) override;
 
 private:
     QCoro::Task<> readBoth(QImage image, std::stop_token stop, Reply<Reading> reply);
+
+    QCoro::Task<> recognize(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,
+                            Reply<OCROutcome> reply);
 
     VisionOCREngine& m_engine;
     QRCodeDetector& m_codes;

@@ -613,7 +613,8 @@ TEST_F(CoordinatorTest, WhatHappensAfterwardsFollowsTheSettings)
         {"no cards on this desktop, no history", 1, {}, false, false, {"save"}},
         {"only copied", 2, {}, false, false, {"copy"}},
         {"only pinned", 16, {}, false, false, {"pin"}},
-        {"history alone holds it", 1, {}, false, true, {"record fullScreen"}},
+        {"nothing was asked for, the history holds it", 0, {}, true, true, {"record fullScreen"}},
+        {"what was asked for can't be done", 1, {}, false, true, {"save", "record fullScreen"}},
     };
     fake.chromeIsVisible = false;
     for (const Case& c : cases) {

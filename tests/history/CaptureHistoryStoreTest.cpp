@@ -84,6 +84,16 @@ TEST_F(CaptureHistoryStoreTest, ARecordingIsDoneOnceTheIndexHasIt)
     EXPECT_THAT(reported, ElementsAre(1));
 }
 
+TEST_F(CaptureHistoryStoreTest, ACaptureIsRecordedOnce)
+{
+    const auto first = record(1);
+    EXPECT_EQ(record(1), first);
+    settle();
+    EXPECT_TRUE(record(1)->isDone());
+    settle();
+    EXPECT_THAT(entries(), ElementsAre(1));
+}
+
 TEST_F(CaptureHistoryStoreTest, NewestIsFirstAndOfOneDateTheLatest)
 {
     for (const int number : {2, 5, 3}) {
@@ -462,6 +472,27 @@ TEST_F(CaptureHistoryStoreTest, OldOrphansAreSweptUnlessAnIndexIsPutAside)
     loop.advance(std::chrono::seconds(301));
     settle();
     EXPECT_TRUE(filesOf(7).isEmpty()) << "it is looked at once more";
+}
+
+TEST_F(CaptureHistoryStoreTest, ALateSweepTakesNeitherWhatCanComeBackNorWhatAnotherProgramHas)
+{
+    write(name(7) + ".png", "young");
+    kill();
+    run = started();
+    recordUpTo(2);
+    const auto other = started();
+    other->store.record(capture(3), {}, {});
+    settle();
+    for (const int number : {1, 2, 3})
+        age(name(number) + ".png", 400);
+    loop.advance(std::chrono::seconds(296));
+    store().remove(ids({1}));
+    loop.advance(std::chrono::seconds(6));
+    settle();
+    store().undoRemoval();
+    settle();
+    for (const int number : {1, 2, 3})
+        EXPECT_FALSE(filesOf(number).filter(".png").isEmpty()) << number;
 }
 
 TEST_F(CaptureHistoryStoreTest, AProgramThatOnlyLooksChangesNothing)

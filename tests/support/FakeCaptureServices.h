@@ -195,6 +195,11 @@ struct FakeCaptureServices {
 
         void read(QImage image, double pixelScale, std::stop_token stop, Reply<Reading> reply) override;
 
+        void readText(QImage, QualityOfService, bool, std::stop_token, Reply<OCROutcome> reply) override
+        {
+            reply(fake.reading.text);
+        }
+
         void prewarm() override { fake.say("effects: prewarm"); }
 
         void playShutterIfEnabled() override { fake.say("shutter"); }

@@ -34,6 +34,11 @@ QString AppPaths::reservationFolder()
     return dataFolder() + "/Reservations";
 }
 
+QString AppPaths::historyFolder()
+{
+    return dataFolder() + "/History";
+}
+
 QString AppPaths::temporaryFolder()
 {
     return below(QStandardPaths::GenericCacheLocation, "kovrel/tmp");

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+namespace Kovrel {
+
+// What people are asked before captures go for good.
+class HistoryTexts {
+    Q_DECLARE_TR_FUNCTIONS(Kovrel::HistoryTexts)
+
+public:
+    // `unsaved`: how many captures `clearUnsaved` would take.
+    static QString turnOffQuestion(int unsaved);
+    static QString turnOffExplanation();
+    static QString clearUnfiledExplanation();
+};
+
+} // namespace Kovrel

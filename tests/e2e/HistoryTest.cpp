@@ -1,0 +1,85 @@
+#include "tests/e2e/UserSession.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace Kovrel {
+
+namespace {
+
+using Testing::UserSession;
+
+QJsonArray history(UserSession& session, const QStringList& arguments = {})
+{
+    return QJsonDocument::fromJson(session.kovrel(QStringList{"history", "--json"} + arguments).output).array();
+}
+
+QString capture(UserSession& session)
+{
+    const auto answer = session.kovrel({"capture", "fullScreen", "--wait", "--json"});
+    EXPECT_EQ(answer.exitCode, 0) << answer.error.constData();
+    const QJsonObject object = answer.json();
+    EXPECT_TRUE(QFile::exists(object["historyPath"].toString())) << answer.output.constData();
+    return object["id"].toString();
+}
+
+} // namespace
+
+TEST(History, CapturesComeBackAfterARestart)
+{
+    Testing::VirtualDisplay display(QSize(320, 200));
+    UserSession session(&display);
+    session.prepare();
+    const QString first = capture(session);
+    session.kovrel({"quit"});
+    ASSERT_TRUE(UserSession::eventually([&] { return session.instancePid() == 0; }));
+
+    QJsonArray found = history(session);
+    EXPECT_EQ(session.instancePid(), 0) << "looking starts nothing";
+    ASSERT_EQ(found.size(), 1);
+    EXPECT_EQ(found[0].toObject()["id"].toString(), first);
+    EXPECT_EQ(found[0].toObject()["pixelWidth"].toInt(), 320);
+    EXPECT_EQ(found[0].toObject()["matches"], QJsonArray());
+
+    const QString second = capture(session);
+    found = history(session);
+    ASSERT_EQ(found.size(), 2);
+    EXPECT_EQ(found[0].toObject()["id"].toString(), second) << "newest first";
+
+    const auto lines = session.kovrel({"history"}).output.trimmed().split('\n');
+    ASSERT_EQ(lines.size(), 2);
+    const auto fields = lines[0].split('\t');
+    ASSERT_GE(fields.size(), 2);
+    EXPECT_THAT(fields[0].toStdString(),
+                testing::MatchesRegex("[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}"));
+    EXPECT_EQ(fields[1], "fullScreen");
+}
+
+TEST(History, TheCommandNarrowsAndSaysWhenThereIsNothing)
+{
+    Testing::VirtualDisplay display(QSize(320, 200));
+    UserSession session(&display);
+    EXPECT_EQ(session.kovrel({"history"}).exitCode, 1);
+    session.prepare({"afterCaptureActions=0"});
+    capture(session);
+
+    struct Case {
+        QStringList arguments;
+        int exitCode;
+    };
+
+    for (const Case& c : {Case{{"--kind", "fullScreen"}, 0}, Case{{"--kind", "window"}, 1}, Case{{"--kind", "x"}, 2},
+                          Case{{"--app", "nobody"}, 1}, Case{{"--list", "none"}, 1}, Case{{"fullscreen"}, 0},
+                          Case{{"fullscreen", "nowhere"}, 1}})
+        EXPECT_EQ(session.kovrel(QStringList{"history"} + c.arguments).exitCode, c.exitCode)
+            << qPrintable(c.arguments.join(' '));
+    session.kovrel({"preferences", "set", "historyEnabled", "false"});
+    EXPECT_TRUE(UserSession::eventually([&] { return session.kovrel({"history"}).exitCode == 1; }))
+        << "what is not saved goes when the history is turned off";
+}
+
+} // namespace Kovrel
