@@ -168,23 +168,30 @@ OCROutcome CaptureOCRStore::withCodes(const OCROutcome& text, const Key& key, co
 {
     if (!text)
         return text;
-    const auto remembered = m_memo.find(key);
-    OCRFile whole = remembered != m_memo.end() ? remembered->second : file.value_or(OCRFile());
+    OCRFile whole = known(key).value_or(file.value_or(OCRFile()));
     whole.text = OCRFile::TextPart{.result = *text};
     return whole.textWithCodes();
 }
 
+std::optional<OCRFile> CaptureOCRStore::known(const Key& key) const
+{
+    for (const auto* files : {&m_memo, &m_pending})
+        if (const auto place = files->find(key); place != files->end())
+            return place->second;
+    return std::nullopt;
+}
+
 QCoro::Task<std::optional<OCRFile>> CaptureOCRStore::stored(Key key, QualityOfService qos)
 {
-    if (const auto remembered = m_memo.find(key); remembered != m_memo.end())
-        co_return remembered->second;
+    if (const auto remembered = known(key))
+        co_return remembered;
     const int token = this->token(key.id);
     const auto read = Guarded::orElse(
         [path = path(key), modelsChanged = m_modelsChanged] { return readCurrentFile(path, modelsChanged); },
         std::nullopt);
     std::optional<OCRFile> file = co_await m_scope.onWorker(Lane::ocrFiles, read);
-    if (const auto remembered = m_memo.find(key); remembered != m_memo.end())
-        co_return remembered->second;
+    if (const auto remembered = known(key))
+        co_return remembered;
     if (token != this->token(key.id))
         co_return std::nullopt;
     if (file)
@@ -300,9 +307,8 @@ void CaptureOCRStore::storeText(OCRResult text, QSize pixels, Key key, int token
 QCoro::Task<std::optional<QString>> CaptureOCRStore::keep(Key key, int token, QualityOfService qos,
                                                           std::function<void(OCRFile&)> change)
 {
-    const auto remembered = m_memo.find(key);
-    const std::optional<OCRFile> known = remembered == m_memo.end() ? std::nullopt : std::optional(remembered->second);
-    const auto write = Guarded::orReason([path = path(key), known, change] { return changeFile(path, known, change); });
+    const auto write =
+        Guarded::orReason([path = path(key), known = known(key), change] { return changeFile(path, known, change); });
     const auto written = co_await m_scope.onWorker(Lane::ocrFiles, write);
     if (!written)
         co_return written.error();
@@ -335,6 +341,37 @@ QCoro::Task<> CaptureOCRStore::keepCodes(std::vector<QRCode> codes, bool complet
                   qUtf8Printable(*error));
     else
         qCInfo(log, "codes %s %s: kept, %ld codes", name(key.id).constData(), name(key.kind), long(codes.size()));
+}
+
+// --- What was read elsewhere
+
+void CaptureOCRStore::storeReading(OCRResult text, std::vector<QRCode> codes, QSize pixels, Key key)
+{
+    const OCRFile reading{.text = OCRFile::TextPart{pixels, true, std::move(text)},
+                          .qr = OCRFile::QRPart{std::move(codes), true}};
+    if (m_status(key.id) == Status::pending)
+        m_pending.insert_or_assign(key, reading);
+    else if (mayKeep(key, token(key.id)))
+        Scope::start(keepReading(reading, key, token(key.id)), "keeping a reading");
+}
+
+void CaptureOCRStore::recorded(QUuid id)
+{
+    for (const Kind kind : {Kind::base, Kind::edited})
+        if (const auto reading = m_pending.extract({id, kind}))
+            Scope::start(keepReading(reading.mapped(), reading.key(), token(id)), "keeping a reading");
+}
+
+QCoro::Task<> CaptureOCRStore::keepReading(OCRFile reading, Key key, int token)
+{
+    remember(key, reading, QualityOfService::userInitiated);
+    const auto put = [reading](OCRFile& file) {
+        putText(file, *reading.text);
+        file.qr = reading.qr;
+    };
+    const std::optional<QString> error = co_await keep(key, token, QualityOfService::utility, put);
+    if (error)
+        qCWarning(log, "text %s %s: not written: %s", name(key.id).constData(), name(key.kind), qUtf8Printable(*error));
 }
 
 // --- Images that change and go
@@ -375,6 +412,7 @@ void CaptureOCRStore::forget(QUuid id)
 void CaptureOCRStore::drop(const Key& key)
 {
     m_memo.erase(key);
+    m_pending.erase(key);
     std::erase(m_memoOrder, key);
     for (const bool corrected : {false, true})
         m_inFlight.erase({key, corrected});

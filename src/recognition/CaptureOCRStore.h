@@ -65,6 +65,12 @@ public:
     void storeText(OCRResult text, QSize pixels, Key key, int token);
     int token(QUuid id) const;
 
+    // Keeps what somebody has read elsewhere, with language correction, and the codes of the whole image, so that it is
+    // not read again. Of a pending capture it is kept in memory until that is recorded.
+    void storeReading(OCRResult text, std::vector<QRCode> codes, QSize pixels, Key key);
+    // A pending capture has been recorded.
+    void recorded(QUuid id);
+
     // An image of these kinds was replaced.
     void invalidate(QUuid id, std::set<Kind> kinds);
     // The capture was deleted. Its files are removed behind every write that was begun.
@@ -92,6 +98,8 @@ private:
                                              std::function<void(OCRFile&)> change);
     QCoro::Task<> keepText(OCRFile::TextPart part, Key key, int token, QualityOfService qos);
     QCoro::Task<> keepCodes(std::vector<QRCode> codes, bool complete, Key key, int token);
+    QCoro::Task<> keepReading(OCRFile reading, Key key, int token);
+    std::optional<OCRFile> known(const Key& key) const;
     QCoro::Task<> removeFiles(std::vector<Key> keys);
     void waiterLeft(const Read& read, const std::shared_ptr<Run>& run);
     void endOf(const Read& read, const std::shared_ptr<Run>& run);
@@ -109,7 +117,8 @@ private:
     std::map<Read, std::shared_ptr<Run>> m_inFlight;
     std::multiset<Key> m_removing;
     std::map<Key, OCRFile> m_memo;
-    std::vector<Key> m_memoOrder; // least recently remembered first
+    std::map<Key, OCRFile> m_pending; // readings of captures that are not recorded yet
+    std::vector<Key> m_memoOrder;     // least recently remembered first
     Scope m_scope;
 };
 

@@ -16,6 +16,7 @@ namespace Kovrel {
 
 using testing::Contains;
 using Testing::FakeTextRecogniser;
+using Key = CaptureOCRStore::Key;
 using Kind = CaptureOCRStore::Kind;
 using Status = CaptureOCRStore::Status;
 
@@ -317,6 +318,46 @@ TEST_F(CaptureOCRStoreTest, FailuresReachEveryAskerAndTheNextOneTriesAgain)
     page.outcome = good;
     ask();
     EXPECT_EQ(takeAnswers(), Answers{"Hello"});
+}
+
+TEST_F(CaptureOCRStoreTest, WhatWasReadElsewhereIsNotReadAgain)
+{
+    const OCRResult text{.fullText = "Read", .lines = {{.text = "Read", .confidence = 1}}};
+    const QRCode code{"a code", {0, 0, 0.5, 0.5}};
+    const Key key{capture, Kind::base};
+
+    const struct {
+        Status status;
+        std::function<void()> then;
+        const char* answer;
+        bool hasFile;
+    } cases[] = {
+        {Status::recorded, [] {}, "Read", true},
+        {Status::pending, [] {}, "Read", false},
+        {Status::pending, [this] { store.recorded(capture); }, "Read", true},
+        {Status::pending, [this] { fillMemo(); }, "Read", false},
+        {Status::pending,
+         [this] {
+             store.forget(capture);
+             store.recorded(capture);
+         },
+         "Hello", false},
+        {Status::recorded, [this] { store.invalidate(capture, {Kind::base}); }, "Hello", true},
+        {Status::none, [] {}, "Hello", false},
+    };
+
+    for (const auto& one : cases) {
+        status = one.status;
+        store.storeReading(text, {code}, {10, 10}, key);
+        one.then();
+        settle();
+        ask();
+        EXPECT_EQ(takeAnswers(), Answers{one.answer}) << &one - cases;
+        EXPECT_EQ(QFile::exists(file()), one.hasFile) << &one - cases;
+        EXPECT_EQ(one.answer == std::string("Read"), lastText.lines.back().isQRCode) << &one - cases;
+        store.forget(capture);
+        settle();
+    }
 }
 
 TEST_F(CaptureOCRStoreTest, AFileThatCannotBeWrittenLeavesTheMemory)
