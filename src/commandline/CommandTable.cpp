@@ -131,21 +131,22 @@ CommandSpec codesCommand()
 
 CommandSpec historyCommand()
 {
-    return {
-        .name = "history",
-        .operands = "[TERM...]",
-        .meaning = "recorded captures, newest first",
-        .options = {{.name = "kind",
-                     .value = "K",
-                     .meaning = "only those of one capture mode",
-                     .takes = "area, window, fullScreen, lastArea, ocrRegion or timed",
-                     .makesSense = OptionValues::isCaptureMode},
-                    {.name = "app", .value = "A", .meaning = "only those of one application"},
-                    {.name = "list", .value = "L", .meaning = "only those in one list"},
-                    {.name = "date", .value = "D", .meaning = "only those of a time, as 2026, 2026-11 or 2026-11-21"},
-                    {.name = "json", .meaning = "print a JSON array instead"}},
-        .maxOperands = 1000,
-        .runs = Runs::whereAsked};
+    return {.name = "history",
+            .operands = "[TERM...]",
+            .meaning = "recorded captures, newest first",
+            .options = {{.name = "kind",
+                         .value = "K",
+                         .meaning = "only those of one capture mode",
+                         .takes = "area, window, fullScreen, lastArea, ocrRegion or timed",
+                         .makesSense = OptionValues::isCaptureMode},
+                        {.name = "app", .value = "A", .meaning = "only those of one application"},
+                        {.name = "list", .value = "L", .meaning = "only those in one list"},
+                        {.name = "date",
+                         .value = "D",
+                         .meaning = "only those of a time: today, yesterday, 7d, 30d, 2026, 2026-11 or 2026-11-21"},
+                        {.name = "json", .meaning = "print a JSON array instead"}},
+            .maxOperands = 1000,
+            .runs = Runs::whereAsked};
 }
 
 std::optional<std::string> preferencesError(const Command& command)
@@ -193,8 +194,9 @@ const std::vector<CommandSpec>& table()
          .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Pick Color"), "pick-color", {"pick-color"}, pickColor, true}},
          .isOnCommandLine = false},
         {.name = "recent",
-         .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Recent Captures"), "recent", {"recent"}, history}},
-         .isOnCommandLine = false},
+         .meaning = "the window with recorded captures",
+         .options = {{.name = "strip", .meaning = "one row along the edge of the screen instead"}},
+         .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Recent Captures"), "recent", {"recent"}, history}}},
         {.name = "reopen",
          .menu =
              {{QT_TRANSLATE_NOOP("CommandTable", "Reopen Closed Capture"), "reopen", {"reopen"}, reopenClosedCapture}},

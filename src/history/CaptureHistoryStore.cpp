@@ -220,24 +220,13 @@ void CaptureHistoryStore::remove(const QSet<QUuid>& ids)
 void CaptureHistoryStore::deleteKeepingFiled(const QSet<QUuid>& ids)
 {
     const QSet<QUuid> filed = listedIDs() & ids;
-    remove(ids - filed);
-    setListOnly(filed, true);
+    m_trash.take(ids - filed, filed);
 }
 
 void CaptureHistoryStore::restoreToTimeline(const QSet<QUuid>& ids)
 {
-    setListOnly(ids, std::nullopt);
-}
-
-void CaptureHistoryStore::setListOnly(const QSet<QUuid>& ids, std::optional<bool> listOnly)
-{
-    if (ids.isEmpty())
-        return;
-    m_records.change([&](HistoryState& state) {
-        for (HistoryEntry& entry : state.entries)
-            if (ids.contains(entry.id))
-                entry.listOnly = listOnly;
-    });
+    if (!ids.isEmpty())
+        m_records.change([&ids](HistoryState& state) { state.setListOnly(ids, std::nullopt); });
 }
 
 bool CaptureHistoryStore::canUndoRemoval() const
@@ -395,8 +384,10 @@ void CaptureHistoryStore::removeFromList(QUuid list, const QSet<QUuid>& ids)
 // A capture that was in the list only would be nowhere: it is in the timeline again.
 void CaptureHistoryStore::leaveLists(const QSet<QUuid>& ids)
 {
-    m_records.change([&ids](HistoryState& state) { HistoryLists::drop(state.lists, ids); });
-    setListOnly(ids, std::nullopt);
+    m_records.change([&ids](HistoryState& state) {
+        HistoryLists::drop(state.lists, ids);
+        state.setListOnly(ids, std::nullopt);
+    });
 }
 
 // --- Pictures
@@ -474,10 +465,8 @@ QCoro::Task<> CaptureHistoryStore::keepReading(QUuid id, OCRResult text, std::ve
     if (!recorded)
         co_return;
     const CaptureOCRStore::Key key{id, CaptureOCRStore::Kind::base};
-    const int token = m_services.ocr.token(id);
     const QSize pixels(recorded->pixelWidth.value_or(0), recorded->pixelHeight.value_or(0));
-    m_services.ocr.storeText(text, pixels, key, token);
-    m_services.ocr.storeCodes(codes, true, key, token);
+    m_services.ocr.storeReading(text, codes, pixels, key);
     const OCRFile file{.text = OCRFile::TextPart{pixels, true, text}, .qr = OCRFile::QRPart{codes, true}};
     if (m_indexing)
         m_indexing->set(id, file.textWithCodes());

@@ -15,14 +15,18 @@ HistoryTrash::~HistoryTrash()
     m_loop.cancel(m_timer);
 }
 
-void HistoryTrash::take(const QSet<QUuid>& ids)
+void HistoryTrash::take(const QSet<QUuid>& ids, const QSet<QUuid>& hidden)
 {
     lapse();
     noteEntries(ids);
+    noteHidden(hidden);
     if (isEmpty())
         return;
     noteLists(ids);
-    m_records.change([&ids](HistoryState& state) { state.remove(ids); });
+    m_records.change([&](HistoryState& state) {
+        state.remove(ids);
+        state.setListOnly(m_hidden, true);
+    });
     m_timer = m_loop.after(m_undoTime, [this] { lapse(); });
 }
 
@@ -41,12 +45,21 @@ void HistoryTrash::noteLists(const QSet<QUuid>& ids)
                 m_places.push_back({list.id, position, list.entryIDs[position]});
 }
 
+void HistoryTrash::noteHidden(const QSet<QUuid>& ids)
+{
+    for (const HistoryEntry& entry : m_records.state().entries)
+        if (entry.isInTimeline() && ids.contains(entry.id))
+            m_hidden.insert(entry.id);
+}
+
 void HistoryTrash::restore()
 {
     m_loop.cancel(std::exchange(m_timer, 0));
     const auto entries = std::exchange(m_entries, {});
     const auto places = std::exchange(m_places, {});
+    const auto hidden = std::exchange(m_hidden, {});
     m_records.change([&](HistoryState& state) {
+        state.setListOnly(hidden, std::nullopt);
         std::for_each(entries.crbegin(), entries.crend(), [&](const HistoryEntry& entry) { state.insert(entry); });
         for (const Place& place : places)
             if (HistoryList* list = HistoryLists::find(state.lists, place.list)) {
@@ -67,6 +80,7 @@ void HistoryTrash::lapse()
     const QSet<QUuid> ids = this->ids();
     m_entries.clear();
     m_places.clear();
+    m_hidden.clear();
     if (!ids.isEmpty())
         m_lapsed(ids);
 }

@@ -14,10 +14,10 @@ public:
     HistoryTrash(const HistoryTrash&) = delete;
     HistoryTrash& operator=(const HistoryTrash&) = delete;
 
-    // In the place of what was there.
-    void take(const QSet<QUuid>& ids);
+    // In the place of what was there. `hidden` only leave the timeline.
+    void take(const QSet<QUuid>& ids, const QSet<QUuid>& hidden = {});
 
-    bool isEmpty() const { return m_entries.isEmpty(); }
+    bool isEmpty() const { return m_entries.isEmpty() && m_hidden.isEmpty(); }
 
     QSet<QUuid> ids() const;
 
@@ -28,6 +28,7 @@ public:
 private:
     void noteEntries(const QSet<QUuid>& ids);
     void noteLists(const QSet<QUuid>& ids);
+    void noteHidden(const QSet<QUuid>& ids);
 
     // Where a capture was filed.
     struct Place {
@@ -41,6 +42,7 @@ private:
     std::chrono::milliseconds m_undoTime;
     std::function<void(const QSet<QUuid>&)> m_lapsed;
     QList<HistoryEntry> m_entries;
+    QSet<QUuid> m_hidden;
     std::vector<Place> m_places; // each list's in order
     MainLoop::TimerID m_timer = 0;
 };

@@ -29,6 +29,8 @@ public:
     // The text alone; `corrected`: with the help of dictionaries. What nobody waits for gives way to everything else.
     virtual void readText(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,
                           Reply<OCROutcome> reply) = 0;
+    // The codes alone, for nobody who waits; nothing where they can't be looked for.
+    virtual void readCodes(QImage image, Reply<std::optional<std::vector<QRCode>>> reply) = 0;
 };
 
 } // namespace Kovrel

@@ -40,6 +40,18 @@ QCoro::Task<> RecognitionTextReader::recognize(QImage image, QualityOfService qo
     reply(std::move(text));
 }
 
+void RecognitionTextReader::readCodes(QImage image, Reply<std::optional<std::vector<QRCode>>> reply)
+{
+    Scope::start(detect(std::move(image), std::move(reply)), "looking for codes");
+}
+
+QCoro::Task<> RecognitionTextReader::detect(QImage image, Reply<std::optional<std::vector<QRCode>>> reply)
+{
+    const QRCodeDetector::Outcome codes =
+        co_await m_scope.join(m_codes.detect(std::move(image), true, true, std::nullopt, Lane::utility));
+    reply(codes ? std::optional(*codes) : std::nullopt);
+}
+
 // Both at the same time: they have lanes of their own.
 QCoro::Task<> RecognitionTextReader::readBoth(QImage image, std::stop_token stop, Reply<Reading> reply)
 {

@@ -15,10 +15,12 @@ public:
     void read(QImage image, double pixelScale, std::stop_token stop, Reply<Reading> reply) override;
     void readText(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,
                   Reply<OCROutcome> reply) override;
+    void readCodes(QImage image, Reply<std::optional<std::vector<QRCode>>> reply) override;
 
 private:
     QCoro::Task<> readBoth(QImage image, std::stop_token stop, Reply<Reading> reply);
 
+    QCoro::Task<> detect(QImage image, Reply<std::optional<std::vector<QRCode>>> reply);
     QCoro::Task<> recognize(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,
                             Reply<OCROutcome> reply);
 

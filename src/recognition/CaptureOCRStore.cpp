@@ -296,13 +296,6 @@ QCoro::Task<> CaptureOCRStore::keepText(OCRFile::TextPart part, Key key, int tok
                long(part.result.lines.size()), suffix(part.corrected));
 }
 
-void CaptureOCRStore::storeText(OCRResult text, QSize pixels, Key key, int token)
-{
-    if (mayKeep(key, token))
-        Scope::start(keepText({pixels, true, std::move(text)}, key, token, QualityOfService::background),
-                     "keeping text");
-}
-
 // Changes the file of an image, and what is remembered of it. The answer is why it could not be written.
 QCoro::Task<std::optional<QString>> CaptureOCRStore::keep(Key key, int token, QualityOfService qos,
                                                           std::function<void(OCRFile&)> change)

@@ -61,8 +61,6 @@ public:
     QCoro::Task<std::optional<OCRFile::QRPart>> codes(Key key);
     // Keeps codes unless the image has changed since `token` was read. `complete`: the whole image was looked at.
     void storeCodes(std::vector<QRCode> codes, bool complete, Key key, int token);
-    // The same with a text that somebody has read with dictionaries, in an image of these pixels.
-    void storeText(OCRResult text, QSize pixels, Key key, int token);
     int token(QUuid id) const;
 
     // Keeps what somebody has read elsewhere, with language correction, and the codes of the whole image, so that it is

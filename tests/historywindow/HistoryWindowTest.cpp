@@ -1,8 +1,8 @@
 #include "historywindow/HistoryWindow.h"
 
+#include "historywindow/UndoBar.h"
 #include "historywindow/lists/HistorySidebar.h"
 #include "historywindow/search/HistorySearchField.h"
-#include "historywindow/UndoBar.h"
 #include "preferences/Settings.h"
 #include "tests/history/HistoryFixture.h"
 #include "tests/support/FakeDesktop.h"
@@ -105,6 +105,7 @@ struct HistoryWindowTest : Testing::HistoryFixture {
 
 TEST_F(HistoryWindowTest, WordsAndChipsNarrowWhatIsShown)
 {
+    window->present();
     EXPECT_THAT(shown(), ElementsAre(5, 4, 3, 2, 1));
     search().setText("total");
     EXPECT_THAT(shown(), ElementsAre(2));

@@ -200,6 +200,8 @@ struct FakeCaptureServices {
             reply(fake.reading.text);
         }
 
+        void readCodes(QImage, Reply<std::optional<std::vector<QRCode>>> reply) override { reply({}); }
+
         void prewarm() override { fake.say("effects: prewarm"); }
 
         void playShutterIfEnabled() override { fake.say("shutter"); }

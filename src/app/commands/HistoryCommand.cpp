@@ -1,10 +1,12 @@
 #include "app/commands/HistoryCommand.h"
 
 #include "history/files/HistoryJson.h"
+#include "history/search/HistoryDateRange.h"
+#include "history/search/HistorySearch.h"
 #include "model/PrintableText.h"
 #include "model/TextFolding.h"
-
-#include <QFileInfo>
+#include "recognition/RecognitionJson.h"
+#include "recognition/text/TextFind.h"
 
 #include <nlohmann/json.hpp>
 
@@ -40,21 +42,33 @@ QSet<QUuid> membersOf(const HistoryState& history, const QString& list)
     return members;
 }
 
-// What people know a capture by besides its picture.
-QString words(const HistoryEntry& entry)
+HistorySearch::Query queryOf(const Command& command)
 {
-    const QStringList fields{entry.title.value_or(QString()), entry.sourceAppName.value_or(QString()),
-                             entry.sourceBundleID.value_or(QString()),
-                             QFileInfo(entry.savedPath.value_or(QString())).fileName(), entry.mode};
-    return TextFolding::comparable(fields.join('\n'));
+    QString words;
+    for (const std::string& term : command.operands)
+        words += QString::fromStdString(term) + ' ';
+    return HistorySearch::parse(words);
 }
 
-bool hasTerms(const HistoryEntry& entry, const std::vector<std::string>& terms)
+const IndexedText* textOf(const HistoryTexts& texts, QUuid id)
 {
-    const QString all = words(entry);
-    return std::ranges::all_of(terms, [&all](const std::string& term) {
-        return all.contains(TextFolding::comparable(QString::fromStdString(term)));
+    return texts.value(id).get();
+}
+
+// The captures that the command asks for, newest first.
+std::vector<HistoryEntry> narrowed(const Command& command, const HistoryCommand::History& history)
+{
+    const QString kind = option(command, "kind");
+    const QString app = option(command, "app");
+    const auto dates = HistoryDateRange::parse(option(command, "date"));
+    const auto span = dates ? std::optional(dates->span(history.now)) : std::nullopt;
+    const QSet<QUuid> members = membersOf(history.state, option(command, "list"));
+    std::vector<HistoryEntry> found;
+    std::ranges::copy_if(history.state.entries, std::back_inserter(found), [&](const HistoryEntry& entry) {
+        return (!command.has("kind") || entry.mode == kind) && (!command.has("app") || isOfApp(entry, app)) &&
+               (!command.has("list") || members.contains(entry.id)) && (!span || span->contains(entry.date));
     });
+    return HistorySearch::narrow(found, queryOf(command), [&](QUuid id) { return textOf(history.texts, id); });
 }
 
 QString line(const HistoryEntry& entry)
@@ -68,7 +82,7 @@ QString line(const HistoryEntry& entry)
     return printable.join('\t') + '\n';
 }
 
-QString plain(const QList<HistoryEntry>& entries)
+QString plain(const std::vector<HistoryEntry>& entries)
 {
     QString text;
     for (const HistoryEntry& entry : entries)
@@ -76,38 +90,41 @@ QString plain(const QList<HistoryEntry>& entries)
     return text;
 }
 
-QString json(const QList<HistoryEntry>& entries)
+// The boxes of the words that were found.
+Json matches(const HistorySearch::Query& query, const IndexedText* text)
+{
+    constexpr int most = 200;
+    Json boxes = Json::array();
+    if (!text)
+        return boxes;
+    const std::vector<OCRLine> lines = text->lines();
+    for (const QString& term : query.terms)
+        for (const TextFind::Match& match : TextFind::matches(term, lines, most))
+            for (const Rect& box : match.boxes)
+                boxes.push_back(RecognitionJson::box(box));
+    return boxes;
+}
+
+QString json(const std::vector<HistoryEntry>& entries, const HistorySearch::Query& query, const HistoryTexts& texts)
 {
     Json list = Json::array();
     for (const HistoryEntry& entry : entries) {
         list.push_back(HistoryJson::json(entry));
-        list.back()["matches"] = Json::array();
+        list.back()["matches"] = matches(query, textOf(texts, entry.id));
     }
     return QString::fromStdString(list.dump(-1, ' ', false, Json::error_handler_t::replace)) + '\n';
 }
 
 } // namespace
 
-QList<HistoryEntry> HistoryCommand::narrowed(const Command& command, const HistoryState& history)
+CommandAnswer HistoryCommand::run(const Command& command, const History& history)
 {
-    const QString kind = option(command, "kind");
-    const QString app = option(command, "app");
-    const QString date = option(command, "date");
-    const QSet<QUuid> members = membersOf(history, option(command, "list"));
-    QList<HistoryEntry> found;
-    std::ranges::copy_if(history.entries, std::back_inserter(found), [&](const HistoryEntry& entry) {
-        return (!command.has("kind") || entry.mode == kind) && (!command.has("app") || isOfApp(entry, app)) &&
-               (!command.has("list") || members.contains(entry.id)) &&
-               entry.date.toLocalTime().toString("yyyy-MM-dd").startsWith(date) && hasTerms(entry, command.operands);
-    });
-    return found;
-}
-
-CommandAnswer HistoryCommand::run(const Command& command, const HistoryState& history)
-{
-    const QList<HistoryEntry> found = narrowed(command, history);
-    CommandAnswer answer{.output = command.has("json") ? json(found) : plain(found)};
-    if (found.isEmpty()) {
+    if (command.has("date") && !HistoryDateRange::parse(option(command, "date")))
+        return {.exitCode = CommandLine::usageError,
+                .error = "--date takes today, yesterday, 7d, 30d, 2026, 2026-11 or 2026-11-21"};
+    const std::vector<HistoryEntry> found = narrowed(command, history);
+    CommandAnswer answer{.output = command.has("json") ? json(found, queryOf(command), history.texts) : plain(found)};
+    if (found.empty()) {
         answer.exitCode = CommandLine::nothingThere;
         answer.error = "there is no such capture in the history";
     }

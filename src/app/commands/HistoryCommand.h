@@ -2,6 +2,7 @@
 
 #include "commandline/Command.h"
 #include "history/records/HistoryState.h"
+#include "history/text/HistoryTexts.h"
 #include "model/CommandAnswer.h"
 
 namespace Kovrel {
@@ -9,10 +10,14 @@ namespace Kovrel {
 // `kovrel history [TERM...] [--kind K] [--app A] [--list L] [--date D] [--json]`. Any thread.
 namespace HistoryCommand {
 
-CommandAnswer run(const Command& command, const HistoryState& history);
+// What there is to be found.
+struct History {
+    HistoryState state;
+    HistoryTexts texts;
+    QDateTime now;
+};
 
-// The captures that the command asks for, newest first.
-QList<HistoryEntry> narrowed(const Command& command, const HistoryState& history);
+CommandAnswer run(const Command& command, const History& history);
 
 } // namespace HistoryCommand
 

@@ -3,7 +3,12 @@
 #include "app/commands/HistoryCommand.h"
 #include "app/foundation/AppPaths.h"
 #include "app/foundation/CommandJob.h"
+#include "history/files/FittedPicture.h"
+#include "hotkeys/HotkeySettings.h"
+#include "platform/Displays.h"
+#include "platform/Pointer.h"
 #include "ports/CaptureDelivery.h"
+#include "ports/Captures.h"
 #include "ports/TextReader.h"
 #include "ports/Toasts.h"
 
@@ -47,24 +52,102 @@ HistoryFeature::HistoryFeature(Foundation& foundation, Ports& ports)
                .folder = AppPaths::historyFolder(),
                .rescue = [this](CaptureResult result, std::shared_ptr<EncodedPng> png,
                                 const QString& reason) { rescue(std::move(result), std::move(png), reason); }}),
+      m_indexer(foundation.loop, foundation.workers, ports, m_store, AppPaths::historyFolder()),
+      m_dragFiles(foundation.loop, foundation.workers, foundation.preferences, m_store, AppPaths::temporaryFolder()),
       m_scope(foundation.loop, foundation.workers)
 {
     ports.history.offer(m_store);
+    if (foundation.desktop)
+        makeWindows();
+}
+
+void HistoryFeature::makeWindows()
+{
+    m_actions = std::make_unique<HistoryActions>(
+        HistoryActions::Services{m_foundation.loop, m_foundation.workers, m_foundation.preferences, m_store, m_ports,
+                                 m_foundation.desktop->savePanel(), m_foundation.desktop->fileManager()});
+    const HistoryFiles files(AppPaths::historyFolder());
+    m_windows = std::make_unique<HistoryWindows>(HistoryViewServices{
+        .loop = m_foundation.loop,
+        .workers = m_foundation.workers,
+        .preferences = m_foundation.preferences,
+        .store = m_store,
+        .index = m_indexer.index(),
+        .actions = *m_actions,
+        .readThumbnail = [files](QUuid id, QSize bounds) { return FittedPicture::thumbnail(files, id, bounds); },
+        .readPicture = [files](QUuid id, QSize bounds) { return FittedPicture::full(files, id, bounds); },
+        .dragFile = [this](QUuid id) { return m_draggable.value(id); },
+        .prepareDragFiles = [this](const QList<QUuid>& ids) { prepareDragFiles(ids); },
+        .captureKeys = [this] { return captureKeys(); },
+    });
+    m_ports.chrome.push_back(m_windows.get());
+}
+
+QString HistoryFeature::captureKeys() const
+{
+    const auto keys = HotkeySettings::combo(m_foundation.preferences, CommandTable::entryOf(HotkeyAction::area));
+    return keys ? keys->text() : QString();
+}
+
+void HistoryFeature::prepareDragFiles(const QList<QUuid>& ids)
+{
+    m_draggable.clear();
+    for (const QUuid& id : ids)
+        m_dragFiles.file(id, [this, id](const std::optional<QString>& path) {
+            if (path)
+                m_draggable.insert(id, *path);
+        });
 }
 
 // A process of one command reads what there is when it is asked for it.
 std::vector<CommandHandler> HistoryFeature::commands()
 {
-    return {{.command = "history", .run = [this](const Invocation& invocation, const Reply<CommandAnswer>& reply) {
-                 if (!m_foundation.desktop)
-                     m_store.startReadOnly();
-                 m_store.whenLoaded([this, command = invocation.command, reply] { runHistory(command, reply); });
-             }}};
+    std::vector<CommandHandler> handlers{
+        {.command = "history", .run = [this](const Invocation& invocation, const Reply<CommandAnswer>& reply) {
+             if (!m_foundation.desktop)
+                 m_store.startReadOnly();
+             m_store.whenLoaded([this, command = invocation.command, reply] {
+                 m_indexer.whenLoaded([this, command, reply] { runHistory(command, reply); });
+             });
+         }}};
+    if (m_windows)
+        handlers.push_back(
+            {.command = "recent", .run = [this](const Invocation& invocation, const Reply<CommandAnswer>& reply) {
+                 showRecent(invocation.command, reply);
+             }});
+    return handlers;
+}
+
+void HistoryFeature::showRecent(const Command& command, const Reply<CommandAnswer>& reply)
+{
+    m_indexer.load();
+    const auto show = [this, isStrip = command.has("strip")] {
+        if (isStrip)
+            showStrip();
+        else
+            m_windows->showWindow();
+    };
+    if (m_ports.captures)
+        m_ports.captures->whenForegroundIsFree(show);
+    else
+        show();
+    reply({});
+}
+
+void HistoryFeature::showStrip()
+{
+    m_foundation.desktop->pointer().position([this](const std::optional<PointerPosition>& pointer) {
+        const DisplayList displays = m_foundation.desktop->displays().all();
+        const Display* under = pointer ? displayWithID(displays, pointer->displayID) : nullptr;
+        if (!displays.empty())
+            m_windows->toggleStrip(under ? *under : displays.front());
+    });
 }
 
 void HistoryFeature::runHistory(const Command& command, const Reply<CommandAnswer>& reply)
 {
-    const HistoryState history{m_store.entries(), m_store.lists()};
+    const HistoryCommand::History history{
+        {m_store.entries(), m_store.lists()}, m_indexer.index().texts(), m_foundation.loop.date()};
     CommandJob::run(
         m_foundation, Lane::utility, [command, history] { return HistoryCommand::run(command, history); }, reply);
 }
@@ -83,6 +166,10 @@ void HistoryFeature::start(const Launch&)
 void HistoryFeature::prewarmLater()
 {
     m_store.backfillPixelSizes();
+    m_indexer.load();
+    m_indexer.scheduleWhenIdle();
+    if (m_windows)
+        m_windows->prewarm();
 }
 
 void HistoryFeature::finishPending(std::chrono::milliseconds deadline, std::function<void()> done)
@@ -92,7 +179,7 @@ void HistoryFeature::finishPending(std::chrono::milliseconds deadline, std::func
             std::exchange(*done, nullptr)();
     };
     m_foundation.loop.after(deadline, once);
-    m_store.whenSettled(once);
+    m_store.whenSettled([this, once] { m_indexer.index().finish(once); });
 }
 
 void HistoryFeature::prepareToEnd()

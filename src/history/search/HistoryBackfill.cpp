@@ -72,14 +72,43 @@ std::optional<QUuid> HistoryBackfill::next() const
 QCoro::Task<bool> HistoryBackfill::read(QUuid id, std::stop_token stop)
 {
     const int token = m_index.token(id);
-    const CaptureOCRStore::Key key{id, m_captures.kind(id)};
-    const auto pixels = [this, key] { return m_captures.pixels(key); };
+    const CaptureOCRStore::Kind kind = co_await m_scope.join(m_captures.kind(id));
+    const CaptureOCRStore::Key key{id, kind};
+    const auto seen = std::make_shared<QImage>();
+    const auto pixels = [this, key, seen] { return this->pixels(key, seen); };
     const OCROutcome text = co_await m_scope.join(m_texts.text(key, QualityOfService::background, true, pixels, stop));
-    if (text)
-        m_index.set(text->lines, id, token);
-    else if (isOfThePicture(text.error().reason))
+    if (text) {
+        const OCRResult whole = co_await m_scope.join(withCodes(*text, key, seen));
+        m_index.set(whole.lines, id, token);
+    } else if (isOfThePicture(text.error().reason)) {
         m_failed.insert(id);
+    }
     co_return text || m_failed.contains(id);
+}
+
+QCoro::Task<QImage> HistoryBackfill::pixels(CaptureOCRStore::Key key, std::shared_ptr<QImage> seen)
+{
+    *seen = co_await m_scope.join(m_captures.pixels(key));
+    co_return *seen;
+}
+
+// Codes that are known already are in the text. `seen` are the pixels, if the text had to be read in them.
+QCoro::Task<OCRResult> HistoryBackfill::withCodes(OCRResult text, CaptureOCRStore::Key key,
+                                                  std::shared_ptr<QImage> seen)
+{
+    const int token = m_texts.token(key.id);
+    const std::optional<OCRFile::QRPart> known = co_await m_scope.join(m_texts.codes(key));
+    if (known && known->complete)
+        co_return text;
+    if (seen->isNull())
+        co_await m_scope.join(pixels(key, seen));
+    const std::optional<std::vector<QRCode>> codes = co_await m_scope.join(m_captures.codes(*seen));
+    if (!codes)
+        co_return text;
+    m_texts.storeCodes(*codes, true, key, token);
+    const OCRFile file{.text = OCRFile::TextPart{seen->size(), true, std::move(text)},
+                       .qr = OCRFile::QRPart{*codes, true}};
+    co_return file.textWithCodes();
 }
 
 } // namespace Kovrel

@@ -16,8 +16,10 @@ public:
     struct Captures {
         std::function<std::vector<QUuid>()> ids; // in the order in which they are read
         // The picture that a capture has now, and its pixels: a null image where it can't be read.
-        std::function<CaptureOCRStore::Kind(QUuid)> kind;
+        std::function<QCoro::Task<CaptureOCRStore::Kind>(QUuid)> kind;
         std::function<QCoro::Task<QImage>(CaptureOCRStore::Key)> pixels;
+        // The codes in a picture; nothing where nobody can look for them.
+        std::function<QCoro::Task<std::optional<std::vector<QRCode>>>(QImage)> codes;
     };
 
     // Nothing was captured for so long: the machine is idle.
@@ -38,6 +40,8 @@ private:
     void begin();
     QCoro::Task<> run(std::stop_token stop);
     QCoro::Task<bool> read(QUuid id, std::stop_token stop);
+    QCoro::Task<QImage> pixels(CaptureOCRStore::Key key, std::shared_ptr<QImage> seen);
+    QCoro::Task<OCRResult> withCodes(OCRResult text, CaptureOCRStore::Key key, std::shared_ptr<QImage> seen);
     std::optional<QUuid> next() const;
 
     MainLoop& m_loop;

@@ -40,13 +40,21 @@ struct HistoryBackfillTest : testing::Test {
     Scope scope{loop, workers};
     std::unique_ptr<HistoryBackfill> backfill = std::make_unique<HistoryBackfill>(
         loop, workers, index, store,
-        HistoryBackfill::Captures{[this] { return ids; }, [](QUuid) { return CaptureOCRStore::Kind::base; },
-                                  [this](CaptureOCRStore::Key key) { return pixels(key.id); }});
+        HistoryBackfill::Captures{[this] { return ids; }, [](QUuid) { return base(); },
+                                  [this](CaptureOCRStore::Key key) { return pixels(key.id); },
+                                  [](QImage image) { return codes(image); }});
 
     HistoryBackfillTest()
     {
         index.attach(folder.path());
         settle();
+    }
+
+    static QCoro::Task<CaptureOCRStore::Kind> base() { co_return CaptureOCRStore::Kind::base; }
+
+    static QCoro::Task<std::optional<std::vector<QRCode>>> codes(QImage image)
+    {
+        co_return std::vector{QRCode{.payload = QString("code in %1 pixels").arg(image.width()), .boundingBox = {}}};
     }
 
     QCoro::Task<QImage> pixels(QUuid id)
@@ -109,6 +117,7 @@ TEST_F(HistoryBackfillTest, TextsThatAreNotKnownAreReadOneAtATimeWhenTheMachineI
     readAll();
     EXPECT_THAT(opened, ElementsAre(first, third));
     EXPECT_EQ(index.findLines(third).front().text, "text of 3");
+    EXPECT_EQ(index.findLines(third).back().text, "code in 4 pixels");
     wait(1min);
     EXPECT_EQ(opened.size(), 2U);
     const QUuid late = QUuid::createUuid();

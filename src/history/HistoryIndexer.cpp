@@ -1,0 +1,91 @@
+#include "history/HistoryIndexer.h"
+
+#include "ports/TextReader.h"
+
+namespace Kovrel {
+
+HistoryIndexer::HistoryIndexer(MainLoop& loop, Workers& workers, Ports& ports, CaptureHistoryStore& store,
+                               QString folder)
+    : m_ports(ports),
+      m_store(store),
+      m_folder(std::move(folder)),
+      m_index(loop, workers),
+      m_backfill(loop, workers, m_index, store.ocr(), captures()),
+      m_changes(m_index.onChange([this] { tellLoaded(); })),
+      m_scope(loop, workers)
+{
+    store.attach(*this);
+}
+
+void HistoryIndexer::load()
+{
+    if (!std::exchange(m_isAttached, true))
+        m_index.attach(m_folder);
+}
+
+void HistoryIndexer::whenLoaded(std::function<void()> callback)
+{
+    load();
+    m_whenLoaded.push_back(std::move(callback));
+    tellLoaded();
+}
+
+void HistoryIndexer::tellLoaded()
+{
+    if (!m_index.isLoaded())
+        return;
+    for (const auto& callback : std::exchange(m_whenLoaded, {}))
+        callback();
+}
+
+// Without a program that reads there is nothing to do, and nothing to wait for before the words are loaded.
+void HistoryIndexer::scheduleWhenIdle()
+{
+    if (m_ports.textReader && m_isAttached)
+        m_backfill.schedule();
+}
+
+HistoryBackfill::Captures HistoryIndexer::captures()
+{
+    return {
+        .ids = [this] { return ids(); },
+        .kind = [this](QUuid id) { return kind(id); },
+        .pixels = [this](CaptureOCRStore::Key key) { return pixels(key); },
+        .codes = [this](QImage image) { return codes(std::move(image)); },
+    };
+}
+
+std::vector<QUuid> HistoryIndexer::ids() const
+{
+    std::vector<QUuid> all;
+    all.reserve(size_t(m_store.entries().size()));
+    for (const HistoryEntry& entry : m_store.entries())
+        all.push_back(entry.id);
+    return all;
+}
+
+QCoro::Task<CaptureOCRStore::Kind> HistoryIndexer::kind(QUuid id)
+{
+    const QString full = co_await m_scope.reply<QString>([&](auto done) { m_store.fullImageURL(id, done); });
+    co_return full == m_store.baseImageURL(id) ? CaptureOCRStore::Kind::base : CaptureOCRStore::Kind::edited;
+}
+
+QCoro::Task<QImage> HistoryIndexer::pixels(CaptureOCRStore::Key key)
+{
+    QImage image = co_await m_scope.reply<QImage>([&](auto done) {
+        if (key.kind == CaptureOCRStore::Kind::base)
+            m_store.baseImage(key.id, done);
+        else
+            m_store.fullImage(key.id, done);
+    });
+    co_return image;
+}
+
+QCoro::Task<std::optional<std::vector<QRCode>>> HistoryIndexer::codes(QImage image)
+{
+    using Codes = std::optional<std::vector<QRCode>>;
+    Codes found = co_await m_scope.reply<Codes>([&](auto done) { m_ports.textReader->readCodes(image, done); });
+    co_return found;
+}
+
+} // namespace Kovrel
