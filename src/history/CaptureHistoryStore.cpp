@@ -214,30 +214,18 @@ Subscription CaptureHistoryStore::onPictureChange(std::function<void(QUuid)> obs
 
 void CaptureHistoryStore::remove(const QSet<QUuid>& ids)
 {
-    m_trash.take(ids);
+    m_trash.take(ids, {});
 }
 
 void CaptureHistoryStore::deleteKeepingFiled(const QSet<QUuid>& ids)
 {
     const QSet<QUuid> filed = listedIDs() & ids;
-    remove(ids - filed);
-    setListOnly(filed, true);
+    m_trash.take(ids - filed, filed);
 }
 
 void CaptureHistoryStore::restoreToTimeline(const QSet<QUuid>& ids)
 {
-    setListOnly(ids, std::nullopt);
-}
-
-void CaptureHistoryStore::setListOnly(const QSet<QUuid>& ids, std::optional<bool> listOnly)
-{
-    if (ids.isEmpty())
-        return;
-    m_records.change([&](HistoryState& state) {
-        for (HistoryEntry& entry : state.entries)
-            if (ids.contains(entry.id))
-                entry.listOnly = listOnly;
-    });
+    m_records.change([&ids](HistoryState& state) { state.setListOnly(ids, std::nullopt); });
 }
 
 bool CaptureHistoryStore::canUndoRemoval() const
@@ -395,8 +383,10 @@ void CaptureHistoryStore::removeFromList(QUuid list, const QSet<QUuid>& ids)
 // A capture that was in the list only would be nowhere: it is in the timeline again.
 void CaptureHistoryStore::leaveLists(const QSet<QUuid>& ids)
 {
-    m_records.change([&ids](HistoryState& state) { HistoryLists::drop(state.lists, ids); });
-    setListOnly(ids, std::nullopt);
+    m_records.change([&ids](HistoryState& state) {
+        HistoryLists::drop(state.lists, ids);
+        state.setListOnly(ids, std::nullopt);
+    });
 }
 
 // --- Pictures

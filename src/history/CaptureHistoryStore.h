@@ -164,7 +164,6 @@ private:
     QCoro::Task<> sweepInBackground();
     void captureLanded();
     void looksDifferent(QUuid id);
-    void setListOnly(const QSet<QUuid>& ids, std::optional<bool> listOnly);
     void removeForGood(bool (*isMeant)(const HistoryEntry&));
     void removeAtOnce(const QSet<QUuid>& ids);
     void prune();

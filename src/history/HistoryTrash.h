@@ -14,10 +14,10 @@ public:
     HistoryTrash(const HistoryTrash&) = delete;
     HistoryTrash& operator=(const HistoryTrash&) = delete;
 
-    // In the place of what was there.
-    void take(const QSet<QUuid>& ids);
+    // In the place of what was there. `hidden` ones stay in their lists and only leave the timeline.
+    void take(const QSet<QUuid>& ids, const QSet<QUuid>& hidden);
 
-    bool isEmpty() const { return m_entries.isEmpty(); }
+    bool isEmpty() const { return m_entries.isEmpty() && m_hidden.isEmpty(); }
 
     QSet<QUuid> ids() const;
 
@@ -27,6 +27,7 @@ public:
 
 private:
     void noteEntries(const QSet<QUuid>& ids);
+    void noteHidden(const QSet<QUuid>& ids);
     void noteLists(const QSet<QUuid>& ids);
 
     // Where a capture was filed.
@@ -42,6 +43,7 @@ private:
     std::function<void(const QSet<QUuid>&)> m_lapsed;
     QList<HistoryEntry> m_entries;
     std::vector<Place> m_places; // each list's in order
+    QSet<QUuid> m_hidden;
     MainLoop::TimerID m_timer = 0;
 };
 

@@ -284,6 +284,9 @@ TEST_F(CaptureHistoryStoreTest, AFiledCaptureLeavesTheTimelineOnly)
     store().deleteKeepingFiled(ids({1, 3}));
     EXPECT_THAT(numbers(store().timelineEntries()), ElementsAre(2));
     EXPECT_THAT(numbers(store().entriesIn(list)), ElementsAre(1, 2));
+    store().undoRemoval();
+    EXPECT_THAT(numbers(store().timelineEntries()), ElementsAre(3, 2, 1));
+    store().deleteKeepingFiled(ids({1, 3}));
     store().restoreToTimeline(ids({1}));
     EXPECT_THAT(numbers(store().timelineEntries()), ElementsAre(2, 1));
     EXPECT_EQ(store().entry(id(1))->listOnly, std::nullopt);

@@ -17,6 +17,15 @@ void HistoryState::remove(const QSet<QUuid>& ids)
     HistoryLists::drop(lists, ids);
 }
 
+void HistoryState::setListOnly(const QSet<QUuid>& ids, std::optional<bool> listOnly)
+{
+    if (ids.isEmpty())
+        return;
+    for (HistoryEntry& entry : entries)
+        if (ids.contains(entry.id))
+            entry.listOnly = listOnly;
+}
+
 QSet<QUuid> HistoryState::ids() const
 {
     QSet<QUuid> all;

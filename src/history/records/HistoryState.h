@@ -19,6 +19,7 @@ struct HistoryState {
     void insert(HistoryEntry entry);
     // Out of entries and lists.
     void remove(const QSet<QUuid>& ids);
+    void setListOnly(const QSet<QUuid>& ids, std::optional<bool> listOnly);
     QSet<QUuid> ids() const;
 
     bool operator==(const HistoryState&) const = default;
