@@ -575,6 +575,29 @@ TEST_F(CaptureHistoryStoreTest, AnEditIsWhatIsSeenFromThenOn)
     EXPECT_TRUE(hasBackdrop);
 }
 
+TEST_F(CaptureHistoryStoreTest, AnEditThatCantBeWrittenChangesNoRecordAndIsTold)
+{
+    recordUpTo(1);
+    const HistoryEntry before = *store().entry(id(1));
+    std::vector<bool> outcomes;
+    const auto edit = [&](int number) {
+        store().updateImage({.id = id(number),
+                             .flattened = Testing::testPicture({50, 40}, Testing::Texture::noise),
+                             .subject = CaptureSubject{{1, 1, 5, 5}, 2}},
+                            [&](const auto& done) { outcomes.push_back(done.has_value()); });
+        settle();
+    };
+    {
+        const Testing::FileSizeLimit full(2000); // the marks fit, the picture does not
+        edit(1);
+    }
+    EXPECT_EQ(*store().entry(id(1)), before);
+    edit(2);
+    edit(1);
+    EXPECT_THAT(outcomes, ElementsAre(false, false, true));
+    EXPECT_NE(*store().entry(id(1)), before);
+}
+
 TEST_F(CaptureHistoryStoreTest, ThumbnailsAreSmallAndCanBeDoneWithout)
 {
     CaptureResult large = capture(1);
