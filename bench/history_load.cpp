@@ -26,7 +26,7 @@ HistoryEntry capture(int number)
 {
     const QString text = QString::number(number);
     return {.id = QUuid::createUuid(),
-            .date = QDateTime(QDate(2024, 3, 5), QTime(9, 7, 3)).addSecs(-60 * number),
+            .date = QDateTime(QDate(2024, 3, 5), QTime(9, 7, 3), Qt::UTC).addSecs(-60 * number),
             .mode = number % 3 ? "area" : "window",
             .pixelScale = 2,
             .savedPath = "/home/somebody/Pictures/Kovrel/Screenshot 2024-03-05 at 09.07.03 " + text + ".png",

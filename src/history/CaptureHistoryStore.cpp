@@ -214,7 +214,7 @@ Subscription CaptureHistoryStore::onPictureChange(std::function<void(QUuid)> obs
 
 void CaptureHistoryStore::remove(const QSet<QUuid>& ids)
 {
-    m_trash.take(ids);
+    m_trash.take(ids, {});
 }
 
 void CaptureHistoryStore::deleteKeepingFiled(const QSet<QUuid>& ids)
@@ -225,8 +225,7 @@ void CaptureHistoryStore::deleteKeepingFiled(const QSet<QUuid>& ids)
 
 void CaptureHistoryStore::restoreToTimeline(const QSet<QUuid>& ids)
 {
-    if (!ids.isEmpty())
-        m_records.change([&ids](HistoryState& state) { state.setListOnly(ids, std::nullopt); });
+    m_records.change([&ids](HistoryState& state) { state.setListOnly(ids, std::nullopt); });
 }
 
 bool CaptureHistoryStore::canUndoRemoval() const

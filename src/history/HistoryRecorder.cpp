@@ -38,7 +38,7 @@ bool isHeldBy(const std::shared_ptr<CaptureSave>& save)
 HistoryEntry entryOf(const CaptureResult& result)
 {
     HistoryEntry entry{.id = result.id,
-                       .date = result.date,
+                       .date = result.date.toUTC(),
                        .mode = rawString(result.mode),
                        .pixelScale = result.pixelScale,
                        .pixelWidth = result.image.width(),

@@ -37,19 +37,20 @@ void HistoryTrash::noteEntries(const QSet<QUuid>& ids)
                          [&ids](const HistoryEntry& entry) { return ids.contains(entry.id); });
 }
 
+// Those that were hidden before stay so.
+void HistoryTrash::noteHidden(const QSet<QUuid>& ids)
+{
+    for (const QUuid id : ids)
+        if (const HistoryEntry* entry = m_records.entry(id); entry && entry->isInTimeline())
+            m_hidden.insert(id);
+}
+
 void HistoryTrash::noteLists(const QSet<QUuid>& ids)
 {
     for (const HistoryList& list : m_records.state().lists)
         for (size_t position = 0; position < list.entryIDs.size(); ++position)
             if (ids.contains(list.entryIDs[position]))
                 m_places.push_back({list.id, position, list.entryIDs[position]});
-}
-
-void HistoryTrash::noteHidden(const QSet<QUuid>& ids)
-{
-    for (const HistoryEntry& entry : m_records.state().entries)
-        if (entry.isInTimeline() && ids.contains(entry.id))
-            m_hidden.insert(entry.id);
 }
 
 void HistoryTrash::restore()

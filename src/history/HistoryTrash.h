@@ -14,8 +14,8 @@ public:
     HistoryTrash(const HistoryTrash&) = delete;
     HistoryTrash& operator=(const HistoryTrash&) = delete;
 
-    // In the place of what was there. `hidden` only leave the timeline.
-    void take(const QSet<QUuid>& ids, const QSet<QUuid>& hidden = {});
+    // In the place of what was there. `hidden` ones stay in their lists and only leave the timeline.
+    void take(const QSet<QUuid>& ids, const QSet<QUuid>& hidden);
 
     bool isEmpty() const { return m_entries.isEmpty() && m_hidden.isEmpty(); }
 
@@ -27,8 +27,8 @@ public:
 
 private:
     void noteEntries(const QSet<QUuid>& ids);
-    void noteLists(const QSet<QUuid>& ids);
     void noteHidden(const QSet<QUuid>& ids);
+    void noteLists(const QSet<QUuid>& ids);
 
     // Where a capture was filed.
     struct Place {
@@ -42,8 +42,8 @@ private:
     std::chrono::milliseconds m_undoTime;
     std::function<void(const QSet<QUuid>&)> m_lapsed;
     QList<HistoryEntry> m_entries;
-    QSet<QUuid> m_hidden;
     std::vector<Place> m_places; // each list's in order
+    QSet<QUuid> m_hidden;
     MainLoop::TimerID m_timer = 0;
 };
 

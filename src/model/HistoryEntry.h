@@ -15,7 +15,7 @@ namespace Kovrel {
 // The record of one capture.
 struct HistoryEntry {
     QUuid id;       // also the stem of every file of the entry
-    QDateTime date; // a moment, in whatever time zone: made local before it is shown
+    QDateTime date; // in UTC, since local time costs a look at the time zone each time: made local before it is shown
     // As a raw string: a mode that a newer program wrote is kept as it is.
     QString mode = rawString(CaptureMode::area);
     double pixelScale = 1.0;               // device pixels per point of the screen it came from

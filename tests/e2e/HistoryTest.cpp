@@ -1,5 +1,6 @@
 #include "tests/e2e/UserSession.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -57,6 +58,33 @@ TEST(History, CapturesComeBackAfterARestart)
     EXPECT_THAT(fields[0].toStdString(),
                 testing::MatchesRegex("[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}"));
     EXPECT_EQ(fields[1], "fullScreen");
+}
+
+TEST(History, ACaptureThatNobodyWaitedForIsThereAfterTheEnd)
+{
+    Testing::VirtualDisplay display(QSize(320, 200));
+    UserSession session(&display);
+    session.prepare({"afterCaptureActions=0"});
+    for (const bool isLoggedOut : {false, true}) {
+        EXPECT_EQ(session.kovrel({"capture", "fullScreen"}).exitCode, 0);
+        if (isLoggedOut)
+            session.endBus();
+        else
+            session.kovrel({"quit"});
+        EXPECT_TRUE(UserSession::eventually([&] { return history(session).size() == 1 + isLoggedOut; }));
+    }
+}
+
+TEST(History, ACaptureThatCantBeRecordedIsSaved)
+{
+    Testing::VirtualDisplay display(QSize(320, 200));
+    UserSession session(&display);
+    session.prepare({"afterCaptureActions=0"});
+    QFile blocked(session.path("data/Kovrel/History"));
+    QDir(blocked.fileName()).removeRecursively();
+    ASSERT_TRUE(blocked.open(QIODevice::WriteOnly));
+    session.kovrel({"capture", "fullScreen"});
+    EXPECT_TRUE(UserSession::eventually([&] { return session.savedFiles().size() == 1; }));
 }
 
 TEST(History, TheCommandNarrowsAndSaysWhenThereIsNothing)

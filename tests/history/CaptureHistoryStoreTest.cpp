@@ -284,6 +284,9 @@ TEST_F(CaptureHistoryStoreTest, AFiledCaptureLeavesTheTimelineOnly)
     store().deleteKeepingFiled(ids({1, 3}));
     EXPECT_THAT(numbers(store().timelineEntries()), ElementsAre(2));
     EXPECT_THAT(numbers(store().entriesIn(list)), ElementsAre(1, 2));
+    store().undoRemoval();
+    EXPECT_THAT(numbers(store().timelineEntries()), ElementsAre(3, 2, 1));
+    store().deleteKeepingFiled(ids({1, 3}));
     store().restoreToTimeline(ids({1}));
     EXPECT_THAT(numbers(store().timelineEntries()), ElementsAre(2, 1));
     EXPECT_EQ(store().entry(id(1))->listOnly, std::nullopt);
@@ -570,6 +573,29 @@ TEST_F(CaptureHistoryStoreTest, AnEditIsWhatIsSeenFromThenOn)
     EXPECT_EQ(thumbnail.size(), edited.size());
     EXPECT_EQ(marks, 1u);
     EXPECT_TRUE(hasBackdrop);
+}
+
+TEST_F(CaptureHistoryStoreTest, AnEditThatCantBeWrittenChangesNoRecordAndIsTold)
+{
+    recordUpTo(1);
+    const HistoryEntry before = *store().entry(id(1));
+    std::vector<bool> outcomes;
+    const auto edit = [&](int number) {
+        store().updateImage({.id = id(number),
+                             .flattened = Testing::testPicture({50, 40}, Testing::Texture::noise),
+                             .subject = CaptureSubject{{1, 1, 5, 5}, 2}},
+                            [&](const auto& done) { outcomes.push_back(done.has_value()); });
+        settle();
+    };
+    {
+        const Testing::FileSizeLimit full(2000); // the marks fit, the picture does not
+        edit(1);
+    }
+    EXPECT_EQ(*store().entry(id(1)), before);
+    edit(2);
+    edit(1);
+    EXPECT_THAT(outcomes, ElementsAre(false, false, true));
+    EXPECT_NE(*store().entry(id(1)), before);
 }
 
 TEST_F(CaptureHistoryStoreTest, ThumbnailsAreSmallAndCanBeDoneWithout)

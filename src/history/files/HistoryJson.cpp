@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <simdjson.h>
 
+#include <array>
 #include <cmath>
 
 namespace Kovrel {
@@ -22,61 +23,120 @@ struct NotARecord {};
 
 // --- Writing
 
-Json toJson(const QString& text)
-{
-    return text.toStdString();
-}
+// Puts values one after the other, in the order in which they are stored.
+class Writer {
+public:
+    // The elements with commas between them.
+    template <class Records>
+    void putArray(const Records& records)
+    {
+        char separator = '[';
+        for (const auto& record : records) {
+            m_json += std::exchange(separator, ',');
+            put(record);
+        }
+        m_json += separator == '[' ? "[]" : "]";
+    }
 
-Json toJson(int number)
-{
-    return number;
-}
+    void put(const HistoryEntry& entry)
+    {
+        putFirst("id", entry.id);
+        putNext("date", entry.date);
+        putNext("mode", entry.mode);
+        putNext("pixelScale", entry.pixelScale);
+        putNext("savedPath", entry.savedPath);
+        putNext("title", entry.title);
+        putNext("sourceBundleID", entry.sourceBundleID);
+        putNext("sourceAppName", entry.sourceAppName);
+        putNext("pixelWidth", entry.pixelWidth);
+        putNext("pixelHeight", entry.pixelHeight);
+        putNext("listOnly", entry.listOnly);
+        putNext("subject", entry.subject);
+        m_json += '}';
+    }
 
-Json toJson(bool isTrue)
-{
-    return isTrue;
-}
+    void put(const HistoryList& list)
+    {
+        putFirst("id", list.id);
+        putNext("name", list.name);
+        putNext("colorHex", list.colorHex);
+        putNext("createdAt", list.createdAt);
+        putNext("entryIDs", list.entryIDs);
+        m_json += '}';
+    }
 
-Json toJson(QUuid id)
-{
-    return id.toByteArray(QUuid::WithoutBraces).toUpper().toStdString();
-}
+    QByteArray json() { return std::move(m_json); }
 
-Json toJson(const QDateTime& date)
-{
-    return jsonNumber(double(date.toMSecsSinceEpoch() - beginning) / 1000);
-}
+private:
+    void put(const CaptureSubject& subject)
+    {
+        const Rect& rect = subject.rect;
+        putFirst("rect", std::array{std::array{rect.x, rect.y}, std::array{rect.width, rect.height}});
+        putNext("cornerRadius", subject.cornerRadius);
+        m_json += '}';
+    }
 
-Json toJson(const CaptureSubject& subject)
-{
-    const Rect& rect = subject.rect;
-    const Json origin = Json::array({jsonNumber(rect.x), jsonNumber(rect.y)});
-    const Json size = Json::array({jsonNumber(rect.width), jsonNumber(rect.height)});
-    return {{"rect", Json::array({origin, size})}, {"cornerRadius", jsonNumber(subject.cornerRadius)}};
-}
+    template <class T>
+    void putFirst(const char* key, const T& value)
+    {
+        m_json += "{\"";
+        putPair(key, value);
+    }
 
-template <class T>
-void putIfPresent(Json& object, const char* key, const std::optional<T>& value)
-{
-    if (value)
-        object[key] = toJson(*value);
-}
+    template <class T>
+    void putNext(const char* key, const T& value)
+    {
+        m_json += ",\"";
+        putPair(key, value);
+    }
 
-Json toJson(const HistoryList& list)
-{
-    Json ids = Json::array();
-    for (const QUuid id : list.entryIDs)
-        ids.push_back(toJson(id));
-    return {{"id", toJson(list.id)},
-            {"name", toJson(list.name)},
-            {"colorHex", toJson(list.colorHex)},
-            {"createdAt", toJson(list.createdAt)},
-            {"entryIDs", ids}};
-}
+    template <class T>
+    void putNext(const char* key, const std::optional<T>& value)
+    {
+        if (value)
+            putNext(key, *value);
+    }
 
-QByteArray bytes(const Json& json)
+    template <class T>
+    void putPair(const char* key, const T& value)
+    {
+        m_json += key;
+        m_json += "\":";
+        put(value);
+    }
+
+    void put(const QString& text)
+    {
+        m_json += Json(text.toStdString()).dump(-1, ' ', false, Json::error_handler_t::replace);
+    }
+
+    void put(double number) { m_json += jsonNumber(number).dump(); }
+
+    void put(int number) { m_json += QByteArray::number(number); }
+
+    void put(bool isTrue) { m_json += isTrue ? "true" : "false"; }
+
+    void put(QUuid id) { m_json += '"' + id.toByteArray(QUuid::WithoutBraces).toUpper() + '"'; }
+
+    void put(const QDateTime& date) { put(double(date.toMSecsSinceEpoch() - beginning) / 1000); }
+
+    void put(const std::vector<QUuid>& ids) { putArray(ids); }
+
+    template <class T>
+    void put(const std::array<T, 2>& pair)
+    {
+        putArray(pair);
+    }
+
+    QByteArray m_json;
+};
+
+template <class Records>
+QByteArray arrayOf(const Records& records)
 {
-    return QByteArray::fromStdString(json.dump(-1, ' ', false, Json::error_handler_t::replace));
+    Writer writer;
+    writer.putArray(records);
+    return writer.json();
 }
 
 // --- Reading
@@ -257,35 +317,20 @@ private:
 
 nlohmann::ordered_json HistoryJson::json(const HistoryEntry& entry)
 {
-    Json object{{"id", toJson(entry.id)},
-                {"date", toJson(entry.date)},
-                {"mode", toJson(entry.mode)},
-                {"pixelScale", jsonNumber(entry.pixelScale)}};
-    putIfPresent(object, "savedPath", entry.savedPath);
-    putIfPresent(object, "title", entry.title);
-    putIfPresent(object, "sourceBundleID", entry.sourceBundleID);
-    putIfPresent(object, "sourceAppName", entry.sourceAppName);
-    putIfPresent(object, "pixelWidth", entry.pixelWidth);
-    putIfPresent(object, "pixelHeight", entry.pixelHeight);
-    putIfPresent(object, "listOnly", entry.listOnly);
-    putIfPresent(object, "subject", entry.subject);
-    return object;
+    Writer writer;
+    writer.put(entry);
+    const QByteArray text = writer.json();
+    return Json::parse(text.begin(), text.end());
 }
 
 QByteArray HistoryJson::encoded(const QList<HistoryEntry>& entries)
 {
-    Json array = Json::array();
-    for (const HistoryEntry& entry : entries)
-        array.push_back(json(entry));
-    return bytes(array);
+    return arrayOf(entries);
 }
 
 QByteArray HistoryJson::encoded(const std::vector<HistoryList>& lists)
 {
-    Json array = Json::array();
-    for (const HistoryList& list : lists)
-        array.push_back(toJson(list));
-    return bytes(array);
+    return arrayOf(lists);
 }
 
 std::optional<HistoryJson::Reading<QList<HistoryEntry>>> HistoryJson::entries(const QByteArray& json)

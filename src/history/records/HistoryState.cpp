@@ -19,6 +19,8 @@ void HistoryState::remove(const QSet<QUuid>& ids)
 
 void HistoryState::setListOnly(const QSet<QUuid>& ids, std::optional<bool> listOnly)
 {
+    if (ids.isEmpty())
+        return;
     for (HistoryEntry& entry : entries)
         if (ids.contains(entry.id))
             entry.listOnly = listOnly;

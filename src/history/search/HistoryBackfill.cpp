@@ -88,8 +88,9 @@ QCoro::Task<bool> HistoryBackfill::read(QUuid id, std::stop_token stop)
 
 QCoro::Task<QImage> HistoryBackfill::pixels(CaptureOCRStore::Key key, std::shared_ptr<QImage> seen)
 {
-    *seen = co_await m_scope.join(m_captures.pixels(key));
-    co_return *seen;
+    const QImage image = co_await m_scope.join(m_captures.pixels(key));
+    *seen = image;
+    co_return image;
 }
 
 // Codes that are known already are in the text. `seen` are the pixels, if the text had to be read in them.

@@ -6,8 +6,8 @@
 namespace Kovrel {
 
 // What people are asked before captures go for good.
-class HistoryTexts {
-    Q_DECLARE_TR_FUNCTIONS(Kovrel::HistoryTexts)
+class HistoryQuestions {
+    Q_DECLARE_TR_FUNCTIONS(Kovrel::HistoryQuestions)
 
 public:
     // `unsaved`: how many captures `clearUnsaved` would take.
