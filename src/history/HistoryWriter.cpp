@@ -33,8 +33,7 @@ void HistoryWriter::load(Reply<Outcome> reply)
 
 QCoro::Task<> HistoryWriter::read(Reply<Outcome> reply)
 {
-    const Outcome outcome = co_await m_scope.onWorker(Lane::history, QualityOfService::utility,
-                                                      Guarded::orReason([file = m_file] { return file->load(); }));
+    const Outcome outcome = co_await onDisk([file = m_file] { return file->load(); });
     if (outcome)
         m_base = *outcome;
     m_isLoaded = true;
@@ -78,18 +77,25 @@ QCoro::Task<> HistoryWriter::writeChanges()
         const QSet<QUuid> deleted = std::exchange(m_deleted, {});
         const HistoryState state = m_state();
         const auto job = [file = m_file, base = m_base, state, deleted] { return file->write(base, state, deleted); };
-        Outcome outcome;
-        try {
-            outcome = co_await m_scope.onWorker(Lane::history, QualityOfService::utility, Guarded::orReason(job));
-        } catch (const std::exception&) { // no thread could be had
-            outcome = std::unexpected(Guarded::reason());
-        }
+        const Outcome outcome = co_await onDisk(job);
         take(state, outcome, deleted);
         for (const auto& waiter : waiters)
             waiter(outcome ? Written() : std::unexpected(outcome.error()));
         isDone = !outcome || !m_isChanged;
     }
     m_isWriting = false;
+}
+
+QCoro::Task<Outcome> HistoryWriter::onDisk(std::function<Outcome()> job)
+{
+    Outcome outcome;
+    try {
+        outcome =
+            co_await m_scope.onWorker(Lane::history, QualityOfService::utility, Guarded::orReason(std::move(job)));
+    } catch (const std::exception&) { // no thread could be had
+        outcome = std::unexpected(Guarded::reason());
+    }
+    co_return outcome;
 }
 
 void HistoryWriter::take(const HistoryState& written, const Outcome& outcome, const QSet<QUuid>& deleted)

@@ -33,6 +33,7 @@ public:
 private:
     QCoro::Task<> read(Reply<HistoryIndexFile::Outcome> reply);
     QCoro::Task<> writeChanges();
+    QCoro::Task<HistoryIndexFile::Outcome> onDisk(std::function<HistoryIndexFile::Outcome()> job);
     void start();
     void take(const HistoryState& written, const HistoryIndexFile::Outcome& outcome, const QSet<QUuid>& deleted);
 
