@@ -97,6 +97,8 @@ QWidget* HistoryWindow::makeContent()
 
 void HistoryWindow::present()
 {
+    if (!isVisible())
+        m_grid->selectFirst();
     showNormal();
     raise();
     activateWindow();

@@ -21,7 +21,7 @@ QString EntryTexts::title(const HistoryEntry& entry)
     if (entry.title && !entry.title->isEmpty())
         return *entry.title;
     if (entry.savedPath)
-        return QFileInfo(*entry.savedPath).fileName();
+        return QFileInfo(*entry.savedPath).completeBaseName();
     if (entry.sourceAppName && !entry.sourceAppName->isEmpty())
         return *entry.sourceAppName;
     return HistorySearch::label(entry.mode).value_or(tr("Capture"));

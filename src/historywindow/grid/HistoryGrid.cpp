@@ -74,6 +74,13 @@ void HistoryGrid::select(QUuid id)
         setCurrentIndex(m_model.index(row));
 }
 
+void HistoryGrid::selectFirst()
+{
+    scrollToTop();
+    if (m_model.rowCount() > 0)
+        setCurrentIndex(m_model.index(0));
+}
+
 void HistoryGrid::selectSomething()
 {
     if (selectionModel()->hasSelection() || m_model.rowCount() == 0)
@@ -83,9 +90,15 @@ void HistoryGrid::selectSomething()
 
 // --- Pictures
 
+// Rows leave room for the scroll bar, also while there is none.
+int HistoryGrid::usableWidth() const
+{
+    return maximumViewportSize().width() - style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+}
+
 int HistoryGrid::columns() const
 {
-    return std::max(1, viewport()->width() / HistoryDelegate::cellSize().width());
+    return std::max(1, usableWidth() / HistoryDelegate::cellSize().width());
 }
 
 QPair<int, int> HistoryGrid::rowsInView() const
@@ -151,7 +164,7 @@ void HistoryGrid::resizeEvent(QResizeEvent* event)
 {
     const QSize cell = HistoryDelegate::cellSize();
     if (m_shape == Shape::grid)
-        setGridSize({(viewport()->width() - 1) / columns(), cell.height()}); // a row ends before the edge
+        setGridSize({usableWidth() / columns(), cell.height()});
     QListView::resizeEvent(event);
     wantPictures();
 }

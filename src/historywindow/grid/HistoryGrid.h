@@ -21,6 +21,7 @@ public:
     QList<QUuid> selectedIds() const;
     QUuid currentId() const;
     void select(QUuid id);
+    void selectFirst();
     // Where nothing is selected, the capture at the keyboard's place is, or else the first.
     void selectSomething();
 
@@ -48,6 +49,7 @@ private:
     void takeLook();
     void wantPictures();
     void showPicture(QUuid id);
+    int usableWidth() const;
     int columns() const;
     QPair<int, int> rowsInView() const; // from the first to before the last
     std::vector<QUuid> inOrderOfUrgency() const;
