@@ -1,7 +1,5 @@
 #include "history/search/HistorySearchEngine.h"
 
-#include "history/search/SearchTerm.h"
-
 #include <algorithm>
 #include <numeric>
 #include <ranges>
@@ -11,7 +9,7 @@ namespace Kovrel {
 namespace {
 
 // More than anybody goes back to.
-constexpr size_t mostTerms = 64;
+constexpr size_t mostTerms = 32;
 // Texts lie all over the memory: one is fetched while those before it are searched.
 constexpr size_t fetchedAhead = 8;
 constexpr size_t rowsBetweenStops = 256;
@@ -33,8 +31,8 @@ void HistorySearchEngine::setTable(const Request& request)
 {
     if (m_table && m_table->isOf(request.entries, request.texts))
         return;
-    m_memo.clear();
     m_table.emplace(request.entries, request.texts);
+    m_memo = {{std::string(), everywhere()}};
 }
 
 std::optional<HistorySearchEngine::Rows> HistorySearchEngine::withTerms(const HistorySearch::Query& query,
@@ -77,28 +75,39 @@ HistorySearchEngine::Hits HistorySearchEngine::hitsOf(const QString& text, const
     const SearchTerm term(text);
     if (const auto known = m_memo.find(term.bytes()); known != m_memo.end())
         return known->second;
-    const Hits before = hitsOfBeginning(term.bytes());
-    auto hits = std::make_shared<std::vector<Hit>>();
-    for (size_t at = 0; at < before->size(); ++at) {
-        if (at % rowsBetweenStops == 0 && stop.stop_requested())
-            return nullptr;
-        term.fetch(m_table->text((*before)[std::min(at + fetchedAhead, before->size() - 1)].row));
-        const auto& [row, place] = (*before)[at];
-        if (const auto found = term.findIn(m_table->fields(row), m_table->text(row), place))
-            hits->push_back({row, *found});
-    }
+    const Hits hits = searched(term, *hitsOfBeginning(term.bytes()), stop);
     if (m_memo.size() >= mostTerms)
-        m_memo.clear();
-    return m_memo[term.bytes()] = std::move(hits);
+        m_memo = {{std::string(), everywhere()}};
+    return hits ? m_memo[term.bytes()] = hits : nullptr;
 }
 
-// Of the longest term it begins with that is known.
-HistorySearchEngine::Hits HistorySearchEngine::hitsOfBeginning(const std::string& term) const
+HistorySearchEngine::Hits HistorySearchEngine::searched(const SearchTerm& term, const std::vector<Hit>& before,
+                                                        const std::stop_token& stop) const
 {
-    for (size_t length = term.size() - 1; length > 0; --length)
-        if (const auto known = m_memo.find(term.substr(0, length)); known != m_memo.end())
-            return known->second;
-    return everywhere();
+    auto hits = std::make_shared<std::vector<Hit>>();
+    hits->reserve(before.size());
+    const auto behind = [&before](size_t at, size_t by) { return before[std::min(at + by, before.size() - 1)]; };
+    for (size_t at = 0; at < before.size(); ++at) {
+        if (at % rowsBetweenStops == 0 && stop.stop_requested())
+            return nullptr;
+        const Hit later = behind(at, fetchedAhead);
+        term.fetch(m_table->text(later.row), later.place);
+        const auto& [row, place] = before[at];
+        const SearchableText& next = m_table->text(behind(at, 1).row);
+        if (const auto found = term.findIn(m_table->fields(row), m_table->text(row), place, next))
+            hits->push_back({row, *found});
+    }
+    hits->shrink_to_fit();
+    return hits;
+}
+
+// Of the longest term it begins with that is known. No letters are.
+HistorySearchEngine::Hits HistorySearchEngine::hitsOfBeginning(std::string term) const
+{
+    auto known = m_memo.end();
+    for (; known == m_memo.end(); known = m_memo.find(term))
+        term.pop_back();
+    return known->second;
 }
 
 HistorySearchEngine::Hits HistorySearchEngine::everywhere() const

@@ -4,6 +4,7 @@
 #include "history/search/HistorySearch.h"
 #include "history/search/HistorySearchTable.h"
 #include "history/search/SearchPlace.h"
+#include "history/search/SearchTerm.h"
 
 #include <map>
 #include <memory>
@@ -41,13 +42,14 @@ private:
     void setTable(const Request& request);
     Rows allRows() const;
     Hits hitsOf(const QString& text, const std::stop_token& stop);
-    Hits hitsOfBeginning(const std::string& term) const;
+    Hits searched(const SearchTerm& term, const std::vector<Hit>& before, const std::stop_token& stop) const;
+    Hits hitsOfBeginning(std::string term) const;
     Hits everywhere() const;
     std::optional<Rows> withTerms(const HistorySearch::Query& query, const std::stop_token& stop);
     Rows filtered(Rows rows, const Request& request) const;
 
     std::optional<HistorySearchTable> m_table;
-    std::map<std::string, Hits> m_memo; // by the terms' bytes
+    std::map<std::string, Hits> m_memo; // by the terms' bytes; the empty one is found everywhere
 };
 
 } // namespace Kovrel
