@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <stop_token>
 #include <vector>
 
@@ -43,6 +44,10 @@ private:
     Rows allRows() const;
     Hits hitsOf(const QString& text, const std::stop_token& stop);
     Hits searched(const SearchTerm& term, const std::vector<Hit>& before, const std::stop_token& stop) const;
+    std::vector<Hit> searchedByTwo(const SearchTerm& term, std::span<const Hit> before,
+                                   const std::stop_token& stop) const;
+    std::vector<Hit> searchedPart(const SearchTerm& term, std::span<const Hit> before,
+                                  const std::stop_token& stop) const;
     Hits hitsOfBeginning(std::string term) const;
     Hits everywhere() const;
     std::optional<Rows> withTerms(const HistorySearch::Query& query, const std::stop_token& stop);

@@ -46,7 +46,8 @@ std::optional<size_t> ByteSearch::findSeveral(std::string_view text, std::string
 {
     const size_t reach = block + needle.size() - 1;
     for (; from + reach <= text.size(); from += block) {
-        __builtin_prefetch(next + from);
+        if (next)
+            __builtin_prefetch(next + from);
         if (const auto place = findInBlock(text.data() + from, needle))
             return from + *place;
     }
