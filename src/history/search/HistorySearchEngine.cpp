@@ -17,14 +17,20 @@ constexpr size_t rowsBetweenStops = 256;
 // A thread takes as long to start as some hundred rows.
 constexpr size_t worthTwoThreads = 4000;
 
+HistorySearchEngine::Rows inBoth(const HistorySearchEngine::Rows& rows, const auto& others)
+{
+    HistorySearchEngine::Rows both;
+    std::ranges::set_intersection(rows, others, std::back_inserter(both));
+    return both;
+}
+
 } // namespace
 
 std::optional<HistorySearchEngine::Rows> HistorySearchEngine::find(const Request& request, const std::stop_token& stop)
 {
     if (stop.stop_requested())
         return std::nullopt;
-    setTable(request);
-    auto rows = withTerms(request.query, stop);
+    auto rows = request.query.terms.empty() ? allRows(request) : withTerms(request, stop);
     if (rows && !request.filter.isEmpty())
         rows = filtered(std::move(*rows), request);
     return rows;
@@ -38,38 +44,32 @@ void HistorySearchEngine::setTable(const Request& request)
     m_memo = {{std::string(), everywhere()}};
 }
 
-std::optional<HistorySearchEngine::Rows> HistorySearchEngine::withTerms(const HistorySearch::Query& query,
-                                                                        const std::stop_token& stop)
+HistorySearchEngine::Rows HistorySearchEngine::allRows(const Request& request)
 {
-    if (query.terms.empty())
-        return allRows();
-    std::optional<Rows> rows;
-    for (const QString& term : query.terms) {
-        const Hits hits = hitsOf(term, stop);
-        if (!hits)
-            return std::nullopt;
-        Rows both;
-        const auto found = *hits | std::views::transform(&Hit::row);
-        if (rows)
-            std::ranges::set_intersection(*rows, found, std::back_inserter(both));
-        else
-            both.assign(found.begin(), found.end());
-        rows = std::move(both);
-    }
-    return rows;
-}
-
-HistorySearchEngine::Rows HistorySearchEngine::allRows() const
-{
-    Rows rows(m_table->size());
+    Rows rows(request.entries->size());
     std::iota(rows.begin(), rows.end(), 0);
     return rows;
 }
 
-HistorySearchEngine::Rows HistorySearchEngine::filtered(Rows rows, const Request& request) const
+std::optional<HistorySearchEngine::Rows> HistorySearchEngine::withTerms(const Request& request,
+                                                                        const std::stop_token& stop)
+{
+    setTable(request);
+    std::optional<Rows> rows;
+    for (const QString& term : request.query.terms) {
+        const Hits hits = hitsOf(term, stop);
+        if (!hits)
+            return std::nullopt;
+        const auto found = *hits | std::views::transform(&Hit::row);
+        rows = rows ? inBoth(*rows, found) : Rows(found.begin(), found.end());
+    }
+    return rows;
+}
+
+HistorySearchEngine::Rows HistorySearchEngine::filtered(Rows rows, const Request& request)
 {
     const auto isChosen = request.filter.predicate(request.context);
-    std::erase_if(rows, [&](std::uint32_t row) { return !isChosen(m_table->entry(row)); });
+    std::erase_if(rows, [&](std::uint32_t row) { return !isChosen((*request.entries)[row]); });
     return rows;
 }
 
