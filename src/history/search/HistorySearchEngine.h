@@ -4,10 +4,12 @@
 #include "history/search/HistorySearch.h"
 #include "history/search/HistorySearchTable.h"
 #include "history/search/SearchPlace.h"
+#include "history/search/SearchTerm.h"
 
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <stop_token>
 #include <vector>
 
@@ -39,15 +41,20 @@ private:
     using Hits = std::shared_ptr<const std::vector<Hit>>; // null: the search was stopped
 
     void setTable(const Request& request);
-    Rows allRows() const;
+    static Rows allRows(const Request& request);
     Hits hitsOf(const QString& text, const std::stop_token& stop);
-    Hits hitsOfBeginning(const std::string& term) const;
+    Hits searched(const SearchTerm& term, const std::vector<Hit>& before, const std::stop_token& stop) const;
+    std::vector<Hit> searchedByTwo(const SearchTerm& term, std::span<const Hit> before,
+                                   const std::stop_token& stop) const;
+    std::vector<Hit> searchedPart(const SearchTerm& term, std::span<const Hit> before,
+                                  const std::stop_token& stop) const;
+    Hits hitsOfBeginning(std::string term) const;
     Hits everywhere() const;
-    std::optional<Rows> withTerms(const HistorySearch::Query& query, const std::stop_token& stop);
-    Rows filtered(Rows rows, const Request& request) const;
+    std::optional<Rows> withTerms(const Request& request, const std::stop_token& stop);
+    static Rows filtered(Rows rows, const Request& request);
 
     std::optional<HistorySearchTable> m_table;
-    std::map<std::string, Hits> m_memo; // by the terms' bytes
+    std::map<std::string, Hits> m_memo; // by the terms' bytes; the empty one is found everywhere
 };
 
 } // namespace Kovrel

@@ -22,8 +22,6 @@ public:
 
     std::uint32_t size() const { return std::uint32_t(m_rows.size()); }
 
-    const HistoryEntry& entry(std::uint32_t row) const { return (*m_entries)[row]; }
-
     // As `SearchFields::of`.
     std::string_view fields(std::uint32_t row) const
     {

@@ -27,27 +27,26 @@ SearchTerm::SearchTerm(const QString& term)
 {
 }
 
-// What is cheap and likely comes first; which of the three it is makes no difference to whether it is found. A longer
-// term is nowhere where a shorter one was not, and not before it.
-std::optional<SearchPlace> SearchTerm::findIn(std::string_view fields, const SearchableText& text,
-                                              SearchPlace before) const
+// A longer term is nowhere where a shorter one was not, and not before it. The text comes first, since most that is
+// typed stands there.
+std::optional<SearchPlace> SearchTerm::findIn(std::string_view fields, const SearchableText& text, SearchPlace before,
+                                              const SearchableText& next) const
 {
-    if (before.where == Where::fields && ByteSearch::find(fields, m_bytes))
-        return SearchPlace{Where::fields};
-    if (before.where != Where::scattered)
-        if (const auto offset = findIn(text, before.offset))
+    if (before.where == Where::text)
+        if (const auto offset = findIn(text, before.offset, next))
             return SearchPlace{Where::text, std::uint32_t(*offset)};
+    if (before.where != Where::scattered && ByteSearch::find(fields, m_bytes))
+        return SearchPlace{Where::fields};
     return isScatteredIn(fields) ? std::optional(SearchPlace{Where::scattered}) : std::nullopt;
 }
 
-std::optional<size_t> SearchTerm::findIn(const SearchableText& text, size_t from) const
+// What was found of a shorter term often goes on where it stands.
+std::optional<size_t> SearchTerm::findIn(const SearchableText& text, size_t from, const SearchableText& next) const
 {
-    return TextGrams::mayHave(text.signature, m_grams) ? ByteSearch::find(text.folded, m_bytes, from) : std::nullopt;
-}
-
-void SearchTerm::fetch(const SearchableText& text) const
-{
-    __builtin_prefetch(m_grams.empty() ? text.folded.data() : text.signature.data());
+    if (from > 0 && text.folded.substr(from).starts_with(m_bytes))
+        return from;
+    const bool isPossible = m_grams.empty() || TextGrams::mayHave(text.signature, m_grams);
+    return isPossible ? ByteSearch::find(text.folded, m_bytes, from, next.folded.data()) : std::nullopt;
 }
 
 bool SearchTerm::isScatteredIn(std::string_view fields) const

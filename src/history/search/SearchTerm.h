@@ -21,15 +21,21 @@ public:
 
     const std::string& bytes() const { return m_bytes; }
 
-    // Whether and where a capture has it. `before`: where a term was found that this one begins with.
-    std::optional<SearchPlace> findIn(std::string_view fields, const SearchableText& text,
-                                      SearchPlace before = {}) const;
+    // Whether and where a capture has it. `before`: where a term was found that this one begins with. `next`: the text
+    // that is searched after this one.
+    std::optional<SearchPlace> findIn(std::string_view fields, const SearchableText& text, SearchPlace before = {},
+                                      const SearchableText& next = {}) const;
 
-    // What will be looked at first of a text that will be searched soon.
-    void fetch(const SearchableText& text) const;
+    // Fetches what will be looked at first of a text that will be searched soon.
+    void fetch(const SearchableText& text, SearchPlace before) const
+    {
+        __builtin_prefetch(text.folded.data() + before.offset);
+        if (!m_grams.empty())
+            __builtin_prefetch(text.signature.data() + TextGrams::bitOf(m_grams.front(), text.signature) / 8);
+    }
 
 private:
-    std::optional<size_t> findIn(const SearchableText& text, size_t from) const;
+    std::optional<size_t> findIn(const SearchableText& text, size_t from, const SearchableText& next) const;
     bool isScatteredIn(std::string_view fields) const;
     bool isScatteredInField(std::string_view field) const;
 

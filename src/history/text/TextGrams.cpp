@@ -16,11 +16,6 @@ TextGrams::Gram gramAt(const char* place)
     return (byte(0) | byte(1) << 8 | byte(2) << 16) * 2654435761u;
 }
 
-size_t bitOf(TextGrams::Gram gram, size_t bytes)
-{
-    return size_t((std::uint64_t(gram) * (bytes * 8)) >> 32);
-}
-
 } // namespace
 
 std::vector<TextGrams::Gram> TextGrams::of(std::string_view term)
@@ -35,7 +30,9 @@ std::string TextGrams::signature(std::string_view text)
 {
     std::string bits(text.size() < length ? 0 : text.size() / share + 1, '\0');
     for (size_t place = 0; place + length <= text.size(); ++place) {
-        const size_t bit = bitOf(gramAt(text.data() + place), bits.size());
+        if (text.substr(place, length).contains(' '))
+            continue;
+        const size_t bit = bitOf(gramAt(text.data() + place), bits);
         bits[bit / 8] = char(bits[bit / 8] | 1 << bit % 8);
     }
     return bits;
@@ -44,7 +41,7 @@ std::string TextGrams::signature(std::string_view text)
 bool TextGrams::mayHave(std::string_view signature, std::span<const Gram> grams)
 {
     return std::ranges::all_of(grams, [signature](Gram gram) {
-        const size_t bit = bitOf(gram, signature.size());
+        const size_t bit = bitOf(gram, signature);
         return !signature.empty() && (signature[bit / 8] >> bit % 8 & 1) != 0;
     });
 }

@@ -234,6 +234,22 @@ TEST(HistorySearchTest, RandomHistoriesAreNarrowedAsTheRuleSays)
     }
 }
 
+// So many that two threads share them.
+TEST(HistorySearchTest, ALargeHistoryIsNarrowedInOrder)
+{
+    const auto entries = std::make_shared<std::vector<HistoryEntry>>();
+    HistorySearchEngine::Rows expected;
+    for (uint32_t row = 0; row < 9001; ++row) {
+        entries->push_back(capture(row % 7 ? "xyz" : "axb", "unheard of"));
+        if (row % 7 == 0)
+            expected.push_back(row);
+    }
+    HistorySearchEngine engine;
+    EXPECT_EQ(engine.find({entries, {}, parse("a"), {}, {}}, {}), expected);
+    EXPECT_EQ(engine.find({entries, {}, parse("ab"), {}, {}}, {}), expected);
+    EXPECT_EQ(engine.find({entries, {}, parse("abz"), {}, {}}, {}), HistorySearchEngine::Rows());
+}
+
 TEST(HistorySearchTest, AStoppedSearchLeavesNothingBehind)
 {
     RandomHistory history(1);
