@@ -1,4 +1,5 @@
 #include "tests/e2e/UserSession.h"
+#include "tests/support/PaintedScreen.h"
 
 #include <QDir>
 #include <QFile>
@@ -101,13 +102,43 @@ TEST(History, TheCommandNarrowsAndSaysWhenThereIsNothing)
     };
 
     for (const Case& c : {Case{{"--kind", "fullScreen"}, 0}, Case{{"--kind", "window"}, 1}, Case{{"--kind", "x"}, 2},
-                          Case{{"--app", "nobody"}, 1}, Case{{"--list", "none"}, 1}, Case{{"fullscreen"}, 0},
-                          Case{{"fullscreen", "nowhere"}, 1}})
+                          Case{{"--app", "nobody"}, 1}, Case{{"--list", "none"}, 1}, Case{{"screen"}, 0},
+                          Case{{"screen", "nowhere"}, 1}, Case{{"--date", "today"}, 0}, Case{{"--date", "1999"}, 1},
+                          Case{{"--date", "soon"}, 2}})
         EXPECT_EQ(session.kovrel(QStringList{"history"} + c.arguments).exitCode, c.exitCode)
             << qPrintable(c.arguments.join(' '));
     session.kovrel({"preferences", "set", "historyEnabled", "false"});
     EXPECT_TRUE(UserSession::eventually([&] { return session.kovrel({"history"}).exitCode == 1; }))
         << "what is not saved goes when the history is turned off";
+}
+
+TEST(History, ItsWindowFindsACaptureByItsWordsAndCopiesIt)
+{
+    const Testing::VirtualDisplay display({1300, 900});
+    Testing::PaintedScreen painted(display.name());
+    UserSession session(&display);
+    session.start("openbox", {});
+    session.prepare({"afterCaptureActions=0"});
+    const QString words = session.path("words.png");
+    session.run("convert", {"-size", "1300x900", "xc:white", "-font", "DejaVu-Sans", "-pointsize", "20", "-annotate",
+                            "+40+60", "An unmistakable sentence", words});
+    const QImage screen = QImage(words).convertToFormat(QImage::Format_RGB32);
+    painted.setRootPicture(screen);
+    ASSERT_EQ(session.kovrel({"capture", "ocrRegion", "--rect", "0,0,600,100", "--wait"}).exitCode, 0);
+    capture(session);
+    EXPECT_EQ(history(session, {"unmistakable"}).size(), 1) << "what was read is found without being read again";
+
+    ASSERT_EQ(session.kovrel({"recent"}).exitCode, 0);
+    session.run("xdotool",
+                {"search", "--sync", "--onlyvisible", "--name", "Recent Captures", "windowactivate", "--sync"});
+    session.run("xdotool", {"type", "unmistakable"});
+    session.run("xdotool", {"key", "Return"}); // to the pictures
+    const auto copied = [&] {
+        session.run("xdotool", {"key", "ctrl+c"});
+        const auto png = session.run("xclip", {"-selection", "clipboard", "-t", "image/png", "-o"});
+        return QImage::fromData(png.output).convertToFormat(QImage::Format_RGB32) == screen.copy(0, 0, 600, 100);
+    };
+    EXPECT_TRUE(UserSession::eventually(copied));
 }
 
 } // namespace Kovrel
