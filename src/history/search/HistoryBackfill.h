@@ -3,6 +3,7 @@
 #include "history/search/HistoryTextIndex.h"
 #include "recognition/CaptureOCRStore.h"
 
+#include <QImage>
 #include <QSet>
 
 #include <stop_token>

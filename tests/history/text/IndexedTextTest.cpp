@@ -4,6 +4,8 @@
 #include "history/text/TextGrams.h"
 #include "model/TextFolding.h"
 
+#include <QStringList>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
