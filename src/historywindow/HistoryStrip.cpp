@@ -77,6 +77,7 @@ void HistoryStrip::connectParts()
 void HistoryStrip::refresh()
 {
     m_model.setEntries(m_browser.shown());
+    m_row->selectSomething();
     const bool isEmpty = m_browser.isEmpty();
     m_nothing->setText(m_browser.isNarrowed() ? tr("Nothing found") : tr("Whatever you capture is kept here."));
     m_nothing->setVisible(isEmpty);
