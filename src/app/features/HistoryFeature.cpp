@@ -120,12 +120,12 @@ std::vector<CommandHandler> HistoryFeature::commands()
 
 void HistoryFeature::showRecent(const Command& command, const Reply<CommandAnswer>& reply)
 {
-    m_indexer.load();
     const auto show = [this, isStrip = command.has("strip")] {
         if (isStrip)
             showStrip();
         else
             m_windows->showWindow();
+        m_indexer.load(); // behind what is seen
     };
     if (m_ports.captures)
         m_ports.captures->whenForegroundIsFree(show);
