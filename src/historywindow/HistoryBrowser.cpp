@@ -9,9 +9,22 @@ HistoryBrowser::HistoryBrowser(MainLoop& loop, Workers& workers, CaptureHistoryS
       m_store(store),
       m_index(index),
       m_session(loop, workers, index, [this](HistorySearchSession::Result result) { take(std::move(result)); }),
-      m_storeChanges(store.onChange([this] { takeEntries(); }))
+      m_storeChanges(store.onChange([this] { takeChange(); }))
 {
-    takeEntries();
+}
+
+void HistoryBrowser::setShown(bool isShown)
+{
+    m_isShown = isShown;
+    if (isShown && m_isStale)
+        takeEntries();
+}
+
+void HistoryBrowser::takeChange()
+{
+    m_isStale = true;
+    if (m_isShown)
+        takeEntries();
 }
 
 void HistoryBrowser::setList(std::optional<QUuid> list)
@@ -19,17 +32,28 @@ void HistoryBrowser::setList(std::optional<QUuid> list)
     if (list == m_list)
         return;
     m_list = list;
-    takeEntries();
+    takeChange();
 }
 
 void HistoryBrowser::takeEntries()
 {
+    m_isStale = false;
+    m_areOptionsStale = true;
     const QList<HistoryEntry> listed = m_list ? m_store.entriesIn(*m_list) : m_store.timelineEntries();
-    const auto entries = std::make_shared<const std::vector<HistoryEntry>>(listed.begin(), listed.end());
-    m_options = HistoryFacetOptions::of(*entries, m_store.lists(), m_loop.date());
-    m_suggestions.setOptions(m_options);
+    m_entries = std::make_shared<const std::vector<HistoryEntry>>(listed.begin(), listed.end());
+    if (!m_text.isEmpty() || !m_suggestions.filter().isEmpty())
+        takeOptions();
     m_session.setFilter(m_suggestions.filter(), HistoryFacetContext::of(m_store.lists(), m_loop.date()));
-    m_session.setEntries(entries);
+    m_session.setEntries(m_entries);
+}
+
+// What can be chosen is counted when somebody begins to type.
+void HistoryBrowser::takeOptions()
+{
+    if (!std::exchange(m_areOptionsStale, false))
+        return;
+    m_options = HistoryFacetOptions::of(*m_entries, m_store.lists(), m_loop.date());
+    m_suggestions.setOptions(m_options);
 }
 
 void HistoryBrowser::setText(const QString& text)
@@ -37,6 +61,7 @@ void HistoryBrowser::setText(const QString& text)
     if (text == m_text)
         return;
     m_text = text;
+    takeOptions();
     m_suggestions.setText(text);
     m_session.setQuery(text);
     m_observers.notify();
@@ -62,6 +87,7 @@ void HistoryBrowser::take(HistorySearchSession::Result result)
     for (const auto row : result.rows)
         m_shown.append((*result.entries)[row]);
     m_query = std::move(result.query);
+    m_hasLooked = m_store.isLoaded();
     m_observers.notify();
 }
 

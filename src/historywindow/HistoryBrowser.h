@@ -12,6 +12,9 @@ class HistoryBrowser {
 public:
     HistoryBrowser(MainLoop& loop, Workers& workers, CaptureHistoryStore& store, HistoryTextIndex& index);
 
+    // Whether anybody looks: without, changes of the history cost nothing.
+    void setShown(bool isShown);
+
     // What is shown has changed, or what could be chosen.
     Subscription onChange(std::function<void()> observer) { return m_observers.add(std::move(observer)); }
 
@@ -26,6 +29,9 @@ public:
 
     // In the order in which they are listed.
     const QList<HistoryEntry>& shown() const { return m_shown; }
+
+    // Whether there is really nothing, or nobody has looked yet.
+    bool isEmpty() const { return m_hasLooked && m_shown.isEmpty(); }
 
     // Where the words that were searched for stand in a capture, each axis from 0 to 1, origin bottom-left.
     std::vector<Rect> hits(QUuid id);
@@ -44,7 +50,9 @@ public:
     void removeLastFilter();
 
 private:
+    void takeChange();
     void takeEntries();
+    void takeOptions();
     void applyFilter();
     void take(HistorySearchSession::Result result);
 
@@ -53,7 +61,12 @@ private:
     HistoryTextIndex& m_index;
     std::optional<QUuid> m_list;
     QString m_text;
+    HistorySearchSession::Entries m_entries = std::make_shared<const std::vector<HistoryEntry>>(); // not narrowed
     HistoryFilterSuggestions m_suggestions;
+    bool m_isShown = false;
+    bool m_hasLooked = false;
+    bool m_isStale = true; // the history has changed since it was shown
+    bool m_areOptionsStale = true;
     std::vector<HistoryFacetOptions::Option> m_options;
     QList<HistoryEntry> m_shown;
     HistorySearch::Query m_query; // that of what is shown

@@ -77,7 +77,8 @@ void HistoryStrip::connectParts()
 void HistoryStrip::refresh()
 {
     m_model.setEntries(m_browser.shown());
-    const bool isEmpty = m_browser.shown().isEmpty();
+    m_row->selectSomething();
+    const bool isEmpty = m_browser.isEmpty();
     m_nothing->setText(m_browser.isNarrowed() ? tr("Nothing found") : tr("Whatever you capture is kept here."));
     m_nothing->setVisible(isEmpty);
     m_row->setVisible(!isEmpty);
@@ -111,6 +112,18 @@ void HistoryStrip::changeEvent(QEvent* event)
     AppWindow::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && !isActiveWindow() && !QApplication::activePopupWidget())
         hide();
+}
+
+void HistoryStrip::showEvent(QShowEvent* event)
+{
+    m_browser.setShown(true);
+    AppWindow::showEvent(event);
+}
+
+void HistoryStrip::hideEvent(QHideEvent* event)
+{
+    AppWindow::hideEvent(event);
+    m_browser.setShown(false);
 }
 
 void HistoryStrip::keyPressEvent(QKeyEvent* event)

@@ -1,5 +1,6 @@
 #include "historywindow/HistoryWindow.h"
 
+#include "history/HistoryQuestions.h"
 #include "historywindow/HistoryPreview.h"
 #include "historywindow/UndoBar.h"
 #include "historywindow/grid/EntryTexts.h"
@@ -12,6 +13,8 @@
 #include <QBoxLayout>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -138,6 +141,8 @@ void HistoryWindow::connectLists()
     connect(m_sidebar, &HistorySidebar::newListWanted, this, &HistoryWindow::createList);
     connect(m_sidebar, &HistorySidebar::colorChosen, this,
             [&store](QUuid list, const QString& hex) { store.setListColor(list, hex); });
+    connect(m_sidebar, &HistorySidebar::clearingWanted, this, &HistoryWindow::askBeforeClearing);
+    connect(m_sidebar, &HistorySidebar::turningOffWanted, this, &HistoryWindow::askBeforeTurningOff);
     connect(m_sidebar, &HistorySidebar::listDeleted, this, [&store](QUuid list) { store.deleteList(list); });
     connect(&lists, &ListsModel::listRenamed, this,
             [&store](QUuid list, const QString& name) { store.renameList(list, name); });
@@ -222,7 +227,7 @@ void HistoryWindow::showSuggestions()
 
 void HistoryWindow::refreshCenter()
 {
-    const bool isEmpty = m_browser.shown().isEmpty() && m_services.store.isLoaded();
+    const bool isEmpty = m_browser.isEmpty();
     if (isEmpty)
         m_empty->set(emptyState());
     m_preview->setVisible(!isEmpty);
@@ -300,6 +305,31 @@ void HistoryWindow::createList()
     m_sidebar->rename(list);
 }
 
+void HistoryWindow::askBeforeClearing()
+{
+    ask(tr("Delete all captures that are in no list?"), HistoryQuestions::clearUnfiledExplanation(), tr("Delete"),
+        [this] { m_services.store.clearUnfiled(); });
+}
+
+// The store follows the setting.
+void HistoryWindow::askBeforeTurningOff()
+{
+    ask(HistoryQuestions::turnOffQuestion(m_services.store.unsavedCount()), HistoryQuestions::turnOffExplanation(),
+        tr("Turn Off"), [this] { m_services.preferences.set(Settings::historyEnabled, false); });
+}
+
+void HistoryWindow::ask(const QString& question, const QString& explanation, const QString& answer,
+                        std::function<void()> action)
+{
+    auto* box = new QMessageBox(QMessageBox::Question, windowTitle(), question, QMessageBox::Cancel, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setInformativeText(explanation);
+    const auto* button = box->addButton(answer, QMessageBox::DestructiveRole);
+    connect(button, &QPushButton::clicked, this, std::move(action));
+    box->setDefaultButton(QMessageBox::Cancel);
+    box->open();
+}
+
 void HistoryWindow::tellRemoved(int count)
 {
     m_undoBar->show(tr("%n captures deleted", nullptr, count));
@@ -316,6 +346,18 @@ void HistoryWindow::escape()
         m_browser.clear();
     else
         close();
+}
+
+void HistoryWindow::showEvent(QShowEvent* event)
+{
+    m_browser.setShown(true);
+    AppWindow::showEvent(event);
+}
+
+void HistoryWindow::hideEvent(QHideEvent* event)
+{
+    AppWindow::hideEvent(event);
+    m_browser.setShown(false);
 }
 
 void HistoryWindow::keyPressEvent(QKeyEvent* event)

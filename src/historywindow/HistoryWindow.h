@@ -31,6 +31,8 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -46,6 +48,9 @@ private:
     void showSelected();
     void escape();
     void createList();
+    void askBeforeClearing();
+    void askBeforeTurningOff();
+    void ask(const QString& question, const QString& explanation, const QString& answer, std::function<void()> action);
     void tellRemoved(int count);
     EmptyState::Content emptyState();
     HistoryMenu::Situation situation() const;

@@ -1,5 +1,6 @@
 #include "tests/e2e/UserSession.h"
 #include "tests/support/PaintedScreen.h"
+#include "tests/support/PictureDifference.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -236,7 +237,7 @@ TEST(History, ItsWindowFindsACaptureByItsWordsAndCopiesIt)
     const auto copied = [&] {
         session.run("xdotool", {"key", "ctrl+c"});
         const auto png = session.run("xclip", {"-selection", "clipboard", "-t", "image/png", "-o"});
-        return QImage::fromData(png.output).convertToFormat(QImage::Format_RGB32) == screen.copy(0, 0, 600, 100);
+        return bool(Testing::sameColors(QImage::fromData(png.output), screen.copy(0, 0, 600, 100)));
     };
     EXPECT_TRUE(UserSession::eventually(copied));
 }

@@ -7,10 +7,12 @@
 #include "tests/history/HistoryFixture.h"
 #include "tests/support/FakeDesktop.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QMimeData>
 
 namespace Kovrel {
@@ -51,6 +53,7 @@ struct HistoryWindowTest : Testing::HistoryFixture {
             .prepareDragFiles = [](const auto&) {},
             .captureKeys = [] { return QString("Ctrl+Alt+4"); },
         });
+        window->present();
         settle();
     }
 
@@ -105,7 +108,6 @@ struct HistoryWindowTest : Testing::HistoryFixture {
 
 TEST_F(HistoryWindowTest, WordsAndChipsNarrowWhatIsShown)
 {
-    window->present();
     EXPECT_THAT(shown(), ElementsAre(5, 4, 3, 2, 1));
     search().setText("total");
     EXPECT_THAT(shown(), ElementsAre(2));
@@ -195,6 +197,32 @@ TEST_F(HistoryWindowTest, TitlesAreGivenInPlaceAndTakenAway)
     model().setData(row(), "", Qt::EditRole);
     settle();
     EXPECT_EQ(store().entry(id(2))->title, std::nullopt);
+}
+
+TEST_F(HistoryWindowTest, WhatGoesForGoodIsAskedFor)
+{
+    struct Case {
+        void (HistorySidebar::*wanted)();
+        const char* question;
+        std::vector<int> left;
+    };
+
+    store().setSavedPath(id(1), "/somewhere/one.png");
+    for (const Case& c :
+         {Case{&HistorySidebar::turningOffWanted, "Turn off history and delete 3 unsaved captures?", {3, 1}},
+          Case{&HistorySidebar::clearingWanted, "Delete all captures that are in no list?", {3}}})
+        for (const bool isMeant : {false, true}) {
+            const std::vector<int> before = shown();
+            Q_EMIT(sidebar().*c.wanted)();
+            auto* box = window->findChild<QMessageBox*>();
+            ASSERT_TRUE(box);
+            EXPECT_EQ(box->text(), c.question);
+            for (QAbstractButton* button : box->buttons())
+                if ((box->buttonRole(button) == QMessageBox::DestructiveRole) == isMeant)
+                    button->click();
+            delete box;
+            EXPECT_EQ(shown(), isMeant ? c.left : before);
+        }
 }
 
 } // namespace Kovrel

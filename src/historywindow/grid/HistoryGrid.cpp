@@ -90,10 +90,12 @@ void HistoryGrid::selectSomething()
 
 // --- Pictures
 
-// Rows leave room for the scroll bar, also while there is none.
+// A view whose scroll bar comes and goes breaks its rows as if it were there, with what a style puts around it.
 int HistoryGrid::usableWidth() const
 {
-    return maximumViewportSize().width() - style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    const auto metric = [this](QStyle::PixelMetric which) { return style()->pixelMetric(which, nullptr, this); };
+    return maximumViewportSize().width() - metric(QStyle::PM_ScrollBarExtent) -
+           metric(QStyle::PM_ScrollView_ScrollBarSpacing) - 2 * metric(QStyle::PM_DefaultFrameWidth);
 }
 
 int HistoryGrid::columns() const

@@ -85,20 +85,31 @@ void HistorySidebar::rename(QUuid list)
 
 void HistorySidebar::showMenu(const QPoint& position)
 {
-    const auto list = m_model.listAt(m_view->indexAt(position).row());
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (!list) {
-        menu->addAction(tr("New List"), this, &HistorySidebar::newListWanted);
-    } else {
-        menu->addAction(tr("Rename"), this, [this, list = *list] { rename(list); });
-        QMenu* colors = menu->addMenu(tr("Color"));
-        for (const auto& [name, hex] : HistoryList::palette)
-            colors->addAction(dot(hex), tr(name), this, [this, list = *list, hex] { Q_EMIT colorChosen(list, hex); });
-        menu->addSeparator();
-        menu->addAction(tr("Delete List"), this, [this, list = *list] { Q_EMIT listDeleted(list); });
-    }
+    if (const auto list = m_model.listAt(m_view->indexAt(position).row()))
+        fillListMenu(*menu, *list);
+    else
+        fillTimelineMenu(*menu);
     menu->popup(m_view->viewport()->mapToGlobal(position));
+}
+
+void HistorySidebar::fillTimelineMenu(QMenu& menu)
+{
+    menu.addAction(tr("New List"), this, &HistorySidebar::newListWanted);
+    menu.addSeparator();
+    menu.addAction(tr("Delete All That Is in No List\u2026"), this, &HistorySidebar::clearingWanted);
+    menu.addAction(tr("Turn Off History\u2026"), this, &HistorySidebar::turningOffWanted);
+}
+
+void HistorySidebar::fillListMenu(QMenu& menu, QUuid list)
+{
+    menu.addAction(tr("Rename"), this, [this, list] { rename(list); });
+    QMenu* colors = menu.addMenu(tr("Color"));
+    for (const auto& [name, hex] : HistoryList::palette)
+        colors->addAction(dot(hex), tr(name), this, [this, list, hex] { Q_EMIT colorChosen(list, hex); });
+    menu.addSeparator();
+    menu.addAction(tr("Delete List"), this, [this, list] { Q_EMIT listDeleted(list); });
 }
 
 } // namespace Kovrel

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class QListView;
+class QMenu;
 
 namespace Kovrel {
 
@@ -28,9 +29,14 @@ Q_SIGNALS:
     void newListWanted();
     void colorChosen(QUuid list, const QString& hex);
     void listDeleted(QUuid list);
+    // All that is in no list.
+    void clearingWanted();
+    void turningOffWanted();
 
 private:
     void showMenu(const QPoint& position);
+    void fillTimelineMenu(QMenu& menu);
+    void fillListMenu(QMenu& menu, QUuid list);
 
     ListsModel m_model;
     QListView* m_view;
