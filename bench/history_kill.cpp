@@ -1,6 +1,6 @@
-// history_kill [ROUNDS]: a program that records, edits, files and deletes captures as fast as it can is killed at
-// random moments, under load. After each time the next start must have all that was reported as done. Ends with 1 when
-// anything was lost, came back or was left in parts.
+// history_kill [ROUNDS [PROGRAMS]]: a program that records, edits, files and deletes captures as fast as it can is
+// killed at random moments, under load; or several at the same time on one folder. After each time the next start must
+// have all that was reported as done. Ends with 1 when anything was lost, came back or was left in parts.
 
 #include "history/CaptureHistoryStore.h"
 #include "history/files/HistoryIndexFile.h"
@@ -177,23 +177,32 @@ class Killer {
 public:
     explicit Killer(QString program) : m_program(std::move(program)) {}
 
-    void round()
+    void round(int programs)
     {
-        QProcess worker;
-        worker.start(m_program, {"--worker", m_folder.path()});
-        worker.waitForStarted();
-        worker.waitForReadyRead();
-        QThread::usleep(m_random.bounded(400'000));
-        ::kill(pid_t(worker.processId()), SIGKILL);
-        worker.waitForFinished();
-        for (const QByteArray& line : worker.readAllStandardOutput().trimmed().split('\n'))
-            take(line);
+        std::vector<QProcess> workers{size_t(programs)};
+        for (QProcess& worker : workers)
+            worker.start(m_program, {"--worker", m_folder.path()});
+        for (QProcess& worker : workers) {
+            worker.waitForStarted();
+            worker.waitForReadyRead();
+        }
+        for (QProcess& worker : workers)
+            kill(worker);
         check();
     }
 
     const Counts& counts() const { return m_counts; }
 
 private:
+    void kill(QProcess& worker)
+    {
+        QThread::usleep(m_random.bounded(400'000));
+        ::kill(pid_t(worker.processId()), SIGKILL);
+        worker.waitForFinished();
+        for (const QByteArray& line : worker.readAllStandardOutput().trimmed().split('\n'))
+            take(line);
+    }
+
     void take(const QByteArray& line)
     {
         const QUuid id(line.mid(line.indexOf(' ') + 1));
@@ -282,9 +291,10 @@ int main(int argc, char** argv)
         return runWorker(argc, argv);
     QCoreApplication application(argc, argv);
     const int rounds = argc > 1 ? std::atoi(argv[1]) : 500;
+    const int programs = argc > 2 ? std::atoi(argv[2]) : 1;
     Killer killer(QCoreApplication::applicationFilePath());
     for (int round = 0; round < rounds; ++round)
-        killer.round();
+        killer.round(programs);
     const Counts& counts = killer.counts();
     std::printf("killed  recorded  edited  deleted | lost  came back  set aside  parts  orphans  after the sweep\n");
     std::printf("%6d  %8d  %6d  %7d | %4d  %9d  %9d  %5d  %7d  %15d\n", rounds, counts.recorded, counts.edited,

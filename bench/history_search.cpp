@@ -473,7 +473,7 @@ bool measureIndex(const History& history)
     for (int round = 0; round < rounds; ++round)
         set.add(Bench::milliseconds([&] { program->index.set(lines, id); }));
     const double save = Bench::milliseconds([&] {
-        program->index.finish([] {});
+        program->index.writeLast(history.folder.path());
         program->settle();
     });
     HistorySearchEngine engine;

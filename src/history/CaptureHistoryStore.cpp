@@ -11,7 +11,7 @@ CaptureHistoryStore::CaptureHistoryStore(Services services)
     : m_services(std::move(services)),
       m_files(m_services.folder),
       m_writes(m_services.loop),
-      m_records(m_services.loop, m_services.workers, m_files),
+      m_records(m_services.loop, m_services.workers, m_files, [this](const QSet<QUuid>& ids) { letGo(ids); }),
       m_thumbnails(m_services.loop, m_services.workers, m_files, m_records, m_writes),
       m_recorder(
           m_services.loop, m_services.workers, m_files, m_records, m_thumbnails, m_writes, [this] { captureLanded(); },
@@ -285,16 +285,23 @@ void CaptureHistoryStore::removeAtOnce(const QSet<QUuid>& ids)
     forget(ids);
 }
 
-// All that is known of captures that are in no record any more.
-void CaptureHistoryStore::forget(const QSet<QUuid>& ids)
+// What is made of captures that are in no record any more. Where another program has removed them, their files are its
+// own to delete, or to take back.
+void CaptureHistoryStore::letGo(const QSet<QUuid>& ids)
 {
     for (const QUuid id : ids) {
         m_telling.forgotten.notify(id);
-        m_services.ocr.forget(id);
         m_thumbnails.drop(id);
         if (m_indexing)
             m_indexing->remove(id);
     }
+}
+
+void CaptureHistoryStore::forget(const QSet<QUuid>& ids)
+{
+    letGo(ids);
+    for (const QUuid id : ids)
+        m_services.ocr.forget(id);
     m_records.writer().deleteFiles(ids);
 }
 

@@ -167,6 +167,7 @@ private:
     void removeForGood(bool (*isMeant)(const HistoryEntry&));
     void removeAtOnce(const QSet<QUuid>& ids);
     void prune();
+    void letGo(const QSet<QUuid>& ids);
     void forget(const QSet<QUuid>& ids);
     void settingChanged(const QString& key);
     void changeList(QUuid list, const std::function<void(HistoryList&)>& change);

@@ -39,9 +39,11 @@ QCoro::Task<> HistoryDragFiles::link(QUuid id, Reply<std::optional<QString>> rep
         return QFileInfo::exists(known) ? known : files.linkTempImage(settings, source, date);
     };
     const Path path = co_await m_scope.onWorker(Lane::clipboard, Guarded::orElse(job, Path()));
-    if (path && m_store.entry(id))
+    if (path)
         m_files.insert(id, *path);
-    reply(path);
+    if (!m_store.entry(id))
+        forget(id);
+    reply(m_store.entry(id) ? path : std::nullopt);
 }
 
 void HistoryDragFiles::forget(QUuid id)

@@ -32,6 +32,9 @@ public:
 
     void scheduleWhenIdle() override;
 
+    // The last moment, after the store's: words of what was removed go from the disk, without the main thread.
+    void prepareToEnd() { m_index.writeLast(m_folder); }
+
 private:
     HistoryBackfill::Captures captures();
     std::vector<QUuid> ids() const;

@@ -12,8 +12,10 @@ Q_LOGGING_CATEGORY(log, "com.kovrel.history")
 
 } // namespace
 
-HistoryRecords::HistoryRecords(MainLoop& loop, Workers& workers, const HistoryFiles& files)
+HistoryRecords::HistoryRecords(MainLoop& loop, Workers& workers, const HistoryFiles& files,
+                               std::function<void(const QSet<QUuid>&)> lost)
     : m_loop(loop),
+      m_lost(std::move(lost)),
       m_writer(
           loop, workers, files, [this] { return m_state; },
           [this](const HistoryState& written, const HistoryState& now) { merge(written, now); })
@@ -65,7 +67,9 @@ void HistoryRecords::changeEntry(QUuid id, const std::function<void(HistoryEntry
 
 void HistoryRecords::merge(const HistoryState& base, const HistoryState& theirs)
 {
+    const QSet<QUuid> before = m_state.ids();
     m_state = HistoryMerge::merged(base, m_state, theirs);
+    m_lost(before - m_state.ids());
     announce();
 }
 

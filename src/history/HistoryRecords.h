@@ -11,7 +11,9 @@ namespace Kovrel {
 // The records of the history in memory. Every change is told and brought to the disk. Main thread.
 class HistoryRecords {
 public:
-    HistoryRecords(MainLoop& loop, Workers& workers, const HistoryFiles& files);
+    // `lost` hears of captures that another program has removed.
+    HistoryRecords(MainLoop& loop, Workers& workers, const HistoryFiles& files,
+                   std::function<void(const QSet<QUuid>&)> lost);
 
     const HistoryState& state() const { return m_state; }
 
@@ -38,6 +40,7 @@ private:
     HistoryState m_state;
     mutable QHash<QUuid, qsizetype> m_positions; // of entries; empty: to be made anew
     Observers<> m_observers;
+    std::function<void(const QSet<QUuid>&)> m_lost;
     bool m_isAnnouncing = false;
     HistoryWriter m_writer;
     Lifeline m_lifeline;

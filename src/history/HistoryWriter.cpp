@@ -76,8 +76,10 @@ QCoro::Task<> HistoryWriter::writeChanges()
         const auto waiters = std::exchange(m_waiters, {});
         const QSet<QUuid> deleted = std::exchange(m_deleted, {});
         const HistoryState state = m_state();
+        m_underWay = state;
         const auto job = [file = m_file, base = m_base, state, deleted] { return file->write(base, state, deleted); };
         const Outcome outcome = co_await onDisk(job);
+        m_underWay.reset();
         take(state, outcome, deleted);
         for (const auto& waiter : waiters)
             waiter(outcome ? Written() : std::unexpected(outcome.error()));
@@ -111,10 +113,13 @@ void HistoryWriter::take(const HistoryState& written, const Outcome& outcome, co
         m_merge(written, *outcome);
 }
 
+// What is being written is what later changes were made of; where that went wrong, it is done first.
 void HistoryWriter::writeLast()
 {
-    const auto job = [file = m_file, base = m_base, state = m_state(), deleted = m_deleted] {
-        return file->write(base, state, deleted);
+    const auto job = [file = m_file, base = m_base, underWay = m_underWay, state = m_state(), deleted = m_deleted] {
+        if (const Outcome before = underWay ? file->write(base, *underWay, {}) : base; !before)
+            return before;
+        return file->write(underWay.value_or(base), state, deleted);
     };
     m_workers.submit(Lane::history, QualityOfService::utility, [job] {
         if (const Outcome outcome = Guarded::orReason(job)(); !outcome)

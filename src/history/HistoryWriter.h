@@ -42,7 +42,8 @@ private:
     std::shared_ptr<HistoryIndexFile> m_file;
     std::function<HistoryState()> m_state;
     std::function<void(const HistoryState&, const HistoryState&)> m_merge;
-    HistoryState m_base; // what the disk had when we looked last
+    HistoryState m_base;                    // what the disk had when we looked last
+    std::optional<HistoryState> m_underWay; // what is being written
     QSet<QUuid> m_deleted;
     std::vector<Reply<Written>> m_waiters;
     bool m_isLoaded = false;

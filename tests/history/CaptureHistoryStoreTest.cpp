@@ -210,6 +210,24 @@ TEST_F(CaptureHistoryStoreTest, TheEndOfTheProgramKeepsWhatIsUnderWay)
     EXPECT_THAT(entries(), ElementsAre(2, 1));
 }
 
+TEST_F(CaptureHistoryStoreTest, TheEndOfTheProgramKeepsWhatChangedWhileTheRecordsWereWritten)
+{
+    recordUpTo(3);
+    store().remove(ids({2}));
+    loop.runPosted();
+    ASSERT_EQ(workers.pending(Lane::history), 1u);
+    store().undoRemoval();
+    store().setTitle(id(1), "changed");
+    store().discard(id(3));
+    store().prepareToEnd();
+    workers.runAll();
+    kill();
+    EXPECT_THAT(onDisk(), ElementsAre(2, 1));
+    run = started();
+    EXPECT_THAT(entries(), ElementsAre(2, 1));
+    EXPECT_EQ(store().entry(id(1))->title, "changed");
+}
+
 TEST_F(CaptureHistoryStoreTest, QuittingWaitsForEverything)
 {
     bool isSettled = false;

@@ -179,12 +179,13 @@ void HistoryFeature::finishPending(std::chrono::milliseconds deadline, std::func
             std::exchange(*done, nullptr)();
     };
     m_foundation.loop.after(deadline, once);
-    m_store.whenSettled([this, once] { m_indexer.index().finish(once); });
+    m_store.whenSettled(once);
 }
 
 void HistoryFeature::prepareToEnd()
 {
     m_store.prepareToEnd();
+    m_indexer.prepareToEnd();
 }
 
 // It goes where captures are saved, and that looks for another place if it has to.

@@ -124,6 +124,12 @@ Records known(const Part<Records>& part, const Records& base)
     return all;
 }
 
+std::expected<void, QString> replace(const QString& path, const QByteArray& json)
+{
+    const auto written = AtomicFile::writeThrough(path, json, AtomicFile::Access::onlyOwner);
+    return written ? std::expected<void, QString>() : std::unexpected(written.error().message);
+}
+
 QString unreadableFolder(const HistoryFiles& files)
 {
     return QCoreApplication::translate("HistoryIndexFile", "The folder %1 can't be read.").arg(files.folder());
@@ -171,11 +177,12 @@ HistoryIndexFile::Outcome HistoryIndexFile::write(const HistoryState& base, cons
     if (!PrivateFolder::make(m_files.folder()))
         return std::unexpected(unusableFolder(m_files));
     const FolderLock lock(m_files.lock());
-    const Outcome there = stamps() == m_stamps ? m_disk : theirs(base);
+    const HistoryState known{base.entries, m_listsAhead.value_or(base.lists)};
+    const Outcome there = stamps() == m_stamps ? m_disk : theirs(known);
     if (!there)
         return there;
-    const HistoryState state = HistoryMerge::merged(base, ours, *there);
-    if (const auto written = put(state); !written)
+    const HistoryState state = HistoryMerge::merged(known, ours, *there);
+    if (const auto written = put(state, ours); !written)
         return std::unexpected(written.error());
     forgetFiles(deleted);
     return state;
@@ -205,23 +212,36 @@ HistoryIndexFile::Outcome HistoryIndexFile::theirs(const HistoryState& base)
 }
 
 // The lists first: an index never holds captures whose lists are not there.
-std::expected<void, QString> HistoryIndexFile::put(const HistoryState& state)
+std::expected<void, QString> HistoryIndexFile::put(const HistoryState& state, const HistoryState& ours)
 {
-    const auto write = [](const QString& path, const QByteArray& json) {
-        return AtomicFile::writeThrough(path, json, AtomicFile::Access::onlyOwner);
-    };
-    if (!m_stamps.lists || state.lists != m_disk.lists) {
-        if (const auto written = write(m_files.lists(), HistoryJson::encoded(state.lists)); !written)
-            return std::unexpected(written.error().message);
-        m_disk.lists = state.lists;
-        m_stamps.lists = stampOf(m_files.lists());
-    }
-    if (!m_stamps.index || state.entries != m_disk.entries) {
-        if (const auto written = write(m_files.index(), HistoryJson::encoded(state.entries)); !written)
-            return std::unexpected(written.error().message);
-        m_disk.entries = state.entries;
-        m_stamps.index = stampOf(m_files.index());
-    }
+    if (auto written = putLists(state); !written)
+        return written;
+    m_listsAhead = ours.lists;
+    if (auto written = putEntries(state); !written)
+        return written;
+    m_listsAhead.reset();
+    return {};
+}
+
+std::expected<void, QString> HistoryIndexFile::putLists(const HistoryState& state)
+{
+    if (m_stamps.lists && state.lists == m_disk.lists)
+        return {};
+    if (auto written = replace(m_files.lists(), HistoryJson::encoded(state.lists)); !written)
+        return written;
+    m_disk.lists = state.lists;
+    m_stamps.lists = stampOf(m_files.lists());
+    return {};
+}
+
+std::expected<void, QString> HistoryIndexFile::putEntries(const HistoryState& state)
+{
+    if (m_stamps.index && state.entries == m_disk.entries)
+        return {};
+    if (auto written = replace(m_files.index(), HistoryJson::encoded(state.entries)); !written)
+        return written;
+    m_disk.entries = state.entries;
+    m_stamps.index = stampOf(m_files.index());
     return {};
 }
 

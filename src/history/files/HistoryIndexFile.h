@@ -40,12 +40,16 @@ private:
     Stamps stamps() const;
     // Reads the disk; what is missing there is as in `base`.
     Outcome theirs(const HistoryState& base);
-    std::expected<void, QString> put(const HistoryState& state);
+    std::expected<void, QString> put(const HistoryState& state, const HistoryState& ours);
+    std::expected<void, QString> putLists(const HistoryState& state);
+    std::expected<void, QString> putEntries(const HistoryState& state);
     void forgetFiles(const QSet<QUuid>& deleted) const;
 
     HistoryFiles m_files;
     HistoryState m_disk; // what the files with these stamps hold
     Stamps m_stamps;
+    // Our lists that are on the disk already, where their index could not follow: what comes next is made of them.
+    std::optional<std::vector<HistoryList>> m_listsAhead;
 };
 
 } // namespace Kovrel

@@ -19,7 +19,8 @@ constexpr int mostMatches = 200;
 } // namespace
 
 HistoryTextIndex::HistoryTextIndex(MainLoop& loop, Workers& workers)
-    : m_save(loop, workers, Lane::searchIndex,
+    : m_workers(workers),
+      m_save(loop, workers, Lane::searchIndex,
              [this] { return [folder = m_folder, texts = m_texts] { return HistoryTextFile::write(folder, texts); }; }),
       m_scope(loop, workers)
 {
@@ -43,8 +44,6 @@ QCoro::Task<> HistoryTextIndex::load(QString folder)
     const bool isChanged = !isAsStored || m_texts.size() != loaded.texts.size();
     m_isLoaded = true;
     changed(isChanged ? std::optional(shortestPace) : std::nullopt);
-    for (const auto& done : std::exchange(m_finishing, {}))
-        finish(done);
 }
 
 void HistoryTextIndex::merge(const HistoryTexts& stored)
@@ -57,12 +56,14 @@ void HistoryTextIndex::merge(const HistoryTexts& stored)
             put(id, text);
 }
 
-void HistoryTextIndex::finish(std::function<void()> done)
+// Before it is loaded, what was read meanwhile is in the sidecars, and found there at the next start.
+void HistoryTextIndex::writeLast(const QString& folder)
 {
-    if (m_isLoaded || m_folder.isEmpty())
-        m_save.finish(std::move(done));
-    else
-        m_finishing.push_back(std::move(done));
+    if (m_isLoaded)
+        m_save.writeNow();
+    else if (!m_touched.isEmpty())
+        m_workers.submit(Lane::searchIndex, QualityOfService::background,
+                         [folder, ids = m_touched] { HistoryTextFile::remove(folder, ids); });
 }
 
 MainLoop::Milliseconds HistoryTextIndex::pace() const

@@ -67,8 +67,8 @@ public:
     // Where a capture's lines have the terms of a query, in the lines' coordinates; at most 200 of each term.
     std::vector<Rect> hits(QUuid id, const HistorySearch::Query& query);
 
-    // Saves what has changed, at once; `done` once it is written, or could not be.
-    void finish(std::function<void()> done);
+    // The last moment: `folder` gets what has changed, and keeps nothing of what was removed, without the main thread.
+    void writeLast(const QString& folder);
 
 private:
     QCoro::Task<> load(QString folder);
@@ -79,6 +79,7 @@ private:
     MainLoop::Milliseconds pace() const;
     std::vector<Rect> foundRects(QUuid id, const HistorySearch::Query& query) const;
 
+    Workers& m_workers;
     QString m_folder; // empty until it is attached
     bool m_isLoaded = false;
     int m_generation = 0;
@@ -88,7 +89,6 @@ private:
     QSet<QUuid> m_touched;                 // before it was loaded
     std::optional<QSet<QUuid>> m_retained; // likewise
     std::map<std::pair<QByteArray, std::vector<QString>>, std::vector<Rect>> m_hits;
-    std::vector<std::function<void()>> m_finishing; // who waits for the end before it is loaded
     Observers<> m_observers;
     PacedSave m_save;
     Scope m_scope;

@@ -186,4 +186,12 @@ HistoryTextFile::Loaded HistoryTextFile::load(const QString& folder)
     return loaded;
 }
 
+bool HistoryTextFile::remove(const QString& folder, const QSet<QUuid>& ids)
+{
+    HistoryTexts texts = load(folder).texts;
+    for (const QUuid& id : ids)
+        texts.remove(id);
+    return write(folder, texts);
+}
+
 } // namespace Kovrel

@@ -3,6 +3,7 @@
 #include "history/text/HistoryTexts.h"
 
 #include <QByteArray>
+#include <QSet>
 #include <QString>
 
 namespace Kovrel {
@@ -29,6 +30,9 @@ struct Loaded {
 // The texts of the captures in a folder. A capture's sidecar is what counts: one that the file lacks, or that is
 // younger than the file, is read itself, and a text whose sidecar has gone is not believed.
 Loaded load(const QString& folder);
+
+// Takes captures out of the file. False: as for `write`.
+bool remove(const QString& folder, const QSet<QUuid>& ids);
 
 } // namespace HistoryTextFile
 

@@ -9,8 +9,8 @@ namespace Kovrel {
 
 using std::chrono::ceil;
 
-PacedSave::PacedSave(MainLoop& loop, Workers& workers, Lane lane, std::function<Write()> writeNow)
-    : m_loop(loop), m_workers(workers), m_lane(lane), m_writeNow(std::move(writeNow))
+PacedSave::PacedSave(MainLoop& loop, Workers& workers, Lane lane, std::function<Write()> makeWrite)
+    : m_loop(loop), m_workers(workers), m_lane(lane), m_makeWrite(std::move(makeWrite))
 {
 }
 
@@ -33,11 +33,6 @@ void PacedSave::endBatch()
     setTimer();
 }
 
-void PacedSave::finish(std::function<void()> done)
-{
-    write(std::move(done));
-}
-
 void PacedSave::setTimer()
 {
     m_loop.cancel(std::exchange(m_timer, 0));
@@ -46,21 +41,18 @@ void PacedSave::setTimer()
     const auto left = std::max(m_due - m_loop.now(), std::chrono::microseconds(0));
     m_timer = m_loop.after(ceil<MainLoop::Milliseconds>(left), [this] {
         m_timer = 0;
-        write([] {});
+        writeNow();
     });
 }
 
-// The lane runs one job after the other, so that even one that does nothing waits for those before it.
-void PacedSave::write(std::function<void()> done)
+void PacedSave::writeNow()
 {
     m_loop.cancel(std::exchange(m_timer, 0));
-    const Write job = std::exchange(m_hasChanged, false) ? m_writeNow() : Write([] { return true; });
-    const auto ended = [object = m_lifeline.watch(), this, done = std::move(done)](bool isWritten) {
-        if (!object.expired())
-            m_hasChanged |= !isWritten;
-        done();
-    };
-    replyFromWorker<bool>(m_loop, m_workers, m_lane, QualityOfService::background, Guarded::orElse(job, false), ended);
+    if (!std::exchange(m_hasChanged, false))
+        return;
+    const auto ended = m_lifeline.guard([this](bool isWritten) { m_hasChanged |= !isWritten; });
+    replyFromWorker<bool>(m_loop, m_workers, m_lane, QualityOfService::background,
+                          Guarded::orElse(m_makeWrite(), false), ended);
 }
 
 } // namespace Kovrel

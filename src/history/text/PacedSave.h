@@ -14,8 +14,8 @@ class PacedSave {
 public:
     using Write = std::function<bool()>; // on the lane; false: it failed, and is to be done again
 
-    // `writeNow` makes the writing of the state as it is then.
-    PacedSave(MainLoop& loop, Workers& workers, Lane lane, std::function<Write()> writeNow);
+    // `makeWrite` makes the writing of the state as it is then.
+    PacedSave(MainLoop& loop, Workers& workers, Lane lane, std::function<Write()> makeWrite);
     ~PacedSave();
     PacedSave(const PacedSave&) = delete;
     PacedSave& operator=(const PacedSave&) = delete;
@@ -27,17 +27,16 @@ public:
     void beginBatch() { ++m_batchDepth; }
 
     void endBatch();
-    // Writes what has changed at once; `done` once all is written, or could not be.
-    void finish(std::function<void()> done);
+    // Writes what has changed at once.
+    void writeNow();
 
 private:
     void setTimer();
-    void write(std::function<void()> done);
 
     MainLoop& m_loop;
     Workers& m_workers;
     Lane m_lane;
-    std::function<Write()> m_writeNow;
+    std::function<Write()> m_makeWrite;
     bool m_hasChanged = false;
     std::chrono::microseconds m_due{0};
     MainLoop::TimerID m_timer = 0;

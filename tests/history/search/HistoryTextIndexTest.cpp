@@ -61,10 +61,8 @@ struct HistoryTextIndexTest : testing::Test {
 
     void finish()
     {
-        bool isDone = false;
-        index->finish([&isDone] { isDone = true; });
+        index->writeLast(folder.path());
         settle();
-        EXPECT_TRUE(isDone);
     }
 
     void wait(std::chrono::milliseconds time)
@@ -254,11 +252,9 @@ TEST_F(HistoryTextIndexTest, WhatHappensBeforeItIsLoadedStays)
     index->attach(folder.path());
     index->set(lines("now"), first);
     index->remove(second);
-    bool isDone = false;
-    index->finish([&isDone] { isDone = true; });
     EXPECT_FALSE(index->isLoaded());
     settle();
-    EXPECT_TRUE(isDone);
+    finish();
     EXPECT_THAT(texts(first), ElementsAre("now"));
     EXPECT_FALSE(index->knows(second));
     EXPECT_THAT(texts(third), ElementsAre("before", "code of 1"));
