@@ -174,7 +174,7 @@ HistoryIndexFile::Outcome HistoryIndexFile::write(const HistoryState& base, cons
     const Outcome there = stamps() == m_stamps ? m_disk : theirs(base);
     if (!there)
         return there;
-    const HistoryState state = HistoryMerge::merged(base, ours, *there);
+    HistoryState state = HistoryMerge::merged(base, ours, *there);
     if (const auto written = put(state); !written)
         return std::unexpected(written.error());
     forgetFiles(deleted);
