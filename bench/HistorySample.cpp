@@ -72,6 +72,7 @@ HistoryState HistorySample::make(const HistoryFiles& files, int count, const std
 {
     QDir().mkpath(files.folder());
     std::vector<Files> sources;
+    sources.reserve(pictures.size());
     for (size_t number = 0; number < pictures.size(); ++number)
         sources.push_back(store(files.folder(), int(number), pictures[number]));
     HistoryState state;

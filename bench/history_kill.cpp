@@ -64,14 +64,13 @@ private:
 
     void perform(int choice)
     {
-        if (m_store.entries().size() > mostEntries)
-            discard();
-        else if (choice < 4 || m_store.entries().isEmpty())
+        const bool isFull = m_store.entries().size() > mostEntries;
+        if (m_store.entries().isEmpty() || (choice < 4 && !isFull))
             record();
+        else if (isFull || choice == 5)
+            discard();
         else if (choice == 4)
             edit();
-        else if (choice == 5)
-            discard();
         else if (choice == 6)
             remove();
         else if (choice == 7 && m_store.canUndoRemoval())

@@ -5,12 +5,15 @@
 #include "platform/files/PrivateFolder.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 
 namespace Kovrel {
 
 using namespace std::chrono_literals;
 
 namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.history")
 
 constexpr auto longestWait = 5s;
 constexpr auto pause = 150ms;
@@ -176,7 +179,10 @@ void HistoryRecorder::landAll()
     for (auto& [id, pending] : m_pending) {
         if (!std::exchange(pending.isWriting, true))
             m_workers.submit(Lane::history, QualityOfService::utility,
-                             [job = Guarded::orReason(pictureJob(id))]() mutable { job(); });
+                             [job = Guarded::orReason(pictureJob(id))]() mutable {
+                                 if (const Written written = job(); !written)
+                                     qCWarning(log, "A capture was not recorded: %s", qUtf8Printable(written.error()));
+                             });
         insert(id);
     }
 }

@@ -50,7 +50,8 @@ QCoro::Task<> HistoryThumbnails::makeInBackground(QUuid id, QImage capture)
     if (!jpeg || !m_records.entry(id))
         co_return;
     const auto write = [path = m_files.thumbnail(id), bytes = *jpeg] {
-        AtomicFile::write(path, bytes, AtomicFile::Access::onlyOwner);
+        if (const auto done = AtomicFile::write(path, bytes, AtomicFile::Access::onlyOwner); !done)
+            qCWarning(log, "A thumbnail was not written: %s", qUtf8Printable(done.error().message));
     };
     co_await m_scope.onWorker(Lane::history, QualityOfService::utility, Guarded::job(write, Guarded::logReason));
     drop(id);

@@ -1,5 +1,6 @@
 #include "historywindow/HistoryStrip.h"
 
+#include "historywindow/GridConnections.h"
 #include "historywindow/grid/HistoryDelegate.h"
 #include "historywindow/search/HistorySearchField.h"
 #include "ui/Label.h"
@@ -63,15 +64,7 @@ void HistoryStrip::connectParts()
         m_services.actions.open(id);
         hide();
     });
-    connect(m_row, &HistoryGrid::dragExpected, this,
-            [this](const QList<QUuid>& ids) { m_services.prepareDragFiles(ids); });
-    m_row->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(m_row, &QWidget::customContextMenuRequested, this,
-            [this](const QPoint& place) { m_menu->popup(m_row->viewport()->mapToGlobal(place)); });
-    connect(m_menu, &HistoryMenu::renameWanted, this, [this] { m_row->edit(m_row->currentIndex()); });
-    connect(&m_model, &HistoryModel::titleGiven, this, [this](QUuid id, const QString& title) {
-        m_services.store.setTitle(id, title.isEmpty() ? std::nullopt : std::optional(title));
-    });
+    GridConnections::connect(*m_row, m_model, *m_menu, m_services);
 }
 
 void HistoryStrip::refresh()

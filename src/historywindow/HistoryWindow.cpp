@@ -1,6 +1,7 @@
 #include "historywindow/HistoryWindow.h"
 
 #include "history/HistoryQuestions.h"
+#include "historywindow/GridConnections.h"
 #include "historywindow/HistoryPreview.h"
 #include "historywindow/UndoBar.h"
 #include "historywindow/grid/EntryTexts.h"
@@ -159,15 +160,7 @@ void HistoryWindow::connectGrid()
 {
     connect(m_grid, &HistoryGrid::selectionMoved, this, &HistoryWindow::showSelected);
     connect(m_grid, &HistoryGrid::opened, this, [this](QUuid id) { m_services.actions.open(id); });
-    connect(m_grid, &HistoryGrid::dragExpected, this,
-            [this](const QList<QUuid>& ids) { m_services.prepareDragFiles(ids); });
-    m_grid->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(m_grid, &QWidget::customContextMenuRequested, this,
-            [this](const QPoint& place) { m_menu->popup(m_grid->viewport()->mapToGlobal(place)); });
-    connect(&m_model, &HistoryModel::titleGiven, this, [this](QUuid id, const QString& title) {
-        m_services.store.setTitle(id, title.isEmpty() ? std::nullopt : std::optional(title));
-    });
-    connect(m_menu, &HistoryMenu::renameWanted, this, [this] { m_grid->edit(m_grid->currentIndex()); });
+    GridConnections::connect(*m_grid, m_model, *m_menu, m_services);
     connect(m_menu, &HistoryMenu::removed, this, &HistoryWindow::tellRemoved);
     connect(m_menu, &HistoryMenu::undone, m_undoBar, &QWidget::hide);
     connect(m_undoBar, &UndoBar::undone, this, [this] {

@@ -181,7 +181,7 @@ HistoryIndexFile::Outcome HistoryIndexFile::write(const HistoryState& base, cons
     const Outcome there = stamps() == m_stamps ? m_disk : theirs(known);
     if (!there)
         return there;
-    const HistoryState state = HistoryMerge::merged(known, ours, *there);
+    HistoryState state = HistoryMerge::merged(known, ours, *there);
     if (const auto written = put(state, ours); !written)
         return std::unexpected(written.error());
     forgetFiles(deleted);

@@ -170,7 +170,7 @@ void read(element value, QUuid& id)
 {
     constexpr size_t length = 36;
     const std::string_view text = value;
-    id = text.size() == length ? QUuid::fromString(QLatin1StringView(text.data(), qsizetype(length))) : QUuid();
+    id = text.size() == length ? QUuid::fromString(QLatin1StringView(QByteArrayView(text))) : QUuid();
     if (id.isNull())
         throw NotARecord();
 }

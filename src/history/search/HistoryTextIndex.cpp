@@ -97,7 +97,7 @@ void HistoryTextIndex::put(QUuid id, std::shared_ptr<const IndexedText> text)
 {
     erase(id);
     m_bytes += text->bytes();
-    m_texts.insert(id, std::move(text));
+    m_texts.emplace(id, std::move(text));
 }
 
 bool HistoryTextIndex::erase(QUuid id)

@@ -46,7 +46,7 @@ std::optional<size_t> SearchTerm::findIn(const SearchableText& text, size_t from
     if (from > 0 && text.folded.substr(from).starts_with(m_bytes))
         return from;
     const bool isPossible = m_grams.empty() || TextGrams::mayHave(text.signature, m_grams);
-    return isPossible ? ByteSearch::find(text.folded, m_bytes, from, next.folded.data()) : std::nullopt;
+    return isPossible ? ByteSearch::find(text.folded, m_bytes, from, next.folded) : std::nullopt;
 }
 
 bool SearchTerm::isScatteredIn(std::string_view fields) const

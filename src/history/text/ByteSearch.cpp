@@ -42,12 +42,12 @@ std::optional<size_t> findInBlock(const char* text, std::string_view needle)
 
 // Texts lie apart in memory, so that the processor does not guess which one comes next.
 std::optional<size_t> ByteSearch::findSeveral(std::string_view text, std::string_view needle, size_t from,
-                                              const char* next)
+                                              std::string_view next)
 {
     const size_t reach = block + needle.size() - 1;
     for (; from + reach <= text.size(); from += block) {
-        if (next)
-            __builtin_prefetch(next + from);
+        if (from < next.size())
+            __builtin_prefetch(next.data() + from);
         if (const auto place = findInBlock(text.data() + from, needle))
             return from + *place;
     }

@@ -9,12 +9,12 @@ namespace Kovrel {
 namespace ByteSearch {
 
 // Of a needle of two bytes and more.
-std::optional<size_t> findSeveral(std::string_view text, std::string_view needle, size_t from, const char* next);
+std::optional<size_t> findSeveral(std::string_view text, std::string_view needle, size_t from, std::string_view next);
 
 // The first place at or behind `from` where the text has the needle, which is not empty. `next`: a text that is
-// searched after it, or null; it is fetched from memory as far as this one is read.
+// searched after it, or empty; it is fetched from memory as far as this one is read.
 inline std::optional<size_t> find(std::string_view text, std::string_view needle, size_t from = 0,
-                                  const char* next = nullptr)
+                                  std::string_view next = {})
 {
     if (needle.size() > 1)
         return findSeveral(text, needle, from, next);
