@@ -35,16 +35,21 @@ void HistoryBrowser::setList(std::optional<QUuid> list)
     takeChange();
 }
 
+// What is looked at, before it is narrowed.
+HistorySearchSession::Entries HistoryBrowser::listed() const
+{
+    const QList<HistoryEntry> entries = m_list ? m_store.entriesIn(*m_list) : m_store.timelineEntries();
+    return std::make_shared<const std::vector<HistoryEntry>>(entries.begin(), entries.end());
+}
+
 void HistoryBrowser::takeEntries()
 {
     m_isStale = false;
     m_areOptionsStale = true;
-    const QList<HistoryEntry> listed = m_list ? m_store.entriesIn(*m_list) : m_store.timelineEntries();
-    m_entries = std::make_shared<const std::vector<HistoryEntry>>(listed.begin(), listed.end());
     if (!m_text.isEmpty() || !m_suggestions.filter().isEmpty())
         takeOptions();
     m_session.setFilter(m_suggestions.filter(), HistoryFacetContext::of(m_store.lists(), m_loop.date()));
-    m_session.setEntries(m_entries);
+    m_session.setEntries(listed());
 }
 
 // What can be chosen is counted when somebody begins to type.
@@ -52,7 +57,7 @@ void HistoryBrowser::takeOptions()
 {
     if (!std::exchange(m_areOptionsStale, false))
         return;
-    m_options = HistoryFacetOptions::of(*m_entries, m_store.lists(), m_loop.date());
+    m_options = HistoryFacetOptions::of(*listed(), m_store.lists(), m_loop.date());
     m_suggestions.setOptions(m_options);
 }
 

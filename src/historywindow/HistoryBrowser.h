@@ -50,6 +50,7 @@ public:
     void removeLastFilter();
 
 private:
+    HistorySearchSession::Entries listed() const;
     void takeChange();
     void takeEntries();
     void takeOptions();
@@ -61,7 +62,6 @@ private:
     HistoryTextIndex& m_index;
     std::optional<QUuid> m_list;
     QString m_text;
-    HistorySearchSession::Entries m_entries = std::make_shared<const std::vector<HistoryEntry>>(); // not narrowed
     HistoryFilterSuggestions m_suggestions;
     bool m_isShown = false;
     bool m_hasLooked = false;
