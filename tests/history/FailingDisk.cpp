@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdarg>
 #include <fcntl.h>
+#include <string_view>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -14,6 +15,7 @@ using Failure = Kovrel::Testing::FailingDisk::Failure;
 std::atomic<int> stepsLeft = -1; // below 0: the disk works
 Failure kind = Failure::once;
 std::atomic<bool> isReached = false;
+std::atomic<const char*> unreadableEnding = nullptr;
 
 bool failsNow()
 {
@@ -24,6 +26,12 @@ bool failsNow()
     const bool fails = kind == Failure::fromThenOn || !isReached;
     isReached = true;
     return fails;
+}
+
+bool isUnreadable(const char* path, int flags)
+{
+    const char* ending = unreadableEnding;
+    return ending && (flags & O_ACCMODE) == O_RDONLY && std::string_view(path).ends_with(ending);
 }
 
 int refuse(int error)
@@ -43,8 +51,14 @@ FailingDisk::FailingDisk(int step, Failure failure)
     stepsLeft = step;
 }
 
+FailingDisk::FailingDisk(const char* ending)
+{
+    unreadableEnding = ending;
+}
+
 FailingDisk::~FailingDisk()
 {
+    unreadableEnding = nullptr;
     stepsLeft = -1;
 }
 
@@ -65,6 +79,8 @@ extern "C" int open(const char* path, int flags, ...)
     va_end(rest);
     if ((flags & O_TMPFILE) == O_TMPFILE && failsNow())
         return refuse(ENOSPC);
+    if (isUnreadable(path, flags))
+        return refuse(EIO);
     return int(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }
 

@@ -13,6 +13,8 @@ public:
 
     // `step` counts from 1.
     FailingDisk(int step, Failure failure);
+    // Instead, files whose names end so can't be opened for reading.
+    explicit FailingDisk(const char* unreadableEnding);
     ~FailingDisk();
     FailingDisk(const FailingDisk&) = delete;
     FailingDisk& operator=(const FailingDisk&) = delete;

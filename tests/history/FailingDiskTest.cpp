@@ -148,4 +148,21 @@ TEST_F(FailingDiskTest, AFailureAtAnyStepChangesNothingInMemoryAndIsMadeGoodLate
         }
 }
 
+TEST_F(FailingDiskTest, AnIndexThatCantBeReadNowIsNotTakenForADamagedOne)
+{
+    begin();
+    restart();
+    kill();
+    {
+        const FailingDisk disk("index.json");
+        run = started();
+        EXPECT_TRUE(store().isLoaded());
+        EXPECT_THAT(entries(), testing::IsEmpty());
+    }
+    record(4);
+    settle();
+    EXPECT_THAT(entries(), ElementsAre(4, 3, 2, 1)) << "what was there comes back with the next write";
+    EXPECT_THAT(folder.files().filter("unreadable"), testing::IsEmpty());
+}
+
 } // namespace Kovrel

@@ -28,6 +28,7 @@ enum class Condition {
     missing,
     damaged,    // not all of it could be read
     unreadable, // nothing could
+    refused,    // it is there, but the system does not give it out now
 };
 
 template <class Records>
@@ -43,6 +44,8 @@ Part<Records> readPart(const QString& path,
     if (!QFileInfo::exists(path))
         return {.condition = Condition::missing};
     const auto json = RegularFile::read(path, mostBytes);
+    if (!json && QFileInfo(path).isFile() && QFileInfo(path).size() <= mostBytes)
+        return {.condition = Condition::refused};
     auto reading = json ? decode(*json) : std::nullopt;
     if (!reading)
         return {.condition = Condition::unreadable};
@@ -52,11 +55,18 @@ Part<Records> readPart(const QString& path,
 struct Content {
     Part<QList<HistoryEntry>> entries;
     Part<std::vector<HistoryList>> lists;
+
+    bool isRefused() const { return entries.condition == Condition::refused || lists.condition == Condition::refused; }
 };
 
-Content readContent(const HistoryFiles& files)
+// What the system refuses now may be whole: nothing follows from it.
+std::expected<Content, QString> readContent(const HistoryFiles& files)
 {
-    return {readPart(files.index(), HistoryJson::entries), readPart(files.lists(), HistoryJson::lists)};
+    Content content{readPart(files.index(), HistoryJson::entries), readPart(files.lists(), HistoryJson::lists)};
+    if (content.isRefused())
+        return std::unexpected(
+            QCoreApplication::translate("HistoryIndexFile", "The index in %1 can't be read now.").arg(files.folder()));
+    return content;
 }
 
 // The answer is which there are.
@@ -160,8 +170,10 @@ HistoryIndexFile::Outcome HistoryIndexFile::peek(const HistoryFiles& files)
     const auto pictures = files.captures();
     if (!pictures)
         return std::unexpected(unreadableFolder(files));
-    Content content = readContent(files);
-    HistoryState state{std::move(content.entries.records), std::move(content.lists.records)};
+    auto content = readContent(files);
+    if (!content)
+        return std::unexpected(content.error());
+    HistoryState state{std::move(content->entries.records), std::move(content->lists.records)};
     tidy(state, *pictures);
     return state;
 }
@@ -194,19 +206,21 @@ HistoryIndexFile::Outcome HistoryIndexFile::theirs(const HistoryState& base)
     if (!pictures)
         return std::unexpected(unreadableFolder(m_files));
     const Stamps stamps = this->stamps();
-    Content content = readContent(m_files);
-    if (!putAside(m_files, m_files.index(), content.entries.condition) ||
-        !putAside(m_files, m_files.lists(), content.lists.condition))
+    const auto content = readContent(m_files);
+    if (!content)
+        return std::unexpected(content.error());
+    if (!putAside(m_files, m_files.index(), content->entries.condition) ||
+        !putAside(m_files, m_files.lists(), content->lists.condition))
         return std::unexpected(
             QCoreApplication::translate("HistoryIndexFile", "What is damaged in %1 can't be put aside.")
                 .arg(m_files.folder()));
-    m_disk = {content.entries.records, content.lists.records};
+    m_disk = {content->entries.records, content->lists.records};
     m_stamps = stamps;
-    if (isFaulty(content.entries.condition))
+    if (isFaulty(content->entries.condition))
         m_stamps.index.reset();
-    if (isFaulty(content.lists.condition))
+    if (isFaulty(content->lists.condition))
         m_stamps.lists.reset();
-    HistoryState state{known(content.entries, base.entries), known(content.lists, base.lists)};
+    HistoryState state{known(content->entries, base.entries), known(content->lists, base.lists)};
     tidy(state, *pictures);
     return state;
 }
