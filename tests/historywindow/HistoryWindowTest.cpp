@@ -49,7 +49,7 @@ struct HistoryWindowTest : Testing::HistoryFixture {
             .actions = *actions,
             .readThumbnail = [](QUuid, QSize) { return QImage(); },
             .readPicture = [](QUuid, QSize) { return QImage(); },
-            .dragFile = [](QUuid id) { return "/drag/" + id.toString(QUuid::WithoutBraces) + ".png"; },
+            .dragFile = [](QUuid id) -> QString { return "/drag/" + id.toString(QUuid::WithoutBraces) + ".png"; },
             .prepareDragFiles = [](const auto&) {},
             .captureKeys = [] { return QString("Ctrl+Alt+4"); },
         });
