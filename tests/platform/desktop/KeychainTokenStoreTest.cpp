@@ -1,6 +1,8 @@
 #include "platform/desktop/KeychainTokenStore.h"
 #include "platform/desktop/QtMainLoop.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QEventLoop>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -26,7 +28,8 @@ public:
         std::signal(SIGTERM, [](int) {});
         m_bus.start("dbus-daemon", {"--session", "--nofork", "--print-address=1"});
         m_bus.waitForReadyRead();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.readLine().trimmed());
+        const QByteArray address = m_bus.readLine().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
         qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
         qputenv("XDG_RUNTIME_DIR", m_folder.path().toUtf8());
         QStringList arguments{"--foreground", "--components=secrets"};
@@ -37,8 +40,12 @@ public:
         m_daemon.write("\n");
         m_daemon.waitForBytesWritten();
         m_daemon.closeWriteChannel();
-        for (int tries = 0; tries < 500 && !(isThere() && (!isUnlocked || isOpen())); ++tries)
-            QThread::msleep(20);
+        waitUntil([&] { return isThere() && (!isUnlocked || isOpen()); });
+        if (!isUnlocked)
+            return;
+        const QDBusConnection bus = QDBusConnection::connectToBus(address, "keyring");
+        waitUntil([&] { return isOffered(bus); });
+        QDBusConnection::disconnectFromBus("keyring");
     }
 
     ~Keyring()
@@ -50,11 +57,27 @@ public:
     }
 
 private:
+    static void waitUntil(const std::function<bool()>& isTrue)
+    {
+        for (int tries = 0; tries < 500 && !isTrue(); ++tries)
+            QThread::msleep(20);
+    }
+
     // Its secrets are offered on the bus when somebody first asks for them.
     bool isThere() const { return QFile::exists(m_folder.filePath("keyring/control")); }
 
     // What is unlocked for the first time is made, which takes a moment longer.
     bool isOpen() const { return QFile::exists(m_folder.filePath("keyrings/login.keyring")); }
+
+    // And what was made is on the bus a moment after it is on the disk.
+    static bool isOffered(const QDBusConnection& bus)
+    {
+        QDBusMessage question =
+            QDBusMessage::createMethodCall("org.freedesktop.secrets", "/org/freedesktop/secrets/collection/login",
+                                           "org.freedesktop.DBus.Properties", "Get");
+        question << "org.freedesktop.Secret.Collection" << "Locked";
+        return bus.call(question).type() == QDBusMessage::ReplyMessage;
+    }
 
     QTemporaryDir m_folder;
     QProcess m_bus;
