@@ -20,7 +20,7 @@ MainLoop::TimerID QtMainLoop::after(Milliseconds delay, std::function<void()> wo
     auto timer = std::make_unique<QTimer>();
     timer->setSingleShot(true);
     timer->setTimerType(Qt::PreciseTimer);
-    QObject::connect(timer.get(), &QTimer::timeout, &m_context, [this, id, work = std::move(work)] {
+    QObject::connect(timer.get(), &QTimer::timeout, &m_posted, [this, id, work = std::move(work)] {
         const auto fired = m_timers.extract(id);
         fired.mapped().release()->deleteLater();
         work();
@@ -37,19 +37,7 @@ void QtMainLoop::cancel(TimerID timer)
 
 void QtMainLoop::post(std::function<void()> work)
 {
-    {
-        const std::lock_guard locked(m_lock);
-        m_posted.push_back(std::move(work));
-    }
-    QMetaObject::invokeMethod(&m_context, [this] { nextPosted()(); }, Qt::QueuedConnection);
-}
-
-std::function<void()> QtMainLoop::nextPosted()
-{
-    const std::lock_guard locked(m_lock);
-    auto next = std::move(m_posted.front());
-    m_posted.pop_front();
-    return next;
+    m_posted.post(std::move(work));
 }
 
 } // namespace Kovrel

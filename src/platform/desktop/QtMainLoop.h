@@ -1,12 +1,9 @@
 #pragma once
 
 #include "platform/MainLoop.h"
+#include "platform/desktop/PostedWork.h"
 
-#include <QObject>
-
-#include <deque>
 #include <map>
-#include <mutex>
 
 namespace Kovrel {
 
@@ -20,14 +17,9 @@ public:
     void post(std::function<void()> work) override;
 
 private:
-    std::function<void()> nextPosted();
-
-    // A queue whose lock the thread sanitizer knows, as it does not know that of Qt's.
-    std::mutex m_lock;
-    std::deque<std::function<void()>> m_posted;
     TimerID m_lastTimer = 0;
     std::map<TimerID, std::unique_ptr<QObject>> m_timers;
-    QObject m_context; // last: posted work goes with it
+    PostedWork m_posted; // last: what waits goes with it
 };
 
 } // namespace Kovrel
