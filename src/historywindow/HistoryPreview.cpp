@@ -37,6 +37,12 @@ void HistoryPreview::show(QUuid id, const Facts& facts, std::vector<Rect> marks)
     wantPicture();
 }
 
+void HistoryPreview::forget(QUuid id)
+{
+    m_pictures.forget(id);
+    wantPicture();
+}
+
 // Until the picture is there, the one before stays: a bare ground in between would flicker.
 void HistoryPreview::wantPicture()
 {

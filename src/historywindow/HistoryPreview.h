@@ -30,6 +30,9 @@ public:
     // A null id: no capture. Marks are parts of the picture, each axis from 0 to 1, origin bottom-left.
     void show(QUuid id, const Facts& facts, std::vector<Rect> marks);
 
+    // Its file is another one now.
+    void forget(QUuid id);
+
 private:
     void wantPicture();
     void setFacts(const Facts& facts);

@@ -49,6 +49,7 @@ HistoryStrip::HistoryStrip(HistoryViewServices services)
     setFixedHeight(Spacing::small + m_search->sizeHint().height() + Spacing::tight +
                    HistoryDelegate::cellSize().height() + m_row->horizontalScrollBar()->sizeHint().height());
     m_changes = m_browser.onChange([this] { refresh(); });
+    m_pictureChanges = m_services.store.onPictureChange([this](QUuid id) { m_row->forgetThumbnail(id); });
     refresh();
 }
 

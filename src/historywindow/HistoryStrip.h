@@ -40,6 +40,7 @@ private:
     HistoryGrid* m_row;
     HistoryMenu* m_menu;
     Subscription m_changes;
+    Subscription m_pictureChanges;
 };
 
 } // namespace Kovrel

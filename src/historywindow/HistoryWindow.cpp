@@ -76,6 +76,10 @@ HistoryWindow::HistoryWindow(HistoryViewServices services)
     connectLists();
     connectGrid();
     m_changes = m_browser.onChange([this] { refresh(); });
+    m_pictureChanges = m_services.store.onPictureChange([this](QUuid id) {
+        m_grid->forgetThumbnail(id);
+        m_preview->forget(id);
+    });
     refresh();
 }
 
@@ -185,8 +189,9 @@ void HistoryWindow::refresh()
 
 void HistoryWindow::refreshLists()
 {
-    const ListsModel::Timeline timeline{.name = m_services.preferences.get(Settings::historyAllName),
-                                        .count = int(m_services.store.timelineEntries().size())};
+    const ListsModel::Timeline timeline{
+        .name = m_services.preferences.get(Settings::historyAllName),
+        .count = int(std::ranges::count_if(m_services.store.entries(), &HistoryEntry::isInTimeline))};
     m_sidebar->set(timeline, m_services.store.lists());
     m_sidebar->select(m_browser.list());
 }
@@ -326,7 +331,9 @@ void HistoryWindow::ask(const QString& question, const QString& explanation, con
 void HistoryWindow::tellRemoved(int count)
 {
     m_undoBar->show(tr("%n captures deleted", nullptr, count));
-    QTimer::singleShot(CaptureHistoryStore::undoTime, m_undoBar, [this] {
+    // A coarse timer could come before the store's own.
+    constexpr auto afterwards = CaptureHistoryStore::undoTime + std::chrono::milliseconds(200);
+    QTimer::singleShot(afterwards, Qt::PreciseTimer, m_undoBar, [this] {
         if (!m_services.store.canUndoRemoval())
             m_undoBar->hide();
     });

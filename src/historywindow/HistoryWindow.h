@@ -68,6 +68,7 @@ private:
     UndoBar* m_undoBar;
     HistoryMenu* m_menu;
     Subscription m_changes;
+    Subscription m_pictureChanges;
 };
 
 } // namespace Kovrel

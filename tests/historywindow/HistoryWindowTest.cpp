@@ -30,6 +30,7 @@ struct HistoryWindowTest : Testing::HistoryFixture {
     std::unique_ptr<HistoryActions> actions;
     std::unique_ptr<HistoryWindow> window;
     QUuid list;
+    std::vector<int> thumbnailsRead;
 
     void SetUp() override
     {
@@ -47,7 +48,11 @@ struct HistoryWindowTest : Testing::HistoryFixture {
             .store = store(),
             .index = index,
             .actions = *actions,
-            .readThumbnail = [](QUuid, QSize) { return QImage(); },
+            .readThumbnail =
+                [this](QUuid id, QSize) {
+                    thumbnailsRead.push_back(int(id.data1));
+                    return QImage();
+                },
             .readPicture = [](QUuid, QSize) { return QImage(); },
             .dragFile = [](QUuid id) -> QString { return "/drag/" + id.toString(QUuid::WithoutBraces) + ".png"; },
             .prepareDragFiles = [](const auto&) {},
@@ -223,6 +228,17 @@ TEST_F(HistoryWindowTest, WhatGoesForGoodIsAskedFor)
             delete box;
             EXPECT_EQ(shown(), isMeant ? c.left : before);
         }
+}
+
+TEST_F(HistoryWindowTest, ACaptureThatWasEditedIsShownAsItLooksNow)
+{
+    QApplication::processEvents(); // the grid is laid out
+    settle();
+    EXPECT_EQ(thumbnailsRead.size(), 5U);
+    thumbnailsRead.clear();
+    store().updateImage({.id = id(2), .flattened = Testing::testPicture({50, 40}, Testing::Texture::blocks)});
+    settle();
+    EXPECT_THAT(thumbnailsRead, ElementsAre(2));
 }
 
 } // namespace Kovrel

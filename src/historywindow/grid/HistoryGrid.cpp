@@ -142,6 +142,12 @@ void HistoryGrid::wantPictures()
     m_thumbnails.want(inOrderOfUrgency());
 }
 
+void HistoryGrid::forgetThumbnail(QUuid id)
+{
+    m_thumbnails.forget(id);
+    wantPictures();
+}
+
 void HistoryGrid::showPicture(QUuid id)
 {
     const auto [first, end] = rowsInView();

@@ -25,7 +25,8 @@ public:
     // Where nothing is selected, the capture at the keyboard's place is, or else the first.
     void selectSomething();
 
-    void forgetThumbnail(QUuid id) { m_thumbnails.forget(id); }
+    // Its file is another one now.
+    void forgetThumbnail(QUuid id);
 
     // Whether every picture in view is there.
     bool isComplete() const;

@@ -21,7 +21,7 @@ bool haveSameIds(const QList<HistoryEntry>& one, const QList<HistoryEntry>& othe
 
 void HistoryModel::setEntries(QList<HistoryEntry> entries)
 {
-    if (!updateInPlace(entries) && !insertInFront(entries))
+    if (!entries.isSharedWith(m_entries) && !updateInPlace(entries) && !insertInFront(entries))
         replaceAll(std::move(entries));
 }
 
