@@ -47,7 +47,7 @@ bool isInk(const Annotation& mark, Point point, double tolerance, const MeasureI
 
 // How near is told in quarters: the eye sees no more.
 std::optional<size_t> nearest(std::span<const Annotation> marks, std::span<const size_t> above, Point point,
-                            double tolerance, const MeasureInk::Reading& reading)
+                              double tolerance, const MeasureInk::Reading& reading)
 {
     for (const double share : {0.25, 0.5, 0.75, 1.0})
         for (const size_t index : above)
@@ -58,8 +58,7 @@ std::optional<size_t> nearest(std::span<const Annotation> marks, std::span<const
 
 bool isNear(const Annotation& mark, Point point, double tolerance)
 {
-    const QRectF bound =
-        AnnotationExtent::cullBound(mark, 1).adjusted(-tolerance, -tolerance, tolerance, tolerance);
+    const QRectF bound = AnnotationExtent::cullBound(mark, 1).adjusted(-tolerance, -tolerance, tolerance, tolerance);
     return bound.contains(point.x, point.y);
 }
 
@@ -86,8 +85,8 @@ std::optional<size_t> MarkHit::topmost(std::span<const Annotation> marks, Point 
     for (const size_t index : drawingOrder(marks) | std::views::reverse)
         if (isNear(marks[index], point, tolerance))
             candidates.push_back(index);
-    const auto exact = std::ranges::find_if(
-        candidates, [&](size_t index) { return isInk(marks[index], point, 0, reading); });
+    const auto exact =
+        std::ranges::find_if(candidates, [&](size_t index) { return isInk(marks[index], point, 0, reading); });
     if (const auto near = nearest(marks, {candidates.begin(), exact}, point, tolerance, reading))
         return near;
     if (exact != candidates.end())
