@@ -83,7 +83,7 @@ void homeWindows(const Pictures& pictures, Preferences& preferences)
 }
 
 struct NoShapes : PanelShapes {
-    void takeInputOnlyIn(quintptr, const QRect&) override {}
+    void takeInputOnlyIn(quintptr, const QRegion&) override {}
 };
 
 void toasts(const Pictures& pictures)

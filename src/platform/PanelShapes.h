@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QRect>
+#include <QRegion>
 #include <QtGlobal>
 
 namespace Kovrel {
@@ -10,9 +10,10 @@ class PanelShapes {
 public:
     virtual ~PanelShapes() = default;
 
-    // A window of ours, by its native handle, is under the pointer only within a rectangle of its device pixels (origin
-    // top-left): what is around it, as a shadow, belongs to the windows below. A desktop may refuse.
-    virtual void takeInputOnlyIn(quintptr window, const QRect& pixels) = 0;
+    // A window of ours, by its native handle, is under the pointer only within a region of its device pixels (origin
+    // top-left): what is around it, as a shadow, belongs to the windows below. An empty region leaves all to them. A
+    // desktop may refuse.
+    virtual void takeInputOnlyIn(quintptr window, const QRegion& pixels) = 0;
 };
 
 } // namespace Kovrel

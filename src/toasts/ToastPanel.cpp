@@ -1,5 +1,6 @@
 #include "toasts/ToastPanel.h"
 
+#include "toasts/ToastPlacement.h"
 #include "ui/Symbols.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
@@ -12,8 +13,6 @@ namespace Kovrel {
 
 namespace {
 
-constexpr QSizeF cardSize(344, 64);
-constexpr QSizeF margin(12, 10); // to the right and upper edges of the usable area
 constexpr double iconSize = 36;
 constexpr double padding = Spacing::medium;
 constexpr double iconGap = 12;
@@ -39,7 +38,7 @@ ToastPanel::ToastPanel(ToastContent content, const Display& display, PanelShapes
     : FloatingPanel(shapes, isComposited, Desktops::every)
 {
     setContent(std::move(content));
-    placeAtTopRight(display, cardSize * Typography::scale(), margin);
+    place(display, display.toPixels(ToastPlacement::card(display, Typography::scale())));
 }
 
 void ToastPanel::setContent(ToastContent content)

@@ -10,8 +10,34 @@
 #include <QPainter>
 #include <QPropertyAnimation>
 #include <QScreen>
+#include <QWindow>
+
+#include <cmath>
+
+#include <qpa/qplatformwindow.h>
 
 namespace Kovrel {
+
+namespace {
+
+QScreen* screenOf(const Display& display)
+{
+    const auto screens = QGuiApplication::screens();
+    const auto found = std::ranges::find(screens, display.name, &QScreen::name);
+    return found == screens.end() ? QGuiApplication::primaryScreen() : *found;
+}
+
+QSize wholePoints(QSize pixels, double scale)
+{
+    return {int(std::lround(pixels.width() / scale)), int(std::lround(pixels.height() / scale))};
+}
+
+QSize inPixels(QSize points, double scale)
+{
+    return {int(std::lround(points.width() * scale)), int(std::lround(points.height() * scale))};
+}
+
+} // namespace
 
 FloatingPanel::FloatingPanel(PanelShapes& shapes, bool isComposited, Desktops desktops)
     : m_shapes(shapes), m_shadowRoom(isComposited ? SoftShadow::floatingRoom : 0)
@@ -24,23 +50,28 @@ FloatingPanel::FloatingPanel(PanelShapes& shapes, bool isComposited, Desktops de
     setAttribute(Qt::WA_DeleteOnClose);
 }
 
-void FloatingPanel::placeAtTopRight(const Display& display, QSizeF cardSize, QSizeF margin)
+void FloatingPanel::place(const Display& display, const QRect& card)
 {
-    for (QScreen* screen : QGuiApplication::screens()) {
-        if (screen->name() != display.name)
-            continue;
-        const QRectF area = screen->availableGeometry();
-        const QPointF topLeft(area.right() - margin.width() - cardSize.width() - m_shadowRoom,
-                              area.top() + margin.height() - m_shadowRoom);
-        setScreen(screen);
-        setGeometry(QRectF(topLeft, cardSize + QSizeF(2 * m_shadowRoom, 2 * m_shadowRoom)).toAlignedRect());
-        return;
-    }
+    const int room = int(std::lround(m_shadowRoom * display.scale));
+    const QRect withShadow = card.adjusted(-room, -room, room, room) & display.pixelRect;
+    const QRect panel = card | withShadow;
+    m_card = QRectF(QPointF(card.topLeft() - panel.topLeft()) / display.scale, QSizeF(card.size()) / display.scale);
+    moveTo(display, panel);
+    update();
+    shapeInput();
 }
 
-QRectF FloatingPanel::card() const
+// The toolkit's own coordinates can't tell where a window stands next to a display of another scale, so that it is only
+// told on which screen the window is made.
+void FloatingPanel::moveTo(const Display& display, const QRect& pixels)
 {
-    return QRectF(rect()).adjusted(m_shadowRoom, m_shadowRoom, -m_shadowRoom, -m_shadowRoom);
+    const QSize points = wholePoints(pixels.size(), display.scale);
+    if (!testAttribute(Qt::WA_WState_Created)) {
+        const QScreen* screen = screenOf(display);
+        setGeometry(QRect(screen ? screen->geometry().topLeft() : QPoint(), points));
+        create();
+    }
+    windowHandle()->handle()->setGeometry(QRect(pixels.topLeft(), inPixels(points, display.scale)));
 }
 
 void FloatingPanel::popIn()
@@ -82,21 +113,21 @@ QPropertyAnimation* FloatingPanel::makeFade(double opacity, std::chrono::millise
 
 void FloatingPanel::showEvent(QShowEvent*)
 {
-    leaveShadowToOthers();
+    shapeInput();
 }
 
 void FloatingPanel::resizeEvent(QResizeEvent*)
 {
-    if (isVisible())
-        leaveShadowToOthers();
+    shapeInput();
 }
 
-// A click on what shines through the shadow is meant for that.
-void FloatingPanel::leaveShadowToOthers()
+void FloatingPanel::shapeInput()
 {
-    const QRectF inside = card();
     const double scale = devicePixelRatioF();
-    m_shapes.takeInputOnlyIn(winId(), QRectF(inside.topLeft() * scale, inside.size() * scale).toAlignedRect());
+    QRegion pixels;
+    for (const QRectF& area : inputAreas())
+        pixels |= QRectF(area.topLeft() * scale, area.size() * scale).toAlignedRect();
+    m_shapes.takeInputOnlyIn(winId(), pixels);
 }
 
 void FloatingPanel::paintEvent(QPaintEvent*)
@@ -106,7 +137,7 @@ void FloatingPanel::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     paintGround(painter);
-    paintContent(painter, card());
+    paintContent(painter, m_card);
 }
 
 void FloatingPanel::paintGround(QPainter& painter) const
@@ -115,10 +146,10 @@ void FloatingPanel::paintGround(QPainter& painter) const
     const bool isComposited = m_shadowRoom > 0;
     const double radius = isComposited ? Radius::card : 0;
     if (isComposited)
-        SoftShadow::floating(theme.shadow).paint(painter, card(), radius);
+        SoftShadow::floating(theme.shadow).paint(painter, m_card, radius);
     else
         painter.fillRect(rect(), theme.card);
-    Ground{.color = theme.card, .edge = theme.cardEdge, .radius = radius}.paint(painter, card());
+    Ground{.color = theme.card, .edge = theme.cardEdge, .radius = radius}.paint(painter, m_card);
 }
 
 } // namespace Kovrel

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <chrono>
+#include <vector>
 
 class QPropertyAnimation;
 
@@ -13,7 +14,7 @@ namespace Kovrel {
 
 // A card that floats above other windows and never takes the focus. Where the desktop composites, it has round corners
 // and room for its shadow around it; elsewhere it is square and opaque. It deletes itself when it is closed.
-// Lengths are points.
+// Where it stands is said in root pixels, what is in it in its own points with the origin top-left.
 class FloatingPanel : public QWidget {
     Q_OBJECT
 
@@ -22,6 +23,10 @@ public:
 
     // `shapes` outlives it.
     FloatingPanel(PanelShapes& shapes, bool isComposited, Desktops desktops);
+
+    // The card covers these root pixels, in the scale of a display. Its shadow ends where the display does, the card
+    // may reach beyond. Sizes are rounded to whole points.
+    void place(const Display& display, const QRect& card);
 
     void popIn();
     // Fades and then closes.
@@ -32,23 +37,28 @@ public:
     void reappear();
 
 protected:
-    // The card's upper right corner stands `margin` within that of the usable area of the display.
-    void placeAtTopRight(const Display& display, QSizeF cardSize, QSizeF margin);
-
     virtual void paintContent(QPainter& painter, const QRectF& card) = 0;
+
+    // Where the panel takes the pointer: clicks on what shines through elsewhere are meant for that.
+    virtual std::vector<QRectF> inputAreas() const { return {m_card}; }
+
+    // `inputAreas` answers something else than before.
+    void shapeInput();
+
+    QRectF card() const { return m_card; }
 
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void leaveShadowToOthers();
-    QRectF card() const;
+    void moveTo(const Display& display, const QRect& pixels);
     void paintGround(QPainter& painter) const;
     QPropertyAnimation* makeFade(double opacity, std::chrono::milliseconds duration);
 
     PanelShapes& m_shapes;
     double m_shadowRoom; // around the card
+    QRectF m_card;
     bool m_isEmpty = false;
 };
 

@@ -8,9 +8,9 @@ namespace Kovrel::Testing {
 
 class FakePanelShapes : public PanelShapes {
 public:
-    std::map<quintptr, QRect> inputs;
+    std::map<quintptr, QRegion> inputs;
 
-    void takeInputOnlyIn(quintptr window, const QRect& pixels) override { inputs[window] = pixels; }
+    void takeInputOnlyIn(quintptr window, const QRegion& pixels) override { inputs[window] = pixels; }
 };
 
 } // namespace Kovrel::Testing

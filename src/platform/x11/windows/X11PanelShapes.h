@@ -12,7 +12,7 @@ class X11PanelShapes : public PanelShapes {
 public:
     explicit X11PanelShapes(std::unique_ptr<X11Connection> connection);
 
-    void takeInputOnlyIn(quintptr window, const QRect& pixels) override;
+    void takeInputOnlyIn(quintptr window, const QRegion& pixels) override;
 
 private:
     std::unique_ptr<X11Connection> m_connection;
