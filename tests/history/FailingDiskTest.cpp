@@ -148,6 +148,22 @@ TEST_F(FailingDiskTest, AFailureAtAnyStepChangesNothingInMemoryAndIsMadeGoodLate
         }
 }
 
+TEST_F(FailingDiskTest, DeletingMakesRoomOnADiskThatIsFull)
+{
+    begin();
+    {
+        const FailingDisk disk(1, FailingDisk::Failure::fromThenOn);
+        store().remove({id(1), id(2)});
+        settle();
+        loop.advance(CaptureHistoryStore::undoTime);
+        settle();
+        EXPECT_EQ(filesOf(1) + filesOf(2), QStringList());
+    }
+    kill();
+    run = started();
+    EXPECT_THAT(entries(), ElementsAre(3));
+}
+
 TEST_F(FailingDiskTest, AnIndexThatCantBeReadNowIsNotTakenForADamagedOne)
 {
     begin();

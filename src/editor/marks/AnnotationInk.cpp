@@ -338,6 +338,17 @@ QTransform AnnotationInk::rotation(const Annotation& mark, double scale)
         .translate(-centre.x(), -centre.y());
 }
 
+bool AnnotationInk::edgeContains(const Annotation& mark, Point point, double tolerance)
+{
+    if (!isDrawable(mark, 1))
+        return false;
+    const QPointF upright = rotation(mark, 1).inverted().map(scaled(point, 1));
+    const bool isStroked = mark.kind == Kind::rectangle || mark.kind == Kind::ellipse;
+    const double width = 2 * tolerance + (isStroked ? mark.lineWidth : 0);
+    const QPen wide(Qt::black, width, Qt::SolidLine, Qt::RoundCap, pen(mark, 1).joinStyle());
+    return stroked(shapePath(mark, 1), wide).contains(upright);
+}
+
 bool AnnotationInk::contains(const Annotation& mark, Point point, double tolerance, const MeasureInk::Reading& reading)
 {
     if (!isDrawable(mark, 1))

@@ -49,6 +49,8 @@ QPainterPath inkPath(const Annotation& mark, double scale, const MeasureInk::Rea
 // Turns what was drawn upright; the identity for kinds that do not turn.
 QTransform rotation(const Annotation& mark, double scale);
 
+// Whether a point is on the line around a shape, or so near to it.
+bool edgeContains(const Annotation& mark, Point point, double tolerance);
 // Where the mark can be hit with a pointer that is `tolerance` image points wide to each side.
 bool contains(const Annotation& mark, Point point, double tolerance, const MeasureInk::Reading& reading = {});
 

@@ -91,6 +91,12 @@ private:
     std::array<double, steps + 1> m_arc{};
 };
 
+CentreLine centreLine(Point from, Point to, std::optional<Point> control, double scale)
+{
+    const auto scaled = [scale](Point point) { return QPointF(point.x * scale, point.y * scale); };
+    return {scaled(from), scaled(to), control ? std::optional(scaled(*control)) : std::nullopt};
+}
+
 // All in target points.
 struct Proportions {
     Proportions(double lineWidth, double scale, double tipScale, double total)
@@ -153,6 +159,9 @@ public:
         return path;
     }
 
+    // To the left of the head's direction.
+    QPointF headCorner() const { return headBase() + m_size.headHalf * normal(m_headDirection); }
+
 private:
     // Clockwise as the head is, so that they do not cancel each other out where they overlap.
     QPolygonF shaft() const
@@ -196,13 +205,17 @@ private:
         return cap;
     }
 
+    // Overlapping the shaft where there is one, so that no seam shows.
+    QPointF headBase() const
+    {
+        const double overlap = m_size.shaftEnd > 0 ? 0.12 * m_size.head : 0;
+        return m_shaftEnd - overlap * m_headDirection;
+    }
+
     QPainterPath head() const
     {
-        // Overlapping the shaft where there is one, so that no seam shows.
-        const double overlap = m_size.shaftEnd > 0 ? 0.12 * m_size.head : 0;
-        const QPointF base = m_shaftEnd - overlap * m_headDirection;
         const QPointF side = m_size.headHalf * normal(m_headDirection);
-        return softened({base + side, m_tip, base - side}, m_rounding);
+        return softened({headBase() + side, m_tip, headBase() - side}, m_rounding);
     }
 
     const CentreLine& m_line;
@@ -218,10 +231,17 @@ private:
 QPainterPath ArrowInk::arrowInkPath(Point from, Point to, std::optional<Point> control, double lineWidth, double scale,
                                     double tipScale)
 {
-    const auto scaled = [scale](Point point) { return QPointF(point.x * scale, point.y * scale); };
-    const CentreLine line(scaled(from), scaled(to), control ? std::optional(scaled(*control)) : std::nullopt);
+    const CentreLine line = centreLine(from, to, control, scale);
     const Proportions size(lineWidth, scale, tipScale, line.total());
-    return Arrow(line, size, scaled(to), scale).path();
+    return Arrow(line, size, line.at(steps), scale).path();
+}
+
+Point ArrowInk::headCorner(Point from, Point to, std::optional<Point> control, double lineWidth, double tipScale)
+{
+    const CentreLine line = centreLine(from, to, control, 1);
+    const Proportions size(lineWidth, 1, tipScale, line.total());
+    const QPointF corner = Arrow(line, size, line.at(steps), 1).headCorner();
+    return {corner.x(), corner.y()};
 }
 
 } // namespace Kovrel

@@ -17,6 +17,9 @@ namespace ArrowInk {
 QPainterPath arrowInkPath(Point from, Point to, std::optional<Point> control, double lineWidth, double scale,
                           double tipScale = 1);
 
+// The corner of the head to the left of its direction, in image points.
+Point headCorner(Point from, Point to, std::optional<Point> control, double lineWidth, double tipScale);
+
 } // namespace ArrowInk
 
 } // namespace Kovrel

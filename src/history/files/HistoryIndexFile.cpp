@@ -194,10 +194,21 @@ HistoryIndexFile::Outcome HistoryIndexFile::write(const HistoryState& base, cons
     if (!there)
         return there;
     HistoryState state = HistoryMerge::merged(known, ours, *there);
-    if (const auto written = put(state, ours); !written)
+    if (const auto written = putOrMakeRoom(state, ours, deleted); !written)
         return std::unexpected(written.error());
     forgetFiles(deleted);
     return state;
+}
+
+// People delete when their disk is full. A record without its picture is none, so pictures may go before it does.
+std::expected<void, QString> HistoryIndexFile::putOrMakeRoom(const HistoryState& state, const HistoryState& ours,
+                                                             const QSet<QUuid>& deleted)
+{
+    auto written = put(state, ours);
+    if (written || deleted.isEmpty())
+        return written;
+    forgetFiles(deleted);
+    return put(state, ours);
 }
 
 HistoryIndexFile::Outcome HistoryIndexFile::theirs(const HistoryState& base)

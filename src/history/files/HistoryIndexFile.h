@@ -22,7 +22,8 @@ public:
     static Outcome peek(const HistoryFiles& files);
 
     // Puts `ours` on the disk, which was made of `base`, with what other programs have done since; the answer is what
-    // is there now. Then the files of captures that were deleted go. Where it fails, the old records are still there.
+    // is there now. Then the files of captures that were deleted go, or before, where the disk has no room. Where it
+    // fails, the old records are still there.
     Outcome write(const HistoryState& base, const HistoryState& ours, const QSet<QUuid>& deleted);
 
 private:
@@ -40,6 +41,8 @@ private:
     Stamps stamps() const;
     // Reads the disk; what is missing there is as in `base`.
     Outcome theirs(const HistoryState& base);
+    std::expected<void, QString> putOrMakeRoom(const HistoryState& state, const HistoryState& ours,
+                                               const QSet<QUuid>& deleted);
     std::expected<void, QString> put(const HistoryState& state, const HistoryState& ours);
     std::expected<void, QString> putLists(const HistoryState& state);
     std::expected<void, QString> putEntries(const HistoryState& state);
