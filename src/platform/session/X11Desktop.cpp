@@ -40,7 +40,8 @@ X11Desktop::X11Desktop(MainLoop& loop, Workers& workers)
       m_picture(loop, workers, m_reader, m_displays, wallpaperOf),
       m_overlay(loop, workers, m_displays),
       m_panelShapes(std::make_unique<X11Connection>()),
-      m_clipboard(std::make_unique<X11Connection>())
+      m_clipboard(std::make_unique<X11Connection>()),
+      m_programs(loop, workers)
 {
     m_reader->releaseWhenIdle(loop);
     followScreens();
