@@ -10,15 +10,13 @@ namespace {
 // Handles work on marks; this one is only a box.
 Annotation boxOf(const Rect& rect)
 {
-    return {.kind = Annotation::Kind::blackout,
-            .points = {{rect.minX(), rect.minY()}, {rect.maxX(), rect.maxY()}}};
+    return {.kind = Annotation::Kind::blackout, .points = {{rect.minX(), rect.minY()}, {rect.maxX(), rect.maxY()}}};
 }
 
 Point within(const Rect& canvas, Point point)
 {
     return {std::clamp(point.x, canvas.minX(), canvas.maxX()), std::clamp(point.y, canvas.minY(), canvas.maxY())};
 }
-
 
 // How much of a length that reaches from a fixed place fits between two bounds.
 double shareThatFits(double fixed, double low, double high, double least, double most)
@@ -34,9 +32,8 @@ double shareThatFits(double fixed, double low, double high, double least, double
 // Smaller, in its shape, with a place that stays.
 Rect shrunkInto(const Rect& canvas, const Rect& rect, Point fixed)
 {
-    const double share =
-        std::min(shareThatFits(fixed.x, rect.minX(), rect.maxX(), canvas.minX(), canvas.maxX()),
-                 shareThatFits(fixed.y, rect.minY(), rect.maxY(), canvas.minY(), canvas.maxY()));
+    const double share = std::min(shareThatFits(fixed.x, rect.minX(), rect.maxX(), canvas.minX(), canvas.maxX()),
+                                  shareThatFits(fixed.y, rect.minY(), rect.maxY(), canvas.minY(), canvas.maxY()));
     return {fixed.x + (rect.x - fixed.x) * share, fixed.y + (rect.y - fixed.y) * share, rect.width * share,
             rect.height * share};
 }

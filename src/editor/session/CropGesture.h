@@ -10,8 +10,8 @@ namespace Kovrel {
 class CropGesture : public EditorGesture {
 public:
     struct Frame {
-        Rect canvas;              // image points
-        double scale = 1;         // pixels of an image point
+        Rect canvas;                  // image points
+        double scale = 1;             // pixels of an image point
         std::optional<double> aspect; // width over height, where it is locked
     };
 

@@ -12,6 +12,7 @@ public:
     DrawGesture(const EditorDocument& start, Annotation mark, Point from, const Rect& canvas);
 
     EditorDocument moved(const CanvasPointer& pointer) override;
+
     std::optional<std::vector<QUuid>> selection() const override { return {{m_mark.id}}; }
 
     std::vector<Snapping::Guide> guides() const override { return m_guides; }

@@ -22,7 +22,7 @@ namespace {
 using Kind = Annotation::Kind;
 using Target = EditorPointing::Target;
 
-constexpr double clickReach = 3; // points of the screen
+constexpr double clickReach = 3;  // points of the screen
 constexpr double fitsLine = 1.25; // a highlighter's nib by the height of a line
 constexpr double nibHeight = 6.5; // by its width
 
@@ -131,8 +131,8 @@ std::unique_ptr<EditorGesture> EditorPointing::gestureAt(const CanvasPointer& po
     const EditorTool tool = m_session.tool();
     const EditorCapture& capture = m_session.capture();
     if (tool == EditorTool::crop)
-        return std::make_unique<CropGesture>(
-            m_session.document(), pointer, CropGesture::Frame{capture.canvas(), capture.scale, m_cropAspect});
+        return std::make_unique<CropGesture>(m_session.document(), pointer,
+                                             CropGesture::Frame{capture.canvas(), capture.scale, m_cropAspect});
     const Target target = targetAt(pointer);
     if (target.handle)
         return held(target, pointer);

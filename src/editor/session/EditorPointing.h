@@ -1,8 +1,8 @@
 #pragma once
 
+#include "editor/geometry/MarkHandles.h"
 #include "editor/session/EditorGesture.h"
 #include "editor/session/EditorSession.h"
-#include "editor/geometry/MarkHandles.h"
 
 #include <memory>
 
@@ -36,6 +36,7 @@ public:
 
     // Width over height of crops, where it is locked.
     void setCropAspect(std::optional<double> aspect) { m_cropAspect = aspect; }
+
     // How high lines of text are, where that is known: what a highlighter fits itself to.
     void setLineHeightAt(std::function<std::optional<double>(Point)> lineHeightAt)
     {

@@ -34,6 +34,7 @@ public:
 
     void undo();
     void redo();
+
     // What comes next is a step of its own.
     void seal() { m_undo.seal(); }
 
@@ -56,6 +57,7 @@ public:
     MarkStyle style() const;
     // For what is selected, and for the tool that makes such marks.
     void setStyle(const MarkStyle& style);
+
     MarkStyle toolStyle(EditorTool tool) const { return m_styles.of(tool); }
 
     // --- Commands for what is selected

@@ -29,9 +29,8 @@ EditorDocument HandleGesture::moved(const CanvasPointer& pointer)
 {
     EditorDocument next = m_start;
     Annotation& mark = *next.mark(m_id);
-    mark = MarkHandles::dragged(
-        mark, m_handle, snapped(pointer),
-        {.keepsShape = pointer.shift, .fromCentre = pointer.alt, .tolerance = pointer.reach()});
+    mark = MarkHandles::dragged(mark, m_handle, snapped(pointer),
+                                {.keepsShape = pointer.shift, .fromCentre = pointer.alt, .tolerance = pointer.reach()});
     return next;
 }
 

@@ -60,6 +60,7 @@ private:
 
     const Annotation& label() const;
     QString shownText() const;
+
     qsizetype from() const { return std::min(m_now.caret, m_now.anchor); }
 
     qsizetype to() const { return std::max(m_now.caret, m_now.anchor); }

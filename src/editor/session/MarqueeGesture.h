@@ -10,6 +10,7 @@ public:
     MarqueeGesture(const EditorDocument& start, std::vector<QUuid> before, Point from);
 
     EditorDocument moved(const CanvasPointer& pointer) override;
+
     std::optional<EditorDocument> clicked() const override { return m_start; }
 
     std::optional<std::vector<QUuid>> selection() const override { return m_selection; }

@@ -10,6 +10,7 @@ public:
     StrokeGesture(const EditorDocument& start, Annotation mark, Point from);
 
     EditorDocument moved(const CanvasPointer& pointer) override;
+
     std::optional<EditorDocument> clicked() const override { return withStroke(m_mark.points); }
 
 private:

@@ -78,13 +78,20 @@ TEST_F(EditorPointingTest, EachToolDrawsItsMarkInOneStep)
         Kind kind;
         size_t points;
     };
+
     const Case cases[] = {
-        {EditorTool::arrow, Kind::arrow, 2},           {EditorTool::line, Kind::line, 2},
-        {EditorTool::pen, Kind::pen, 3},               {EditorTool::highlighter, Kind::highlighter, 3},
-        {EditorTool::rectangle, Kind::rectangle, 2},   {EditorTool::rectangleFilled, Kind::rectangle, 2},
-        {EditorTool::ellipse, Kind::ellipse, 2},       {EditorTool::step, Kind::step, 1},
-        {EditorTool::blur, Kind::blur, 2},             {EditorTool::pixelate, Kind::pixelate, 2},
-        {EditorTool::blackout, Kind::blackout, 2},     {EditorTool::spotlight, Kind::spotlight, 2},
+        {EditorTool::arrow, Kind::arrow, 2},
+        {EditorTool::line, Kind::line, 2},
+        {EditorTool::pen, Kind::pen, 3},
+        {EditorTool::highlighter, Kind::highlighter, 3},
+        {EditorTool::rectangle, Kind::rectangle, 2},
+        {EditorTool::rectangleFilled, Kind::rectangle, 2},
+        {EditorTool::ellipse, Kind::ellipse, 2},
+        {EditorTool::step, Kind::step, 1},
+        {EditorTool::blur, Kind::blur, 2},
+        {EditorTool::pixelate, Kind::pixelate, 2},
+        {EditorTool::blackout, Kind::blackout, 2},
+        {EditorTool::spotlight, Kind::spotlight, 2},
         {EditorTool::measure, Kind::measure, 2},
     };
     for (const Case& one : cases) {

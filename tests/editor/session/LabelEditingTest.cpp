@@ -14,8 +14,14 @@ namespace {
 
 using Move = LabelEditing::Move;
 
-const QStringList samples{"plain words", "two\nlines", "a word that is so long that it wraps", "שלום עולם",
-                          "mixed עברית and more", "1️⃣ ☎️ emoji 👩‍👩‍👧", "e\u0301 combining", ""};
+const QStringList samples{"plain words",
+                          "two\nlines",
+                          "a word that is so long that it wraps",
+                          "שלום עולם",
+                          "mixed עברית and more",
+                          "1️⃣ ☎️ emoji 👩‍👩‍👧",
+                          "e\u0301 combining",
+                          ""};
 
 struct LabelEditingTest : testing::Test {
     LabelEditingTest() { Preferences::registerDefaults(defaults); }

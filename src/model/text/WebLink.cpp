@@ -1,4 +1,4 @@
-#include "model/WebLink.h"
+#include "model/text/WebLink.h"
 
 namespace Kovrel {
 
