@@ -79,6 +79,13 @@ QSizeF PinGeometry::frameSize(QSizeF picture, double zoom)
     return (picture * zoom).expandedTo(smallest);
 }
 
+QSizeF PinGeometry::pictureWithin(QSizeF frame, QSizeF picture, double zoom)
+{
+    const QSizeF whole = frameSize(picture, zoom);
+    const QSizeF shown = picture * zoom;
+    return {frame.width() * shown.width() / whole.width(), frame.height() * shown.height() / whole.height()};
+}
+
 QSizeF PinGeometry::spawnSize(QSize pixels, double scale, QSizeF usable)
 {
     const QSizeF picture = pointSize(pixels, scale);

@@ -38,6 +38,8 @@ QSizeF pointSize(QSize pixels, double scale);
 double spawnZoom(QSizeF picture, QSizeF usable);
 // The pin around a picture.
 QSizeF frameSize(QSizeF picture, double zoom);
+// What of a frame's size the picture covers, whose frame may be larger than itself.
+QSizeF pictureWithin(QSizeF frame, QSizeF picture, double zoom);
 // Of a pin that has just come.
 QSizeF spawnSize(QSize pixels, double scale, QSizeF usable);
 
