@@ -19,8 +19,7 @@ using Kind = Annotation::Kind;
 
 QImage paintable(const QImage& image)
 {
-    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
-                                                         : QImage::Format_RGB32);
+    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
 }
 
 QImage atShare(const QImage& image, double share)
@@ -95,18 +94,15 @@ void CanvasPicture::takeBackdrop()
     m_backdrop = m_layout ? m_renderer.canvas(*m_layout, backdrop) : QImage();
 }
 
-QRegion CanvasPicture::setDocument(const EditorDocument& document, std::optional<QUuid> hiddenLabel)
+QRegion CanvasPicture::setDocument(const EditorDocument& document)
 {
     const QRect areaBefore = area();
-    const std::vector<Annotation> before = shownMarks();
     const bool isBackdropChanged = document.composition.backdrop != m_document.composition.backdrop;
-    m_document = document;
-    m_hiddenLabel = hiddenLabel;
+    const std::vector<Annotation> before = std::exchange(m_document, document).marks;
     takePadding();
-    const std::vector<Annotation> after = shownMarks();
     const QRectF all = inTarget(area());
     const QRectF inPoints(all.topLeft() / scale(), all.size() / scale());
-    const QRegion changed = pixelsOf(MarkChanges::areas(before, after, inPoints));
+    const QRegion changed = pixelsOf(MarkChanges::areas(before, m_document.marks, inPoints));
     if (isBackdropChanged)
         takeBackdrop();
     if (isBackdropChanged || area() != areaBefore) {
@@ -115,13 +111,6 @@ QRegion CanvasPicture::setDocument(const EditorDocument& document, std::optional
     }
     redraw(changed);
     return changed & area();
-}
-
-std::vector<Annotation> CanvasPicture::shownMarks() const
-{
-    std::vector<Annotation> marks = m_document.marks;
-    std::erase_if(marks, [this](const Annotation& mark) { return mark.id == m_hiddenLabel; });
-    return marks;
 }
 
 // Image points, y up.
@@ -153,9 +142,9 @@ void CanvasPicture::redrawAll()
 // What changes the capture first: all that lies above it is laid on that.
 void CanvasPicture::redraw(const QRegion& region)
 {
-    for (const QRect& rect : region & captureArea())
+    for (const QRect& rect : region& captureArea())
         redrawMarked(rect);
-    for (const QRect& rect : region & area())
+    for (const QRect& rect : region& area())
         redrawPicture(rect);
 }
 
@@ -206,7 +195,6 @@ void CanvasPicture::redrawPicture(const QRect& rect)
     AnnotationDrawing::drawAbove(painter, m_document.marks,
                                  {.scale = scale(),
                                   .fullRect = QRectF({}, QSizeF(m_shown.size())),
-                                  .excludingTextID = m_hiddenLabel,
                                   .culledTo = inTarget(rect),
                                   .reading = {m_measureUnit, m_capture.scale}});
 }

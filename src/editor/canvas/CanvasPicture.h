@@ -30,11 +30,12 @@ public:
 
     double share() const { return m_share; }
 
-    // Where it may look different now. `hiddenLabel`: one that is being written in, and shown by others.
-    QRegion setDocument(const EditorDocument& document, std::optional<QUuid> hiddenLabel = {});
+    // Where it may look different now.
+    QRegion setDocument(const EditorDocument& document);
 
     // The whole canvas, and what of it the capture is.
     QRect area() const;
+
     QRect captureArea() const { return {{}, m_shown.size()}; }
 
     // All of it: Format_ARGB32_Premultiplied, transparent where nothing is. Its upper left pixel is that of area().
@@ -60,7 +61,6 @@ private:
     void redrawMarked(const QRect& rect);
     void redrawPicture(const QRect& rect);
     QRectF inTarget(const QRect& rect) const;
-    std::vector<Annotation> shownMarks() const;
 
     EditorCapture m_capture;
     MeasureUnit m_measureUnit;
@@ -69,11 +69,10 @@ private:
     double m_share = 1;
     Pictures m_shown; // at the share
     EditorDocument m_document;
-    std::optional<QUuid> m_hiddenLabel;
     QImage m_marked; // the capture with what changes it
     EditorBackdropRenderer m_renderer;
     std::optional<BackdropLayout> m_layout; // none without a backdrop
-    QMargins m_padding;                   // that marks which stick out ask for
+    QMargins m_padding;                     // that marks which stick out ask for
     QImage m_backdrop;
     QImage m_picture;
 };
