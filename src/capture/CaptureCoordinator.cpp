@@ -396,11 +396,6 @@ QCoro::Task<> CaptureCoordinator::runTimed(Run run)
 
 // --- Reopening
 
-void CaptureCoordinator::reopenClosed()
-{
-    reopenClosed([](bool) {});
-}
-
 void CaptureCoordinator::reopenClosed(std::function<void(bool)> reply)
 {
     m_reopener.reopenClosed(std::move(reply));

@@ -45,10 +45,7 @@ public:
     // Whether one may capture now; shows what helps when one may not.
     bool ensureScreenAccess();
 
-    // The capture whose card was closed last comes back.
-    void reopenClosed();
-    // Answers whether there was one.
-    void reopenClosed(std::function<void(bool)> reply);
+    void reopenClosed(std::function<void(bool)> reply) override;
     void presentFromHistory(QUuid id, std::function<void(bool)> reply) override;
 
     void whenForegroundIsFree(std::function<void()> work) override;

@@ -116,7 +116,9 @@ QCoro::Task<> CaptureFinisher::finish(Pixels pixels, std::shared_ptr<CaptureRun>
     if (plan.record)
         recording = record(result, save, png);
     if (plan.showCard)
-        presentCard(result, cardDisplay, plan.copy, save);
+        presentCard({.result = result, .didCopyToClipboard = plan.copy, .showOn = cardDisplay}, save, recording);
+    else
+        m_services.ports.cards.tell(&CardPile::settleAfterAbandonedCapture);
     showElsewhere(plan, result);
 
     if (run->options.waitsForFiles)
@@ -169,15 +171,17 @@ void CaptureFinisher::showElsewhere(const Delivery& plan, const CaptureResult& r
         ports.pins->pin(result);
 }
 
-void CaptureFinisher::presentCard(const CaptureResult& result, std::optional<quint32> showOn, bool didCopy,
-                                  std::shared_ptr<CaptureSave> save)
+void CaptureFinisher::presentCard(const CardPile::Card& card, std::shared_ptr<CaptureSave> save,
+                                  std::shared_ptr<CaptureRecording> recording)
 {
     CardPile& cards = *m_services.ports.cards;
-    cards.present(
-        {.result = result, .savedPath = {}, .didCopyToClipboard = didCopy, .showOn = showOn, .baseResult = {}});
+    const QUuid id = card.result.id;
+    cards.present(card);
     if (save)
-        cards.attachCaptureSave(std::move(save), result.id);
-    m_services.trace.mark("CARD presented (" + result.id.toString(QUuid::WithoutBraces) + ")");
+        cards.attachCaptureSave(std::move(save), id);
+    if (recording)
+        cards.attachRecording(std::move(recording), id);
+    m_services.trace.mark("CARD presented (" + id.toString(QUuid::WithoutBraces) + ")");
 }
 
 QCoro::Task<> CaptureFinisher::reportWhenOnDisk(CaptureOutcome outcome, std::shared_ptr<CaptureRun> run,

@@ -6,6 +6,7 @@
 #include "platform/Observers.h"
 #include "platform/Scope.h"
 #include "ports/CaptureHistory.h"
+#include "ports/CardPile.h"
 #include "saving/EncodedPng.h"
 
 #include <QCoreApplication>
@@ -55,8 +56,8 @@ private:
     bool isRecording() const;
     std::shared_ptr<CaptureRecording> record(const CaptureResult& result, std::shared_ptr<CaptureSave> save,
                                              std::shared_ptr<EncodedPng> png);
-    void presentCard(const CaptureResult& result, std::optional<quint32> showOn, bool didCopy,
-                     std::shared_ptr<CaptureSave> save);
+    void presentCard(const CardPile::Card& card, std::shared_ptr<CaptureSave> save,
+                     std::shared_ptr<CaptureRecording> recording);
     void showElsewhere(const Delivery& plan, const CaptureResult& result);
     QCoro::Task<> reportWhenOnDisk(CaptureOutcome outcome, std::shared_ptr<CaptureRun> run,
                                    std::shared_ptr<CaptureSave> save, std::shared_ptr<CaptureRecording> recording);

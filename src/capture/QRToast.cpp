@@ -1,6 +1,7 @@
 #include "capture/QRToast.h"
 
-#include "model/PrintableText.h"
+#include "model/text/PrintableText.h"
+#include "model/text/WebLink.h"
 
 #include <QCoreApplication>
 
@@ -22,10 +23,10 @@ QString QRToast::qrDetail(const QStringList& payloads)
 
 std::function<void()> QRToast::openLinkTap(const QString& payload, std::function<void(QUrl)> open)
 {
-    const QUrl url(payload, QUrl::StrictMode);
-    if (!url.isValid() || (url.scheme() != "http" && url.scheme() != "https"))
+    const auto url = WebLink::of(payload);
+    if (!url)
         return {};
-    return [url, open = std::move(open)] { open(url); };
+    return [url = *url, open = std::move(open)] { open(url); };
 }
 
 } // namespace Kovrel

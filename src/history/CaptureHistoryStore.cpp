@@ -1,5 +1,6 @@
 #include "history/CaptureHistoryStore.h"
 
+#include "history/HistoryTurn.h"
 #include "history/files/OrphanSweep.h"
 #include "history/records/HistoryLists.h"
 #include "history/records/Retention.h"
@@ -195,6 +196,39 @@ void CaptureHistoryStore::setSavedPath(QUuid id, std::optional<QString> path)
 void CaptureHistoryStore::updateImage(HistoryEdit edit, Reply<std::expected<void, QString>> done)
 {
     m_editor.update(std::move(edit), std::move(done));
+}
+
+void CaptureHistoryStore::rotate(QUuid id, QuarterTurn turn, Reply<bool> done)
+{
+    Scope::start(rotateInBackground(id, turn, std::move(done)), "turning a capture");
+}
+
+QCoro::Task<> CaptureHistoryStore::rotateInBackground(QUuid id, QuarterTurn turn, Reply<bool> done)
+{
+    HistoryTurn::Capture capture{.entry = {}, .base = {}};
+    capture.measureUnit = m_services.preferences.get(Settings::measureUnit);
+    capture.base = co_await m_scope.reply<QImage>([&](auto reply) { baseImage(id, reply); });
+    const QString full = co_await m_scope.reply<QString>([&](auto reply) { fullImageURL(id, reply); });
+    using Marks = std::optional<std::vector<Annotation>>;
+    const Marks marks = co_await m_scope.reply<Marks>([&](auto reply) { annotations(id, reply); });
+    using Backdrop = std::optional<EditorBackdrop>;
+    const Backdrop backdrop = co_await m_scope.reply<Backdrop>([&](auto reply) { this->backdrop(id, reply); });
+    const HistoryEntry* found = entry(id);
+    // Marks that can't be read may cover what nobody must see.
+    const bool hasLostMarks = full != baseImageURL(id) && !marks;
+    if (!found || capture.base.isNull() || hasLostMarks) {
+        done(false);
+        co_return;
+    }
+    capture.entry = *found;
+    capture.annotations = marks.value_or(std::vector<Annotation>());
+    capture.backdrop = backdrop.value_or(EditorBackdrop::none);
+    const auto job = Guarded::orElse([capture, turn] { return HistoryTurn::edit(capture, turn); }, HistoryEdit());
+    HistoryEdit edit = co_await m_scope.onWorker(Lane::editorSave, job);
+    if (edit.flattened.isNull())
+        done(false);
+    else
+        updateImage(std::move(edit), [done](const auto& written) { done(written.has_value()); });
 }
 
 void CaptureHistoryStore::looksDifferent(QUuid id)

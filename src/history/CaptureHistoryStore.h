@@ -65,10 +65,9 @@ public:
 
     // After entries or lists have changed; changes of one moment are told together.
     Subscription onChange(std::function<void()> observer);
-    // A capture's files are about to go, for whoever holds them.
-    Subscription onForget(std::function<void(QUuid)> observer);
-    // A capture looks different: its thumbnail is another one.
-    Subscription onPictureChange(std::function<void(QUuid)> observer);
+    Subscription onForget(std::function<void(QUuid)> observer) override;
+    // Its thumbnail is another one.
+    Subscription onPictureChange(std::function<void(QUuid)> observer) override;
 
     // Null for none. Valid until the next change.
     const HistoryEntry* entry(QUuid id) const;
@@ -88,9 +87,10 @@ public:
     std::shared_ptr<CaptureRecording> record(CaptureResult result, std::shared_ptr<CaptureSave> save,
                                              std::shared_ptr<EncodedPng> png) override;
     void setTitle(QUuid id, std::optional<QString> title);
-    void setSavedPath(QUuid id, std::optional<QString> path);
+    void setSavedPath(QUuid id, std::optional<QString> path) override;
     // Once `done` is told without a reason for failure, the picture is on disk.
     void updateImage(HistoryEdit edit, Reply<std::expected<void, QString>> done = {});
+    void rotate(QUuid id, QuarterTurn turn, Reply<bool> done) override;
 
     // --- Removal
 
@@ -173,6 +173,7 @@ private:
     void changeList(QUuid list, const std::function<void(HistoryList&)>& change);
     void leaveLists(const QSet<QUuid>& ids);
     QCoro::Task<> keepReading(QUuid id, OCRResult text, std::vector<QRCode> codes);
+    QCoro::Task<> rotateInBackground(QUuid id, QuarterTurn turn, Reply<bool> done);
     QCoro::Task<> reopen(QUuid id, Reply<std::optional<Reopened>> reply);
     QCoro::Task<> waitForAll(std::function<void()> callback);
     QCoro::Task<> backfillInBackground();

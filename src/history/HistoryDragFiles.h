@@ -1,20 +1,20 @@
 #pragma once
 
 #include "history/CaptureHistoryStore.h"
+#include "ports/CaptureFiles.h"
 #include "saving/DragFiles.h"
 
 namespace Kovrel {
 
 // The files that are handed out when captures of the history are dragged into other programs: one for each capture,
 // under the name that people read, kept for the next drag and gone with the capture. Main thread.
-class HistoryDragFiles {
+class HistoryDragFiles : public CaptureFiles {
 public:
     // `temporaryFolder` is the user's own.
     HistoryDragFiles(MainLoop& loop, Workers& workers, Preferences& preferences, CaptureHistoryStore& store,
                      const QString& temporaryFolder);
 
-    // The capture as it looks; nothing when there is none, or no place for the file.
-    void file(QUuid id, Reply<std::optional<QString>> reply);
+    void file(QUuid id, Reply<std::optional<QString>> reply) override;
 
 private:
     QCoro::Task<> link(QUuid id, Reply<std::optional<QString>> reply);

@@ -19,6 +19,7 @@ enum class Lane {
     thumbnails,  // small pictures of the history, made and read
     search,      // what somebody types to find captures
     searchIndex, // the file of their words
+    cardFace,    // "com.kovrel.card-face"
 };
 
 // Who waits for a job; of those that wait in a lane the most urgent is run first.

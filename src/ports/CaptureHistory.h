@@ -3,6 +3,8 @@
 #include "model/CaptureResult.h"
 #include "model/OCRResult.h"
 #include "model/QRCode.h"
+#include "model/QuarterTurn.h"
+#include "platform/Observers.h"
 #include "platform/Reply.h"
 #include "ports/CaptureSave.h"
 #include "saving/EncodedPng.h"
@@ -42,6 +44,16 @@ public:
     // What was read in a capture, so that nobody has to read it again.
     virtual void setReading(QUuid id, OCRResult text, std::vector<QRCode> codes) = 0;
     virtual void load(QUuid id, Reply<std::optional<Reopened>> reply) = 0;
+
+    // Where the user has a file of it; nothing where that has gone.
+    virtual void setSavedPath(QUuid id, std::optional<QString> path) = 0;
+    // As an edit: marks and backdrop turn with the picture. False when that failed.
+    virtual void rotate(QUuid id, QuarterTurn turn, Reply<bool> done) = 0;
+
+    // A capture's files are about to go, for whoever holds them.
+    virtual Subscription onForget(std::function<void(QUuid)> observer) = 0;
+    // A capture looks different: it was edited.
+    virtual Subscription onPictureChange(std::function<void(QUuid)> observer) = 0;
 };
 
 } // namespace Kovrel

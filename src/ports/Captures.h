@@ -21,6 +21,9 @@ public:
     // does not come twice.
     virtual void presentFromHistory(QUuid id, std::function<void(bool)> reply) = 0;
 
+    // The capture whose card was closed last. The reply says whether there was one.
+    virtual void reopenClosed(std::function<void(bool)> reply) = 0;
+
     virtual bool isCountingDown() const = 0;
     virtual void cancelCountdown() = 0;
 };

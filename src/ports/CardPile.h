@@ -2,6 +2,7 @@
 
 #include "model/CaptureResult.h"
 #include "ports/CaptureChrome.h"
+#include "ports/CaptureHistory.h"
 #include "ports/CaptureSave.h"
 
 #include <memory>
@@ -13,10 +14,10 @@ class CardPile : public CaptureChrome {
 public:
     struct Card {
         CaptureResult result;
-        std::optional<QString> savedPath;
+        std::optional<QString> savedPath = {};
         bool didCopyToClipboard = false;
-        std::optional<quint32> showOn;           // the display for the card, which need not be the captured one
-        std::optional<CaptureResult> baseResult; // a reopened capture before its marks
+        std::optional<quint32> showOn = {};           // the display for the card, which need not be the captured one
+        std::optional<CaptureResult> baseResult = {}; // a reopened capture before its marks
     };
 
     // False while cards can't be shown.
@@ -27,6 +28,13 @@ public:
     virtual void present(Card card) = 0;
     // The card shows how its save ended.
     virtual void attachCaptureSave(std::shared_ptr<CaptureSave> save, QUuid cardID) = 0;
+    // Once the history has the pixels the card lets them go.
+    virtual void attachRecording(std::shared_ptr<CaptureRecording> recording, QUuid cardID) = 0;
+
+    virtual bool hasCards() const = 0;
+    // Out of the way until the next capture, or until this takes it back.
+    virtual void setTemporarilyHidden(bool isHidden) = 0;
+    virtual bool isTemporarilyHidden() const = 0;
 };
 
 } // namespace Kovrel

@@ -11,6 +11,7 @@ class CaptureChrome;
 class CaptureDelivery;
 class CaptureEditors;
 class CaptureEffects;
+class CaptureFiles;
 class CaptureHistory;
 class CapturePins;
 class Captures;
@@ -38,6 +39,7 @@ struct Ports {
     Port<TextReader> textReader;
 
     Port<CaptureHistory> history;
+    Port<CaptureFiles> files;
     Port<ReopenLedger> ledger;
     Port<CardPile> cards;
     Port<CaptureEditors> editors;

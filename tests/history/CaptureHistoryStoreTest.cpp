@@ -188,13 +188,12 @@ TEST_F(CaptureHistoryStoreTest, WhatTheDiskDoesNotTakeIsWrittenWithTheNextChange
         settle();
     }
     EXPECT_THAT(onDisk(), ElementsAre(2, 1));
-    EXPECT_FALSE(filesOf(2).isEmpty()) << "the index on the disk still names it";
+    EXPECT_TRUE(filesOf(2).isEmpty()) << "what is deleted makes room";
     EXPECT_EQ(store().entry(id(1))->title, "kept in memory");
     newList();
     settle();
     EXPECT_THAT(onDisk(), ElementsAre(1));
     EXPECT_TRUE(read("index.json").contains("kept in memory"));
-    EXPECT_TRUE(filesOf(2).isEmpty());
 }
 
 TEST_F(CaptureHistoryStoreTest, TheEndOfTheProgramKeepsWhatIsUnderWay)
@@ -591,6 +590,60 @@ TEST_F(CaptureHistoryStoreTest, AnEditIsWhatIsSeenFromThenOn)
     EXPECT_EQ(thumbnail.size(), edited.size());
     EXPECT_EQ(marks, 1u);
     EXPECT_TRUE(hasBackdrop);
+}
+
+TEST_F(CaptureHistoryStoreTest, ATurnIsAnEditOfPictureMarksAndSubject)
+{
+    recordUpTo(1); // 40 x 30 pixels, 20 x 15 points
+    QImage base;
+    store().baseImage(id(1), [&](const QImage& image) { base = image; });
+    settle();
+    store().updateImage({.id = id(1),
+                         .flattened = base,
+                         .annotations = {{.kind = Annotation::Kind::line, .points = {{1, 2}, {5, 6}}}},
+                         .backdrop = EditorBackdrop(),
+                         .subject = CaptureSubject{{4, 6, 10, 20}, 2}});
+    settle();
+    std::optional<bool> isTurned;
+    store().rotate(id(1), QuarterTurn::right, [&](bool done) { isTurned = done; });
+    settle();
+    EXPECT_EQ(isTurned, true);
+    std::vector<Annotation> marks;
+    QImage full;
+    QImage turnedBase;
+    store().annotations(id(1), [&](const auto& found) { marks = *found; });
+    store().fullImage(id(1), [&](const QImage& image) { full = image; });
+    store().baseImage(id(1), [&](const QImage& image) { turnedBase = image; });
+    settle();
+    ASSERT_EQ(marks.size(), 1u);
+    EXPECT_THAT(marks[0].points, testing::ElementsAre(Point{2, 19}, Point{6, 15}));
+    EXPECT_EQ(store().entry(id(1))->subject, (CaptureSubject{{4, 4, 20, 10}, 2}));
+    EXPECT_EQ(store().entry(id(1))->pixelWidth, 30);
+    EXPECT_EQ(turnedBase, base.transformed(QTransform().rotate(90)).convertToFormat(turnedBase.format()));
+    EXPECT_GT(full.width(), 30) << "the backdrop is around it";
+    EXPECT_GT(full.height(), 40);
+}
+
+TEST_F(CaptureHistoryStoreTest, NothingIsTurnedWhoseMarksCantBeRead)
+{
+    recordUpTo(2);
+    store().updateImage({.id = id(1), .flattened = Testing::testPicture({40, 30}, Testing::Texture::flat)});
+    settle();
+    QFile marks(folder / (name(1) + "_annotations.json"));
+    ASSERT_TRUE(marks.exists());
+    ASSERT_TRUE(marks.open(QFile::WriteOnly));
+    marks.write("no marks");
+    marks.close();
+    std::vector<bool> outcomes;
+    store().rotate(id(1), QuarterTurn::left, [&](bool done) { outcomes.push_back(done); });
+    settle();
+    store().rotate(id(99), QuarterTurn::left, [&](bool done) { outcomes.push_back(done); });
+    settle();
+    store().rotate(id(2), QuarterTurn::left, [&](bool done) { outcomes.push_back(done); });
+    settle();
+    EXPECT_THAT(outcomes, testing::ElementsAre(false, false, true));
+    EXPECT_EQ(store().entry(id(1))->pixelWidth, 40);
+    EXPECT_EQ(store().entry(id(2))->pixelWidth, 30) << "one that was never edited";
 }
 
 TEST_F(CaptureHistoryStoreTest, AnEditThatCantBeWrittenChangesNoRecordAndIsTold)

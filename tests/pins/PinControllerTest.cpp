@@ -33,6 +33,8 @@ struct PinControllerTest : testing::Test {
             reply(isKnown);
         }
 
+        void reopenClosed(std::function<void(bool)> reply) override { reply(false); }
+
         bool isCountingDown() const override { return false; }
 
         void cancelCountdown() override {}

@@ -209,6 +209,7 @@ void FakeCaptureServices::History::load(QUuid id, Reply<std::optional<Reopened>>
 {
     CaptureResult result;
     result.id = id;
+    result.image = fake.historyPicture;
     fake.answer(reply, std::optional(Reopened{result, result, {}}));
 }
 
@@ -240,6 +241,8 @@ std::shared_ptr<CaptureSave> FakeCaptureServices::Delivery::save(CaptureResult, 
 {
     fake.say("save" + (outputPath ? " to " + *outputPath : QString()));
     auto save = std::make_shared<CaptureSave>();
+    if (fake.holdsSaves)
+        return save;
     fake.loop.post([save, error = fake.saveError] {
         save->finish(error ? SaveOutcome(std::unexpected(SaveProblem{*error})) : SaveOutcome("/saved.png"));
     });

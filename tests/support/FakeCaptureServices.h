@@ -67,12 +67,17 @@ struct FakeCaptureServices {
     std::optional<QString> saveError;
     TextReader::Reading reading;
     bool holdsReading = false;
+    bool holdsSaves = false; // they never end
+    std::optional<std::vector<QRCode>> codesFound;
+    QImage historyPicture;
     ToastContent lastToast;
     std::optional<QUuid> lastClosed;
 
     // What came of it.
     std::function<void(SelectionResult)> overlayCompletion;
     Observers<SelectionOverlay::Mode> modeObservers;
+    Observers<QUuid> forgotten;
+    Observers<QUuid> pictureChanged;
     std::vector<CaptureResult> recorded;
     std::vector<CardPile::Card> cardsShown;
     std::vector<std::pair<std::stop_token, Reply<TextReader::Reading>>> heldReadings;
@@ -140,6 +145,14 @@ struct FakeCaptureServices {
 
         void attachCaptureSave(std::shared_ptr<CaptureSave>, QUuid) override { fake.say("cards: attach save"); }
 
+        void attachRecording(std::shared_ptr<CaptureRecording>, QUuid) override {}
+
+        bool hasCards() const override { return !fake.cardsShown.empty(); }
+
+        void setTemporarilyHidden(bool) override {}
+
+        bool isTemporarilyHidden() const override { return false; }
+
         FakeCaptureServices& fake;
     } cards{*this};
 
@@ -181,7 +194,31 @@ struct FakeCaptureServices {
 
         void load(QUuid id, Reply<std::optional<Reopened>> reply) override;
 
+        void setSavedPath(QUuid, std::optional<QString>) override {}
+
+        void rotate(QUuid, QuarterTurn turn, Reply<bool> done) override
+        {
+            fake.say(turn == QuarterTurn::left ? "history: turn left" : "history: turn right");
+            fake.answer(done, true);
+        }
+
+        Subscription onForget(std::function<void(QUuid)> observer) override
+        {
+            return fake.forgotten.add(std::move(observer));
+        }
+
+        Subscription onPictureChange(std::function<void(QUuid)> observer) override
+        {
+            return fake.pictureChanged.add(std::move(observer));
+        }
+
         void rememberSavedFile(QUuid, const QString& path) override { fake.say("ledger: " + path); }
+
+        std::optional<QString> savedFile(QUuid) const override { return {}; }
+
+        void rememberClosed(QUuid) override {}
+
+        void forgetClosed(QUuid) override {}
 
         std::optional<QUuid> takeLastClosed() override { return std::exchange(fake.lastClosed, std::nullopt); }
 
@@ -200,7 +237,10 @@ struct FakeCaptureServices {
             reply(fake.reading.text);
         }
 
-        void readCodes(QImage, Reply<std::optional<std::vector<QRCode>>> reply) override { reply({}); }
+        void readCodes(QImage, Reply<std::optional<std::vector<QRCode>>> reply) override
+        {
+            fake.answer(reply, fake.codesFound);
+        }
 
         void prewarm() override { fake.say("effects: prewarm"); }
 

@@ -57,6 +57,7 @@ HistoryFeature::HistoryFeature(Foundation& foundation, Ports& ports)
       m_scope(foundation.loop, foundation.workers)
 {
     ports.history.offer(m_store);
+    ports.files.offer(m_dragFiles);
     if (foundation.desktop)
         makeWindows();
 }

@@ -50,8 +50,8 @@ Some changed(Marks before, Marks after)
 
 const Annotation* lastSpotlight(Marks marks)
 {
-    const auto last = std::find_if(marks.rbegin(), marks.rend(),
-                                   [](const Annotation& mark) { return mark.kind == Kind::spotlight; });
+    const auto last =
+        std::find_if(marks.rbegin(), marks.rend(), [](const Annotation& mark) { return mark.kind == Kind::spotlight; });
     return last == marks.rend() ? nullptr : &*last;
 }
 

@@ -66,9 +66,8 @@ Annotation stretchedLabel(Annotation label, const Rect& to)
     const Rect from = label.textRect();
     const double factor = from.height > 0 ? to.height / from.height : 1;
     const Rect box = label.boundingRect();
-    moveAll(label, [&](Point point) {
-        return Point{box.x + (point.x - box.x) * factor, box.y + (point.y - box.y) * factor};
-    });
+    moveAll(label,
+            [&](Point point) { return Point{box.x + (point.x - box.x) * factor, box.y + (point.y - box.y) * factor}; });
     scaleSizes(label, factor);
     const Rect now = label.textRect();
     return MarkFrame::translated(std::move(label), {to.minX() - now.minX(), to.maxY() - now.maxY()});

@@ -9,7 +9,8 @@ namespace Kovrel {
 // Where marks are, and how they are brought elsewhere. Image points, y up. Pure; any thread.
 namespace MarkFrame {
 
-// What handles hold, before it is turned: the plate of a label, the badge of a step, what the points of the others span.
+// What handles hold, before it is turned: the plate of a label, the badge of a step, what the points of the others
+// span.
 Rect frame(const Annotation& mark);
 // An upright rectangle around the turned frame; of a bent line, around the curve.
 Rect bounds(const Annotation& mark);

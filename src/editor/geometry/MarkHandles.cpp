@@ -122,10 +122,9 @@ Annotation bent(Annotation mark, Point through, double tolerance)
     const Point from = mark.points.front();
     const Point to = mark.points.back();
     const double chord = length(from, to);
-    const double away = chord == 0 ? 0
-                                   : std::abs((through.x - from.x) * (to.y - from.y) -
-                                              (through.y - from.y) * (to.x - from.x)) /
-                                         chord;
+    const double away =
+        chord == 0 ? 0
+                   : std::abs((through.x - from.x) * (to.y - from.y) - (through.y - from.y) * (to.x - from.x)) / chord;
     if (away <= tolerance)
         mark.curveControl.reset();
     else

@@ -81,8 +81,7 @@ Guide lineAt(double at, const Span& one, const Span& other, Axis axis)
 
 Guide gapBetween(double low, double high, const Span& one, const Span& other, Axis axis)
 {
-    const double middle =
-        (std::max(one.otherLow, other.otherLow) + std::min(one.otherHigh, other.otherHigh)) / 2;
+    const double middle = (std::max(one.otherLow, other.otherLow) + std::min(one.otherHigh, other.otherHigh)) / 2;
     return {pointOf(low, middle, axis), pointOf(high, middle, axis), true};
 }
 
@@ -116,12 +115,10 @@ void offerSeries(Nearest& nearest, const Span& moving, const Span& low, const Sp
     if (gap <= 0)
         return;
     const Guide between = gapBetween(low.high, high.low, low, high, axis);
-    nearest.offer(high.high + gap - moving.low, [&] {
-        return std::vector{between, gapBetween(high.high, high.high + gap, high, moving, axis)};
-    });
-    nearest.offer(low.low - gap - moving.high, [&] {
-        return std::vector{between, gapBetween(low.low - gap, low.low, moving, low, axis)};
-    });
+    nearest.offer(high.high + gap - moving.low,
+                  [&] { return std::vector{between, gapBetween(high.high, high.high + gap, high, moving, axis)}; });
+    nearest.offer(low.low - gap - moving.high,
+                  [&] { return std::vector{between, gapBetween(low.low - gap, low.low, moving, low, axis)}; });
 }
 
 void offerGaps(Nearest& nearest, const Span& moving, std::vector<Span> others, Axis axis)

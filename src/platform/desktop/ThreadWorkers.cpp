@@ -41,6 +41,8 @@ const char* threadName(Lane lane)
         return "kovrel.search";
     case Lane::searchIndex:
         return "kovrel.words";
+    case Lane::cardFace:
+        return "kovrel.cardface";
     }
     return "kovrel.worker";
 }

@@ -59,10 +59,12 @@ public:
     std::shared_ptr<ShortcutSwitches> shortcuts() override;
 
 private:
+    // The connection is that of the capture lane.
+    X11Desktop(MainLoop& loop, Workers& workers, const std::shared_ptr<X11Connection>& connection);
+
     void followScreens();
     void follow(QScreen* screen);
 
-    std::shared_ptr<X11Connection> m_connection; // of the capture lane
     std::shared_ptr<X11ImageReader> m_reader;
     X11Displays m_displays;
     X11KeyGrabs m_keys;

@@ -34,4 +34,9 @@ std::chrono::milliseconds Motion::disappearing() const
     return m_isReduced ? 0ms : 220ms;
 }
 
+std::chrono::milliseconds Motion::moving() const
+{
+    return m_isReduced ? 0ms : 280ms;
+}
+
 } // namespace Kovrel

@@ -22,6 +22,7 @@ public:
 
     std::chrono::milliseconds appearing() const;
     std::chrono::milliseconds disappearing() const;
+    std::chrono::milliseconds moving() const; // from one place to another
 
     static constexpr QEasingCurve::Type easing = QEasingCurve::OutCubic;
 

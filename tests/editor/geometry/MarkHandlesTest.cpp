@@ -79,7 +79,8 @@ TEST(MarkHandlesTest, ABoxIsTurnedOverAndKeepsItsShapeWhenAsked)
 {
     const Annotation over = MarkHandles::dragged(box(Kind::blur), MarkHandle::right, {60, 0}, {});
     EXPECT_EQ(over.boundingRect(), (Rect{60, 100, 40, 50}));
-    const Annotation even = MarkHandles::dragged(box(Kind::blur), MarkHandle::upperRight, {300, 160}, {.keepsShape = true});
+    const Annotation even =
+        MarkHandles::dragged(box(Kind::blur), MarkHandle::upperRight, {300, 160}, {.keepsShape = true});
     EXPECT_EQ(even.boundingRect(), (Rect{100, 100, 200, 100}));
     const Annotation side = MarkHandles::dragged(box(Kind::blur), MarkHandle::upper, {0, 200}, {.keepsShape = true});
     EXPECT_EQ(side.boundingRect(), (Rect{50, 100, 200, 100})) << "wider about its middle";
@@ -127,8 +128,8 @@ TEST(MarkHandlesTest, LinesAreBentMovedAndPointed)
 
     const Annotation start = line();
     const Point corner = placeOf(start, MarkHandle::tip);
-    const Annotation larger = MarkHandles::dragged(
-        start, MarkHandle::tip, {100 + 1.5 * (corner.x - 100), 1.5 * corner.y}, {});
+    const Annotation larger =
+        MarkHandles::dragged(start, MarkHandle::tip, {100 + 1.5 * (corner.x - 100), 1.5 * corner.y}, {});
     EXPECT_NEAR(larger.tipScale, 1.5, 1e-6);
     expectNear(placeOf(larger, MarkHandle::tip), {100 + 1.5 * (corner.x - 100), 1.5 * corner.y}, "the head", 0.5);
 }

@@ -26,12 +26,14 @@ Annotation line(Point from, Point to)
 TEST(MarkHitTest, TheMarkThatSomebodyMeans)
 {
     using Fill = Annotation::FillStyle;
+
     struct Case {
         const char* what;
         std::vector<Annotation> marks;
         Point at;
         std::optional<size_t> expected;
     };
+
     const Annotation large = shape(Kind::rectangle, {0, 0, 200, 200});
     const Annotation small = shape(Kind::rectangle, {50, 50, 20, 20});
     Annotation turned = shape(Kind::rectangle, {0, 90, 200, 20}, Fill::filled);
@@ -42,7 +44,10 @@ TEST(MarkHitTest, TheMarkThatSomebodyMeans)
          {shape(Kind::rectangle, {0, 0, 100, 100}, Fill::filled), shape(Kind::ellipse, {0, 0, 100, 100}, Fill::filled)},
          {50, 50},
          1},
-        {"what lies in an outline above it", {shape(Kind::rectangle, {50, 50, 20, 20}, Fill::filled), large}, {60, 60}, 0},
+        {"what lies in an outline above it",
+         {shape(Kind::rectangle, {50, 50, 20, 20}, Fill::filled), large},
+         {60, 60},
+         0},
         {"the smaller of two outlines around it", {small, large}, {60, 60}, 0},
         {"the inside of an outline where nothing else is", {large}, {100, 100}, 0},
         {"the edge of an outline above a filled one",

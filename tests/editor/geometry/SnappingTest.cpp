@@ -19,6 +19,7 @@ TEST(SnappingTest, FramesGoToEdgesMiddlesAndEqualDistances)
         Size shift;
         size_t guides;
     };
+
     const Case cases[] = {
         {"nothing near", {300, 333, 50, 50}, {{100, 100, 31, 31}}, {0, 0}, 0},
         {"its left edge at another's right one", {133, 600, 57, 50}, {{100, 100, 31, 31}}, {-2, 0}, 1},

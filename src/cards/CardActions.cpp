@@ -1,0 +1,192 @@
+#include "cards/CardActions.h"
+
+#include "platform/Guarded.h"
+#include "ports/CaptureDelivery.h"
+#include "ports/CaptureEditors.h"
+#include "ports/CapturePins.h"
+#include "ports/ReopenLedger.h"
+#include "ports/SaveFailureToast.h"
+#include "ports/Toasts.h"
+
+#include <QTransform>
+
+namespace Kovrel {
+
+CardActions::CardActions(CardServices services, CardShelf& shelf, CardPixels& pixels, Callbacks callbacks)
+    : m_services(std::move(services)),
+      m_shelf(shelf),
+      m_pixels(pixels),
+      m_callbacks(std::move(callbacks)),
+      m_scope(m_services.loop, m_services.workers)
+{
+}
+
+bool CardActions::canEdit() const
+{
+    return bool(m_services.ports.editors);
+}
+
+bool CardActions::canPin() const
+{
+    return bool(m_services.ports.pins);
+}
+
+void CardActions::tell(QUuid id, ToastContent toast)
+{
+    const PiledCard* card = m_shelf.find(id);
+    const auto display = card ? std::optional(card->displayID) : std::nullopt;
+    m_services.ports.toasts.tell(&Toasts::present, std::move(toast), display, true);
+}
+
+void CardActions::tellMissing(QUuid id)
+{
+    tell(id, {.message = tr("The picture of this capture can't be read"), .icon = "exclamationmark.triangle"});
+}
+
+// --- Copying
+
+void CardActions::copy(QUuid id)
+{
+    Scope::start(copyNow(id), "Copying a card");
+}
+
+QCoro::Task<> CardActions::copyNow(QUuid id)
+{
+    const Captured capture = co_await m_scope.join(m_pixels.capture(id));
+    if (!capture || !m_services.ports.delivery) {
+        tellMissing(id);
+        co_return;
+    }
+    m_services.ports.delivery->copy(*capture, std::make_shared<EncodedPng>(capture->image));
+    m_callbacks.copied(id);
+}
+
+// --- Saving
+
+void CardActions::save(QUuid id)
+{
+    Scope::start(saveNow(id), "Saving a card");
+}
+
+QCoro::Task<> CardActions::saveNow(QUuid id)
+{
+    const std::optional<QString> path = co_await ensureSaved(id);
+    const PiledCard* card = m_shelf.find(id);
+    if (path && card)
+        m_services.ports.toasts.tell(&Toasts::showSaved, *path, card->displayID);
+}
+
+QCoro::Task<std::optional<QString>> CardActions::ensureSaved(QUuid id)
+{
+    const PiledCard* before = m_shelf.find(id);
+    if (const std::shared_ptr<CaptureSave> underWay = before ? before->save : nullptr)
+        co_await m_scope.reply<SaveOutcome>([&](auto done) { underWay->whenDone(done); });
+    const PiledCard* card = m_shelf.find(id);
+    if (!card || card->savedPath)
+        co_return card ? card->savedPath : std::nullopt;
+    const Captured capture = co_await m_scope.join(m_pixels.capture(id));
+    if (!capture || !m_services.ports.delivery) {
+        tellMissing(id);
+        co_return std::nullopt;
+    }
+    const auto save = m_services.ports.delivery->save(*capture, {}, std::make_shared<EncodedPng>(capture->image));
+    watch(id, save);
+    const SaveOutcome outcome = co_await m_scope.reply<SaveOutcome>([&](auto done) { save->whenDone(done); });
+    if (outcome)
+        co_return *outcome;
+    tell(id, SaveFailureToast::of(outcome.error(), m_services.ports));
+    co_return std::nullopt;
+}
+
+void CardActions::watch(QUuid id, std::shared_ptr<CaptureSave> save)
+{
+    PiledCard* card = m_shelf.find(id);
+    if (!card)
+        return;
+    card->save = save;
+    m_callbacks.changed(id);
+    save->whenDone(m_lifeline.guard([this, id](const SaveOutcome& outcome) { saveEnded(id, outcome); }));
+}
+
+void CardActions::saveEnded(QUuid id, const SaveOutcome& outcome)
+{
+    if (outcome) {
+        m_services.ports.ledger.tell(&ReopenLedger::rememberSavedFile, id, *outcome);
+        m_services.ports.history.tell(&CaptureHistory::setSavedPath, id, *outcome);
+    }
+    PiledCard* card = m_shelf.find(id);
+    if (!card)
+        return;
+    if (outcome)
+        card->savedPath = *outcome;
+    m_callbacks.changed(id);
+}
+
+// --- Elsewhere
+
+void CardActions::edit(QUuid id)
+{
+    Scope::start(editNow(id), "Opening a card in the editor");
+}
+
+QCoro::Task<> CardActions::editNow(QUuid id)
+{
+    const Captured capture = co_await m_scope.join(m_pixels.base(id));
+    if (capture)
+        m_services.ports.editors.tell(&CaptureEditors::open, *capture);
+    else
+        tellMissing(id);
+}
+
+void CardActions::pin(QUuid id)
+{
+    Scope::start(pinNow(id), "Pinning a card");
+}
+
+QCoro::Task<> CardActions::pinNow(QUuid id)
+{
+    const Captured capture = co_await m_scope.join(m_pixels.capture(id));
+    if (capture)
+        m_services.ports.pins.tell(&CapturePins::pin, *capture);
+    else
+        tellMissing(id);
+}
+
+// --- Turning
+
+void CardActions::rotate(QUuid id, QuarterTurn turn)
+{
+    Scope::start(rotateNow(id, turn), "Turning a card");
+}
+
+QCoro::Task<> CardActions::rotateNow(QUuid id, QuarterTurn turn)
+{
+    const PiledCard* card = m_shelf.find(id);
+    if (!card)
+        co_return;
+    if (const std::shared_ptr<CaptureRecording> recording = card->recording)
+        co_await m_scope.reply<RecordOutcome>([&](auto done) { recording->whenDone(done); });
+    card = m_shelf.find(id);
+    if (!card)
+        co_return;
+    if (card->isKept && m_services.ports.history) {
+        const bool isTurned =
+            co_await m_scope.reply<bool>([&](auto done) { m_services.ports.history->rotate(id, turn, done); });
+        if (!isTurned)
+            tellMissing(id);
+        co_return;
+    }
+    const auto job = [image = card->result.image, turn] {
+        return image.transformed(QTransform().rotate(turn == QuarterTurn::left ? -90 : 90));
+    };
+    const QImage image = co_await m_scope.onWorker(Lane::cardFace, Guarded::orElse(job, QImage()));
+    PiledCard* turned = m_shelf.find(id);
+    if (!turned || image.isNull())
+        co_return;
+    turned->result.image = image;
+    turned->savedPath.reset();
+    turned->save.reset();
+    m_callbacks.turned(id);
+}
+
+} // namespace Kovrel

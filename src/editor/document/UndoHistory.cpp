@@ -1,0 +1,46 @@
+#include "editor/document/UndoHistory.h"
+
+namespace Kovrel {
+
+void UndoHistory::record(const EditorDocument& before, const EditorDocument& after, const QString& key)
+{
+    if (!key.isEmpty() && key == m_openKey && canUndo() && !canRedo())
+        merge(before, after);
+    else
+        push({before, after});
+    m_openKey = key;
+}
+
+// From where the last step began. What comes back to there was nothing.
+void UndoHistory::merge(const EditorDocument& before, const EditorDocument& after)
+{
+    const EditorDocument start = m_steps.back().takenBack(before);
+    m_steps.pop_back();
+    --m_done;
+    push({start, after});
+}
+
+void UndoHistory::push(DocumentChange change)
+{
+    if (change.isEmpty())
+        return;
+    m_steps.resize(m_done);
+    m_steps.push_back(std::move(change));
+    if (m_steps.size() > mostSteps)
+        m_steps.pop_front();
+    m_done = m_steps.size();
+}
+
+EditorDocument UndoHistory::undone(EditorDocument document)
+{
+    seal();
+    return m_steps[--m_done].takenBack(std::move(document));
+}
+
+EditorDocument UndoHistory::redone(EditorDocument document)
+{
+    seal();
+    return m_steps[m_done++].applied(std::move(document));
+}
+
+} // namespace Kovrel

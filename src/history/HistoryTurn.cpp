@@ -1,0 +1,70 @@
+#include "history/HistoryTurn.h"
+
+#include "editor/AnnotationFlattener.h"
+#include "editor/marks/AnnotationTurn.h"
+#include "platform/ImageCodec.h"
+
+#include <QTransform>
+
+namespace Kovrel {
+
+namespace {
+
+// Counted from the top-left corner, y down.
+CaptureSubject turnedSubject(const CaptureSubject& subject, QSize capture, QuarterTurn turn)
+{
+    const Rect& rect = subject.rect;
+    const Rect turned = turn == QuarterTurn::left
+                            ? Rect{rect.y, capture.width() - rect.maxX(), rect.height, rect.width}
+                            : Rect{capture.height() - rect.maxY(), rect.x, rect.height, rect.width};
+    return {turned, subject.cornerRadius};
+}
+
+QImage flattened(const HistoryEdit& edit, const HistoryTurn::Capture& capture)
+{
+    if (edit.annotations.empty() && edit.backdrop.isNone())
+        return edit.newBase;
+    EditorBackdropRenderer renderer;
+    const BackdropFill& fill = edit.backdrop.fill;
+    if (fill.kind == BackdropFill::Kind::picture && fill.value.startsWith('/'))
+        if (const auto own = ImageCodec::decodeFile(fill.value))
+            renderer.setPicture(fill.value, *own);
+    return AnnotationFlattener::render(
+        {.base = edit.newBase,
+         .annotations = edit.annotations,
+         .exportScale = capture.entry.pixelScale,
+         .backdrop = edit.backdrop,
+         .subject = edit.subject,
+         .margins = edit.backdrop.autoBalance ? BackdropMargins::measured(edit.newBase) : BackdropMargins{},
+         .measureUnit = capture.measureUnit},
+        renderer);
+}
+
+} // namespace
+
+QImage HistoryTurn::turned(const QImage& image, QuarterTurn turn)
+{
+    return image.transformed(QTransform().rotate(turn == QuarterTurn::left ? -90 : 90));
+}
+
+HistoryEdit HistoryTurn::edit(const Capture& capture, QuarterTurn turn)
+{
+    const double scale = capture.entry.pixelScale;
+    const Size points{capture.base.width() / scale, capture.base.height() / scale};
+    HistoryEdit edit{.id = capture.entry.id,
+                     .flattened = {},
+                     .annotations = {},
+                     .backdrop = capture.backdrop,
+                     .subject = {},
+                     .savedPath = {}, // the file there shows it as it was
+                     .png = {},
+                     .newBase = turned(capture.base, turn)};
+    for (const Annotation& mark : capture.annotations)
+        edit.annotations.push_back(AnnotationTurn::turned(mark, points, turn));
+    if (capture.entry.subject)
+        edit.subject = turnedSubject(*capture.entry.subject, capture.base.size(), turn);
+    edit.flattened = flattened(edit, capture);
+    return edit;
+}
+
+} // namespace Kovrel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "history/HistoryEdit.h"
+#include "model/HistoryEntry.h"
+#include "model/MeasureUnit.h"
+#include "model/QuarterTurn.h"
+
+namespace Kovrel {
+
+// A capture that is turned by 90 degrees, which is an edit: its marks turn with it, and its backdrop is drawn anew
+// around it. Any thread but the main one.
+namespace HistoryTurn {
+
+struct Capture {
+    HistoryEntry entry;
+    QImage base;
+    std::vector<Annotation> annotations = {};
+    EditorBackdrop backdrop = EditorBackdrop::none;
+    MeasureUnit measureUnit = MeasureUnit::pixels;
+};
+
+QImage turned(const QImage& image, QuarterTurn turn);
+
+// Its picture is null where memory is short.
+HistoryEdit edit(const Capture& capture, QuarterTurn turn);
+
+} // namespace HistoryTurn
+
+} // namespace Kovrel
