@@ -30,6 +30,12 @@ PinController::~PinController()
         delete pinned.panel;
 }
 
+void PinController::start()
+{
+    if (m_services.ports.history)
+        m_pictureChanges = m_services.ports.history->onPictureChange([this](QUuid id) { pictureChanged(id); });
+}
+
 // --- Coming and going
 
 void PinController::pin(CaptureResult result)
@@ -152,6 +158,21 @@ void PinController::perform(PinQuickAction action, QUuid id)
     }
 }
 
+// It was edited or turned, by the card, the history's window or the editor.
+void PinController::pictureChanged(QUuid id)
+{
+    if (!m_pins.contains(id))
+        return;
+    const auto show = [this, id](const std::optional<CaptureHistory::Reopened>& recorded) {
+        const auto pinned = m_pins.find(id);
+        if (!recorded || recorded->result.image.isNull() || pinned == m_pins.end())
+            return;
+        pinned->second.result = recorded->result;
+        pinned->second.panel->setPicture(recorded->result.image, recorded->result.pixelScale);
+    };
+    m_services.ports.history->load(id, m_lifeline.guard(show));
+}
+
 // With the marks that it has in the history, where it is there.
 void PinController::edit(const CaptureResult& result)
 {
@@ -190,6 +211,7 @@ void PinController::saveEnded(QUuid id, quint32 display, const SaveOutcome& outc
         return;
     }
     ports.ledger.tell(&ReopenLedger::rememberSavedFile, id, *outcome);
+    ports.history.tell(&CaptureHistory::setSavedPath, id, *outcome);
     ports.toasts.tell(&Toasts::showSaved, *outcome, display);
     if (const auto pinned = m_pins.find(id); pinned != m_pins.end())
         pinned->second.isSaved = true;

@@ -27,6 +27,9 @@ public:
     explicit PinController(PinServices services);
     ~PinController() override;
 
+    // From now on pins follow the pictures of the history.
+    void start();
+
     // One that is pinned already comes to the front.
     void pin(CaptureResult result) override;
 
@@ -47,6 +50,7 @@ private:
     void follow(PinPanel& panel, QUuid id);
     void clicked(PinGeometry::Button button, QUuid id);
     void showMenu(QPoint globalPosition, QUuid id);
+    void pictureChanged(QUuid id);
     void edit(const CaptureResult& result);
     void copy(const CaptureResult& result);
     void save(const Pinned& pinned);
@@ -59,6 +63,7 @@ private:
     std::map<QUuid, Pinned> m_pins;
     bool m_isChromeHidden = false;
     Subscription m_displayChanges;
+    Subscription m_pictureChanges;
     Lifeline m_lifeline;
 };
 

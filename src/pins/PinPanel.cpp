@@ -109,6 +109,16 @@ QSize PinPanel::pictureSize() const
     return (m_measure.size * m_standing.frame.zoom * m_measure.scale).toSize();
 }
 
+void PinPanel::setPicture(QImage picture, double scale)
+{
+    m_drag.reset();
+    m_picture = std::move(picture);
+    m_fitted = {};
+    m_measure.size = PinGeometry::pointSize(m_picture.size(), scale);
+    stand({m_standing.display, PinGeometry::zoomed(m_standing.frame, m_standing.frame.zoom, m_measure)});
+    keep();
+}
+
 // Its place is kept: it goes back there when its display comes back.
 void PinPanel::relocate()
 {

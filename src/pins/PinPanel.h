@@ -25,6 +25,8 @@ public:
 
     // Comes to the screen; `pinsBefore`: how many there are.
     void spawnOn(const Display& display, int pinsBefore);
+    // The capture looks different: its middle stays where it is.
+    void setPicture(QImage picture, double scale);
     // The displays have changed.
     void relocate();
     void actualSize();

@@ -178,6 +178,22 @@ TEST_F(PinControllerTest, TheCaptureIsCopiedSavedAndEdited)
     EXPECT_EQ(fake.lastToast.subtitle, "the disk is full");
 }
 
+TEST_F(PinControllerTest, WhatIsEditedLooksSoInThePin)
+{
+    pin();
+    pins->start();
+    EXPECT_EQ(panels().first()->size(), QSize(460, 360)) << "with its shadow";
+    fake.historyPicture = Testing::pattern({600, 400}); // of two pixels for each point
+    fake.pictureChanged.notify(result.id);
+    fake.pictureChanged.notify(QUuid::createUuid());
+    work();
+    EXPECT_EQ(panels().first()->size(), QSize(360, 260));
+    fake.historyPicture = {};
+    fake.pictureChanged.notify(result.id);
+    work();
+    EXPECT_EQ(panels().first()->size(), QSize(360, 260)) << "a picture that can't be read changes nothing";
+}
+
 TEST_F(PinControllerTest, TheWheelLetsShineThroughWithinLimits)
 {
     pin();

@@ -21,6 +21,11 @@ PinsFeature::PinsFeature(Foundation& foundation, Ports& ports)
     ports.chrome.push_back(&m_pins);
 }
 
+void PinsFeature::start(const Launch&)
+{
+    m_pins.start();
+}
+
 std::vector<CommandHandler> PinsFeature::commands()
 {
     return {{.command = "pin", .run = [this](const Invocation& invocation, const Reply<CommandAnswer>& reply) {

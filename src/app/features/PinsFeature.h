@@ -11,6 +11,7 @@ class PinsFeature : public Feature {
 public:
     PinsFeature(Foundation& foundation, Ports& ports);
     std::vector<CommandHandler> commands() override;
+    void start(const Launch& launch) override;
 
 private:
     void pinFile(const Command& command, const Reply<CommandAnswer>& reply);
