@@ -2,7 +2,7 @@
 // fragments into reading order takes for each fragment and step of n log n. Ends with 1 when a bound is missed.
 
 #include "bench/Samples.h"
-#include "model/TextFolding.h"
+#include "model/text/TextFolding.h"
 #include "recognition/text/TextFind.h"
 #include "recognition/text/TextLayout.h"
 

@@ -9,12 +9,14 @@
 #include "platform/desktop/QtMainLoop.h"
 #include "toasts/ToastPanel.h"
 #include "ui/RowButton.h"
+#include "ui/tokens/Motion.h"
 #include "ui/tokens/SoftShadow.h"
 #include "ui/tokens/Theme.h"
 #include "welcome/HomeWindow.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QEnterEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QStyleFactory>
@@ -90,6 +92,17 @@ struct NoShapes : PanelShapes {
     void takeInputOnlyIn(quintptr, const QRegion&) override {}
 };
 
+QImage landscape()
+{
+    QImage image(320, 200, QImage::Format_RGB32);
+    QLinearGradient sky(0, 0, 0, 200);
+    sky.setColorAt(0, QColor("#5a8dee"));
+    sky.setColorAt(0.6, QColor("#f6c48f"));
+    sky.setColorAt(0.61, QColor("#3d5a4c"));
+    QPainter(&image).fillRect(image.rect(), sky);
+    return image;
+}
+
 void toasts(const Pictures& pictures)
 {
     const std::pair<const char*, ToastContent> contents[] = {
@@ -98,17 +111,28 @@ void toasts(const Pictures& pictures)
          {.message = "The capture could not be saved",
           .subtitle = "/media/stick is full; kept as /home/me/Documents/Kovrel/Screenshot.png",
           .icon = "exclamationmark.triangle"}},
-        {"copied", {.message = "Text and QR code copied", .icon = "doc.on.clipboard.fill"}},
+        {"copied", {.message = "Text and QR code copied", .icon = "doc.on.clipboard.fill", .copied = true}},
         {"text", {.message = "Extracting text\u2026", .icon = "text.viewfinder", .showsSpinner = true}},
-        {"codes", {.message = "2 QR codes copied", .subtitle = "https://example.org/a/path", .icon = "qrcode"}},
+        {"codes",
+         {.message = "2 QR codes copied",
+          .subtitle = "https://example.org/a/path  (+1 more)",
+          .icon = "qrcode",
+          .copied = true}},
         {"saved", {.message = "Saved to Kovrel"}},
+        {"image", {.message = "Copied to the clipboard", .copied = true, .image = landscape()}},
     };
-    const Kovrel::Display display{.name = QGuiApplication::primaryScreen()->name()};
+    const Kovrel::Display display{
+        .name = QGuiApplication::primaryScreen()->name(), .frame = {0, 0, 800, 600}, .pixelRect = {0, 0, 800, 600}};
     for (const auto& [name, content] : contents)
         for (const bool isComposited : {true, false}) {
             NoShapes shapes;
             ToastPanel panel(content, display, shapes, isComposited);
-            pictures.save(QString("toast-%1%2").arg(name, isComposited ? "" : "-opaque"), panel);
+            const QString file = QString("toast-%1%2").arg(name, isComposited ? "" : "-opaque");
+            pictures.save(file, panel);
+            panel.popIn();
+            QEnterEvent enter({}, {}, {});
+            QCoreApplication::sendEvent(&panel, &enter);
+            pictures.save(file + "-hovered", panel);
         }
 }
 
@@ -296,6 +320,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     if (argc < 2)
         return 2;
+    Kovrel::Motion::shared().setReduced(true);
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     Kovrel::takeAll(argv[1]);
     return 0;

@@ -17,4 +17,7 @@ pkg_check_modules(TESSERACT REQUIRED IMPORTED_TARGET tesseract)
 pkg_check_modules(ZXING REQUIRED IMPORTED_TARGET zxing)
 pkg_check_modules(ZBAR REQUIRED IMPORTED_TARGET zbar)
 pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
+pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-unix-2.0)
+# It asks for -pthread, which glibc needs no more and with which no precompiled header is accepted.
+set_target_properties(PkgConfig::GIO PROPERTIES INTERFACE_COMPILE_OPTIONS "")
 pkg_check_modules(SYSTEMD REQUIRED IMPORTED_TARGET libsystemd)

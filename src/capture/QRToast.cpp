@@ -1,7 +1,7 @@
 #include "capture/QRToast.h"
 
-#include "model/PrintableText.h"
-#include "model/WebLink.h"
+#include "model/text/PrintableText.h"
+#include "model/text/WebLink.h"
 
 #include <QCoreApplication>
 

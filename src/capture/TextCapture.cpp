@@ -1,7 +1,7 @@
 #include "capture/TextCapture.h"
 
 #include "capture/QRToast.h"
-#include "model/PrintableText.h"
+#include "model/text/PrintableText.h"
 #include "ports/CaptureDelivery.h"
 #include "ports/CaptureHistory.h"
 #include "ports/TextReader.h"

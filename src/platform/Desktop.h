@@ -8,6 +8,7 @@ class Clipboard;
 class DesktopPicture;
 class Displays;
 class FileManager;
+class FilePrograms;
 class KeyGrabs;
 class OverlaySurfaces;
 class PanelShapes;
@@ -38,6 +39,7 @@ public:
     virtual ScreenLock& lock() = 0;
     virtual Clipboard& clipboard() = 0;
     virtual FileManager& fileManager() = 0;
+    virtual FilePrograms& programs() = 0;
     virtual SavePanel& savePanel() = 0;
     virtual ToolProcess& tools() = 0;
 

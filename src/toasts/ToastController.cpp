@@ -1,53 +1,98 @@
 #include "toasts/ToastController.h"
 
+#include "ports/CaptureEffects.h"
 #include "toasts/ToastPanel.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
-#include <algorithm>
-
 namespace Kovrel {
 
-namespace {
-
-constexpr double lingerPlain = 1.8;
-constexpr double lingerTappable = 3.5;
-constexpr double reLinger = 2.0;
-
-} // namespace
-
-ToastController::ToastController(MainLoop& loop, Displays& displays, PanelShapes& shapes)
-    : m_loop(loop), m_displays(displays), m_shapes(shapes)
+ToastController::ToastController(MainLoop& loop, Displays& displays, PanelShapes& shapes, const Ports& ports)
+    : m_displays(displays),
+      m_shapes(shapes),
+      m_ports(ports),
+      m_countdown(loop, [this] { dismiss(true); }),
+      m_displayChanges(displays.onChange([this] { displaysChanged(); }))
 {
 }
 
 ToastController::~ToastController()
 {
-    cancelDismissal();
     delete m_panel;
     delete m_exitingPanel;
 }
 
-void ToastController::present(ToastContent content, std::optional<quint32> displayID, bool)
+void ToastController::prewarm()
 {
-    dismiss(false);
     const DisplayList displays = m_displays.all();
     if (displays.empty())
         return;
-    const Display* display = displayID ? displayWithID(displays, *displayID) : nullptr;
-    m_content = std::move(content);
+    ToastPanel panel({.message = "Saved"}, displays.front(), m_shapes, m_displays.isComposited());
+    panel.grab();
+}
+
+void ToastController::present(ToastContent content, std::optional<quint32> displayID, bool sound)
+{
+    dismiss(false);
+    if (sound)
+        playSoundOf(content);
     m_lastDisplay = displayID;
-    m_panel = new ToastPanel(m_content, display ? *display : displays.front(), m_shapes, m_displays.isComposited());
-    QObject::connect(m_panel, &ToastPanel::closeClicked, m_panel, [this] {
-        const auto onClose = m_content.onClose;
-        dismiss(true);
-        if (onClose)
-            onClose();
-    });
+    if (const auto display = lastDisplay())
+        show(std::move(content), *display);
+}
+
+void ToastController::show(ToastContent content, const Display& display)
+{
+    m_content = std::move(content);
+    m_lastDisplay = display.id;
+    m_panel = new ToastPanel(m_content, display, m_shapes, m_displays.isComposited());
+    follow(*m_panel);
     if (!m_isHiddenForCapture)
         m_panel->popIn();
-    armCountdown({});
+    updateHold();
+    m_countdown.begin(m_content);
+}
+
+// Queued, since what is done then may end the panel, which must not happen while it handles the click. A second click
+// finds a panel that shows no more.
+void ToastController::follow(ToastPanel& panel)
+{
+    QObject::connect(
+        &panel, &ToastPanel::tapped, &panel,
+        [this, from = &panel] {
+            if (from == m_panel)
+                tapped();
+        },
+        Qt::QueuedConnection);
+    QObject::connect(
+        &panel, &ToastPanel::closeClicked, &panel,
+        [this, from = &panel] {
+            if (from == m_panel)
+                closed();
+        },
+        Qt::QueuedConnection);
+    QObject::connect(&panel, &ToastPanel::pointerInsideChanged, &panel, [this] { updateHold(); });
+}
+
+void ToastController::tapped()
+{
+    const auto onTap = m_content.onTap;
+    if (!onTap) {
+        closed();
+        return;
+    }
+    dismiss(true);
+    onTap();
+}
+
+void ToastController::closed()
+{
+    const auto onClose = m_content.onClose;
+    dismiss(true);
+    if (onClose)
+        onClose();
 }
 
 void ToastController::update(ToastContent content, bool sound)
@@ -56,43 +101,31 @@ void ToastController::update(ToastContent content, bool sound)
         present(std::move(content), m_lastDisplay, sound);
         return;
     }
+    if (sound)
+        playSoundOf(content);
     m_content = std::move(content);
     m_panel->setContent(m_content);
-    armCountdown({});
+    m_countdown.begin(m_content);
 }
 
 void ToastController::showSaved(const QString& path, std::optional<quint32> displayID)
 {
-    present({.message = "Saved to " + QFileInfo(path).dir().dirName()}, displayID, true);
-}
-
-double ToastController::linger() const
-{
-    return m_content.dwell.value_or(m_content.onTap ? lingerTappable : lingerPlain);
+    const QString folder = QFileInfo(path).dir().dirName();
+    present({.message = QCoreApplication::translate("Toasts", "Saved to %1").arg(folder)}, displayID, true);
 }
 
 void ToastController::armCountdown(std::optional<double> seconds)
 {
-    cancelDismissal();
-    if (m_content.showsSpinner)
-        return;
-    const auto delay = std::chrono::milliseconds(qint64(1000 * seconds.value_or(linger())));
-    m_dismissal = m_loop.after(delay, [this] {
-        m_dismissal = 0;
-        dismiss(true);
-    });
-}
-
-void ToastController::cancelDismissal()
-{
-    m_loop.cancel(std::exchange(m_dismissal, 0));
+    if (m_panel)
+        m_countdown.arm(seconds);
 }
 
 void ToastController::dismiss(bool animated)
 {
-    cancelDismissal();
+    m_countdown.cancel();
     removeExiting();
     m_exitingPanel = std::exchange(m_panel, nullptr);
+    updateHold();
     if (!m_exitingPanel)
         return;
     if (animated && !m_isHiddenForCapture)
@@ -116,13 +149,40 @@ bool ToastController::setHiddenForCapture(bool isHidden)
     removeExiting();
     if (!m_panel)
         return hadExiting;
-    if (isHidden) {
+    if (isHidden)
         m_panel->vanish();
-    } else {
+    else
         m_panel->reappear();
-        armCountdown(std::min(linger(), reLinger));
-    }
+    updateHold();
     return true;
+}
+
+// One that nobody can see, or that somebody looks at, does not run out.
+void ToastController::updateHold()
+{
+    m_countdown.setHeld(m_panel && (m_isHiddenForCapture || m_panel->isPointerInside()));
+}
+
+void ToastController::playSoundOf(const ToastContent& content) const
+{
+    if (!content.showsSpinner)
+        m_ports.effects.tell(&CaptureEffects::playToastIfEnabled);
+}
+
+std::optional<Display> ToastController::lastDisplay() const
+{
+    const DisplayList displays = m_displays.all();
+    if (displays.empty())
+        return {};
+    const Display* known = m_lastDisplay ? displayWithID(displays, *m_lastDisplay) : nullptr;
+    return known ? *known : displays.front();
+}
+
+void ToastController::displaysChanged()
+{
+    const auto display = lastDisplay();
+    if (m_panel && display)
+        m_panel->standOn(*display);
 }
 
 } // namespace Kovrel

@@ -1,96 +1,143 @@
 #include "toasts/ToastPanel.h"
 
+#include "toasts/ToastFace.h"
 #include "toasts/ToastPlacement.h"
-#include "ui/Symbols.h"
-#include "ui/tokens/Metrics.h"
-#include "ui/tokens/Theme.h"
+#include "ui/tokens/Motion.h"
 #include "ui/tokens/Typography.h"
 
+#include <QAccessible>
 #include <QMouseEvent>
-#include <QPainter>
 
 namespace Kovrel {
 
 namespace {
 
-constexpr double iconSize = 36;
-constexpr double padding = Spacing::medium;
-constexpr double iconGap = 12;
-constexpr double iconInset = 9;
-
-double lineHeight(TextStyle style)
-{
-    return QFontMetricsF(Typography::font(style)).height();
-}
-
-void paintLine(QPainter& painter, const QRectF& line, TextStyle style, const QColor& color, const QString& text,
-               Qt::TextElideMode elision)
-{
-    painter.setFont(Typography::font(style));
-    painter.setPen(color);
-    painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     QFontMetricsF(painter.font()).elidedText(text, elision, line.width()));
-}
+constexpr int turnMilliseconds = 900;
 
 } // namespace
 
 ToastPanel::ToastPanel(ToastContent content, const Display& display, PanelShapes& shapes, bool isComposited)
     : FloatingPanel(shapes, isComposited, Desktops::every)
 {
+    setMouseTracking(true);
+    m_spinning.setStartValue(0.0);
+    m_spinning.setEndValue(1.0);
+    m_spinning.setDuration(turnMilliseconds);
+    m_spinning.setLoopCount(-1);
+    connect(&m_spinning, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
     setContent(std::move(content));
-    place(display, display.toPixels(ToastPlacement::card(display, Typography::scale())));
+    standOn(display);
 }
 
 void ToastPanel::setContent(ToastContent content)
 {
     m_content = std::move(content);
     setAccessibleName(m_content.message);
+    setAccessibleDescription(m_content.subtitle.value_or(QString()));
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+    spin();
     update();
+}
+
+void ToastPanel::standOn(const Display& display)
+{
+    place(display, display.toPixels(ToastPlacement::card(display, Typography::scale())));
+}
+
+// Only while it is seen: at rest no timer runs.
+void ToastPanel::spin()
+{
+    if (m_content.showsSpinner && isVisible() && !Motion::shared().isReduced())
+        m_spinning.start();
+    else
+        m_spinning.stop();
 }
 
 void ToastPanel::paintContent(QPainter& painter, const QRectF& card)
 {
-    const double size = iconSize * Typography::scale();
-    const QRectF circle(card.left() + padding, card.center().y() - size / 2, size, size);
-    paintIcon(painter, circle);
-    paintText(painter, card.adjusted(padding + size + iconGap, 0, -padding, 0));
+    const bool isSpinning = m_spinning.state() == QAbstractAnimation::Running;
+    ToastFace::paint(painter, card, m_content, isSpinning ? m_spinning.currentValue().toDouble() : 0);
+    if (m_isPointerInside)
+        ToastFace::paintCloseButton(painter, closeCentre(), m_hovered == Part::closeButton);
 }
 
-void ToastPanel::paintIcon(QPainter& painter, const QRectF& circle) const
+// The card's corner, or as near to it as the button has room.
+QPointF ToastPanel::closeCentre() const
 {
-    const Theme& theme = Theme::current();
-    const bool isWarning = m_content.icon == Symbols::warning;
-    const double inset = iconInset * Typography::scale();
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(isWarning ? theme.warningGround : theme.accentGround);
-    painter.drawEllipse(circle);
-    Symbols::paint(painter, m_content.icon, circle.adjusted(inset, inset, -inset, -inset),
-                   m_content.iconTint.value_or(isWarning ? theme.warning : theme.accentText));
+    constexpr double room = ToastFace::closeSize / 2 + 1;
+    return {std::max(card().left(), room), std::max(card().top(), room)};
 }
 
-void ToastPanel::paintText(QPainter& painter, const QRectF& area) const
+QRectF ToastPanel::closeSquare() const
 {
-    const Theme& theme = Theme::current();
-    const QString subtitle = m_content.subtitle.value_or(QString());
-    if (subtitle.isEmpty()) {
-        paintLine(painter, area, TextStyle::emphasis, theme.text, m_content.message, Qt::ElideRight);
+    constexpr double side = ToastPlacement::closeSquare;
+    return QRectF(closeCentre() - QPointF(side, side) / 2, QSizeF(side, side)) & QRectF(rect());
+}
+
+std::vector<QRectF> ToastPanel::inputAreas() const
+{
+    return hasSettled() ? std::vector{card(), closeSquare()} : std::vector<QRectF>();
+}
+
+ToastPanel::Part ToastPanel::partAt(QPointF point) const
+{
+    if (!hasSettled())
+        return Part::none;
+    if (closeSquare().contains(point))
+        return Part::closeButton;
+    return card().contains(point) ? Part::card : Part::none;
+}
+
+void ToastPanel::setPointerInside(bool isInside)
+{
+    if (std::exchange(m_isPointerInside, isInside) == isInside)
         return;
-    }
-    const double first = lineHeight(TextStyle::emphasis);
-    const double second = lineHeight(TextStyle::caption);
-    const double top = area.center().y() - (first + Spacing::tight + second) / 2;
-    paintLine(painter, {area.x(), top, area.width(), first}, TextStyle::emphasis, theme.text, m_content.message,
-              Qt::ElideRight);
-    // A path says most at its ends.
-    paintLine(painter, {area.x(), top + first + Spacing::tight, area.width(), second}, TextStyle::caption,
-              theme.secondaryText, subtitle, Qt::ElideMiddle);
+    update();
+    Q_EMIT pointerInsideChanged();
 }
 
-void ToastPanel::mouseReleaseEvent(QMouseEvent*)
+bool ToastPanel::event(QEvent* event)
 {
-    if (const auto tap = m_content.onTap)
-        tap();
-    Q_EMIT closeClicked();
+    if (event->type() == QEvent::Enter)
+        setPointerInside(hasSettled());
+    if (event->type() == QEvent::Leave)
+        setPointerInside(false);
+    if (event->type() == QEvent::Show)
+        spin();
+    return FloatingPanel::event(event);
+}
+
+void ToastPanel::mouseMoveEvent(QMouseEvent* event)
+{
+    const Part part = partAt(event->position());
+    if (std::exchange(m_hovered, part) != part)
+        update();
+}
+
+void ToastPanel::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        m_pressed = partAt(event->position());
+}
+
+void ToastPanel::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    const Part pressed = std::exchange(m_pressed, Part::none);
+    if (pressed == Part::none || pressed != partAt(event->position()))
+        return;
+    if (pressed == Part::closeButton)
+        Q_EMIT closeClicked();
+    else
+        Q_EMIT tapped();
+}
+
+void ToastPanel::hideEvent(QHideEvent*)
+{
+    setPointerInside(false);
+    spin();
 }
 
 } // namespace Kovrel

@@ -15,6 +15,7 @@
 #include <cmath>
 
 #include <qpa/qplatformwindow.h>
+#include <qpa/qwindowsysteminterface.h>
 
 namespace Kovrel {
 
@@ -74,14 +75,19 @@ void FloatingPanel::moveTo(const Display& display, const QRect& pixels)
         setGeometry(QRect(screen ? screen->geometry().topLeft() : QPoint(), points));
         create();
     }
-    windowHandle()->handle()->setGeometry(QRect(pixels.topLeft(), inPixels(points, display.scale)));
+    const QRect whole(pixels.topLeft(), inPixels(points, display.scale));
+    windowHandle()->handle()->setGeometry(whole);
+    // It would hear of that later and, when the panel is shown, put it back to where it believes it to be.
+    QWindowSystemInterface::handleGeometryChange<QWindowSystemInterface::SynchronousDelivery>(windowHandle(), whole);
 }
 
 void FloatingPanel::popIn()
 {
     setWindowOpacity(0);
     show();
-    makeFade(1, Motion::shared().appearing())->start(QAbstractAnimation::DeleteWhenStopped);
+    QPropertyAnimation* fade = makeFade(1, Motion::shared().appearing());
+    connect(fade, &QPropertyAnimation::finished, this, [this] { setSettled(true); });
+    fade->start(QAbstractAnimation::DeleteWhenStopped);
 }
 
 void FloatingPanel::fadeOut()
@@ -94,6 +100,8 @@ void FloatingPanel::fadeOut()
 
 void FloatingPanel::vanish()
 {
+    delete m_fade;
+    setSettled(false);
     m_isEmpty = true;
     repaint();
     hide();
@@ -102,16 +110,24 @@ void FloatingPanel::vanish()
 void FloatingPanel::reappear()
 {
     m_isEmpty = false;
-    show();
+    popIn();
 }
 
 QPropertyAnimation* FloatingPanel::makeFade(double opacity, std::chrono::milliseconds duration)
 {
-    auto* fade = new QPropertyAnimation(this, "windowOpacity", this);
-    fade->setDuration(int(duration.count()));
-    fade->setEasingCurve(Motion::easing);
-    fade->setEndValue(opacity);
-    return fade;
+    delete m_fade;
+    setSettled(false);
+    m_fade = new QPropertyAnimation(this, "windowOpacity", this);
+    m_fade->setDuration(int(duration.count()));
+    m_fade->setEasingCurve(Motion::easing);
+    m_fade->setEndValue(opacity);
+    return m_fade;
+}
+
+void FloatingPanel::setSettled(bool hasSettled)
+{
+    if (std::exchange(m_hasSettled, hasSettled) != hasSettled)
+        shapeInput();
 }
 
 void FloatingPanel::showEvent(QShowEvent*)

@@ -3,6 +3,7 @@
 #include "platform/Display.h"
 #include "platform/PanelShapes.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <chrono>
@@ -34,7 +35,11 @@ public:
     // Goes at once, also for compositors, which show a window that is hidden for a while after: what they show is
     // empty.
     void vanish();
+    // Comes back as it came.
     void reappear();
+
+    // Whether it neither comes nor goes.
+    bool hasSettled() const { return m_hasSettled; }
 
 protected:
     virtual void paintContent(QPainter& painter, const QRectF& card) = 0;
@@ -55,11 +60,14 @@ private:
     void moveTo(const Display& display, const QRect& pixels);
     void paintGround(QPainter& painter) const;
     QPropertyAnimation* makeFade(double opacity, std::chrono::milliseconds duration);
+    void setSettled(bool hasSettled);
 
     PanelShapes& m_shapes;
     double m_shadowRoom; // around the card
     QRectF m_card;
     bool m_isEmpty = false;
+    bool m_hasSettled = false;
+    QPointer<QPropertyAnimation> m_fade; // that runs
 };
 
 } // namespace Kovrel

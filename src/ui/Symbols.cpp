@@ -90,6 +90,67 @@ QPainterPath cross()
     return path;
 }
 
+QPainterPath crossInCircle()
+{
+    QPainterPath path = QTransform(0.4, 0, 0, 0.4, 0.3, 0.3).map(cross());
+    path.addEllipse(QRectF(0, 0, 1, 1));
+    return path;
+}
+
+// Three quarters of a turn, with the head of an arrow at its end.
+QPainterPath turnedLeft()
+{
+    const QRectF circle(0.1, 0.14, 0.8, 0.8);
+    QPainterPath path;
+    path.arcMoveTo(circle, 170);
+    path.arcTo(circle, 170, 270);
+    QPainterPath head = lines({{0.0, 0.22}, {0.13, 0.5}, {0.4, 0.36}});
+    path.addPath(head);
+    return path;
+}
+
+QPainterPath turnedRight()
+{
+    return QTransform(-1, 0, 0, 1, 1, 0).map(turnedLeft());
+}
+
+QPainterPath eye()
+{
+    QPainterPath path(QPointF(0, 0.5));
+    path.quadTo({0.5, -0.1}, {1, 0.5});
+    path.quadTo({0.5, 1.1}, {0, 0.5});
+    path.addEllipse(QRectF(0.34, 0.34, 0.32, 0.32));
+    return path;
+}
+
+QPainterPath struckOut(QPainterPath path)
+{
+    path.addPath(lines({{0.1, 0.94}, {0.9, 0.06}}));
+    return path;
+}
+
+QPainterPath closedEye()
+{
+    return struckOut(eye());
+}
+
+QPainterPath envelope()
+{
+    QPainterPath path;
+    path.addRoundedRect(QRectF(0, 0.14, 1, 0.72), 0.08, 0.08);
+    path.addPath(lines({{0.04, 0.2}, {0.5, 0.56}, {0.96, 0.2}}));
+    return path;
+}
+
+QPainterPath corners()
+{
+    QPainterPath path = lines({{0.6, 0.04}, {0.96, 0.04}, {0.96, 0.4}});
+    path.addPath(lines({{0.96, 0.04}, {0.6, 0.4}}));
+    path.addPath(lines({{0.4, 0.96}, {0.04, 0.96}, {0.04, 0.6}}));
+    path.addPath(lines({{0.04, 0.96}, {0.4, 0.6}}));
+    return path;
+}
+
 QPainterPath magnifier()
 {
     QPainterPath path;
@@ -202,6 +263,13 @@ constexpr Drawing drawings[] = {
     {QLatin1String("text.viewfinder"), textFrame},
     {QLatin1String("qrcode"), qrCode},
     {QLatin1String("xmark"), cross},
+    {QLatin1String("xmark.circle"), crossInCircle},
+    {QLatin1String("rotate.left"), turnedLeft},
+    {QLatin1String("rotate.right"), turnedRight},
+    {QLatin1String("eye"), eye},
+    {QLatin1String("eye.slash"), closedEye},
+    {QLatin1String("envelope"), envelope},
+    {QLatin1String("arrow.up.left.and.arrow.down.right"), corners},
     {QLatin1String("magnifyingglass"), magnifier},
     {QLatin1String("square.grid"), grid},
     {QLatin1String("folder"), folder},

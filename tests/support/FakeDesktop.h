@@ -6,6 +6,7 @@
 #include "tests/support/desktop/FakeDesktopPicture.h"
 #include "tests/support/desktop/FakeDisplays.h"
 #include "tests/support/desktop/FakeFileManager.h"
+#include "tests/support/desktop/FakeFilePrograms.h"
 #include "tests/support/desktop/FakeKeyGrabs.h"
 #include "tests/support/desktop/FakeOverlaySurfaces.h"
 #include "tests/support/desktop/FakePanelShapes.h"
@@ -29,6 +30,7 @@ public:
           m_overlay(loop, m_displays, m_pixels),
           m_windows(loop),
           m_picture(loop),
+          m_programs(loop),
           m_savePanel(loop),
           m_secrets(loop),
           m_tools(loop)
@@ -57,6 +59,8 @@ public:
 
     FakeFileManager& fileManager() override { return m_fileManager; }
 
+    FakeFilePrograms& programs() override { return m_programs; }
+
     FakeSavePanel& savePanel() override { return m_savePanel; }
 
     FakeTokenStore& secrets() { return m_secrets; }
@@ -79,6 +83,7 @@ private:
     FakeScreenLock m_lock;
     FakeClipboard m_clipboard;
     FakeFileManager m_fileManager;
+    FakeFilePrograms m_programs;
     FakeSavePanel m_savePanel;
     FakeTokenStore m_secrets;
     FakeToolProcess m_tools;

@@ -2,7 +2,7 @@
 
 #include "commandline/OptionValues.h"
 
-#include "model/PrintableText.h"
+#include "model/text/PrintableText.h"
 
 #include <nlohmann/json.hpp>
 

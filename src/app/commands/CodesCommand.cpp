@@ -1,6 +1,6 @@
 #include "app/commands/CodesCommand.h"
 
-#include "model/PrintableText.h"
+#include "model/text/PrintableText.h"
 #include "platform/ImageCodec.h"
 #include "platform/plugins/PluginCodeReader.h"
 #include "recognition/RecognitionJson.h"

@@ -3,8 +3,8 @@
 #include "history/files/HistoryJson.h"
 #include "history/search/HistoryDateRange.h"
 #include "history/search/HistorySearch.h"
-#include "model/PrintableText.h"
-#include "model/TextFolding.h"
+#include "model/text/PrintableText.h"
+#include "model/text/TextFolding.h"
 #include "recognition/RecognitionJson.h"
 #include "recognition/text/TextFind.h"
 

@@ -11,6 +11,7 @@ namespace Kovrel {
 class ToastsFeature : public Feature {
 public:
     ToastsFeature(Foundation& foundation, Ports& ports);
+    void prewarm() override;
 
 private:
     ToastController m_toasts;

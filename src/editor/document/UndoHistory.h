@@ -17,6 +17,7 @@ public:
     // A step from `before` to `after`; nothing where both are the same. Steps with the same key that follow each other
     // are one, until `seal`: what was dragged at a slider, typed, or moved by arrow keys.
     void record(const EditorDocument& before, const EditorDocument& after, const QString& key = {});
+
     // What comes next is a step of its own.
     void seal() { m_openKey.clear(); }
 

@@ -39,19 +39,13 @@ bool isHollow(const Annotation& mark)
     return mark.kind == Kind::spotlight || (isShape && mark.fillStyle == Annotation::FillStyle::outline);
 }
 
-bool isInk(const Annotation& mark, Point point, double tolerance, const MeasureInk::Reading& reading)
-{
-    return isHollow(mark) ? AnnotationInk::edgeContains(mark, point, tolerance)
-                          : AnnotationInk::contains(mark, point, tolerance, reading);
-}
-
 // How near is told in quarters: the eye sees no more.
 std::optional<size_t> nearest(std::span<const Annotation> marks, std::span<const size_t> above, Point point,
                               double tolerance, const MeasureInk::Reading& reading)
 {
     for (const double share : {0.25, 0.5, 0.75, 1.0})
         for (const size_t index : above)
-            if (isInk(marks[index], point, share * tolerance, reading))
+            if (MarkHit::isOnInk(marks[index], point, share * tolerance, reading))
                 return index;
     return std::nullopt;
 }
@@ -86,7 +80,7 @@ std::optional<size_t> MarkHit::topmost(std::span<const Annotation> marks, Point 
         if (isNear(marks[index], point, tolerance))
             candidates.push_back(index);
     const auto exact =
-        std::ranges::find_if(candidates, [&](size_t index) { return isInk(marks[index], point, 0, reading); });
+        std::ranges::find_if(candidates, [&](size_t index) { return isOnInk(marks[index], point, 0, reading); });
     if (const auto near = nearest(marks, {candidates.begin(), exact}, point, tolerance, reading))
         return near;
     if (exact != candidates.end())
@@ -94,6 +88,12 @@ std::optional<size_t> MarkHit::topmost(std::span<const Annotation> marks, Point 
     std::erase_if(candidates, [&](size_t index) { return !AnnotationInk::contains(marks[index], point, 0, reading); });
     const auto smallest = std::ranges::min_element(candidates, {}, [&](size_t index) { return areaOf(marks[index]); });
     return smallest == candidates.end() ? std::nullopt : std::optional(*smallest);
+}
+
+bool MarkHit::isOnInk(const Annotation& mark, Point point, double tolerance, const MeasureInk::Reading& reading)
+{
+    return isHollow(mark) ? AnnotationInk::edgeContains(mark, point, tolerance)
+                          : AnnotationInk::contains(mark, point, tolerance, reading);
 }
 
 std::vector<size_t> MarkHit::touching(std::span<const Annotation> marks, const Rect& area)

@@ -21,6 +21,9 @@ std::vector<size_t> drawingOrder(std::span<const Annotation> marks);
 std::optional<size_t> topmost(std::span<const Annotation> marks, Point point, double tolerance,
                               const MeasureInk::Reading& reading = {});
 
+// Whether a mark's ink is there or so near; an outline's inside is not its ink.
+bool isOnInk(const Annotation& mark, Point point, double tolerance, const MeasureInk::Reading& reading = {});
+
 // Those whose bounds touch a rectangle that somebody has dragged.
 std::vector<size_t> touching(std::span<const Annotation> marks, const Rect& area);
 

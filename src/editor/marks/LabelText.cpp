@@ -63,38 +63,49 @@ QStringList paragraphsOf(const QString& text)
     return text.left(longestText).replace("\r\n", "\n").split(u'\n');
 }
 
-struct Paragraph {
+struct ParagraphText {
     QString text;
     QList<QTextLayout::FormatRange> emoji;
+    std::vector<qsizetype> origins; // of each character, in the paragraph as it was given
 };
 
-void addEmoji(QString emoji, Paragraph& paragraph)
+void addText(QStringView text, qsizetype origin, ParagraphText& paragraph)
+{
+    for (qsizetype index = 0; index < text.size(); ++index)
+        paragraph.origins.push_back(origin + index);
+    paragraph.text += text;
+}
+
+void addEmoji(QStringView emoji, qsizetype origin, ParagraphText& paragraph)
 {
     QTextCharFormat format;
     format.setFontFamilies({emojiFamily});
-    emoji.remove(emojiSelector);
-    paragraph.emoji.push_back({int(paragraph.text.size()), int(emoji.size()), format});
-    paragraph.text += emoji;
+    const qsizetype start = paragraph.text.size();
+    for (qsizetype index = 0; index < emoji.size(); ++index)
+        if (emoji[index] != emojiSelector)
+            addText(emoji.sliced(index, 1), origin + index, paragraph);
+    paragraph.emoji.push_back({int(start), int(paragraph.text.size() - start), format});
 }
 
 // Signs that are text in other fonts are pictures where a selector or a key cap follows them, with all they are joined
 // to. The toolkit would take the first font that has them, and another one for the selector, which keeps it from
 // joining them; so the selectors are left out.
-Paragraph withEmoji(const QString& text)
+ParagraphText withEmoji(const QString& text)
 {
     static const QRegularExpression sequence(
         R"([0-9#*]\x{FE0F}?\x{20E3}|(?:\p{Extended_Pictographic}[\x{1F3FB}-\x{1F3FF}]?\x{FE0F}?\x{200D}?)+)");
-    Paragraph paragraph;
+    ParagraphText paragraph;
     qsizetype end = 0;
     for (auto matches = sequence.globalMatch(text); matches.hasNext();) {
         const auto match = matches.next();
         if (!match.capturedView().contains(emojiSelector) && !match.capturedView().contains(keyCap))
             continue;
-        paragraph.text += text.mid(end, match.capturedStart() - end);
-        addEmoji(match.captured(), paragraph);
+        addText(QStringView(text).mid(end, match.capturedStart() - end), end, paragraph);
+        addEmoji(match.capturedView(), match.capturedStart(), paragraph);
         end = match.capturedEnd();
     }
-    paragraph.text += text.mid(end);
+    addText(QStringView(text).mid(end), end, paragraph);
+    paragraph.origins.push_back(text.size());
     return paragraph;
 }
 
@@ -134,11 +145,18 @@ LabelText::LabelText(const QString& text, const TextAttributes& attributes, std:
 {
     if (!(attributes.scale > 0))
         return;
+    qsizetype start = 0;
     for (const QString& line : paragraphsOf(text)) {
-        const Paragraph paragraph = withEmoji(line);
-        QTextLayout& layout = m_paragraphs.emplace_back(paragraph.text, attributes.font);
-        layout.setTextOption(optionFor(paragraph.text));
-        layout.setFormats(paragraph.emoji);
+        ParagraphText paragraph = withEmoji(line);
+        for (qsizetype& origin : paragraph.origins)
+            origin += start;
+        Paragraph& added = m_paragraphs.emplace_back();
+        added.origins = std::move(paragraph.origins);
+        added.layout.setText(paragraph.text);
+        added.layout.setFont(attributes.font);
+        added.layout.setTextOption(optionFor(paragraph.text));
+        added.layout.setFormats(paragraph.emoji);
+        start += line.size() + 1;
     }
     layOut(wrapWidth ? std::min(*wrapWidth / attributes.scale, unbounded) : unbounded);
     // Once more, so that lines which end on the right end where the longest one does.
@@ -149,7 +167,8 @@ LabelText::LabelText(const QString& text, const TextAttributes& attributes, std:
 void LabelText::layOut(double width)
 {
     m_size = {};
-    for (QTextLayout& layout : m_paragraphs) {
+    for (Paragraph& paragraph : m_paragraphs) {
+        QTextLayout& layout = paragraph.layout;
         layout.beginLayout();
         for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
             line.setLeadingIncluded(true);
@@ -175,9 +194,9 @@ void LabelText::draw(QPainter& painter, QPointF origin, double scale, const QCol
     painter.translate(origin.x(), origin.y());
     painter.scale(scale * m_attributes.scale, -scale * m_attributes.scale);
     painter.setPen(color);
-    for (const QTextLayout& layout : m_paragraphs)
-        for (int index = 0; index < layout.lineCount(); ++index)
-            layout.lineAt(index).draw(&painter, {});
+    for (const Paragraph& paragraph : m_paragraphs)
+        for (int index = 0; index < paragraph.layout.lineCount(); ++index)
+            paragraph.layout.lineAt(index).draw(&painter, {});
     painter.restore();
 }
 
@@ -186,11 +205,76 @@ std::vector<QPainterPath> LabelText::outlines(QPointF origin, double scale) cons
     QTransform place = QTransform::fromTranslate(origin.x(), origin.y());
     place.scale(scale * m_attributes.scale, -scale * m_attributes.scale);
     std::vector<QPainterPath> paths;
-    for (const QTextLayout& layout : m_paragraphs)
-        for (const QGlyphRun& run : layout.glyphRuns())
+    for (const Paragraph& paragraph : m_paragraphs)
+        for (const QGlyphRun& run : paragraph.layout.glyphRuns())
             if (!hasPictures(run.rawFont()))
                 addGlyphs(run, place, paths);
     return paths;
+}
+
+// --- Editing
+
+const LabelText::Paragraph& LabelText::paragraphOf(qsizetype position) const
+{
+    const auto found = std::ranges::find_if(
+        m_paragraphs, [position](const Paragraph& paragraph) { return position <= paragraph.origins.back(); });
+    return found == m_paragraphs.end() ? m_paragraphs.back() : *found;
+}
+
+// A character that is left out counts as the next one.
+int LabelText::within(const Paragraph& paragraph, qsizetype position)
+{
+    return int(std::ranges::lower_bound(paragraph.origins, position) - paragraph.origins.begin());
+}
+
+QLineF LabelText::caret(qsizetype position) const
+{
+    if (m_paragraphs.empty())
+        return {};
+    const Paragraph& paragraph = paragraphOf(position);
+    const int place = std::min(within(paragraph, position), int(paragraph.layout.text().size()));
+    const QTextLine line = paragraph.layout.lineForTextPosition(place);
+    const double x = line.cursorToX(place) * m_attributes.scale;
+    return {x, line.y() * m_attributes.scale, x, (line.y() + line.height()) * m_attributes.scale};
+}
+
+qsizetype LabelText::positionAt(QPointF point) const
+{
+    if (m_paragraphs.empty())
+        return 0;
+    const QPointF at = point / m_attributes.scale;
+    const Paragraph* nearest = nullptr;
+    QTextLine line;
+    for (const Paragraph& paragraph : m_paragraphs)
+        for (int index = 0; index < paragraph.layout.lineCount(); ++index)
+            if (!nearest || paragraph.layout.lineAt(index).y() <= at.y()) {
+                nearest = &paragraph;
+                line = paragraph.layout.lineAt(index);
+            }
+    return nearest->origins[size_t(line.xToCursor(at.x()))];
+}
+
+std::vector<QRectF> LabelText::selection(qsizetype from, qsizetype to) const
+{
+    std::vector<QRectF> rects;
+    for (const Paragraph& paragraph : m_paragraphs)
+        for (int index = 0; index < paragraph.layout.lineCount(); ++index) {
+            const QTextLine line = paragraph.layout.lineAt(index);
+            const int first = std::max(within(paragraph, from), line.textStart());
+            const int last = std::min(within(paragraph, to), line.textStart() + line.textLength());
+            if (first >= last || from > paragraph.origins.back())
+                continue;
+            const double left = line.cursorToX(first);
+            const double right = line.cursorToX(last);
+            const QRectF rect(std::min(left, right), line.y(), std::abs(right - left), line.height());
+            rects.emplace_back(rect.topLeft() * m_attributes.scale, rect.size() * m_attributes.scale);
+        }
+    return rects;
+}
+
+bool LabelText::isRightToLeft(qsizetype position) const
+{
+    return !m_paragraphs.empty() && paragraphOf(position).layout.text().isRightToLeft();
 }
 
 } // namespace Kovrel

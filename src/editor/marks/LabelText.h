@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QLineF>
 #include <QPainterPath>
 #include <QTextLayout>
 
@@ -48,11 +49,29 @@ public:
     // What draw() fills, in the same place, glyph by glyph. Those that are pictures, such as emoji, have no outline.
     std::vector<QPainterPath> outlines(QPointF origin, double scale) const;
 
+    // For editing. Positions count the characters of the text; lengths as those of size().
+
+    // Where a caret before a character stands, from its upper end to its lower one.
+    QLineF caret(qsizetype position) const;
+    // Where a caret would go for a point, which may lie outside.
+    qsizetype positionAt(QPointF point) const;
+    // What is selected between two positions, line by line.
+    std::vector<QRectF> selection(qsizetype from, qsizetype to) const;
+    bool isRightToLeft(qsizetype position) const;
+
 private:
+    // One paragraph, and where its characters were in the text: some are left out.
+    struct Paragraph {
+        QTextLayout layout;
+        std::vector<qsizetype> origins; // and where it ends
+    };
+
     void layOut(double width);
+    const Paragraph& paragraphOf(qsizetype position) const;
+    static int within(const Paragraph& paragraph, qsizetype position);
 
     TextAttributes m_attributes;
-    std::deque<QTextLayout> m_paragraphs; // which can't be moved
+    std::deque<Paragraph> m_paragraphs; // layouts can't be moved
     Size m_size;
 };
 

@@ -2,7 +2,7 @@
 
 #include "history/search/SearchFields.h"
 #include "history/search/SearchTerm.h"
-#include "model/TextFolding.h"
+#include "model/text/TextFolding.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "history/search/SearchFields.h"
 
 #include "history/search/HistorySearch.h"
-#include "model/TextFolding.h"
+#include "model/text/TextFolding.h"
 
 #include <QFileInfo>
 

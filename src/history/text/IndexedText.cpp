@@ -2,7 +2,7 @@
 
 #include "history/text/TextDifference.h"
 #include "history/text/TextGrams.h"
-#include "model/TextFolding.h"
+#include "model/text/TextFolding.h"
 
 #include <algorithm>
 #include <cmath>

@@ -10,6 +10,8 @@ namespace Kovrel {
 
 bool PrivateFolder::make(const QString& path)
 {
+    if (path.isEmpty())
+        return false;
     const QFileInfo info(QDir::cleanPath(path));
     if (!QFileInfo(info.absolutePath()).isDir() && !make(info.absolutePath()))
         return false;

@@ -29,18 +29,22 @@ std::optional<QImage> wallpaperOf(const Display& display, const DisplayList& all
 
 } // namespace
 
-X11Desktop::X11Desktop(MainLoop& loop, Workers& workers)
-    : m_connection(std::make_shared<X11Connection>()),
-      m_reader(std::make_shared<X11ImageReader>(m_connection)),
+X11Desktop::X11Desktop(MainLoop& loop, Workers& workers) : X11Desktop(loop, workers, std::make_shared<X11Connection>())
+{
+}
+
+X11Desktop::X11Desktop(MainLoop& loop, Workers& workers, const std::shared_ptr<X11Connection>& connection)
+    : m_reader(std::make_shared<X11ImageReader>(connection)),
       m_displays(std::make_unique<X11Connection>(), scaleOfScreen),
       m_keys(loop, std::make_unique<X11Connection>()),
       m_pixels(loop, workers, m_reader),
-      m_pointer(loop, workers, m_connection, m_displays),
+      m_pointer(loop, workers, connection, m_displays),
       m_windows(loop, workers, m_reader, m_displays),
       m_picture(loop, workers, m_reader, m_displays, wallpaperOf),
       m_overlay(loop, workers, m_displays),
       m_panelShapes(std::make_unique<X11Connection>()),
-      m_clipboard(std::make_unique<X11Connection>())
+      m_clipboard(std::make_unique<X11Connection>()),
+      m_programs(loop, workers)
 {
     m_reader->releaseWhenIdle(loop);
     followScreens();

@@ -3,6 +3,7 @@
 #include "platform/Desktop.h"
 #include "platform/desktop/DBusFileManager.h"
 #include "platform/desktop/DBusScreenLock.h"
+#include "platform/desktop/GioFilePrograms.h"
 #include "platform/desktop/QtSavePanel.h"
 #include "platform/desktop/SpawnedToolProcess.h"
 #include "platform/x11/X11Clipboard.h"
@@ -49,6 +50,8 @@ public:
 
     FileManager& fileManager() override { return m_fileManager; }
 
+    FilePrograms& programs() override { return m_programs; }
+
     SavePanel& savePanel() override { return m_savePanel; }
 
     ToolProcess& tools() override { return m_tools; }
@@ -56,10 +59,12 @@ public:
     std::shared_ptr<ShortcutSwitches> shortcuts() override;
 
 private:
+    // The connection is that of the capture lane.
+    X11Desktop(MainLoop& loop, Workers& workers, const std::shared_ptr<X11Connection>& connection);
+
     void followScreens();
     void follow(QScreen* screen);
 
-    std::shared_ptr<X11Connection> m_connection; // of the capture lane
     std::shared_ptr<X11ImageReader> m_reader;
     X11Displays m_displays;
     X11KeyGrabs m_keys;
@@ -72,6 +77,7 @@ private:
     DBusScreenLock m_lock;
     X11Clipboard m_clipboard;
     DBusFileManager m_fileManager;
+    GioFilePrograms m_programs;
     QtSavePanel m_savePanel;
     SpawnedToolProcess m_tools;
     QObject m_context; // of connections to what outlives us

@@ -73,7 +73,8 @@ bool X11Displays::takeRelevantEvents()
 {
     using namespace std::chrono_literals;
     X11Connection& x = *m_connection;
-    const std::array properties{x.atom("_NET_WORKAREA"), x.atom("_NET_CURRENT_DESKTOP")};
+    const std::array properties{x.atom("_NET_WORKAREA"), x.atom("_NET_CURRENT_DESKTOP"),
+                                x.atom(QByteArray(X11WorkArea::perDisplay) + '0')};
     bool isRelevant = false;
     while (const auto event = x.nextEvent(0ms)) {
         const auto* property = reinterpret_cast<const xcb_property_notify_event_t*>(event.get());

@@ -6,15 +6,14 @@ namespace Kovrel {
 
 namespace {
 
-std::optional<QRect> ofCurrentDesktop(X11Connection& x)
+std::vector<QRect> rectsIn(X11Connection& x, const QByteArray& property)
 {
-    X11Property current(x, x.root(), "_NET_CURRENT_DESKTOP");
-    X11Property areas(x, x.root(), "_NET_WORKAREA");
+    X11Property areas(x, x.root(), property);
     const auto values = areas.numbers();
-    const size_t first = 4 * size_t(current.number());
-    if (values.size() < first + 4)
-        return {};
-    return QRect(int(values[first]), int(values[first + 1]), int(values[first + 2]), int(values[first + 3]));
+    std::vector<QRect> rects;
+    for (size_t first = 0; first + 4 <= values.size(); first += 4)
+        rects.push_back({int(values[first]), int(values[first + 1]), int(values[first + 2]), int(values[first + 3])});
+    return rects;
 }
 
 // Left, right, top, bottom, then start and end along each; the older form knows no starts and ends.
@@ -37,15 +36,25 @@ std::vector<quint32> strutOf(X11Connection& x, xcb_window_t window, QSize root)
 
 } // namespace
 
-X11WorkArea::X11WorkArea(X11Connection& x) : m_whole(ofCurrentDesktop(x))
+X11WorkArea::X11WorkArea(X11Connection& x)
 {
     const auto geometry = x.reply(xcb_get_geometry_reply, xcb_get_geometry(x.handle(), x.root()));
     if (!geometry)
         return;
+    readAreas(x);
     const QSize root(geometry->width, geometry->height);
     X11Property clients(x, x.root(), "_NET_CLIENT_LIST");
     for (const xcb_window_t client : clients.numbers())
         addStrips(strutOf(x, client, root), root);
+}
+
+void X11WorkArea::readAreas(X11Connection& x)
+{
+    const quint32 desktop = X11Property(x, x.root(), "_NET_CURRENT_DESKTOP").number();
+    const auto wholes = rectsIn(x, "_NET_WORKAREA");
+    if (desktop < wholes.size())
+        m_whole = wholes[desktop];
+    m_ofDisplays = rectsIn(x, perDisplay + QByteArray::number(desktop));
 }
 
 void X11WorkArea::addStrips(const std::vector<quint32>& strut, QSize root)
@@ -89,6 +98,9 @@ QRect X11WorkArea::without(const QRect& area, const Strip& strip)
 QRect X11WorkArea::within(const QRect& display, bool isOnly) const
 {
     QRect area = isOnly && m_whole && m_whole->intersects(display) ? display & *m_whole : display;
+    const auto told = std::ranges::find_if(m_ofDisplays, [&](const QRect& rect) { return display.contains(rect); });
+    if (told != m_ofDisplays.end())
+        area &= *told;
     for (const Strip& strip : m_strips) {
         if (!strip.pixels.intersects(display))
             continue;

@@ -12,6 +12,10 @@ namespace Kovrel {
 // The edges of the screen that panels and docks reserve.
 class X11WorkArea {
 public:
+    // The work areas of each display, where a desktop tells them: what draws its panels itself has no windows to tell
+    // of them. The number of the virtual desktop follows.
+    static constexpr const char* perDisplay = "_GTK_WORKAREAS_D";
+
     explicit X11WorkArea(X11Connection& connection);
 
     // What is left of a display, in root pixels. `isOnly`: it is the only display; then the window manager's own
@@ -26,11 +30,13 @@ private:
         QRect pixels;
     };
 
+    void readAreas(X11Connection& connection);
     void addStrips(const std::vector<quint32>& strut, QSize root);
     static QRect without(const QRect& area, const Strip& strip);
 
     std::vector<Strip> m_strips;
-    std::optional<QRect> m_whole;
+    std::optional<QRect> m_whole; // of all displays together
+    std::vector<QRect> m_ofDisplays;
 };
 
 } // namespace Kovrel

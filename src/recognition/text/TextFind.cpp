@@ -1,6 +1,6 @@
 #include "recognition/text/TextFind.h"
 
-#include "model/TextFolding.h"
+#include "model/text/TextFolding.h"
 
 #include <QTextBoundaryFinder>
 

@@ -1,7 +1,7 @@
 #include "history/search/HistorySearch.h"
 
 #include "history/search/HistorySearchEngine.h"
-#include "model/TextFolding.h"
+#include "model/text/TextFolding.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

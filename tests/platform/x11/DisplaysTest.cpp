@@ -84,6 +84,18 @@ TEST_F(DisplaysTest, VisibleFramesLeaveOutPanels)
     EXPECT_EQ(displays[1].visibleFrame, (Rect{-580, 460, 280, 440}));
 }
 
+TEST_F(DisplaysTest, ADesktopThatDrawsItsPanelsItselfTellsWhatIsFreeOfEachDisplay)
+{
+    Testing::PaintedScreen screen(server.name());
+    server.setMonitors({{"MAIN", {600, 0, 600, 900}}, {"LEFT", {0, 0, 600, 900}}});
+    screen.setNumbersOnRoot("_NET_CURRENT_DESKTOP", "CARDINAL", {1});
+    screen.setNumbersOnRoot("_NET_WORKAREA", "CARDINAL", {0, 0, 1200, 900, 0, 30, 1200, 870});
+    screen.setNumbersOnRoot("_GTK_WORKAREAS_D1", "CARDINAL", {0, 0, 600, 900, 600, 30, 600, 870});
+    const DisplayList displays = open()->all();
+    EXPECT_EQ(displays[0].visibleFrame, (Rect{0, 0, 600, 870}));
+    EXPECT_EQ(displays[1].visibleFrame, displays[1].frame);
+}
+
 TEST_F(DisplaysTest, APanelBetweenTwoDisplaysTakesNothingFromTheOuterOne)
 {
     Testing::PaintedScreen screen(server.name());

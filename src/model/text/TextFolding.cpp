@@ -1,4 +1,4 @@
-#include "model/TextFolding.h"
+#include "model/text/TextFolding.h"
 
 #include <algorithm>
 #include <array>

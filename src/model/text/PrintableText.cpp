@@ -1,4 +1,4 @@
-#include "model/PrintableText.h"
+#include "model/text/PrintableText.h"
 
 namespace Kovrel {
 
