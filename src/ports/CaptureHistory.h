@@ -3,7 +3,7 @@
 #include "model/CaptureResult.h"
 #include "model/OCRResult.h"
 #include "model/QRCode.h"
-#include "model/QuarterTurn.h"
+#include "imaging/QuarterTurn.h"
 #include "platform/Observers.h"
 #include "platform/Reply.h"
 #include "ports/CaptureSave.h"
