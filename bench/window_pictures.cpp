@@ -201,6 +201,8 @@ void menus(const Pictures& pictures)
     QWidget window;
     PinMenu pin(window, [](auto) { return true; }, true);
     pictures.save("menu-pin", pin);
+}
+
 // --- Cards
 
 using namespace std::chrono_literals;

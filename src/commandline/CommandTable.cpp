@@ -205,10 +205,8 @@ const std::vector<CommandSpec>& table()
          .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Recent Captures"), "recent", {"recent"}, history}}},
         {.name = "reopen",
          .meaning = "the card that was closed last comes back",
-         .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Reopen Closed Capture"),
-                   "reopen",
-                   {"reopen"},
-                   reopenClosedCapture}}},
+         .menu =
+             {{QT_TRANSLATE_NOOP("CommandTable", "Reopen Closed Capture"), "reopen", {"reopen"}, reopenClosedCapture}}},
     };
     return all;
 }

@@ -27,6 +27,7 @@ TEST(CanvasViewportTest, ACanvasIsFittedAndNeverEnlarged)
         double ratio;
         double zoom;
     };
+
     const Case cases[] = {
         {{3840, 2160}, 1, {1008, 800}, 1, 0.25},
         {{300, 200}, 1, {1000, 800}, 1, 1},
