@@ -144,8 +144,7 @@ double AnnotationCanvasView::zoomPercent() const
 
 void AnnotationCanvasView::setZoomPercent(double percent)
 {
-    m_viewport.zoomTo(percent / 100 * devicePixelRatioF() / m_session.capture().scale,
-                      inView(QRectF(rect()).center()));
+    m_viewport.zoomTo(percent / 100 * devicePixelRatioF() / m_session.capture().scale, inView(QRectF(rect()).center()));
     takeShare();
 }
 
@@ -406,8 +405,7 @@ bool AnnotationCanvasView::editKey(const QKeyEvent& event)
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (m_session.selection().size() != 1 ||
-            m_session.selectedMarks().front().kind != Annotation::Kind::text)
+        if (m_session.selection().size() != 1 || m_session.selectedMarks().front().kind != Annotation::Kind::text)
             return false;
         write(m_session.selection().front());
         return true;

@@ -66,6 +66,7 @@ private:
     void paintPicture(QPainter& painter);
     void paintOverlay(QPainter& painter);
     CanvasPointer pointer(const QMouseEvent& event, int clicks = 1) const;
+
     QPointF inView(QPointF widgetPoint) const { return widgetPoint * devicePixelRatioF(); }
 
     void press(const QMouseEvent& event, int clicks);
