@@ -36,8 +36,10 @@ FileProgram programOf(GAppInfo* info)
         .id = g_app_info_get_id(info), .name = g_app_info_get_display_name(info), .iconName = names ? names[0] : ""};
 }
 
-std::vector<FileProgram> openersOf(const QByteArray& mimeType)
+std::vector<FileProgram> openersOf(const QString& fileName)
 {
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(fileName, QMimeDatabase::MatchExtension);
+    const QByteArray mimeType = type.name().toUtf8();
     std::vector<FileProgram> programs;
     GList* infos = g_app_info_get_all_for_type(mimeType.constData());
     if (const AppInfo preferred{g_app_info_get_default_for_type(mimeType.constData(), false)})
@@ -92,11 +94,11 @@ GioFilePrograms::GioFilePrograms(MainLoop& loop, Workers& workers) : m_loop(loop
                           m_lifeline.guard([this](bool canMail) { m_canMail = canMail; }));
 }
 
-void GioFilePrograms::openers(const QString& mimeType, Reply<std::vector<FileProgram>> reply)
+void GioFilePrograms::openers(const QString& fileName, Reply<std::vector<FileProgram>> reply)
 {
-    replyFromWorker<std::vector<FileProgram>>(
-        m_loop, m_workers, Lane::utility, Guarded::orElse([type = mimeType.toUtf8()] { return openersOf(type); }, {}),
-        std::move(reply));
+    replyFromWorker<std::vector<FileProgram>>(m_loop, m_workers, Lane::utility,
+                                              Guarded::orElse([fileName] { return openersOf(fileName); }, {}),
+                                              std::move(reply));
 }
 
 void GioFilePrograms::open(const QString& path)

@@ -13,7 +13,7 @@ class GioFilePrograms : public FilePrograms {
 public:
     GioFilePrograms(MainLoop& loop, Workers& workers);
 
-    void openers(const QString& mimeType, Reply<std::vector<FileProgram>> reply) override;
+    void openers(const QString& fileName, Reply<std::vector<FileProgram>> reply) override;
     void open(const QString& path) override;
     void open(const QString& path, const QString& programID) override;
 

@@ -86,12 +86,12 @@ TEST_F(GioFileProgramsTest, ThePreferredProgramIsFirstAndOnlyThoseThatPeopleSeeA
 {
     GioFilePrograms programs(loop, workers);
     std::vector<FileProgram> told;
-    programs.openers("image/png", [&](auto answer) { told = std::move(answer); });
+    programs.openers("shot.png", [&](auto answer) { told = std::move(answer); });
     work();
     ASSERT_EQ(told.size(), 2u);
     EXPECT_EQ(told[0], (FileProgram{"viewer.desktop", "The viewer", "viewer-icon"}));
     EXPECT_EQ(told[1].id, "painter.desktop");
-    programs.openers("image/x-nobody-knows", [&](auto answer) { told = std::move(answer); });
+    programs.openers("shot.nobody-knows", [&](auto answer) { told = std::move(answer); });
     work();
     EXPECT_TRUE(told.empty());
 }
