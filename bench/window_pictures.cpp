@@ -3,14 +3,18 @@
 //
 //     QT_QPA_PLATFORM=offscreen bench_window_pictures FOLDER
 #include "capture/selection/SelectionScene.h"
+#include "cards/CardFace.h"
 #include "cards/chords/CardChord.h"
 #include "cards/menu/CardQuickActionsMenu.h"
+#include "cards/panels/CardPanel.h"
 #include "overlay/OverlayPainter.h"
 #include "pins/PinMenu.h"
 #include "pins/PinPanel.h"
+#include "platform/desktop/QtMainLoop.h"
 #include "toasts/ToastPanel.h"
 #include "ui/RowButton.h"
 #include "ui/tokens/Motion.h"
+#include "ui/tokens/SoftShadow.h"
 #include "ui/tokens/Theme.h"
 #include "welcome/HomeWindow.h"
 
@@ -199,6 +203,114 @@ void menus(const Pictures& pictures)
     pictures.save("menu-pin", pin);
 }
 
+// --- Cards
+
+using namespace std::chrono_literals;
+
+// What people take pictures of: a window with lines of text.
+QImage capturedWindow(QSize points, double scale, const QColor& accent)
+{
+    QImage image((QSizeF(points) * scale).toSize(), QImage::Format_RGB32);
+    image.fill(QColor("#fbfbfd"));
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    painter.fillRect(QRect(0, 0, points.width(), points.height() / 9), accent);
+    for (int line = 0; line < 7; ++line)
+        painter.fillRect(QRectF(points.width() * 0.08, points.height() * (0.22 + 0.1 * line),
+                                points.width() * (line % 3 == 2 ? 0.45 : 0.8), points.height() * 0.035),
+                         QColor("#c3c9d6"));
+    return image;
+}
+
+struct CardState {
+    const char* name;
+    CardLook look;
+    bool isHovered = false;
+};
+
+CardLook cardLook(QSize points, const char* accent, double scale)
+{
+    const QImage capture = capturedWindow(points, scale, QColor(accent));
+    const QSizeF size = CardFace::cardSize(capture.size());
+    return {.id = QUuid::createUuid(),
+            .displayID = 1,
+            .place = QRectF(QPointF(), size),
+            .face = CardFace::render(capture, scale, size, scale)};
+}
+
+std::vector<CardState> cardStates(const MainLoop& loop, double scale)
+{
+    const CardLook plain = cardLook({800, 500}, "#4c6ef5", scale);
+    const Countdown running{.deadline = loop.now() + 6s, .total = 10s, .stoppedAt = {}};
+    std::vector<CardState> states{{"resting", plain},
+                                  {"hovered", plain, true},
+                                  {"copied", plain},
+                                  {"frozen", plain},
+                                  {"saved", plain},
+                                  {"saved-hovered", plain, true},
+                                  {"code", plain},
+                                  {"code-hovered", plain, true},
+                                  {"portrait", cardLook({300, 600}, "#2f9e44", scale)},
+                                  {"tiny", cardLook({40, 24}, "#e8590c", scale)},
+                                  {"wide", cardLook({1400, 200}, "#ae3ec9", scale)},
+                                  {"unreadable", plain}};
+    for (CardState& state : states)
+        state.look.countdown = running;
+    states[2].look.isCopied = true;
+    states[3].look.isFrozen = true;
+    for (const size_t saved : {4, 5})
+        states[saved].look.isSaved = true;
+    for (const size_t coded : {6, 7})
+        states[coded].look.code = CardCode{"https://kovrel.example.org/a/path/that/is/long"};
+    states.back().look.face = {};
+    return states;
+}
+
+// With its upper left corner at a point.
+void paintCard(QPainter& painter, QPointF at, const CardState& state, bool isComposited, double scale)
+{
+    static QtMainLoop loop;
+    NoShapes shapes;
+    using enum CardQuickAction;
+    const Kovrel::Display points{.name = QGuiApplication::primaryScreen()->name(), .pixelRect = {0, 0, 2000, 2000}};
+    Kovrel::Display pixels = points;
+    pixels.scale = scale;
+    CardPanel panel({.shapes = shapes,
+                     .loop = loop,
+                     .isComposited = isComposited,
+                     .offer = {.actions = {copy, save, edit, pin}, .hasMenu = true}},
+                    pixels);
+    panel.setLook(state.look);
+    panel.place(points, QRect(QPoint(500, 500), state.look.place.size().toSize()));
+    panel.setHovered(state.isHovered);
+    const double room = isComposited ? SoftShadow::floatingRoom : 0;
+    panel.render(&painter, (at - QPointF(room, room)).toPoint(), {}, QWidget::DrawChildren);
+}
+
+// All states beside each other on a desktop.
+void cards(const Pictures& pictures, bool isComposited)
+{
+    const double scale = pictures.look.scale;
+    const QSize points(1020, 640);
+    QImage picture((QSizeF(points) * scale).toSize(), QImage::Format_RGB32);
+    picture.setDevicePixelRatio(scale);
+    QPainter painter(&picture);
+    QLinearGradient desktop(0, 0, points.width(), points.height());
+    desktop.setColorAt(0, QColor("#dfe9f5"));
+    desktop.setColorAt(1, QColor("#1b2a41"));
+    painter.fillRect(QRect(QPoint(), points), desktop);
+    QPointF at(40, 40);
+    const QtMainLoop loop;
+    for (const CardState& state : cardStates(loop, scale)) {
+        paintCard(painter, at, state, isComposited, scale);
+        at.rx() += CardFace::width + 28;
+        if (at.x() + CardFace::width > points.width())
+            at = {40, at.y() + CardFace::mostHeight + 36};
+    }
+    painter.end();
+    pictures.save(isComposited ? "cards" : "cards-opaque", picture);
+}
+
 // A desktop that is light at the left and dark at the right.
 QImage screen(const QRect& rect)
 {
@@ -261,6 +373,8 @@ void takeAll(const QString& folder)
                 toasts(pictures);
                 pins(pictures);
                 menus(pictures);
+                cards(pictures, true);
+                cards(pictures, false);
                 if (scheme == ColorScheme{} && !hasLargeFont)
                     overlays(pictures);
             }

@@ -8,8 +8,6 @@
 #include "ports/SaveFailureToast.h"
 #include "ports/Toasts.h"
 
-#include <QTransform>
-
 namespace Kovrel {
 
 CardActions::CardActions(CardServices services, CardShelf& shelf, CardPixels& pixels, Callbacks callbacks)
@@ -159,33 +157,32 @@ void CardActions::rotate(QUuid id, QuarterTurn turn)
     Scope::start(rotateNow(id, turn), "Turning a card");
 }
 
+// What is being recorded is turned once the history has it.
 QCoro::Task<> CardActions::rotateNow(QUuid id, QuarterTurn turn)
 {
-    const PiledCard* card = m_shelf.find(id);
-    if (!card)
-        co_return;
-    if (const std::shared_ptr<CaptureRecording> recording = card->recording)
+    const PiledCard* before = m_shelf.find(id);
+    if (const std::shared_ptr<CaptureRecording> recording = before ? before->recording : nullptr)
         co_await m_scope.reply<RecordOutcome>([&](auto done) { recording->whenDone(done); });
-    card = m_shelf.find(id);
-    if (!card)
-        co_return;
-    if (card->isKept && m_services.ports.history) {
-        const bool isTurned =
-            co_await m_scope.reply<bool>([&](auto done) { m_services.ports.history->rotate(id, turn, done); });
-        if (!isTurned)
-            tellMissing(id);
+    const PiledCard* card = m_shelf.find(id);
+    if (!card || !card->isKept || !m_services.ports.history) {
+        co_await rotateHere(id, turn);
         co_return;
     }
-    const auto job = [image = card->result.image, turn] {
-        return image.transformed(QTransform().rotate(turn == QuarterTurn::left ? -90 : 90));
-    };
+    const bool isTurned =
+        co_await m_scope.reply<bool>([&](auto done) { m_services.ports.history->rotate(id, turn, done); });
+    if (!isTurned)
+        tellMissing(id);
+}
+
+QCoro::Task<> CardActions::rotateHere(QUuid id, QuarterTurn turn)
+{
+    const PiledCard* before = m_shelf.find(id);
+    const auto job = [image = before ? before->result.image : QImage(), turn] { return turned(image, turn); };
     const QImage image = co_await m_scope.onWorker(Lane::cardFace, Guarded::orElse(job, QImage()));
-    PiledCard* turned = m_shelf.find(id);
-    if (!turned || image.isNull())
+    PiledCard* card = m_shelf.find(id);
+    if (!card || image.isNull())
         co_return;
-    turned->result.image = image;
-    turned->savedPath.reset();
-    turned->save.reset();
+    card->result.image = image;
     m_callbacks.turned(id);
 }
 

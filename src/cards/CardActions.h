@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cards/CardPixels.h"
-#include "model/QuarterTurn.h"
+#include "imaging/QuarterTurn.h"
 #include "model/ToastContent.h"
 #include "platform/Lifeline.h"
 
@@ -47,6 +47,7 @@ private:
     QCoro::Task<> editNow(QUuid id);
     QCoro::Task<> pinNow(QUuid id);
     QCoro::Task<> rotateNow(QUuid id, QuarterTurn turn);
+    QCoro::Task<> rotateHere(QUuid id, QuarterTurn turn);
     void saveEnded(QUuid id, const SaveOutcome& outcome);
     void tell(QUuid id, ToastContent toast);
     void tellMissing(QUuid id);

@@ -17,6 +17,8 @@ public:
     void forgetClosed(QUuid id) override;
     std::optional<QUuid> takeLastClosed() override;
 
+    bool isEmpty() const { return m_closed.empty(); }
+
     std::optional<QString> savedFile(QUuid id) const override;
 
 private:

@@ -5,6 +5,7 @@
 #include "ports/CaptureDelivery.h"
 #include "ports/ReopenLedger.h"
 #include "ports/Toasts.h"
+#include "ui/ScreenChrome.h"
 
 #include <algorithm>
 
@@ -20,7 +21,7 @@ constexpr QSize usualShape(16, 10);
 // Points from the upper left corner of the display.
 QRectF usableArea(const Display& display)
 {
-    const Rect& usable = display.visibleFrame;
+    const Rect usable = ScreenChrome::anchor(display);
     return {usable.minX() - display.frame.minX(), display.frame.maxY() - usable.maxY(), usable.width, usable.height};
 }
 

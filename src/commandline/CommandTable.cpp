@@ -204,9 +204,9 @@ const std::vector<CommandSpec>& table()
          .options = {{.name = "strip", .meaning = "one row along the edge of the screen instead"}},
          .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Recent Captures"), "recent", {"recent"}, history}}},
         {.name = "reopen",
+         .meaning = "the card that was closed last comes back",
          .menu =
-             {{QT_TRANSLATE_NOOP("CommandTable", "Reopen Closed Capture"), "reopen", {"reopen"}, reopenClosedCapture}},
-         .isOnCommandLine = false},
+             {{QT_TRANSLATE_NOOP("CommandTable", "Reopen Closed Capture"), "reopen", {"reopen"}, reopenClosedCapture}}},
     };
     return all;
 }

@@ -4,8 +4,6 @@
 #include "editor/marks/AnnotationTurn.h"
 #include "platform/ImageCodec.h"
 
-#include <QTransform>
-
 namespace Kovrel {
 
 namespace {
@@ -41,11 +39,6 @@ QImage flattened(const HistoryEdit& edit, const HistoryTurn::Capture& capture)
 }
 
 } // namespace
-
-QImage HistoryTurn::turned(const QImage& image, QuarterTurn turn)
-{
-    return image.transformed(QTransform().rotate(turn == QuarterTurn::left ? -90 : 90));
-}
 
 HistoryEdit HistoryTurn::edit(const Capture& capture, QuarterTurn turn)
 {

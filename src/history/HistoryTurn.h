@@ -1,9 +1,9 @@
 #pragma once
 
 #include "history/HistoryEdit.h"
+#include "imaging/QuarterTurn.h"
 #include "model/HistoryEntry.h"
 #include "model/MeasureUnit.h"
-#include "model/QuarterTurn.h"
 
 namespace Kovrel {
 
@@ -18,8 +18,6 @@ struct Capture {
     EditorBackdrop backdrop = EditorBackdrop::none;
     MeasureUnit measureUnit = MeasureUnit::pixels;
 };
-
-QImage turned(const QImage& image, QuarterTurn turn);
 
 // Its picture is null where memory is short.
 HistoryEdit edit(const Capture& capture, QuarterTurn turn);

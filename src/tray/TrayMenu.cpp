@@ -16,6 +16,7 @@ TrayMenu::TrayMenu(Preferences& preferences, Handlers handlers)
                                 entry);
     }
     m_menu.addSeparator();
+    m_hideCards = m_menu.addAction(QString(), this, [this] { m_handlers.hideCards(!m_handlers.areCardsHidden()); });
     m_windowMenu.setTitle(tr("Windows"));
     m_menu.addMenu(&m_windowMenu);
     m_menu.addAction(tr("Open Kovrel\u2026"), this, [this] { m_handlers.openHome(); });
@@ -47,6 +48,8 @@ void TrayMenu::refresh()
 {
     refreshWindows();
     m_cancelCountdown->setVisible(m_handlers.isCountingDown());
+    m_hideCards->setVisible(m_handlers.hasCards());
+    m_hideCards->setText(m_handlers.areCardsHidden() ? tr("Show Cards") : tr("Temporarily Hide Cards"));
     for (const auto& [action, entry] : m_commands) {
         action->setEnabled(m_handlers.isEnabled(entry));
         // Behind a tab, as a menu shows its shortcut: a real one would only work while the menu is open.

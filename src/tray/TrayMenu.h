@@ -20,6 +20,9 @@ public:
         std::function<void(const MenuEntry&)> perform;
         std::function<bool()> isCountingDown;
         std::function<void()> cancelCountdown;
+        std::function<bool()> hasCards;
+        std::function<bool()> areCardsHidden; // until the next capture, or until they are shown again
+        std::function<void(bool)> hideCards;
         std::function<std::vector<TitledWindows::Entry>()> openWindows;
         std::function<void()> openHome;
         std::function<void()> quit;
@@ -43,6 +46,7 @@ private:
     QSystemTrayIcon m_item;
     std::vector<std::pair<QAction*, MenuEntry>> m_commands;
     QAction* m_cancelCountdown = nullptr;
+    QAction* m_hideCards = nullptr;
 };
 
 } // namespace Kovrel

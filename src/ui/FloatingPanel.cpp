@@ -57,8 +57,11 @@ void FloatingPanel::place(const Display& display, const QRect& card)
     const int room = int(std::lround(m_shadowRoom * display.scale));
     const QRect withShadow = card.adjusted(-room, -room, room, room) & display.pixelRect;
     const QRect panel = card | withShadow;
+    const QRectF before = m_card;
     m_card = QRectF(QPointF(card.topLeft() - panel.topLeft()) / display.scale, QSizeF(card.size()) / display.scale);
     moveTo(display, panel);
+    if (m_card == before)
+        return; // it is only elsewhere
     update();
     shapeInput();
 }
@@ -152,13 +155,18 @@ void FloatingPanel::shapeInput()
     m_shapes.takeInputOnlyIn(winId(), pixels);
 }
 
-void FloatingPanel::paintEvent(QPaintEvent*)
+void FloatingPanel::paintEvent(QPaintEvent* event)
 {
     if (m_isEmpty)
         return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    paintGround(painter);
+    // What changes in the middle of the card needs neither its edge nor its shadow.
+    const double rim = m_shadowRoom > 0 ? Radius::card : Stroke::hairline;
+    if (m_card.adjusted(rim, rim, -rim, -rim).contains(event->rect()))
+        painter.fillRect(event->rect(), Theme::current().card);
+    else
+        paintGround(painter);
     paintContent(painter, m_card);
 }
 

@@ -199,6 +199,57 @@ QPainterPath photograph()
     return path;
 }
 
+QPainterPath twoSheets()
+{
+    QPainterPath path;
+    path.addRoundedRect(QRectF(0.3, 0.28, 0.64, 0.7), 0.1, 0.1);
+    path.addPath(lines({{0.08, 0.7}, {0.08, 0.06}, {0.66, 0.06}}));
+    return path;
+}
+
+QPainterPath downIntoTray()
+{
+    QPainterPath path = lines({{0.5, 0.04}, {0.5, 0.66}});
+    path.addPath(lines({{0.26, 0.44}, {0.5, 0.67}, {0.74, 0.44}}));
+    path.addPath(lines({{0.06, 0.68}, {0.06, 0.95}, {0.94, 0.95}, {0.94, 0.68}}));
+    return path;
+}
+
+QPainterPath pencil()
+{
+    QPainterPath path = lines({{0.06, 0.94}, {0.12, 0.68}, {0.72, 0.08}, {0.92, 0.28}, {0.32, 0.88}, {0.06, 0.94}});
+    path.addPath(lines({{0.58, 0.22}, {0.78, 0.42}}));
+    return path;
+}
+
+QPainterPath drawingPin()
+{
+    QPainterPath path =
+        lines({{0.3, 0.05}, {0.7, 0.05}, {0.66, 0.38}, {0.84, 0.6}, {0.16, 0.6}, {0.34, 0.38}, {0.3, 0.05}});
+    path.addPath(lines({{0.5, 0.6}, {0.5, 0.97}}));
+    return path;
+}
+
+QPainterPath threeDots()
+{
+    QPainterPath path;
+    for (const double x : {0.12, 0.5, 0.88})
+        path.addEllipse(QPointF(x, 0.5), 0.045, 0.045);
+    return path;
+}
+
+QPainterPath snowflake()
+{
+    QPainterPath path;
+    for (const double angle : {30.0, 90.0, 150.0}) {
+        const QTransform turned = QTransform().translate(0.5, 0.5).rotate(angle);
+        path.addPath(turned.map(lines({{-0.48, 0}, {0.48, 0}})));
+        for (const double side : {-1.0, 1.0})
+            path.addPath(turned.map(lines({{side * 0.44, -0.13}, {side * 0.28, 0}, {side * 0.44, 0.13}})));
+    }
+    return path;
+}
+
 QPainterPath dot()
 {
     QPainterPath path;
@@ -233,6 +284,12 @@ constexpr Drawing drawings[] = {
     {QLatin1String("folder"), folder},
     {QLatin1String("clock"), clock},
     {QLatin1String("photo"), photograph},
+    {QLatin1String("doc.on.doc"), twoSheets},
+    {QLatin1String("square.and.arrow.down"), downIntoTray},
+    {QLatin1String("pencil"), pencil},
+    {QLatin1String("pin"), drawingPin},
+    {QLatin1String("ellipsis"), threeDots},
+    {QLatin1String("snowflake"), snowflake},
 };
 
 QPainterPath pathNamed(const QString& name)

@@ -3,6 +3,7 @@
 #include "commandline/CommandTable.h"
 #include "ports/AccountStatus.h"
 #include "ports/Captures.h"
+#include "ports/CardPile.h"
 #include "ports/HelpWindows.h"
 #include "ports/ProgramCommands.h"
 #include "ui/TitledWindows.h"
@@ -45,6 +46,9 @@ TrayMenu::Handlers TrayFeature::handlers()
         .perform = [this](const MenuEntry& entry) { m_ports.commands.tell(&ProgramCommands::perform, entry, true); },
         .isCountingDown = [this] { return m_ports.captures && m_ports.captures->isCountingDown(); },
         .cancelCountdown = [this] { m_ports.captures.tell(&Captures::cancelCountdown); },
+        .hasCards = [this] { return m_ports.cards && m_ports.cards->hasCards(); },
+        .areCardsHidden = [this] { return m_ports.cards && m_ports.cards->isTemporarilyHidden(); },
+        .hideCards = [this](bool hide) { m_ports.cards.tell(&CardPile::setTemporarilyHidden, hide); },
         .openWindows = TitledWindows::list,
         .openHome = [this] { m_ports.commands.tell(&ProgramCommands::bringForward); },
         .quit = [this] { m_ports.commands.tell(&ProgramCommands::quit, "menu"); },

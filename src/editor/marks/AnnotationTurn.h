@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editor/marks/Annotation.h"
-#include "model/QuarterTurn.h"
+#include "imaging/QuarterTurn.h"
 
 namespace Kovrel {
 

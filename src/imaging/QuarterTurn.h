@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QImage>
+
 namespace Kovrel {
 
 // A turn by 90 degrees.
@@ -7,5 +9,8 @@ enum class QuarterTurn {
     left,  // counterclockwise
     right, // clockwise
 };
+
+// The picture turned, pixel by pixel. Null when memory is short. Any thread.
+QImage turned(const QImage& image, QuarterTurn turn);
 
 } // namespace Kovrel

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "app/foundation/Feature.h"
+#include "app/foundation/Foundation.h"
+#include "cards/ClosedCards.h"
+#include "cards/QuickAccessController.h"
+#include "cards/panels/CardPanels.h"
+#include "ports/Ports.h"
+
+namespace Kovrel {
+
+// The cards of recent captures in a corner of the screen, and the way back for those that were closed.
+class CardsFeature : public Feature {
+public:
+    CardsFeature(Foundation& foundation, Ports& ports);
+
+    std::vector<CommandHandler> commands() override;
+    std::vector<SettingsPage> settingsPages() const override;
+    void start(const Launch& launch) override;
+
+private:
+    CardServices services();
+    void reopen(const Reply<CommandAnswer>& reply);
+    void copyText(const QString& text);
+
+    Foundation& m_foundation;
+    Ports& m_ports;
+    ClosedCards m_closed;
+    CardPanels m_panels;
+    QuickAccessController m_controller;
+};
+
+} // namespace Kovrel

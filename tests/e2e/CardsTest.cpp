@@ -1,0 +1,146 @@
+#include "tests/e2e/UserSession.h"
+#include "tests/support/PaintedScreen.h"
+#include "tests/support/PictureDifference.h"
+
+#include <QFileInfo>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+namespace Kovrel {
+
+using Testing::sameColors;
+using Testing::UserSession;
+
+namespace {
+
+const QSize screenSize(1280, 800);
+// Where the first card stands, and in it its picture: the whole screen, small.
+const QRect card(1048, 645, 216, 139);
+const QRect picture = card.adjusted(6, 6, -6, -6);
+const QPoint away(400, 300);
+
+QImage redAndBlue()
+{
+    QImage screen(screenSize, QImage::Format_RGB32);
+    screen.fill(Qt::red);
+    QPainter(&screen).fillRect(640, 0, 640, 800, Qt::blue);
+    return screen;
+}
+
+struct CardsTest : testing::Test {
+    Testing::VirtualDisplay display{screenSize};
+    QImage screen = redAndBlue();
+    Testing::PaintedScreen painted{display.name()};
+    UserSession session{&display};
+
+    void SetUp() override
+    {
+        painted.setRootPicture(screen);
+        painted.movePointer(away);
+        session.prepare({"previewDurationSeconds=-1", "showCursorInCapture=false", "afterCaptureActions=1"});
+    }
+
+    bool shows(QPoint pixel, const QColor& color)
+    {
+        return UserSession::eventually([&] { return painted.pixelAt(pixel) == (color.rgb() & RGB_MASK); });
+    }
+
+    void capture()
+    {
+        ASSERT_EQ(session.kovrel({"capture", "fullScreen", "--wait"}).exitCode, 0);
+        ASSERT_TRUE(isThere()) << "the screen is on the card";
+    }
+
+    // The left part of the screen is red, its right part is blue, and on the card's frame neither is.
+    bool isThere() { return shows(leftOf(picture), Qt::red) && !isBlue(card.topLeft() + QPoint(30, 3)); }
+
+    bool hasGone() { return shows(leftOf(picture), Qt::blue); }
+
+    bool isBlue(QPoint pixel) const { return painted.pixelAt(pixel) == (QColor(Qt::blue).rgb() & RGB_MASK); }
+
+    bool isRed(QPoint pixel) const { return painted.pixelAt(pixel) == (QColor(Qt::red).rgb() & RGB_MASK); }
+
+    static QPoint leftOf(const QRect& rect) { return {rect.left() + rect.width() / 4, rect.center().y()}; }
+
+    QByteArray clipboard() { return session.run("xclip", {"-selection", "clipboard", "-t", "image/png", "-o"}).output; }
+};
+
+} // namespace
+
+TEST_F(CardsTest, ACaptureIsACardThatClosesAndComesBack)
+{
+    EXPECT_EQ(session.kovrel({"reopen"}).exitCode, 1) << "nothing was closed";
+    capture();
+    EXPECT_TRUE(session.savedFiles().isEmpty()) << "the card has it";
+
+    painted.movePointer(leftOf(picture));
+    EXPECT_TRUE(UserSession::eventually([&] { return !isRed(leftOf(picture)); })) << "its buttons lie on a shade";
+    painted.click(picture.topRight() + QPoint(-18, 19)); // the close button
+    EXPECT_TRUE(hasGone());
+    painted.movePointer(away);
+    EXPECT_EQ(session.kovrel({"reopen"}).exitCode, 0);
+    EXPECT_TRUE(isThere());
+    EXPECT_EQ(session.kovrel({"reopen"}).exitCode, 1) << "it has come back already";
+}
+
+TEST_F(CardsTest, TwoClicksCopyAndNoCardIsInACapture)
+{
+    capture();
+    painted.movePointer(leftOf(picture));
+    painted.click(picture.center());
+    painted.click(picture.center());
+    EXPECT_TRUE(UserSession::eventually([&] { return sameColors(QImage::fromData(clipboard()), screen); }));
+    painted.movePointer(away);
+    const QString shot = session.path("shot.png");
+    ASSERT_EQ(session.kovrel({"capture", "fullScreen", "--output", shot}).exitCode, 0);
+    EXPECT_TRUE(sameColors(QImage(shot), screen));
+    EXPECT_TRUE(isThere());
+}
+
+TEST_F(CardsTest, DraggedOutItIsAFileForAnotherProgram)
+{
+    QProcess& target = session.start(DROP_TARGET, {});
+    ASSERT_TRUE(shows({150, 100}, Qt::green));
+    screen = redAndBlue();
+    capture();
+    painted.movePointer(picture.center());
+    painted.press(picture.center());
+    QByteArray dropped;
+    EXPECT_TRUE(UserSession::eventually([&] {
+        for (int step = 0; step <= 10; ++step)
+            painted.movePointer(picture.center() + (QPoint(150, 100) - picture.center()) * step / 10);
+        painted.release();
+        target.waitForReadyRead(500);
+        dropped += target.readAllStandardOutput();
+        if (dropped.isEmpty())
+            painted.press(picture.center());
+        return !dropped.isEmpty();
+    }));
+    const QString path = QString::fromUtf8(dropped).trimmed();
+    EXPECT_TRUE(QFileInfo(path).fileName().startsWith("Screenshot ")) << qPrintable(path);
+    EXPECT_EQ(QImage(path).size(), screenSize);
+    EXPECT_TRUE(isThere());
+}
+
+TEST_F(CardsTest, TowardsTheEdgeItIsFlickedAway)
+{
+    capture();
+    painted.movePointer(picture.center());
+    painted.press(picture.center());
+    for (int step = 1; step <= 9; ++step)
+        painted.movePointer(picture.center() + QPoint(10 * step, step));
+    painted.release();
+    EXPECT_TRUE(hasGone());
+}
+
+TEST_F(CardsTest, ItsTimeIsUpBySaving)
+{
+    session.prepare({"previewDurationSeconds=1", "previewAutoCloseAction=saveAndClose"});
+    ASSERT_EQ(session.kovrel({"capture", "fullScreen"}).exitCode, 0);
+    ASSERT_TRUE(UserSession::eventually([&] { return session.savedFiles().size() == 1; }));
+    EXPECT_TRUE(hasGone());
+    EXPECT_TRUE(sameColors(QImage(session.saveFolder() + '/' + session.savedFiles().front()), screen));
+}
+
+} // namespace Kovrel
