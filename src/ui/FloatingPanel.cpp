@@ -49,7 +49,6 @@ FloatingPanel::FloatingPanel(PanelShapes& shapes, bool isComposited, Desktops de
     setWindowFlag(Qt::BypassWindowManagerHint, desktops == Desktops::every);
     setAttribute(Qt::WA_TranslucentBackground, isComposited);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setAttribute(Qt::WA_DeleteOnClose);
 }
 
 void FloatingPanel::place(const Display& display, const QRect& card)
@@ -100,7 +99,10 @@ void FloatingPanel::fadeOut()
 {
     QPropertyAnimation* fade = makeFade(0, Motion::shared().disappearing());
     fade->setObjectName("fade");
-    connect(fade, &QPropertyAnimation::finished, this, &QWidget::close);
+    connect(fade, &QPropertyAnimation::finished, this, [this] {
+        hide();
+        deleteLater();
+    });
     fade->start(QAbstractAnimation::DeleteWhenStopped);
 }
 

@@ -126,6 +126,20 @@ TEST_F(CardsTest, ShortcutsOfDocumentsActOnTheHoveredCardAndAPinBringsItBack)
     EXPECT_TRUE(isThere());
 }
 
+TEST_F(CardsTest, TheProgramEndsInOrderWithCardsAndPinsOnTheScreen)
+{
+    QProcess& program = session.startKovrel({"--background"});
+    ASSERT_TRUE(UserSession::eventually([&] { return session.instancePid() == program.processId(); }));
+    capture();
+    screen.save(session.path("screen.png"));
+    ASSERT_EQ(session.kovrel({"pin", session.path("screen.png")}).exitCode, 0);
+    painted.movePointer(leftOf(picture));
+    session.kovrel({"quit"});
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 0);
+}
+
 TEST_F(CardsTest, ItsMenuOpensAtTheRightButton)
 {
     capture();
