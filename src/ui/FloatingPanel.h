@@ -73,6 +73,7 @@ private:
     PanelShapes& m_shapes;
     double m_shadowRoom; // around the card
     QRectF m_card;
+    double m_scale = 1; // of the display; the toolkit learns of it some time after the panel went there
     bool m_isEmpty = false;
     bool m_hasSettled = false;
     QPointer<QPropertyAnimation> m_fade; // that runs
