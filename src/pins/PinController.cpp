@@ -70,7 +70,6 @@ void PinController::follow(PinPanel& panel, QUuid id)
 {
     QObject::connect(&panel, &PinPanel::clicked, &panel,
                      [this, id](PinGeometry::Button button) { clicked(button, id); });
-    QObject::connect(&panel, &QObject::destroyed, m_lifeline.guard([this, id](QObject*) { m_pins.erase(id); }));
     QObject::connect(&panel, &PinPanel::menuWanted, &panel, [this, id](QPoint position) { showMenu(position, id); });
 }
 

@@ -22,8 +22,9 @@ class FilePrograms {
 public:
     virtual ~FilePrograms() = default;
 
-    // Those that open files of a MIME type, the one that the user prefers first. Empty where there are none.
-    virtual void openers(const QString& mimeType, Reply<std::vector<FileProgram>> reply) = 0;
+    // Those that open files whose names end like this one's, the one that the user prefers first. Empty where there are
+    // none.
+    virtual void openers(const QString& fileName, Reply<std::vector<FileProgram>> reply) = 0;
 
     // With the program that the user prefers for such files.
     virtual void open(const QString& path) = 0;

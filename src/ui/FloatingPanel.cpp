@@ -49,7 +49,6 @@ FloatingPanel::FloatingPanel(PanelShapes& shapes, bool isComposited, Desktops de
     setWindowFlag(Qt::BypassWindowManagerHint, desktops == Desktops::every);
     setAttribute(Qt::WA_TranslucentBackground, isComposited);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setAttribute(Qt::WA_DeleteOnClose);
 }
 
 void FloatingPanel::place(const Display& display, const QRect& card)
@@ -58,9 +57,10 @@ void FloatingPanel::place(const Display& display, const QRect& card)
     const QRect withShadow = card.adjusted(-room, -room, room, room) & display.pixelRect;
     const QRect panel = card | withShadow;
     const QRectF before = m_card;
+    const bool isOfSameScale = std::exchange(m_scale, display.scale) == display.scale;
     m_card = QRectF(QPointF(card.topLeft() - panel.topLeft()) / display.scale, QSizeF(card.size()) / display.scale);
     moveTo(display, panel);
-    if (m_card == before)
+    if (m_card == before && isOfSameScale)
         return; // it is only elsewhere
     update();
     shapeInput();
@@ -100,7 +100,10 @@ void FloatingPanel::fadeOut()
 {
     QPropertyAnimation* fade = makeFade(0, Motion::shared().disappearing());
     fade->setObjectName("fade");
-    connect(fade, &QPropertyAnimation::finished, this, &QWidget::close);
+    connect(fade, &QPropertyAnimation::finished, this, [this] {
+        hide();
+        deleteLater();
+    });
     fade->start(QAbstractAnimation::DeleteWhenStopped);
 }
 
@@ -148,10 +151,9 @@ void FloatingPanel::resizeEvent(QResizeEvent*)
 
 void FloatingPanel::shapeInput()
 {
-    const double scale = devicePixelRatioF();
     QRegion pixels;
     for (const QRectF& area : inputAreas())
-        pixels |= QRectF(area.topLeft() * scale, area.size() * scale).toAlignedRect();
+        pixels |= QRectF(area.topLeft() * m_scale, area.size() * m_scale).toAlignedRect();
     m_shapes.takeInputOnlyIn(winId(), pixels);
 }
 

@@ -15,7 +15,8 @@ class QPropertyAnimation;
 namespace Kovrel {
 
 // A card that floats above other windows and never takes the focus. Where the desktop composites, it has round corners
-// and room for its shadow around it; elsewhere it is square and opaque. It deletes itself when it is closed.
+// and room for its shadow around it; elsewhere it is square and opaque. It belongs to who made it, also when the
+// toolkit closes all windows at the end of the program; one that fades out deletes itself.
 // Where it stands is said in root pixels, what is in it in its own points with the origin top-left.
 class FloatingPanel : public QWidget {
     Q_OBJECT
@@ -31,7 +32,7 @@ public:
     void place(const Display& display, const QRect& card);
 
     void popIn();
-    // Fades and then closes.
+    // Fades, and then is no more.
     void fadeOut();
     // Goes at once, also for compositors, which show a window that is hidden for a while after: what they show is
     // empty.
@@ -72,6 +73,7 @@ private:
     PanelShapes& m_shapes;
     double m_shadowRoom; // around the card
     QRectF m_card;
+    double m_scale = 1; // of the display; the toolkit learns of it some time after the panel went there
     bool m_isEmpty = false;
     bool m_hasSettled = false;
     QPointer<QPropertyAnimation> m_fade; // that runs

@@ -135,14 +135,6 @@ QPainterPath closedEye()
     return struckOut(eye());
 }
 
-QPainterPath struckPin()
-{
-    QPainterPath path =
-        lines({{0.3, 0.05}, {0.7, 0.05}, {0.66, 0.38}, {0.84, 0.6}, {0.16, 0.6}, {0.34, 0.38}, {0.3, 0.05}});
-    path.addPath(lines({{0.5, 0.6}, {0.5, 0.97}}));
-    return struckOut(path);
-}
-
 QPainterPath envelope()
 {
     QPainterPath path;
@@ -229,6 +221,11 @@ QPainterPath drawingPin()
         lines({{0.3, 0.05}, {0.7, 0.05}, {0.66, 0.38}, {0.84, 0.6}, {0.16, 0.6}, {0.34, 0.38}, {0.3, 0.05}});
     path.addPath(lines({{0.5, 0.6}, {0.5, 0.97}}));
     return path;
+}
+
+QPainterPath struckPin()
+{
+    return struckOut(drawingPin());
 }
 
 QPainterPath threeDots()

@@ -1,6 +1,7 @@
 #include "tests/e2e/UserSession.h"
 #include "tests/support/PaintedScreen.h"
 #include "tests/support/PictureDifference.h"
+#include "tests/support/TestKeyboard.h"
 
 #include <QFileInfo>
 #include <QPainter>
@@ -96,6 +97,58 @@ TEST_F(CardsTest, TwoClicksCopyAndNoCardIsInACapture)
     ASSERT_EQ(session.kovrel({"capture", "fullScreen", "--output", shot}).exitCode, 0);
     EXPECT_TRUE(sameColors(QImage(shot), screen));
     EXPECT_TRUE(isThere());
+}
+
+TEST_F(CardsTest, ShortcutsOfDocumentsActOnTheHoveredCardAndAPinBringsItBack)
+{
+    using Testing::TestKeyboard;
+    TestKeyboard keyboard(display.name());
+    const QRect pin(256, 160, 768, 480); // three fifths of the screen
+    const auto isPinned = [&] { return std::ranges::count(painted.panels(), pin) == 1; };
+    const auto hover = [&] {
+        painted.movePointer(leftOf(picture));
+        return UserSession::eventually([&] { return !isRed(leftOf(picture)); });
+    };
+    capture();
+    keyboard.type({TestKeyboard::super, TestKeyboard::placeOfW});
+    EXPECT_TRUE(hover()) << "it was not meant";
+    keyboard.type({TestKeyboard::super, TestKeyboard::placeOfC});
+    EXPECT_TRUE(UserSession::eventually([&] { return sameColors(QImage::fromData(clipboard()), screen); }));
+    keyboard.type({TestKeyboard::super, TestKeyboard::placeOfP});
+    EXPECT_TRUE(UserSession::eventually(isPinned));
+    keyboard.type({TestKeyboard::super, TestKeyboard::placeOfW});
+    EXPECT_TRUE(hasGone());
+
+    painted.movePointer(pin.center());
+    painted.click(pin.topRight() + QPoint(-20, 21));
+    EXPECT_TRUE(UserSession::eventually([&] { return !isPinned(); }));
+    painted.movePointer(away);
+    EXPECT_TRUE(isThere());
+}
+
+TEST_F(CardsTest, TheProgramEndsInOrderWithCardsAndPinsOnTheScreen)
+{
+    QProcess& program = session.startKovrel({"--background"});
+    ASSERT_TRUE(UserSession::eventually([&] { return session.instancePid() == program.processId(); }));
+    capture();
+    screen.save(session.path("screen.png"));
+    ASSERT_EQ(session.kovrel({"pin", session.path("screen.png")}).exitCode, 0);
+    painted.movePointer(leftOf(picture));
+    session.kovrel({"quit"});
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 0);
+}
+
+TEST_F(CardsTest, ItsMenuOpensAtTheRightButton)
+{
+    capture();
+    const size_t before = painted.panels().size();
+    painted.movePointer(picture.center());
+    painted.click(picture.center(), 3);
+    EXPECT_TRUE(UserSession::eventually([&] { return painted.panels().size() == before + 1; }));
+    painted.typeEscape();
+    EXPECT_TRUE(UserSession::eventually([&] { return painted.panels().size() == before; }));
 }
 
 TEST_F(CardsTest, DraggedOutItIsAFileForAnotherProgram)

@@ -61,7 +61,8 @@ TEST_F(FaultsTest, CommandsThatMakeNoSenseAreUsageErrors)
                                  {"capture", "fullScreen", "--save", "--output", "a.png"},
                                  {"preferences", "set", "jpegQuality"},
                                  {"sign-in"},
-                                 {"pin", "a.png"}};
+                                 {"pin"},
+                                 {"pin", "a.png", "b.png"}};
     for (const QStringList& line : lines) {
         const auto result = session.kovrel(line);
         EXPECT_EQ(result.exitCode, 2) << qPrintable(line.join(' '));

@@ -21,6 +21,8 @@ public:
         digit5 = 14,
         placeOfC = 54, // on an ANSI keyboard
         placeOfI = 31,
+        placeOfP = 33,
+        placeOfW = 25,
         placeOfS = 39,
         control = 37,
         shift = 50,

@@ -79,6 +79,7 @@ TEST(FloatingPanelTest, TheShadowEndsWithTheDisplayAndTheCardDoesNot)
         picture(panel);
         EXPECT_EQ(panel.painted.topLeft() * c.scale, QPointF(c.card.topLeft() - c.panel.topLeft()));
         EXPECT_EQ(panel.painted.size() * c.scale, QSizeF(c.card.size()));
+        EXPECT_EQ(shapes.inputs[panel.winId()].boundingRect(), c.card.translated(-c.panel.topLeft()));
     }
 }
 

@@ -31,9 +31,14 @@ CardsFeature::CardsFeature(Foundation& foundation, Ports& ports)
       m_ports(ports),
       m_panels(
           {foundation.loop, foundation.preferences, foundation.desktop->displays(), foundation.desktop->panelShapes()}),
-      m_controller(services(), m_panels)
+      m_controller(services(), m_panels),
+      m_hotkeys(foundation.loop, foundation.desktop->keys()),
+      m_chords(m_controller, m_hotkeys),
+      m_menus(m_controller, foundation.desktop->programs(),
+              [this](CardQuickAction action) { return m_hotkeys.keysOf(action); })
 {
     m_panels.setController(m_controller);
+    m_panels.setMenu([this](QUuid card, QPoint position) { m_menus.open(card, position); });
     ports.cards.offer(m_controller);
     ports.ledger.offer(m_closed);
 }

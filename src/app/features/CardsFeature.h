@@ -4,6 +4,8 @@
 #include "app/foundation/Foundation.h"
 #include "cards/ClosedCards.h"
 #include "cards/QuickAccessController.h"
+#include "cards/chords/CardChordActions.h"
+#include "cards/menu/CardMenus.h"
 #include "cards/panels/CardPanels.h"
 #include "ports/Ports.h"
 
@@ -28,6 +30,9 @@ private:
     ClosedCards m_closed;
     CardPanels m_panels;
     QuickAccessController m_controller;
+    CardChordHotkeys m_hotkeys;
+    CardChordActions m_chords;
+    CardMenus m_menus;
 };
 
 } // namespace Kovrel

@@ -64,7 +64,7 @@ CardQuickActionsMenu::CardQuickActionsMenu(const Card& card, FilePrograms& progr
 void CardQuickActionsMenu::add(CardQuickAction action, const Card& card)
 {
     if (action == CardQuickAction::openWith) {
-        addOpenWith(card.mimeType);
+        addOpenWith(card.fileName);
         return;
     }
     const std::optional<KeyCombo> keys = card.keysOf(action);
@@ -72,12 +72,12 @@ void CardQuickActionsMenu::add(CardQuickAction action, const Card& card)
     addAction(Symbols::icon(entryOf(action).symbol), title, this, [this, action] { Q_EMIT chosen(action); });
 }
 
-void CardQuickActionsMenu::addOpenWith(const QString& mimeType)
+void CardQuickActionsMenu::addOpenWith(const QString& fileName)
 {
     const Entry& entry = entryOf(CardQuickAction::openWith);
     m_openWith = addMenu(Symbols::icon(entry.symbol), titleOf(entry.action, false));
     m_openWith->setEnabled(false);
-    m_programs.openers(mimeType, [menu = QPointer(this)](const std::vector<FileProgram>& programs) {
+    m_programs.openers(fileName, [menu = QPointer(this)](const std::vector<FileProgram>& programs) {
         if (menu)
             menu->showPrograms(programs);
     });

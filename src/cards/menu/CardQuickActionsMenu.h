@@ -22,7 +22,7 @@ public:
         std::function<bool(CardQuickAction)> canPerform;
         std::function<std::optional<KeyCombo>(CardQuickAction)> keysOf; // none: it has none
         bool isSaved = false;                                           // it has a file of the user's
-        QString mimeType;                                               // of its file
+        QString fileName;                                               // that programs are to open
     };
 
     // `programs` outlives it.
@@ -34,7 +34,7 @@ Q_SIGNALS:
 
 private:
     void add(CardQuickAction action, const Card& card);
-    void addOpenWith(const QString& mimeType);
+    void addOpenWith(const QString& fileName);
     void showPrograms(const std::vector<FileProgram>& programs);
 
     FilePrograms& m_programs;

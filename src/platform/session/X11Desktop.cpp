@@ -1,6 +1,7 @@
 #include "platform/session/X11Desktop.h"
 
 #include "platform/desktop/DesktopShortcuts.h"
+#include "platform/plugins/PluginFileOpener.h"
 #include "platform/wallpaper/WallpaperSettings.h"
 
 #include <QGuiApplication>
@@ -44,7 +45,7 @@ X11Desktop::X11Desktop(MainLoop& loop, Workers& workers, const std::shared_ptr<X
       m_overlay(loop, workers, m_displays),
       m_panelShapes(std::make_unique<X11Connection>()),
       m_clipboard(std::make_unique<X11Connection>()),
-      m_programs(loop, workers)
+      m_programs(loop, workers, std::make_shared<PluginFileOpener>())
 {
     m_reader->releaseWhenIdle(loop);
     followScreens();

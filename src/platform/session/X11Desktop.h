@@ -3,9 +3,9 @@
 #include "platform/Desktop.h"
 #include "platform/desktop/DBusFileManager.h"
 #include "platform/desktop/DBusScreenLock.h"
-#include "platform/desktop/GioFilePrograms.h"
 #include "platform/desktop/QtSavePanel.h"
 #include "platform/desktop/SpawnedToolProcess.h"
+#include "platform/desktop/WorkerFilePrograms.h"
 #include "platform/x11/X11Clipboard.h"
 #include "platform/x11/X11Displays.h"
 #include "platform/x11/X11Pointer.h"
@@ -77,7 +77,7 @@ private:
     DBusScreenLock m_lock;
     X11Clipboard m_clipboard;
     DBusFileManager m_fileManager;
-    GioFilePrograms m_programs;
+    WorkerFilePrograms m_programs;
     QtSavePanel m_savePanel;
     SpawnedToolProcess m_tools;
     QObject m_context; // of connections to what outlives us

@@ -1,5 +1,4 @@
 #include "cards/menu/CardQuickActionsMenu.h"
-#include "cards/menu/CardFileActions.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/desktop/FakeFilePrograms.h"
 
@@ -19,7 +18,7 @@ struct CardQuickActionsMenuTest : testing::Test {
         .keysOf = [](CardQuickAction action) -> std::optional<KeyCombo> {
             return action == CardQuickAction::copy ? KeyCombo::fromText("Super+C") : std::nullopt;
         },
-        .mimeType = "image/png",
+        .fileName = "shot.png",
     };
 
     static QStringList titles(const QMenu& menu)
@@ -92,21 +91,6 @@ TEST_F(CardQuickActionsMenuTest, ProgramsComeWhenTheDesktopTellsThem)
     programs.answers.catchUp();
     loop.runPosted();
     EXPECT_FALSE(item(none, "Open With").isEnabled());
-}
-
-TEST_F(CardQuickActionsMenuTest, FilesAreHandedToTheirPrograms)
-{
-    CardFileActions files(programs);
-    programs.hasMail = false;
-    EXPECT_FALSE(files.canPerform(CardQuickAction::openInMail));
-    programs.hasMail = true;
-    EXPECT_TRUE(files.canPerform(CardQuickAction::openInMail));
-    EXPECT_TRUE(files.canPerform(CardQuickAction::quickLook));
-    EXPECT_FALSE(files.canPerform(CardQuickAction::copy));
-    files.perform(CardQuickAction::quickLook, "/a.png");
-    files.perform(CardQuickAction::openInMail, "/a.png");
-    files.openWith("b.desktop", "/a.png");
-    EXPECT_EQ(programs.handedOver, (QStringList{"preferred: /a.png", "mail: /a.png", "b.desktop: /a.png"}));
 }
 
 } // namespace Kovrel

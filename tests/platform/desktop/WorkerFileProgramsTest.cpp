@@ -1,4 +1,5 @@
-#include "platform/desktop/GioFilePrograms.h"
+#include "platform/desktop/WorkerFilePrograms.h"
+#include "platform/plugins/PluginFileOpener.h"
 #include "tests/support/EventLoop.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
@@ -15,7 +16,7 @@ namespace Kovrel {
 namespace {
 
 // A home with programs of its own: each writes down what it was asked to open.
-struct GioFileProgramsTest : testing::Test {
+struct WorkerFileProgramsTest : testing::Test {
     // One for all, since GIO looks only once where they are.
     static const Testing::TempFolder& home()
     {
@@ -82,23 +83,23 @@ struct GioFileProgramsTest : testing::Test {
 
 } // namespace
 
-TEST_F(GioFileProgramsTest, ThePreferredProgramIsFirstAndOnlyThoseThatPeopleSeeAreTold)
+TEST_F(WorkerFileProgramsTest, ThePreferredProgramIsFirstAndOnlyThoseThatPeopleSeeAreTold)
 {
-    GioFilePrograms programs(loop, workers);
+    WorkerFilePrograms programs(loop, workers, std::make_shared<PluginFileOpener>());
     std::vector<FileProgram> told;
-    programs.openers("image/png", [&](auto answer) { told = std::move(answer); });
+    programs.openers("shot.png", [&](auto answer) { told = std::move(answer); });
     work();
     ASSERT_EQ(told.size(), 2u);
     EXPECT_EQ(told[0], (FileProgram{"viewer.desktop", "The viewer", "viewer-icon"}));
     EXPECT_EQ(told[1].id, "painter.desktop");
-    programs.openers("image/x-nobody-knows", [&](auto answer) { told = std::move(answer); });
+    programs.openers("shot.nobody-knows", [&](auto answer) { told = std::move(answer); });
     work();
     EXPECT_TRUE(told.empty());
 }
 
-TEST_F(GioFileProgramsTest, FilesReachTheirProgramsWhateverTheirNames)
+TEST_F(WorkerFileProgramsTest, FilesReachTheirProgramsWhateverTheirNames)
 {
-    GioFilePrograms programs(loop, workers);
+    WorkerFilePrograms programs(loop, workers, std::make_shared<PluginFileOpener>());
     EXPECT_FALSE(programs.canMail()) << "nobody has looked yet";
     work();
     EXPECT_TRUE(programs.canMail());
@@ -120,9 +121,9 @@ TEST_F(GioFileProgramsTest, FilesReachTheirProgramsWhateverTheirNames)
     expect("mail: --attach " + path.toUtf8() + '\n');
 }
 
-TEST_F(GioFileProgramsTest, WhatCannotBeOpenedIsLogged)
+TEST_F(WorkerFileProgramsTest, WhatCannotBeOpenedIsLogged)
 {
-    GioFilePrograms programs(loop, workers);
+    WorkerFilePrograms programs(loop, workers, std::make_shared<PluginFileOpener>());
     work();
     const Testing::LogLines lines;
     programs.open(folder / "missing.nobody-knows");

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/FileOpener.h"
+
+namespace Kovrel {
+
+// The programs that desktop entries and MIME associations tell, by GIO, which knows every desktop's files for them.
+class GioFileOpener : public FileOpener {
+public:
+    std::vector<FileProgram> openers(const QString& fileName) const override;
+    Outcome open(const QString& path, const std::optional<QString>& programID) const override;
+};
+
+} // namespace Kovrel
