@@ -4,8 +4,12 @@
 //     QT_QPA_PLATFORM=offscreen bench_window_pictures FOLDER
 #include "capture/selection/SelectionScene.h"
 #include "cards/CardFace.h"
+#include "cards/chords/CardChord.h"
+#include "cards/menu/CardQuickActionsMenu.h"
 #include "cards/panels/CardPanel.h"
 #include "overlay/OverlayPainter.h"
+#include "pins/PinMenu.h"
+#include "pins/PinPanel.h"
 #include "platform/desktop/QtMainLoop.h"
 #include "toasts/ToastPanel.h"
 #include "ui/RowButton.h"
@@ -134,6 +138,69 @@ void toasts(const Pictures& pictures)
             QCoreApplication::sendEvent(&panel, &enter);
             pictures.save(file + "-hovered", panel);
         }
+}
+
+struct OneDisplay : Displays {
+    Kovrel::Display display{
+        .name = QGuiApplication::primaryScreen()->name(), .frame = {0, 0, 800, 600}, .pixelRect = {0, 0, 800, 600}};
+    bool hasCompositor;
+
+    explicit OneDisplay(bool isComposited) : hasCompositor(isComposited) {}
+
+    DisplayList all() const override { return {display}; }
+
+    bool isComposited() const override { return hasCompositor; }
+
+    Subscription onChange(std::function<void()>) override { return {}; }
+};
+
+void pins(const Pictures& pictures)
+{
+    for (const bool isComposited : {true, false})
+        for (const QSize size : {QSize(320, 200), QSize(1600, 1000), QSize(60, 30)}) {
+            OneDisplay displays(isComposited);
+            NoShapes shapes;
+            const QImage picture = landscape().scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            PinPanel panel(picture, 1, displays, shapes, [](auto...) {});
+            panel.setButtons(true, true);
+            panel.spawnOn(displays.display, 0);
+            const QString file = QString("pin-%1%2").arg(size.width()).arg(isComposited ? "" : "-opaque");
+            pictures.save(file, panel);
+            QEnterEvent enter({}, {}, {});
+            QCoreApplication::sendEvent(&panel, &enter);
+            pictures.save(file + "-hovered", panel);
+        }
+}
+
+struct TwoPrograms : FilePrograms {
+    void openers(const QString&, Reply<std::vector<FileProgram>> reply) override
+    {
+        reply({{.id = "a", .name = "Image Viewer"}, {.id = "b", .name = "Painting"}});
+    }
+
+    void open(const QString&) override {}
+
+    void open(const QString&, const QString&) override {}
+
+    bool canMail() const override { return true; }
+
+    void mail(const QString&) override {}
+};
+
+void menus(const Pictures& pictures)
+{
+    TwoPrograms programs;
+    CardQuickActionsMenu cards({.canPerform = [](auto) { return true; },
+                                .keysOf = [](CardQuickAction action) -> std::optional<KeyCombo> {
+                                    const auto* const keys =
+                                        std::ranges::find(allCardChords, action, &CardChordKeys::action);
+                                    return keys == allCardChords.end() ? std::nullopt : std::optional(keys->combo);
+                                }},
+                               programs);
+    pictures.save("menu-card", cards);
+    QWidget window;
+    PinMenu pin(window, [](auto) { return true; }, true);
+    pictures.save("menu-pin", pin);
 }
 
 // --- Cards
@@ -304,6 +371,8 @@ void takeAll(const QString& folder)
                 QApplication::setPalette(Theme::of(scheme).palette());
                 homeWindows(pictures, preferences);
                 toasts(pictures);
+                pins(pictures);
+                menus(pictures);
                 cards(pictures, true);
                 cards(pictures, false);
                 if (scheme == ColorScheme{} && !hasLargeFont)

@@ -184,6 +184,12 @@ const std::vector<CommandSpec>& table()
          .minOperands = 1,
          .maxOperands = 1000,
          .operandsArePaths = true},
+        {.name = "pin",
+         .operands = "FILE",
+         .meaning = "a picture, above all windows",
+         .minOperands = 1,
+         .maxOperands = 1,
+         .operandsArePaths = true},
         {.name = "sign-in",
          .meaning = "use the account kept on this computer",
          .options = {{.name = "local", .meaning = "the only account that there is", .isRequired = true}},
@@ -199,10 +205,8 @@ const std::vector<CommandSpec>& table()
          .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Recent Captures"), "recent", {"recent"}, history}}},
         {.name = "reopen",
          .meaning = "the card that was closed last comes back",
-         .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Reopen Closed Capture"),
-                   "reopen",
-                   {"reopen"},
-                   reopenClosedCapture}}},
+         .menu =
+             {{QT_TRANSLATE_NOOP("CommandTable", "Reopen Closed Capture"), "reopen", {"reopen"}, reopenClosedCapture}}},
     };
     return all;
 }

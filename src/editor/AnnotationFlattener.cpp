@@ -87,8 +87,9 @@ AnnotationDrawing::Scene sceneOf(const Input& input, const QImage& capture)
 
 QImage onNothing(const Input& input, const QImage& capture)
 {
-    const QMargins padding =
-        AnnotationFlattener::exportPadding(input.annotations, capture.size(), input.exportScale, input.measureUnit);
+    const QMargins padding = input.grows ? AnnotationFlattener::exportPadding(input.annotations, capture.size(),
+                                                                              input.exportScale, input.measureUnit)
+                                         : QMargins();
     QImage picture = padded(capture, padding);
     if (picture.isNull())
         return {};

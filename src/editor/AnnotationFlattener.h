@@ -30,6 +30,7 @@ struct Input {
     std::optional<CaptureSubject> subject = {}; // pixels of the capture; read from its alpha where there is none
     BackdropMargins margins = {};               // pixels of the capture, as measured on it
     MeasureUnit measureUnit = MeasureUnit::pixels;
+    bool grows = true; // where marks stick out; what was cropped ends where it was cropped
 };
 
 // By how many pixels the picture grows on each side so that marks which stick out a little stay whole: as many as 8

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "history/HistoryEdit.h"
+#include "imaging/QuarterTurn.h"
 #include "model/HistoryEntry.h"
 #include "model/MeasureUnit.h"
-#include "imaging/QuarterTurn.h"
 
 namespace Kovrel {
 

@@ -2,6 +2,7 @@
 
 #include "ports/CaptureDelivery.h"
 #include "ports/CaptureEditors.h"
+#include "ports/CapturePins.h"
 #include "ports/Captures.h"
 #include "ports/CardPile.h"
 #include "ports/SaveFailureToast.h"
@@ -181,6 +182,27 @@ void HistoryActions::reopen(const QList<QUuid>& ids)
 {
     for (const QUuid& id : ids)
         m_services.ports.captures.tell(&Captures::presentFromHistory, id, [](bool) {});
+}
+
+bool HistoryActions::canPin() const
+{
+    return bool(m_services.ports.pins);
+}
+
+void HistoryActions::pin(const QList<QUuid>& ids)
+{
+    Scope::start(pinNow(ids), "Pinning captures");
+}
+
+QCoro::Task<> HistoryActions::pinNow(QList<QUuid> ids)
+{
+    for (const QUuid& id : ids) {
+        const auto capture = co_await load(id);
+        if (capture)
+            m_services.ports.pins.tell(&CapturePins::pin, capture->result);
+        else
+            tellMissing();
+    }
 }
 
 bool HistoryActions::canEdit() const

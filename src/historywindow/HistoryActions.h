@@ -43,6 +43,9 @@ public:
     // As cards.
     void reopen(const QList<QUuid>& ids);
 
+    bool canPin() const;
+    void pin(const QList<QUuid>& ids);
+
     bool canEdit() const;
     void edit(QUuid id);
 
@@ -53,6 +56,7 @@ private:
     QCoro::Task<> saveAsNow(QUuid id, QPointer<QWindow> window);
     QCoro::Task<> revealNow(QUuid id);
     QCoro::Task<> editNow(QUuid id);
+    QCoro::Task<> pinNow(QList<QUuid> ids);
     QCoro::Task<QImage> pixels(QUuid id);
     Wait<std::optional<CaptureHistory::Reopened>> load(QUuid id);
     void tell(ToastContent toast);

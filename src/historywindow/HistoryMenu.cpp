@@ -38,6 +38,9 @@ void HistoryMenu::addCommands()
     if (m_actions.canReopen())
         add(tr("Show as Card"), QKeySequence(Qt::CTRL | Qt::Key_R), Needs::some,
             [this](const auto& ids) { m_actions.reopen(ids); });
+    if (m_actions.canPin())
+        add(tr("Pin to Screen"), QKeySequence(Qt::CTRL | Qt::Key_P), Needs::some,
+            [this](const auto& ids) { m_actions.pin(ids); });
     add(tr("Copy"), QKeySequence::Copy, Needs::one, [this](const auto& ids) { m_actions.copy(ids.front()); });
     add(tr("Copy Text"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), Needs::one,
         [this](const auto& ids) { m_actions.copyText(ids.front()); });

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "imaging/QuarterTurn.h"
 #include "model/CaptureResult.h"
 #include "model/OCRResult.h"
 #include "model/QRCode.h"
-#include "imaging/QuarterTurn.h"
 #include "platform/Observers.h"
 #include "platform/Reply.h"
 #include "ports/CaptureSave.h"

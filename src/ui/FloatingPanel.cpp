@@ -15,6 +15,7 @@
 
 #include <cmath>
 
+#include <private/qhighdpiscaling_p.h>
 #include <qpa/qplatformwindow.h>
 #include <qpa/qwindowsysteminterface.h>
 
@@ -80,6 +81,11 @@ void FloatingPanel::moveTo(const Display& display, const QRect& pixels)
     windowHandle()->handle()->setGeometry(whole);
     // It would hear of that later and, when the panel is shown, put it back to where it believes it to be.
     QWindowSystemInterface::handleGeometryChange<QWindowSystemInterface::SynchronousDelivery>(windowHandle(), whole);
+}
+
+QPointF FloatingPanel::rootPixel(QPointF globalPosition) const
+{
+    return QHighDpi::toNativeGlobalPosition(globalPosition, windowHandle());
 }
 
 void FloatingPanel::popIn()
@@ -169,7 +175,7 @@ void FloatingPanel::paintGround(QPainter& painter) const
 {
     const Theme& theme = Theme::current();
     const bool isComposited = m_shadowRoom > 0;
-    const double radius = isComposited ? Radius::card : 0;
+    const double radius = isComposited ? cornerRadius() : 0;
     if (isComposited)
         FloatingShadow::paint(painter, m_card, radius);
     else

@@ -2,6 +2,7 @@
 
 #include "platform/Display.h"
 #include "platform/PanelShapes.h"
+#include "ui/tokens/Metrics.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -51,6 +52,12 @@ protected:
     void shapeInput();
 
     QRectF card() const { return m_card; }
+
+    // Of the card, where the desktop composites.
+    virtual double cornerRadius() const { return Radius::card; }
+
+    // The root pixel of a position on all screens that the toolkit tells.
+    QPointF rootPixel(QPointF globalPosition) const;
 
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;

@@ -134,6 +134,14 @@ QPainterPath closedEye()
     return struckOut(eye());
 }
 
+QPainterPath struckPin()
+{
+    QPainterPath path =
+        lines({{0.3, 0.05}, {0.7, 0.05}, {0.66, 0.38}, {0.84, 0.6}, {0.16, 0.6}, {0.34, 0.38}, {0.3, 0.05}});
+    path.addPath(lines({{0.5, 0.6}, {0.5, 0.97}}));
+    return struckOut(path);
+}
+
 QPainterPath envelope()
 {
     QPainterPath path;
@@ -269,6 +277,7 @@ constexpr Drawing drawings[] = {
     {QLatin1String("eye"), eye},
     {QLatin1String("eye.slash"), closedEye},
     {QLatin1String("envelope"), envelope},
+    {QLatin1String("pin.slash"), struckPin},
     {QLatin1String("arrow.up.left.and.arrow.down.right"), corners},
     {QLatin1String("magnifyingglass"), magnifier},
     {QLatin1String("square.grid"), grid},

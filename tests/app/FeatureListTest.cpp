@@ -81,6 +81,7 @@ TEST_P(LeftOutTest, TheOthersWorkAndWhatIsAbsentSaysSo)
     expect({"capture", "area", "--rect", "10,10,40,30", "--copy"}, {"Capture", "Saving"});
     EXPECT_EQ(QFileInfo::exists(shot), GetParam() != "Capture" && GetParam() != "Saving");
     Testing::pattern({80, 60}).save(shot);
+    expect({"pin", shot}, {"Pins"});
     expect({"annotate", shot, "--output", marked}, {"Annotating"});
     EXPECT_EQ(run({"codes", shot}).exitCode, GetParam() == "Reading" ? CommandLine::failed : CommandLine::nothingThere);
     expect({"sign-out"}, {"Account"});

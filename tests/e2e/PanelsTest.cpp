@@ -5,30 +5,7 @@
 
 namespace Kovrel {
 
-namespace {
-
 using Testing::UserSession;
-
-// Where windows stand that no window manager places.
-std::vector<QRect> panelsOn(const Testing::PaintedScreen& screen)
-{
-    xcb_connection_t* x = screen.connection();
-    std::vector<QRect> panels;
-    xcb_query_tree_reply_t* tree = xcb_query_tree_reply(x, xcb_query_tree(x, screen.root()), nullptr);
-    for (int index = 0; index < xcb_query_tree_children_length(tree); ++index) {
-        const xcb_window_t window = xcb_query_tree_children(tree)[index];
-        auto* attributes = xcb_get_window_attributes_reply(x, xcb_get_window_attributes(x, window), nullptr);
-        auto* geometry = xcb_get_geometry_reply(x, xcb_get_geometry(x, window), nullptr);
-        if (attributes && geometry && attributes->override_redirect && attributes->map_state == XCB_MAP_STATE_VIEWABLE)
-            panels.push_back({geometry->x, geometry->y, geometry->width, geometry->height});
-        free(attributes);
-        free(geometry);
-    }
-    free(tree);
-    return panels;
-}
-
-} // namespace
 
 TEST(PanelsTest, AToastStandsAtItsPlaceOnDisplaysOfEveryScale)
 {
@@ -47,12 +24,12 @@ TEST(PanelsTest, AToastStandsAtItsPlaceOnDisplaysOfEveryScale)
     for (const Case& c : {Case{{100, 100}, {835, 13, 430, 80}}, Case{{1500, 100}, {1848, 20, 688, 128}}}) {
         screen.movePointer(c.pointer);
         QProcess& countdown = session.startKovrel({"capture", "timed", "--wait"});
-        EXPECT_TRUE(UserSession::eventually([&] { return panelsOn(screen) == std::vector{c.card}; }));
+        EXPECT_TRUE(UserSession::eventually([&] { return screen.panels() == std::vector{c.card}; }));
         EXPECT_TRUE(UserSession::eventually([&] {
             screen.typeEscape();
             return countdown.waitForFinished(50);
         }));
-        EXPECT_TRUE(UserSession::eventually([&] { return panelsOn(screen).empty(); }));
+        EXPECT_TRUE(UserSession::eventually([&] { return screen.panels().empty(); }));
     }
 }
 

@@ -286,6 +286,27 @@ QRgb PaintedScreen::pixelAt(QPoint rootPixel) const
     return pixel;
 }
 
+std::vector<QRect> PaintedScreen::panels() const
+{
+    std::vector<QRect> panels;
+    xcb_query_tree_reply_t* tree = xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, root()), nullptr);
+    for (int index = 0; index < xcb_query_tree_children_length(tree); ++index) {
+        const xcb_window_t window = xcb_query_tree_children(tree)[index];
+        auto* look =
+            xcb_get_window_attributes_reply(m_connection, xcb_get_window_attributes(m_connection, window), nullptr);
+        auto* place = xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr);
+        if (look && place && look->override_redirect && look->map_state == XCB_MAP_STATE_VIEWABLE) {
+            const QRect pixels(place->x, place->y, place->width, place->height);
+            if (pixels.intersects({0, 0, m_screen->width_in_pixels, m_screen->height_in_pixels}))
+                panels.push_back(pixels);
+        }
+        std::free(look);
+        std::free(place);
+    }
+    std::free(tree);
+    return panels;
+}
+
 bool PaintedScreen::hasOwner(const QByteArray& selection) const
 {
     auto* reply =

@@ -60,6 +60,10 @@ public:
     // What the screen shows, without the unused byte.
     QRgb pixelAt(QPoint rootPixel) const;
 
+    // Where windows stand that no window manager places, the lowest first;
+    // those beside the screen serve window managers themselves.
+    std::vector<QRect> panels() const;
+
     bool hasOwner(const QByteArray& selection) const;
 
     xcb_connection_t* connection() const { return m_connection; }

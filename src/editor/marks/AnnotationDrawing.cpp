@@ -28,7 +28,7 @@ constexpr double translucentFill = 0.25;
 // Of the hatching, in image points.
 constexpr double hatchDistance = 8;
 constexpr double hatchWidth = 1.5;
-constexpr int bandHeight = 64; // pixels
+constexpr QSize tileSize(512, 64); // pixels
 // Of the number in a step, by the radius: beyond, it would come near the ring.
 constexpr double widestNumber = 1.5;
 
@@ -189,26 +189,34 @@ QImage fitting(const QImage& image, QSize pixels)
     return image.scaled(pixels.boundedTo(image.size()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-// In bands that begin where the picture begins: interpolated pixels depend a little on where drawing begins, and a clip
-// may begin anywhere.
+// Of a place, the tiles that are seen, counted from its upper left corner.
+template <class Draw>
+void forEachTile(const QRect& place, const QRect& seen, Draw draw)
+{
+    const QRect part = place & seen;
+    const auto first = [](int from, int at, int side) { return from + (at - from) / side * side; };
+    for (int y = first(place.top(), part.top(), tileSize.height()); y <= part.bottom(); y += tileSize.height())
+        for (int x = first(place.left(), part.left(), tileSize.width()); x <= part.right(); x += tileSize.width())
+            draw(QRect(QPoint(x, y), tileSize) & place);
+}
+
+// Tile by tile from where the picture begins: interpolated pixels depend a little on where drawing begins, and both a
+// clip and the image that is painted on may begin anywhere.
 void drawTransformed(QPainter& painter, const QImage& image, const QSizeF& size)
 {
     const QTransform toDevice = painter.combinedTransform();
-    const QRect place = toDevice.mapRect(QRectF({}, size)).toAlignedRect() & PainterPixels::all(painter);
+    const QRect place = toDevice.mapRect(QRectF({}, size)).toAlignedRect();
     const QRect clip = PainterPixels::clip(painter);
     painter.resetTransform();
-    for (QRect band(place.left(), place.top(), place.width(), bandHeight); band.top() <= place.bottom();
-         band.translate(0, bandHeight)) {
-        if (!band.intersects(clip))
-            continue;
-        QImage layer(band.size(), QImage::Format_ARGB32_Premultiplied);
+    forEachTile(place, clip, [&](const QRect& tile) {
+        QImage layer(tile.size(), QImage::Format_ARGB32_Premultiplied);
         layer.fill(Qt::transparent);
         QPainter layerPainter(&layer);
         layerPainter.setRenderHints(painter.renderHints());
-        layerPainter.setTransform(toDevice * QTransform::fromTranslate(-band.left(), -band.top()));
+        layerPainter.setTransform(toDevice * QTransform::fromTranslate(-tile.left(), -tile.top()));
         layerPainter.drawImage(QRectF({}, size), image);
-        painter.drawImage(band.topLeft(), layer);
-    }
+        painter.drawImage(tile.topLeft(), layer);
+    });
 }
 
 void drawSticker(QPainter& painter, const Annotation& mark, double scale)

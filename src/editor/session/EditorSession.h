@@ -1,7 +1,7 @@
 #pragma once
 
+#include "editor/document/EditorCapture.h"
 #include "editor/document/UndoHistory.h"
-#include "editor/session/EditorCapture.h"
 #include "editor/session/ToolStyles.h"
 #include "platform/Observers.h"
 

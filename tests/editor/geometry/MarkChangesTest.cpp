@@ -1,14 +1,12 @@
 #include "editor/geometry/MarkChanges.h"
 
-#include "editor/geometry/MarkFrame.h"
 #include "editor/marks/AnnotationDrawing.h"
 #include "editor/marks/RedactionSources.h"
+#include "tests/editor/RandomMarks.h"
 
 #include <QPainter>
 
 #include <gtest/gtest.h>
-
-#include <random>
 
 namespace Kovrel {
 
@@ -18,7 +16,6 @@ using Kind = Annotation::Kind;
 using Marks = std::vector<Annotation>;
 
 constexpr QSize size(160, 120);
-const QStringList colors{"#FF3B30", "#FFDC2C"};
 
 QImage capture()
 {
@@ -42,76 +39,6 @@ QImage drawn(const Marks& marks)
         painter, marks, {.blurredFull = blurred, .pixelatedFull = pixelated, .fullRect = all, .shadeRegion = {all}});
     return image;
 }
-
-// Every kind, anywhere on the capture.
-class RandomMarks {
-public:
-    explicit RandomMarks(unsigned seed) : m_random(seed) {}
-
-    int below(int end) { return int(m_random() % unsigned(end)); }
-
-    Point place() { return {double(below(size.width())), double(below(size.height()))}; }
-
-    Annotation mark()
-    {
-        Annotation mark{.kind = Kind(below(14)), .points = {place(), place()}, .colorHex = colors[below(2)]};
-        mark.lineWidth = 1 + below(5);
-        mark.text = "Ag";
-        mark.fontSize = 8 + below(8);
-        mark.fillStyle = Annotation::FillStyle(below(4));
-        mark.textStyle = Annotation::TextStyle(below(4));
-        mark.rotation = below(2) * below(6);
-        mark.highlightOnDark = below(2) == 0;
-        mark.highlightPageLuma = 0.1 * below(5);
-        mark.dimLevel = 0.2 * below(4);
-        if (mark.kind == Kind::image)
-            mark.image = capture().copy(0, 0, 20, 30);
-        if (below(3) == 0)
-            mark.curveControl = place();
-        return mark;
-    }
-
-    Marks some()
-    {
-        Marks marks;
-        for (int count = below(8); count >= 0; --count)
-            marks.push_back(mark());
-        return marks;
-    }
-
-    // What somebody does to marks.
-    Marks changed(Marks marks)
-    {
-        const size_t index = marks.empty() ? 0 : size_t(below(int(marks.size())));
-        switch (marks.empty() ? 0 : below(6)) {
-        case 0:
-            marks.insert(marks.begin() + qptrdiff(index), mark());
-            break;
-        case 1:
-            marks.erase(marks.begin() + qptrdiff(index));
-            break;
-        case 2:
-            marks[index] = MarkFrame::translated(marks[index], {double(below(40) - 20), double(below(40) - 20)});
-            break;
-        case 3:
-            marks[index].colorHex = colors[below(2)];
-            marks[index].dimLevel = 0.2 * below(4);
-            break;
-        case 4:
-            std::rotate(marks.begin(), marks.begin() + qptrdiff(index), marks.end());
-            break;
-        default: {
-            Annotation other = mark();
-            other.id = marks[index].id;
-            marks[index] = other;
-        }
-        }
-        return marks;
-    }
-
-private:
-    std::mt19937 m_random;
-};
 
 // Pixels, y down.
 QRegion region(const std::vector<QRectF>& areas)
@@ -138,7 +65,7 @@ TEST(MarkChangesTest, NothingElseLooksDifferent)
 {
     int areasThatAreSmaller = 0;
     for (unsigned seed = 0; seed < 300; ++seed) {
-        RandomMarks random(seed);
+        Testing::RandomMarks random(seed, size, capture().copy(0, 0, 20, 30));
         const Marks before = random.some();
         const Marks after = random.changed(before);
         const auto areas = MarkChanges::areas(before, after, QRectF({}, QSizeF(size)));

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "editor/backdrop/BackdropMargins.h"
+#include "editor/backdrop/EditorBackdropRenderer.h"
+#include "editor/document/EditorCapture.h"
+#include "editor/document/EditorDocument.h"
+#include "model/MeasureUnit.h"
+
+#include <QImage>
+#include <QRegion>
+
+namespace Kovrel {
+
+// What an editor shows of a document: at the capture's own scale exactly the pixels that are exported, at smaller
+// scales the same drawn smaller. Places are pixels of the shown capture, y down, counted from its upper left corner;
+// backdrops and marks may reach beyond it. One thread.
+class CanvasPicture {
+public:
+    // Made of the capture by RedactionSources; null where they are not there yet, and blackouts take their place.
+    struct Redactions {
+        QImage blurred;
+        QImage pixelated;
+    };
+
+    explicit CanvasPicture(EditorCapture capture, MeasureUnit measureUnit = MeasureUnit::pixels);
+
+    void setRedactions(Redactions redactions);
+    // Shown pixels to a pixel of the capture, above 0 and at most 1.
+    void setShare(double share);
+
+    double share() const { return m_share; }
+
+    // Where it may look different now.
+    QRegion setDocument(const EditorDocument& document);
+
+    // The whole canvas, and what of it the capture is.
+    QRect area() const;
+
+    QRect captureArea() const { return {{}, m_shown.size()}; }
+
+    // All of it: Format_ARGB32_Premultiplied, transparent where nothing is. Its upper left pixel is that of area().
+    const QImage& picture() const { return m_picture; }
+
+private:
+    struct Pictures {
+        QImage capture;
+        QImage blurred;
+        QImage pixelated;
+
+        QSize size() const { return capture.size(); }
+    };
+
+    double scale() const { return m_capture.scale * m_share; }
+
+    void takeShare();
+    void takePadding();
+    void takeBackdrop();
+    QRegion pixelsOf(const std::vector<QRectF>& areas) const;
+    void redrawAll();
+    void redraw(const QRegion& region);
+    void redrawMarked(const QRect& rect);
+    void redrawPicture(const QRect& rect);
+    QRectF inTarget(const QRect& rect) const;
+
+    EditorCapture m_capture;
+    MeasureUnit m_measureUnit;
+    BackdropMargins m_margins;
+    Redactions m_redactions;
+    double m_share = 1;
+    Pictures m_shown; // at the share
+    EditorDocument m_document;
+    QImage m_marked; // the capture with what changes it
+    EditorBackdropRenderer m_renderer;
+    std::optional<BackdropLayout> m_layout; // none without a backdrop
+    QMargins m_padding;                     // that marks which stick out ask for
+    QImage m_backdrop;
+    QImage m_picture;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,456 @@
+#include "editorwindow/canvas/AnnotationCanvasView.h"
+
+#include "editorwindow/canvas/CanvasCursors.h"
+#include "editorwindow/canvas/CanvasOverlay.h"
+#include "editorwindow/canvas/WritingKeys.h"
+#include "ui/tokens/Theme.h"
+
+#include <QApplication>
+#include <QInputMethod>
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QPainter>
+#include <QStyleHints>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr double zoomStep = 1.25;
+constexpr double wheelStep = 120; // of one notch
+constexpr double largeNudge = 10;
+
+} // namespace
+
+AnnotationCanvasView::AnnotationCanvasView(EditorSession& session, MeasureUnit measureUnit)
+    : m_session(session),
+      m_pointing(session),
+      m_picture(session.capture(), measureUnit),
+      m_viewport(session.capture().image.height(), session.capture().scale)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+    setAccessibleName(tr("Canvas"));
+    m_caretTimer.setInterval(std::max(QApplication::cursorFlashTime(), 2) / 2);
+    connect(&m_caretTimer, &QTimer::timeout, this, [this] {
+        m_isCaretShown = !m_isCaretShown;
+        update();
+    });
+    m_changes = session.onChange([this] { follow(); });
+    m_picture.setDocument(session.document());
+    m_viewport.setCanvas(m_picture.area());
+}
+
+void AnnotationCanvasView::setRedactions(CanvasPicture::Redactions redactions)
+{
+    m_picture.setRedactions(std::move(redactions));
+    update();
+}
+
+// --- What is shown
+
+// Handles and guides reach beyond what they belong to, so all of the view is put on the screen; what is drawn anew of
+// the picture is only what differs.
+void AnnotationCanvasView::follow()
+{
+    const QRegion changed = m_picture.setDocument(m_session.document());
+    if (!changed.isEmpty())
+        takeView();
+    update();
+}
+
+void AnnotationCanvasView::takeView()
+{
+    // The canvas is told in pixels of the capture, the picture's places at its share.
+    const QRectF area(m_picture.area());
+    const double share = m_picture.share();
+    m_viewport.setCanvas(QRectF(area.topLeft() / share, area.size() / share).toAlignedRect());
+    takeShare();
+}
+
+// Smaller than the capture, the picture is drawn at the size it is shown; larger, its pixels are enlarged.
+void AnnotationCanvasView::takeShare()
+{
+    const double share = std::min(m_viewport.zoom(), 1.0);
+    if (share != m_picture.share())
+        m_picture.setShare(share);
+    Q_EMIT zoomChanged();
+    update();
+}
+
+void AnnotationCanvasView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_viewport.setView((QSizeF(size()) * devicePixelRatioF()).toSize(), devicePixelRatioF());
+    takeShare();
+}
+
+void AnnotationCanvasView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const double ratio = devicePixelRatioF();
+    painter.scale(1 / ratio, 1 / ratio);
+    painter.fillRect(QRectF(QPointF(), QSizeF(size()) * ratio), Theme::current().pressedGround);
+    paintPicture(painter);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintOverlay(painter);
+}
+
+void AnnotationCanvasView::paintPicture(QPainter& painter)
+{
+    const double enlarged = m_viewport.zoom() / m_picture.share();
+    const QRectF area(m_picture.area());
+    const QPointF origin = m_viewport.toView(QPointF(0, 0)) + area.topLeft() * enlarged;
+    painter.save();
+    painter.setClipRect(QRectF(QPointF(), QSizeF(size()) * devicePixelRatioF()));
+    painter.drawImage(QRectF(origin, area.size() * enlarged), m_picture.picture());
+    painter.restore();
+}
+
+void AnnotationCanvasView::paintOverlay(QPainter& painter)
+{
+    CanvasOverlay overlay(painter, m_viewport, devicePixelRatioF());
+    overlay.drawPixelGrid(QRectF({}, QSizeF(m_session.capture().image.size())));
+    const EditorGesture* const gesture = m_pointing.gesture();
+    if (m_session.tool() == EditorTool::crop) {
+        const Rect canvas = m_session.capture().canvas();
+        overlay.drawCrop(m_session.document().composition.crop.value_or(canvas), canvas, gesture != nullptr);
+        return;
+    }
+    if (m_writing) {
+        if (const Annotation* const label = m_session.document().mark(m_writing->id()))
+            overlay.drawWriting(*label, m_writing->caretLine(), m_writing->selectionRects(), m_isCaretShown);
+        return;
+    }
+    if (!gesture && m_hovered.mark && !m_hovered.isSelected && m_session.tool() == EditorTool::select)
+        if (const Annotation* const mark = m_session.document().mark(*m_hovered.mark))
+            overlay.drawHovered(*mark);
+    overlay.drawSelection(m_session.selectedMarks());
+    if (!gesture)
+        return;
+    overlay.drawGuides(gesture->guides());
+    if (const auto marquee = gesture->marquee())
+        overlay.drawMarquee(*marquee);
+}
+
+// --- Zoom
+
+double AnnotationCanvasView::zoomPercent() const
+{
+    return 100 * m_viewport.zoom() * m_session.capture().scale / devicePixelRatioF();
+}
+
+void AnnotationCanvasView::setZoomPercent(double percent)
+{
+    m_viewport.zoomTo(percent / 100 * devicePixelRatioF() / m_session.capture().scale, inView(QRectF(rect()).center()));
+    takeShare();
+}
+
+void AnnotationCanvasView::zoomBy(double factor, QPointF about)
+{
+    m_viewport.zoomTo(m_viewport.zoom() * factor, about);
+    takeShare();
+}
+
+void AnnotationCanvasView::zoomIn()
+{
+    zoomBy(zoomStep, inView(QRectF(rect()).center()));
+}
+
+void AnnotationCanvasView::zoomOut()
+{
+    zoomBy(1 / zoomStep, inView(QRectF(rect()).center()));
+}
+
+void AnnotationCanvasView::fit()
+{
+    m_viewport.fit();
+    takeShare();
+}
+
+void AnnotationCanvasView::wheelEvent(QWheelEvent* event)
+{
+    const QPointF about = inView(event->position());
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        zoomBy(std::pow(zoomStep, event->angleDelta().y() / wheelStep), about);
+        return;
+    }
+    QPointF by = event->pixelDelta().isNull() ? QPointF(event->angleDelta()) / 2 : QPointF(event->pixelDelta());
+    if (event->modifiers().testFlag(Qt::ShiftModifier) && by.x() == 0)
+        by = by.transposed();
+    m_viewport.pan(inView(by));
+    update();
+}
+
+void AnnotationCanvasView::pinch(const QNativeGestureEvent& event)
+{
+    zoomBy(1 + event.value(), inView(event.position()));
+}
+
+bool AnnotationCanvasView::event(QEvent* event)
+{
+    if (event->type() == QEvent::NativeGesture) {
+        const auto& gesture = static_cast<const QNativeGestureEvent&>(*event);
+        if (gesture.gestureType() == Qt::ZoomNativeGesture) {
+            pinch(gesture);
+            return true;
+        }
+    }
+    // While somebody writes, letters are no shortcuts.
+    if (event->type() == QEvent::ShortcutOverride && m_writing) {
+        event->accept();
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+// --- Pointer
+
+CanvasPointer AnnotationCanvasView::pointer(const QMouseEvent& event, int clicks) const
+{
+    const Qt::KeyboardModifiers keys = event.modifiers();
+    return {.at = m_viewport.toImage(inView(event.position())),
+            .pixel = m_viewport.imagePointsPerScreenPoint(),
+            .shift = keys.testFlag(Qt::ShiftModifier),
+            .alt = keys.testFlag(Qt::AltModifier),
+            .control = keys.testFlag(Qt::ControlModifier),
+            .clicks = clicks};
+}
+
+void AnnotationCanvasView::mousePressEvent(QMouseEvent* event)
+{
+    const bool pans = event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && m_isSpaceHeld);
+    if (pans) {
+        m_panFrom = inView(event->position());
+        setCursor(Qt::ClosedHandCursor);
+    } else if (event->button() == Qt::LeftButton) {
+        press(*event, 1);
+    }
+}
+
+void AnnotationCanvasView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        press(*event, 2);
+}
+
+void AnnotationCanvasView::press(const QMouseEvent& event, int clicks)
+{
+    const CanvasPointer place = pointer(event, clicks);
+    if (m_writing && m_writing->hasLabelAt(place.at)) {
+        clicks == 2 ? m_writing->selectWord(place.at) : m_writing->placeCaret(place.at, place.shift);
+        return;
+    }
+    stopWriting();
+    m_pointing.press(place);
+    update();
+}
+
+void AnnotationCanvasView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (m_panFrom) {
+        const QPointF at = inView(event->position());
+        m_viewport.pan(at - *std::exchange(m_panFrom, at));
+        update();
+        return;
+    }
+    const CanvasPointer place = pointer(*event);
+    if (m_writing && event->buttons().testFlag(Qt::LeftButton) && !m_pointing.isActive())
+        m_writing->placeCaret(place.at, true);
+    m_pointing.move(place);
+    showCursor(place);
+}
+
+void AnnotationCanvasView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (m_panFrom && event->button() != Qt::RightButton) {
+        m_panFrom.reset();
+        showCursor(pointer(*event));
+        return;
+    }
+    if (event->button() != Qt::LeftButton)
+        return;
+    const auto label = m_pointing.release(pointer(*event));
+    if (label)
+        write(*label);
+    showCursor(pointer(*event));
+    update();
+}
+
+void AnnotationCanvasView::leaveEvent(QEvent* event)
+{
+    QWidget::leaveEvent(event);
+    m_hovered = {};
+    update();
+}
+
+void AnnotationCanvasView::showCursor(const CanvasPointer& place)
+{
+    if (m_pointing.isActive())
+        return;
+    const auto target = m_pointing.targetAt(place);
+    if (target != std::exchange(m_hovered, target))
+        update();
+    if (m_isSpaceHeld)
+        setCursor(Qt::OpenHandCursor);
+    else if (m_writing && m_writing->hasLabelAt(place.at))
+        setCursor(Qt::IBeamCursor);
+    else
+        setCursor(CanvasCursors::of(target, m_session));
+}
+
+void AnnotationCanvasView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (m_hovered.mark && !m_hovered.isSelected)
+        m_session.select({*m_hovered.mark});
+    Q_EMIT contextMenuWanted(event->globalPos());
+}
+
+// --- Writing
+
+void AnnotationCanvasView::write(QUuid label)
+{
+    stopWriting();
+    m_writing.emplace(m_session, label);
+    m_isCaretShown = true;
+    m_caretTimer.start();
+    setAttribute(Qt::WA_InputMethodEnabled, true);
+    setFocus();
+    Q_EMIT writingChanged();
+    update();
+}
+
+void AnnotationCanvasView::stopWriting()
+{
+    if (!m_writing)
+        return;
+    QGuiApplication::inputMethod()->commit();
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+    m_caretTimer.stop();
+    m_writing->finish();
+    m_writing.reset();
+    Q_EMIT writingChanged();
+    update();
+}
+
+bool AnnotationCanvasView::escape()
+{
+    if (m_writing) {
+        stopWriting();
+        return true;
+    }
+    if (m_pointing.isActive()) {
+        m_pointing.cancel();
+        return true;
+    }
+    if (m_session.selection().empty())
+        return false;
+    m_session.select({});
+    return true;
+}
+
+void AnnotationCanvasView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Space && !m_writing) {
+        m_isSpaceHeld = true;
+        setCursor(Qt::OpenHandCursor);
+        return;
+    }
+    const bool isTaken = m_writing ? writeKey(*event) : editKey(*event);
+    if (!isTaken)
+        QWidget::keyPressEvent(event);
+}
+
+void AnnotationCanvasView::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) {
+        m_isSpaceHeld = false;
+        unsetCursor();
+    }
+    QWidget::keyReleaseEvent(event);
+}
+
+bool AnnotationCanvasView::writeKey(const QKeyEvent& event)
+{
+    m_isCaretShown = true;
+    if (event.key() == Qt::Key_Escape ||
+        (event.key() == Qt::Key_Return && event.modifiers().testFlag(Qt::ControlModifier))) {
+        stopWriting();
+        return true;
+    }
+    return WritingKeys::press(*m_writing, event);
+}
+
+bool AnnotationCanvasView::editKey(const QKeyEvent& event)
+{
+    const double step = (event.modifiers().testFlag(Qt::ShiftModifier) ? largeNudge : 1) / m_session.capture().scale;
+    switch (event.key()) {
+    case Qt::Key_Left:
+        m_session.moveBy({-step, 0}, "nudge");
+        return true;
+    case Qt::Key_Right:
+        m_session.moveBy({step, 0}, "nudge");
+        return true;
+    case Qt::Key_Up:
+        m_session.moveBy({0, step}, "nudge");
+        return true;
+    case Qt::Key_Down:
+        m_session.moveBy({0, -step}, "nudge");
+        return true;
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+        m_session.removeSelected();
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (m_session.selection().size() != 1 || m_session.selectedMarks().front().kind != Annotation::Kind::text)
+            return false;
+        write(m_session.selection().front());
+        return true;
+    default:
+        return false;
+    }
+}
+
+void AnnotationCanvasView::inputMethodEvent(QInputMethodEvent* event)
+{
+    if (!m_writing)
+        return;
+    if (!event->commitString().isEmpty())
+        m_writing->insert(event->commitString());
+    int caret = int(event->preeditString().size());
+    for (const auto& attribute : event->attributes())
+        if (attribute.type == QInputMethodEvent::Cursor)
+            caret = attribute.start;
+    m_writing->compose(event->preeditString(), caret);
+    event->accept();
+    updateMicroFocus();
+}
+
+QVariant AnnotationCanvasView::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    if (!m_writing)
+        return QWidget::inputMethodQuery(query);
+    switch (query) {
+    case Qt::ImCursorRectangle: {
+        const QLineF line = m_writing->caretLine();
+        const QPointF upper = m_viewport.fromImage({line.x1(), line.y1()}) / devicePixelRatioF();
+        const QPointF lower = m_viewport.fromImage({line.x2(), line.y2()}) / devicePixelRatioF();
+        return QRectF(upper, lower).normalized().adjusted(0, 0, 1, 0);
+    }
+    case Qt::ImSurroundingText:
+        return m_writing->text();
+    case Qt::ImCursorPosition:
+        return int(m_writing->caret());
+    case Qt::ImAnchorPosition:
+        return int(m_writing->anchor());
+    case Qt::ImCurrentSelection:
+        return m_writing->selectedText();
+    default:
+        return QWidget::inputMethodQuery(query);
+    }
+}
+
+} // namespace Kovrel

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "editor/canvas/CanvasPicture.h"
+#include "editor/canvas/CanvasViewport.h"
+#include "editor/session/EditorPointing.h"
+#include "editor/session/LabelEditing.h"
+
+#include <QTimer>
+#include <QWidget>
+
+namespace Kovrel {
+
+// The canvas of an editor: shows the document and takes pointer, keys and text for it. Main thread.
+class AnnotationCanvasView : public QWidget {
+    Q_OBJECT
+
+public:
+    // `session` outlives it.
+    explicit AnnotationCanvasView(EditorSession& session, MeasureUnit measureUnit);
+
+    EditorPointing& pointing() { return m_pointing; }
+
+    void setRedactions(CanvasPicture::Redactions redactions);
+
+    // Of the capture's own size on its screen.
+    double zoomPercent() const;
+    void setZoomPercent(double percent);
+    void zoomIn();
+    void zoomOut();
+    void fit();
+
+    bool isWriting() const { return m_writing.has_value(); }
+
+    void write(QUuid label);
+    // Ends what is being written, dragged or selected, the first of them that there is. False: there is nothing.
+    bool escape();
+    void stopWriting();
+
+Q_SIGNALS:
+    void zoomChanged();
+    // The tool says no more of it: a click elsewhere has ended writing, or begun it.
+    void writingChanged();
+    void contextMenuWanted(QPoint globalPosition);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+    bool event(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    void follow();
+    void takeView();
+    void takeShare();
+    void updateCanvas(const QRegion& canvasPixels);
+    void paintPicture(QPainter& painter);
+    void paintOverlay(QPainter& painter);
+    CanvasPointer pointer(const QMouseEvent& event, int clicks = 1) const;
+
+    QPointF inView(QPointF widgetPoint) const { return widgetPoint * devicePixelRatioF(); }
+
+    void press(const QMouseEvent& event, int clicks);
+    void showCursor(const CanvasPointer& pointer);
+    void zoomBy(double factor, QPointF about);
+    void pinch(const QNativeGestureEvent& event);
+    bool writeKey(const QKeyEvent& event);
+    bool editKey(const QKeyEvent& event);
+
+    EditorSession& m_session;
+    EditorPointing m_pointing;
+    CanvasPicture m_picture;
+    CanvasViewport m_viewport;
+    std::optional<LabelEditing> m_writing;
+    QTimer m_caretTimer;
+    bool m_isCaretShown = true;
+    bool m_isSpaceHeld = false;
+    std::optional<QPointF> m_panFrom; // device pixels
+    EditorPointing::Target m_hovered;
+    Subscription m_changes;
+};
+
+} // namespace Kovrel

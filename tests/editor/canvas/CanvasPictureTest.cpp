@@ -1,0 +1,121 @@
+#include "editor/canvas/CanvasPicture.h"
+
+#include "editor/AnnotationFlattener.h"
+#include "editor/marks/RedactionSources.h"
+#include "tests/editor/RandomMarks.h"
+#include "tests/support/PictureDifference.h"
+#include "tests/support/TestPictures.h"
+
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr QSize size(160, 120); // image points
+
+EditorCapture captureAt(double scale, Testing::Texture texture = Testing::Texture::blocks)
+{
+    const QSize pixels = (QSizeF(size) * scale).toSize();
+    return {QUuid::createUuid(), Testing::testPicture(pixels, texture).convertToFormat(QImage::Format_RGB32), scale,
+            std::nullopt};
+}
+
+CanvasPicture::Redactions redactionsOf(const EditorCapture& capture)
+{
+    return {RedactionSources::blurred(capture.image, capture.scale),
+            RedactionSources::pixelated(capture.image, capture.scale)};
+}
+
+QImage exported(const EditorCapture& capture, const EditorDocument& document)
+{
+    EditorBackdropRenderer renderer;
+    return AnnotationFlattener::render({.base = capture.image,
+                                        .annotations = document.marks,
+                                        .exportScale = capture.scale,
+                                        .backdrop = document.composition.backdrop,
+                                        .margins = BackdropMargins::measured(capture.image)},
+                                       renderer)
+        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+// Of the canvas, what is exported.
+QImage shown(CanvasPicture& picture, const EditorCapture& capture, const EditorDocument& document)
+{
+    if (!document.composition.backdrop.isNone())
+        return picture.picture();
+    const QMargins padding = AnnotationFlattener::exportPadding(document.marks, capture.image.size(), capture.scale);
+    const QRect part = picture.captureArea().marginsAdded(padding);
+    return picture.picture().copy(part.translated(-picture.area().topLeft()));
+}
+
+bool isSameOutside(const QRegion& region, QImage one, QImage other)
+{
+    for (QImage* const image : {&one, &other})
+        for (const QRect& rect : region) {
+            QPainter painter(image);
+            painter.setCompositionMode(QPainter::CompositionMode_Source);
+            painter.fillRect(rect, Qt::transparent);
+        }
+    return one == other;
+}
+
+EditorDocument documentWith(std::vector<Annotation> marks, bool hasBackdrop)
+{
+    EditorDocument document{std::move(marks), {}};
+    if (hasBackdrop)
+        document.composition.backdrop = EditorBackdrop();
+    return document;
+}
+
+} // namespace
+
+TEST(CanvasPictureTest, WhatIsShownIsWhatIsExportedPixelByPixel)
+{
+    for (const double scale : {1.0, 1.5, 2.0})
+        for (unsigned seed = 0; seed < 30; ++seed) {
+            const EditorCapture capture = captureAt(scale);
+            Testing::RandomMarks random(seed, size, capture.image.copy(0, 0, 20, 30));
+            const EditorDocument document = documentWith(random.some(), seed % 3 == 0);
+            CanvasPicture picture(capture);
+            picture.setRedactions(redactionsOf(capture));
+            picture.setDocument(document);
+            const QImage canvas = shown(picture, capture, document);
+            EXPECT_TRUE(Testing::identicalPicture(canvas, exported(capture, document)))
+                << "scale " << scale << ", seed " << seed;
+        }
+}
+
+// Step after step only what is said to differ is drawn anew, and the whole is as if it were drawn at once.
+TEST(CanvasPictureTest, WhatIsDrawnAnewIsEnough)
+{
+    const EditorCapture capture = captureAt(1);
+    const auto redactions = redactionsOf(capture);
+    for (unsigned seed = 0; seed < 20; ++seed) {
+        Testing::RandomMarks random(seed, size, capture.image.copy(0, 0, 20, 30));
+        CanvasPicture picture(capture);
+        picture.setRedactions(redactions);
+        picture.setShare(seed % 2 == 0 ? 1 : 0.6);
+        EditorDocument document = documentWith(random.some(), seed % 3 == 0);
+        picture.setDocument(document);
+        for (int round = 0; round < 12; ++round) {
+            const QImage before = picture.picture().copy();
+            const QRect area = picture.area();
+            document.marks = random.changed(document.marks);
+            const QRegion changed = picture.setDocument(document);
+            EXPECT_TRUE(picture.area() != area ||
+                        isSameOutside(changed.translated(-area.topLeft()), before, picture.picture()))
+                << "seed " << seed << ", round " << round;
+            CanvasPicture fresh(capture);
+            fresh.setRedactions(redactions);
+            fresh.setShare(picture.share());
+            fresh.setDocument(document);
+            ASSERT_TRUE(Testing::identicalPicture(picture.picture(), fresh.picture()))
+                << "seed " << seed << ", round " << round;
+        }
+    }
+}
+
+} // namespace Kovrel
