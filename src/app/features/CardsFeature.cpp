@@ -9,6 +9,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace Kovrel {
 
 namespace {
@@ -32,9 +34,14 @@ CardsFeature::CardsFeature(Foundation& foundation, Ports& ports)
       m_ports(ports),
       m_panels(
           {foundation.loop, foundation.preferences, foundation.desktop->displays(), foundation.desktop->panelShapes()}),
-      m_controller(services(), m_panels)
+      m_controller(services(), m_panels),
+      m_chords(foundation.loop, foundation.desktop->keys()),
+      m_menus(m_controller, foundation.desktop->programs(),
+              [this](CardQuickAction action) { return m_chords.keysOf(action); })
 {
     m_panels.setController(m_controller);
+    m_panels.setMenu([this](QUuid card, QPoint position) { m_menus.open(card, position); });
+    m_hover = m_controller.onHoverChange([this](std::optional<QUuid> card) { armChords(card); });
     ports.cards.offer(m_controller);
     ports.ledger.offer(m_closed);
 }
@@ -86,6 +93,22 @@ void CardsFeature::start(const Launch&)
                      [this](const QUrl& url) { m_ports.delivery.tell(&CaptureDelivery::openLink, url); });
     QObject::connect(&m_panels, &CardPanels::textWanted, &m_panels, [this](const QString& text) { copyText(text); });
     m_controller.start();
+}
+
+void CardsFeature::armChords(std::optional<QUuid> card)
+{
+    if (card)
+        m_chords.arm([this](CardChord chord) { fireChord(chord); });
+    else
+        m_chords.release();
+}
+
+void CardsFeature::fireChord(CardChord chord)
+{
+    const CardQuickAction action = std::ranges::find(allCardChords, chord, &CardChordKeys::chord)->action;
+    const auto card = m_controller.hoveredCardID();
+    if (card || action == CardQuickAction::closeAll)
+        m_controller.perform(action, card.value_or(QUuid()));
 }
 
 void CardsFeature::copyText(const QString& text)

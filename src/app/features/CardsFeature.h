@@ -4,6 +4,8 @@
 #include "app/foundation/Foundation.h"
 #include "cards/ClosedCards.h"
 #include "cards/QuickAccessController.h"
+#include "cards/chords/CardChordHotkeys.h"
+#include "cards/menu/CardMenus.h"
 #include "cards/panels/CardPanels.h"
 #include "ports/Ports.h"
 
@@ -22,6 +24,8 @@ private:
     CardServices services();
     void reopen(const Reply<CommandAnswer>& reply);
     QString reopenKeys() const;
+    void armChords(std::optional<QUuid> card);
+    void fireChord(CardChord chord);
     void copyText(const QString& text);
 
     Foundation& m_foundation;
@@ -29,6 +33,9 @@ private:
     ClosedCards m_closed;
     CardPanels m_panels;
     QuickAccessController m_controller;
+    CardChordHotkeys m_chords;
+    CardMenus m_menus;
+    Subscription m_hover;
 };
 
 } // namespace Kovrel
