@@ -1,6 +1,7 @@
 #include "tests/e2e/UserSession.h"
 #include "tests/support/PaintedScreen.h"
 #include "tests/support/PictureDifference.h"
+#include "tests/support/TestKeyboard.h"
 
 #include <QFileInfo>
 #include <QPainter>
@@ -95,6 +96,24 @@ TEST_F(CardsTest, TwoClicksCopyAndNoCardIsInACapture)
     const QString shot = session.path("shot.png");
     ASSERT_EQ(session.kovrel({"capture", "fullScreen", "--output", shot}).exitCode, 0);
     EXPECT_TRUE(sameColors(QImage(shot), screen));
+    EXPECT_TRUE(isThere());
+}
+
+TEST_F(CardsTest, ItsChordsWorkOnlyWhileThePointerIsOnIt)
+{
+    Testing::TestKeyboard keyboard(display.name());
+    using enum Testing::TestKeyboard::Key;
+    capture();
+    EXPECT_TRUE(keyboard.grab(placeOfC, XCB_MOD_MASK_4)) << "another program may have the keys";
+    keyboard.ungrab(placeOfC, XCB_MOD_MASK_4);
+    painted.movePointer(leftOf(picture));
+    EXPECT_TRUE(UserSession::eventually([&] {
+        keyboard.type({super, placeOfC});
+        return sameColors(QImage::fromData(clipboard()), screen);
+    }));
+    painted.movePointer(away);
+    EXPECT_TRUE(UserSession::eventually([&] { return keyboard.grab(placeOfC, XCB_MOD_MASK_4); }));
+    keyboard.ungrab(placeOfC, XCB_MOD_MASK_4);
     EXPECT_TRUE(isThere());
 }
 
