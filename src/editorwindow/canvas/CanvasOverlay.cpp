@@ -2,6 +2,7 @@
 
 #include "editor/geometry/MarkFrame.h"
 #include "editor/geometry/MarkHandles.h"
+#include "ui/tokens/CanvasTokens.h"
 #include "ui/tokens/Theme.h"
 
 #include <QPainterPath>
@@ -16,8 +17,6 @@ constexpr double frameWidth = 1.25;
 constexpr double caretWidth = 1.5;
 constexpr double cropCorner = 18;
 constexpr double smallestGridded = 8; // device pixels to a pixel of the capture
-const QColor cropShade(0, 0, 0, 130);
-const QColor guideColor("#FF2D87");
 
 } // namespace
 
@@ -38,7 +37,7 @@ QPolygonF CanvasOverlay::frame(const Annotation& mark) const
 void CanvasOverlay::strokeTwice(const QPolygonF& outline, bool isDashed)
 {
     m_painter.setBrush(Qt::NoBrush);
-    m_painter.setPen(QPen(QColor(255, 255, 255, 200), points(frameWidth + 1.5)));
+    m_painter.setPen(QPen(CanvasTokens::halo, points(frameWidth + 1.5)));
     m_painter.drawPolygon(outline);
     m_painter.setPen(QPen(Theme::current().accent, points(frameWidth), isDashed ? Qt::DashLine : Qt::SolidLine));
     m_painter.drawPolygon(outline);
@@ -51,7 +50,7 @@ void CanvasOverlay::drawHandle(Point at, bool isRound)
     const QRectF rect(middle.x() - side / 2, middle.y() - side / 2, side, side);
     const double radius = isRound ? side / 2 : points(2);
     m_painter.setPen(QPen(Theme::current().accent, points(1.5)));
-    m_painter.setBrush(Qt::white);
+    m_painter.setBrush(CanvasTokens::handle);
     m_painter.drawRoundedRect(rect, radius, radius);
 }
 
@@ -84,7 +83,7 @@ void CanvasOverlay::drawGuides(std::span<const Snapping::Guide> guides)
 {
     for (const Snapping::Guide& guide : guides) {
         const QLineF line(m_viewport.fromImage(guide.from), m_viewport.fromImage(guide.to));
-        m_painter.setPen(QPen(guideColor, points(1)));
+        m_painter.setPen(QPen(CanvasTokens::guide, points(1)));
         m_painter.drawLine(line);
         if (!guide.isGap)
             continue;
@@ -119,19 +118,19 @@ void CanvasOverlay::drawCrop(const Rect& crop, const Rect& canvas, bool isDragge
     QPainterPath shade;
     shade.addRect(inView(canvas));
     shade.addRect(inside);
-    m_painter.fillPath(shade, cropShade);
+    m_painter.fillPath(shade, CanvasTokens::cropShade);
     m_painter.setBrush(Qt::NoBrush);
     if (isDragged) {
-        m_painter.setPen(QPen(QColor(255, 255, 255, 120), points(1)));
+        m_painter.setPen(QPen(CanvasTokens::thirds, points(1)));
         for (const double share : {1.0 / 3, 2.0 / 3}) {
             const QPointF at(inside.left() + share * inside.width(), inside.top() + share * inside.height());
             m_painter.drawLine(QLineF(at.x(), inside.top(), at.x(), inside.bottom()));
             m_painter.drawLine(QLineF(inside.left(), at.y(), inside.right(), at.y()));
         }
     }
-    m_painter.setPen(QPen(Qt::white, points(1)));
+    m_painter.setPen(QPen(CanvasTokens::cropLine, points(1)));
     m_painter.drawRect(inside);
-    m_painter.setPen(QPen(Qt::white, points(4), Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    m_painter.setPen(QPen(CanvasTokens::cropLine, points(4), Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     const double length = std::min({points(cropCorner), inside.width() / 2, inside.height() / 2});
     const auto corner = [&](QPointF at, double across, double down) {
         m_painter.drawPolyline(QPolygonF{at + QPointF(across * length, 0), at, at + QPointF(0, down * length)});
@@ -159,7 +158,7 @@ void CanvasOverlay::drawWriting(const Annotation& label, const QLineF& caret, st
                                         turned(rect.bottomLeft())});
     if (!isCaretShown)
         return;
-    m_painter.setPen(QPen(Qt::white, points(caretWidth + 1.5)));
+    m_painter.setPen(QPen(CanvasTokens::halo, points(caretWidth + 1.5)));
     m_painter.drawLine(turned(caret.p1()), turned(caret.p2()));
     m_painter.setPen(QPen(Theme::current().accent, points(caretWidth)));
     m_painter.drawLine(turned(caret.p1()), turned(caret.p2()));
@@ -172,7 +171,7 @@ void CanvasOverlay::drawPixelGrid(const QRectF& canvas)
     const QRectF seen(m_viewport.toCanvas(QPointF()),
                       m_viewport.toCanvas(QPointF(m_painter.viewport().width(), m_painter.viewport().height())));
     const QRectF part = canvas & seen;
-    m_painter.setPen(QPen(QColor(128, 128, 128, 90), 1));
+    m_painter.setPen(QPen(CanvasTokens::pixelGrid, 1));
     for (double x = std::ceil(part.left()); x <= part.right(); ++x)
         m_painter.drawLine(m_viewport.toView(QPointF(x, part.top())), m_viewport.toView(QPointF(x, part.bottom())));
     for (double y = std::ceil(part.top()); y <= part.bottom(); ++y)

@@ -1,6 +1,7 @@
 #include "editorwindow/tools/ColorWell.h"
 
 #include "model/HexColor.h"
+#include "ui/tokens/CanvasTokens.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 
@@ -15,22 +16,18 @@ namespace {
 constexpr int side = 34;
 constexpr double wellSide = 20;
 
-struct Named {
-    const char* hex;
-    const char* name;
+constexpr std::array names{
+    QT_TRANSLATE_NOOP("ColorWell", "Red"),    QT_TRANSLATE_NOOP("ColorWell", "Orange"),
+    QT_TRANSLATE_NOOP("ColorWell", "Yellow"), QT_TRANSLATE_NOOP("ColorWell", "Green"),
+    QT_TRANSLATE_NOOP("ColorWell", "Teal"),   QT_TRANSLATE_NOOP("ColorWell", "Blue"),
+    QT_TRANSLATE_NOOP("ColorWell", "Purple"), QT_TRANSLATE_NOOP("ColorWell", "Pink"),
+    QT_TRANSLATE_NOOP("ColorWell", "White"),  QT_TRANSLATE_NOOP("ColorWell", "Black"),
 };
-
-constexpr Named usual[] = {
-    {"#FF3B30", QT_TRANSLATE_NOOP("ColorWell", "Red")},    {"#FF9500", QT_TRANSLATE_NOOP("ColorWell", "Orange")},
-    {"#FFDC2C", QT_TRANSLATE_NOOP("ColorWell", "Yellow")}, {"#34C759", QT_TRANSLATE_NOOP("ColorWell", "Green")},
-    {"#00C7BE", QT_TRANSLATE_NOOP("ColorWell", "Teal")},   {"#2F6BFF", QT_TRANSLATE_NOOP("ColorWell", "Blue")},
-    {"#AF52DE", QT_TRANSLATE_NOOP("ColorWell", "Purple")}, {"#FF2D87", QT_TRANSLATE_NOOP("ColorWell", "Pink")},
-    {"#FFFFFF", QT_TRANSLATE_NOOP("ColorWell", "White")},  {"#1C1C1E", QT_TRANSLATE_NOOP("ColorWell", "Black")},
-};
+static_assert(names.size() == CanvasTokens::markColors.size());
 
 QColor colorOf(const QString& hex)
 {
-    return HexColor::parse(hex).value_or(QColor(Qt::black));
+    return HexColor::parse(hex).value_or(Theme::current().text);
 }
 
 void paintWell(QPainter& painter, const QRectF& box, const QColor& color)
@@ -85,7 +82,7 @@ void ColorWell::paintEvent(QPaintEvent*)
         return paintWell(painter, box, colorOf(*m_hex));
     paintWell(painter, box, theme.card);
     for (int part = 0; part < 4; ++part) {
-        painter.setBrush(colorOf(usual[2 * part].hex));
+        painter.setBrush(colorOf(CanvasTokens::markColors[size_t(2 * part)]));
         painter.drawPie(box, 90 * 16 * part, 90 * 16);
     }
 }
@@ -96,8 +93,8 @@ void ColorWell::offer()
     const auto add = [&](const QString& hex, const QString& name) {
         menu.addAction(iconOf(hex), name, this, [this, hex] { Q_EMIT colorChosen(hex); });
     };
-    for (const Named& color : usual)
-        add(color.hex, tr(color.name));
+    for (size_t index = 0; index < names.size(); ++index)
+        add(CanvasTokens::markColors[index], tr(names[index]));
     const QStringList swatches = m_swatches();
     menu.addSeparator();
     for (const QString& hex : swatches)
@@ -106,7 +103,7 @@ void ColorWell::offer()
         menu.addAction(swatches.contains(*m_hex) ? tr("Forget %1").arg(*m_hex) : tr("Keep %1").arg(*m_hex), this,
                        [this, hex = *m_hex] { Q_EMIT swatchToggled(hex); });
     menu.addAction(tr("Other Colour…"), this, [this] {
-        auto* const dialog = new QColorDialog(colorOf(m_hex.value_or(usual[0].hex)), this);
+        auto* const dialog = new QColorDialog(colorOf(m_hex.value_or(CanvasTokens::markColors[0])), this);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         connect(dialog, &QColorDialog::colorSelected, this,
                 [this](const QColor& color) { Q_EMIT colorChosen(color.name().toUpper()); });
