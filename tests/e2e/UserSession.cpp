@@ -117,7 +117,7 @@ UserSession::Result UserSession::kovrel(const QStringList& arguments)
 void UserSession::prepare(const QStringList& settings)
 {
     kovrel({"sign-in", "--local"});
-    for (const QString& setting : settings)
+    for (const QString& setting : QStringList{"afterCaptureActions=4"} + settings)
         kovrel({"preferences", "set", setting.section('=', 0, 0), setting.section('=', 1)});
 }
 

@@ -33,7 +33,7 @@ public:
 
     // Runs the program with these arguments to its end.
     Result kovrel(const QStringList& arguments);
-    // Signs in, and turns the settings of a test on.
+    // Signs in, has captures saved and not shown as cards, and turns the settings of a test on.
     void prepare(const QStringList& settings = {});
     // Any other program.
     Result run(const QString& program, const QStringList& arguments);
