@@ -17,6 +17,7 @@ class CapturePins;
 class Captures;
 class CardPile;
 class ColorPicking;
+class EditedCaptures;
 class HelpWindows;
 class HotkeyStatus;
 class ProgramCommands;
@@ -43,6 +44,7 @@ struct Ports {
     Port<ReopenLedger> ledger;
     Port<CardPile> cards;
     Port<CaptureEditors> editors;
+    Port<EditedCaptures> edits;
     Port<CapturePins> pins;
     Port<Toasts> toasts;
 

@@ -1,5 +1,6 @@
 #include "ui/Symbols.h"
 
+#include "ui/EditorSymbols.h"
 #include "ui/SymbolIconEngine.h"
 
 #include <QPainter>
@@ -292,7 +293,7 @@ constexpr Drawing drawings[] = {
 QPainterPath pathNamed(const QString& name)
 {
     const auto* const found = std::ranges::find(drawings, name, &Drawing::name);
-    return found == std::end(drawings) ? dot() : found->draw();
+    return found == std::end(drawings) ? EditorSymbols::path(name).value_or(dot()) : found->draw();
 }
 
 } // namespace

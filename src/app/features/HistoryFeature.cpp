@@ -54,10 +54,12 @@ HistoryFeature::HistoryFeature(Foundation& foundation, Ports& ports)
                                 const QString& reason) { rescue(std::move(result), std::move(png), reason); }}),
       m_indexer(foundation.loop, foundation.workers, ports, m_store, AppPaths::historyFolder()),
       m_dragFiles(foundation.loop, foundation.workers, foundation.preferences, m_store, AppPaths::temporaryFolder()),
+      m_edits(foundation.loop, foundation.workers, m_store),
       m_scope(foundation.loop, foundation.workers)
 {
     ports.history.offer(m_store);
     ports.files.offer(m_dragFiles);
+    ports.edits.offer(m_edits);
     if (foundation.desktop)
         makeWindows();
 }

@@ -4,6 +4,7 @@
 #include "app/foundation/Foundation.h"
 #include "history/CaptureHistoryStore.h"
 #include "history/HistoryDragFiles.h"
+#include "history/HistoryEdits.h"
 #include "history/HistoryIndexer.h"
 #include "historywindow/HistoryWindows.h"
 #include "ports/Ports.h"
@@ -38,6 +39,7 @@ private:
     CaptureHistoryStore m_store;
     HistoryIndexer m_indexer;
     HistoryDragFiles m_dragFiles;
+    HistoryEdits m_edits;
     QHash<QUuid, QString> m_draggable;         // files that are ready
     std::unique_ptr<HistoryActions> m_actions; // these two only on a desktop
     std::unique_ptr<HistoryWindows> m_windows;

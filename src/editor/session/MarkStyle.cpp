@@ -95,4 +95,15 @@ MarkStyle MarkStyle::common(const MarkStyle& other) const
             .tipScale = inCommon(tipScale, other.tipScale)};
 }
 
+MarkStyle MarkStyle::united(const MarkStyle& other) const
+{
+    return {.colorHex = colorHex ? colorHex : other.colorHex,
+            .lineWidth = lineWidth ? lineWidth : other.lineWidth,
+            .fillStyle = fillStyle ? fillStyle : other.fillStyle,
+            .textStyle = textStyle ? textStyle : other.textStyle,
+            .rounded = rounded ? rounded : other.rounded,
+            .dimLevel = dimLevel ? dimLevel : other.dimLevel,
+            .tipScale = tipScale ? tipScale : other.tipScale};
+}
+
 } // namespace Kovrel

@@ -28,6 +28,9 @@ struct MarkStyle {
     // What both have in common; what differs is not set.
     MarkStyle common(const MarkStyle& other) const;
 
+    // What either has set; where both have, that of this one.
+    MarkStyle united(const MarkStyle& other) const;
+
     bool operator==(const MarkStyle&) const = default;
 };
 

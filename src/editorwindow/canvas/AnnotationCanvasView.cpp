@@ -92,7 +92,7 @@ void AnnotationCanvasView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const double ratio = devicePixelRatioF();
     painter.scale(1 / ratio, 1 / ratio);
-    painter.fillRect(QRectF(QPointF(), QSizeF(size()) * ratio), Theme::current().pressedGround);
+    painter.fillRect(QRectF(QPointF(), QSizeF(size()) * ratio), Theme::current().canvas);
     paintPicture(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     paintOverlay(painter);
@@ -119,6 +119,8 @@ void AnnotationCanvasView::paintOverlay(QPainter& painter)
         overlay.drawCrop(m_session.document().composition.crop.value_or(canvas), canvas, gesture != nullptr);
         return;
     }
+    if (const auto& crop = m_session.document().composition.crop)
+        overlay.hideOutside(*crop, Theme::current().canvas);
     if (m_writing) {
         if (const Annotation* const label = m_session.document().mark(m_writing->id()))
             overlay.drawWriting(*label, m_writing->caretLine(), m_writing->selectionRects(), m_isCaretShown);

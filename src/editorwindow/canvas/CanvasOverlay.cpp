@@ -21,6 +21,11 @@ const QColor guideColor("#FF2D87");
 
 } // namespace
 
+QRectF CanvasOverlay::inView(const Rect& rect) const
+{
+    return {m_viewport.fromImage({rect.minX(), rect.maxY()}), m_viewport.fromImage({rect.maxX(), rect.minY()})};
+}
+
 QPolygonF CanvasOverlay::frame(const Annotation& mark) const
 {
     QPolygonF polygon;
@@ -92,8 +97,7 @@ void CanvasOverlay::drawGuides(std::span<const Snapping::Guide> guides)
 
 void CanvasOverlay::drawMarquee(const Rect& marquee)
 {
-    const QRectF rect(m_viewport.fromImage({marquee.minX(), marquee.maxY()}),
-                      m_viewport.fromImage({marquee.maxX(), marquee.minY()}));
+    const QRectF rect = inView(marquee);
     QColor fill = Theme::current().accent;
     m_painter.setPen(QPen(fill, points(1)));
     fill.setAlphaF(0.15F);
@@ -101,12 +105,16 @@ void CanvasOverlay::drawMarquee(const Rect& marquee)
     m_painter.drawRect(rect);
 }
 
+void CanvasOverlay::hideOutside(const Rect& crop, const QColor& ground)
+{
+    QPainterPath outside;
+    outside.addRect(QRectF(m_painter.viewport()));
+    outside.addRect(inView(crop));
+    m_painter.fillPath(outside, ground);
+}
+
 void CanvasOverlay::drawCrop(const Rect& crop, const Rect& canvas, bool isDragged)
 {
-    const auto inView = [this](const Rect& rect) {
-        return QRectF(m_viewport.fromImage({rect.minX(), rect.maxY()}),
-                      m_viewport.fromImage({rect.maxX(), rect.minY()}));
-    };
     const QRectF inside = inView(crop);
     QPainterPath shade;
     shade.addRect(inView(canvas));

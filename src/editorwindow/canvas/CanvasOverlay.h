@@ -26,6 +26,8 @@ public:
     void drawHovered(const Annotation& mark);
     void drawGuides(std::span<const Snapping::Guide> guides);
     void drawMarquee(const Rect& marquee);
+    // What a crop leaves out.
+    void hideOutside(const Rect& crop, const QColor& ground);
     void drawCrop(const Rect& crop, const Rect& canvas, bool isDragged);
     void drawWriting(const Annotation& label, const QLineF& caret, std::span<const QRectF> selection,
                      bool isCaretShown);
@@ -35,6 +37,7 @@ public:
 private:
     double points(double length) const { return length * m_ratio; }
 
+    QRectF inView(const Rect& rect) const;
     QPolygonF frame(const Annotation& mark) const;
     void drawHandle(Point at, bool isRound);
     void strokeTwice(const QPolygonF& outline, bool isDashed);

@@ -30,6 +30,7 @@ constexpr Theme light{
     .separator = rgb(0xDADCE3),
     .hoverGround = rgb(0xE4EAF9),
     .pressedGround = rgb(0xD5DFF8),
+    .canvas = rgb(0xE3E4E8),
     .focusRing = rgb(0x2A63F5),
     .shadow = rgb(0x000000, 3),
 };
@@ -52,6 +53,7 @@ constexpr Theme dark{
     .separator = rgb(0x3C3D45),
     .hoverGround = rgb(0x2E3447),
     .pressedGround = rgb(0x38425F),
+    .canvas = rgb(0x17181B),
     .focusRing = rgb(0x7FA6FF),
     .shadow = rgb(0x000000, 5),
 };
@@ -74,6 +76,7 @@ constexpr Theme lightHighContrast{
     .separator = rgb(0x000000),
     .hoverGround = rgb(0xE0E8FF),
     .pressedGround = rgb(0xC2D2FF),
+    .canvas = rgb(0xE3E4E8),
     .focusRing = rgb(0x000000),
     .shadow = rgb(0x000000, 3),
 };
@@ -96,6 +99,7 @@ constexpr Theme darkHighContrast{
     .separator = rgb(0xFFFFFF),
     .hoverGround = rgb(0x12234D),
     .pressedGround = rgb(0x1B3370),
+    .canvas = rgb(0x101114),
     .focusRing = rgb(0xFFFFFF),
     .shadow = rgb(0x000000, 5),
 };

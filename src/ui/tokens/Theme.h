@@ -28,6 +28,7 @@ struct Theme {
     QColor separator;
     QColor hoverGround;
     QColor pressedGround;
+    QColor canvas; // around pictures that are worked on: no colour of its own
     QColor focusRing;
     QColor shadow; // of one layer of a shadow, which is faint
 

@@ -1,0 +1,40 @@
+#include "app/features/EditorFeature.h"
+
+#include <QCoreApplication>
+
+namespace Kovrel {
+
+EditorFeature::EditorFeature(Foundation& foundation, Ports& ports)
+    : m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->savePanel(), ports})
+{
+    ports.editors.offer(m_windows);
+}
+
+std::vector<CommandHandler> EditorFeature::commands()
+{
+    return {{.command = "open", .run = [this](const Invocation& invocation, const Reply<CommandAnswer>& reply) {
+                 QStringList paths;
+                 for (const std::string& path : invocation.command.operands)
+                     paths.append(QString::fromStdString(path));
+                 m_windows.openFiles(paths);
+                 reply(CommandAnswer());
+             }}};
+}
+
+std::vector<SettingsPage> EditorFeature::settingsPages() const
+{
+    return {{QCoreApplication::translate("EditorFeature", "Editor"),
+             {Settings::escCopiesAndCloses.name, Settings::highlighterAutoSize.name, Settings::measureUnit.name}}};
+}
+
+void EditorFeature::finishPending(std::chrono::milliseconds deadline, std::function<void()> done)
+{
+    m_windows.finishPending(deadline, std::move(done));
+}
+
+std::unique_ptr<Feature> makeEditorFeature(Foundation& foundation, Ports& ports)
+{
+    return std::make_unique<EditorFeature>(foundation, ports);
+}
+
+} // namespace Kovrel

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/foundation/Feature.h"
+#include "app/foundation/Foundation.h"
+#include "editorwindow/EditorWindows.h"
+#include "ports/Ports.h"
+
+namespace Kovrel {
+
+// The windows in which captures and pictures are edited.
+class EditorFeature : public Feature {
+public:
+    EditorFeature(Foundation& foundation, Ports& ports);
+
+    std::vector<CommandHandler> commands() override;
+    std::vector<SettingsPage> settingsPages() const override;
+    void finishPending(std::chrono::milliseconds deadline, std::function<void()> done) override;
+
+private:
+    EditorWindows m_windows;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,146 @@
+#include "editorwindow/EditorKeeping.h"
+
+#include "editor/EditedPicture.h"
+#include "editor/document/CroppedCapture.h"
+#include "platform/Guarded.h"
+#include "platform/Workers.h"
+#include "ports/CaptureDelivery.h"
+#include "preferences/Preferences.h"
+
+#include <QLoggingCategory>
+
+namespace Kovrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.editor")
+
+std::function<QImage()> rendering(EditorCapture capture, EditorDocument document, MeasureUnit unit)
+{
+    const auto job = [capture = std::move(capture), document = std::move(document), unit] {
+        return EditedPicture::rendered(capture, document, unit);
+    };
+    return Guarded::orElse(job, QImage());
+}
+
+} // namespace
+
+EditorKeeping::EditorKeeping(EditorServices& services, EditorSession& session, std::optional<QString> savedPath,
+                             bool isNoted)
+    : m_services(services),
+      m_session(session),
+      m_savedPath(std::move(savedPath)),
+      m_isNoted(isNoted),
+      m_opened(session.document()),
+      m_kept(m_opened),
+      m_changes(session.onChange([this] { noteSoon(); })),
+      m_scope(services.loop, services.workers)
+{
+}
+
+EditorKeeping::~EditorKeeping()
+{
+    m_services.loop.cancel(m_timer);
+}
+
+// --- The history
+
+void EditorKeeping::noteSoon()
+{
+    if (m_isNoted && m_timer == 0 && isChanged())
+        m_timer = m_services.loop.after(notingInterval, [this] { note(); });
+}
+
+// A crop is carried out at the end only: until then it can be undone.
+void EditorKeeping::note()
+{
+    m_timer = 0;
+    if (m_isKeeping || !isChanged())
+        return noteSoon();
+    EditorDocument document = m_session.document();
+    document.composition.crop.reset();
+    Scope::start(keep(std::move(document), false, [](const Kept&) {}), "noting what is edited");
+    m_kept = m_session.document();
+}
+
+void EditorKeeping::keepForGood(Reply<Kept> reply)
+{
+    m_services.loop.cancel(std::exchange(m_timer, 0));
+    m_changes = {};
+    Scope::start(keep(m_session.document(), true, std::move(reply)), "keeping what was edited");
+}
+
+QCoro::Task<> EditorKeeping::keep(EditorDocument document, bool isForGood, Reply<Kept> reply)
+{
+    m_isKeeping = true;
+    const EditorCapture& capture = m_session.capture();
+    const bool isCropped = isForGood && document.composition.crop;
+    const auto job = rendering(capture, document, m_services.preferences.get(Settings::measureUnit));
+    QImage flattened = co_await m_scope.onWorker(Lane::editorSave, job);
+    CroppedCapture cropped = CroppedCapture::of(capture, std::move(document));
+    if (!isCropped)
+        cropped.capture.image = {};
+    Kept kept = std::unexpected(tr("There is no history."));
+    if (const auto& edits = m_services.ports.edits; edits && !flattened.isNull())
+        kept = co_await m_scope.reply<Kept>([&](auto done) {
+            edits->keep({std::move(cropped.capture), std::move(cropped.document), std::move(flattened), m_savedPath},
+                        done);
+        });
+    m_isKeeping = false;
+    if (!kept)
+        qCWarning(log, "An edit was not kept: %s", qUtf8Printable(kept.error()));
+    reply(kept);
+}
+
+// --- Files and the clipboard
+
+void EditorKeeping::render(Reply<QImage> reply)
+{
+    Scope::start(renderInBackground(std::move(reply)), "rendering what was edited");
+}
+
+QCoro::Task<> EditorKeeping::renderInBackground(Reply<QImage> reply)
+{
+    const auto job = rendering(m_session.capture(), m_session.document(),
+                               m_services.preferences.get(Settings::measureUnit));
+    const QImage picture = co_await m_scope.onWorker(Lane::editorSave, job);
+    reply(picture);
+}
+
+CaptureResult EditorKeeping::resultOf(QImage picture) const
+{
+    return {.id = m_session.capture().id,
+            .image = std::move(picture),
+            .date = QDateTime::currentDateTime(),
+            .pixelScale = m_session.capture().scale};
+}
+
+void EditorKeeping::save(std::optional<QString> path, std::function<void(const SaveOutcome&)> done)
+{
+    const EditorDocument document = m_session.document();
+    render([this, document, path = path ? path : m_savedPath, done = std::move(done)](const QImage& picture) {
+        const auto& delivery = m_services.ports.delivery;
+        if (picture.isNull() || !delivery)
+            return done(std::unexpected(SaveProblem{.message = tr("The picture can't be made.")}));
+        const auto save = delivery->save(resultOf(picture), path, std::make_shared<EncodedPng>(picture));
+        save->whenDone([this, document, done](const SaveOutcome& outcome) {
+            if (outcome)
+                m_savedPath = *outcome;
+            if (outcome && !m_isNoted)
+                m_kept = document;
+            done(outcome);
+        });
+    });
+}
+
+void EditorKeeping::copy(std::function<void()> done)
+{
+    render([this, done = std::move(done)](const QImage& picture) {
+        if (!picture.isNull())
+            m_services.ports.delivery.tell(&CaptureDelivery::copy, resultOf(picture),
+                                               std::make_shared<EncodedPng>(picture));
+        done();
+    });
+}
+
+} // namespace Kovrel

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "editor/document/EditedCaptures.h"
+#include "editor/session/EditorSession.h"
+#include "editorwindow/EditorServices.h"
+#include "platform/MainLoop.h"
+#include "platform/Scope.h"
+#include "model/CaptureResult.h"
+#include "ports/CaptureSave.h"
+
+#include <QCoreApplication>
+
+namespace Kovrel {
+
+// Keeps what is made of a capture: notes it in the history while it is edited, and when the editor is closed; renders
+// it for files and the clipboard, in the background. It outlives its window until that is done. Main thread.
+class EditorKeeping {
+    Q_DECLARE_TR_FUNCTIONS(Kovrel::EditorKeeping)
+
+public:
+    using Kept = std::expected<void, QString>;
+
+    // What a crash may cost.
+    static constexpr MainLoop::Milliseconds notingInterval{4000};
+
+    // `isNoted`: in the history, while it is edited.
+    EditorKeeping(EditorServices& services, EditorSession& session, std::optional<QString> savedPath, bool isNoted);
+    ~EditorKeeping();
+    EditorKeeping(const EditorKeeping&) = delete;
+    EditorKeeping& operator=(const EditorKeeping&) = delete;
+
+    // What neither the history nor the file has yet.
+    bool isChanged() const { return m_session.document() != m_kept; }
+
+    // Something was made of it here, noted or not.
+    bool isToBeKept() const { return m_session.document() != m_opened; }
+
+    const std::optional<QString>& savedPath() const { return m_savedPath; }
+
+    // As it looks now; null where memory is short.
+    void render(Reply<QImage> reply);
+    // The crop is carried out; nothing can be edited after this.
+    void keepForGood(Reply<Kept> reply);
+    // Into the file that it has, else the save folder, or to `path`. Null when the picture can't be made.
+    void save(std::optional<QString> path, std::function<void(const SaveOutcome&)> done);
+    void copy(std::function<void()> done);
+
+private:
+    void note();
+    void noteSoon();
+    CaptureResult resultOf(QImage picture) const;
+    QCoro::Task<> keep(EditorDocument document, bool isForGood, Reply<Kept> reply);
+    QCoro::Task<> renderInBackground(Reply<QImage> reply);
+
+    EditorServices& m_services;
+    EditorSession& m_session;
+    std::optional<QString> m_savedPath;
+    bool m_isNoted;
+    const EditorDocument m_opened; // as it was
+    EditorDocument m_kept;
+    MainLoop::TimerID m_timer = 0;
+    bool m_isKeeping = false;
+    Subscription m_changes;
+    Scope m_scope;
+};
+
+} // namespace Kovrel

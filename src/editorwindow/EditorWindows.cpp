@@ -1,0 +1,162 @@
+#include "editorwindow/EditorWindows.h"
+
+#include "platform/Guarded.h"
+#include "platform/ImageCodec.h"
+#include "platform/Workers.h"
+#include "ports/CaptureDelivery.h"
+#include "ports/Toasts.h"
+
+#include <QFileInfo>
+
+namespace Kovrel {
+
+namespace {
+
+// A file says nothing of its screen; one whose density is that of a dense screen was taken there.
+double scaleOf(const QImage& image)
+{
+    constexpr double usualDotsPerMeter = 96 / 0.0254;
+    const double scale = image.dotsPerMeterX() / usualDotsPerMeter;
+    return scale > 1.4 && scale < 4.1 ? scale : 1;
+}
+
+} // namespace
+
+EditorWindows::EditorWindows(EditorServices services)
+    : m_services(services), m_scope(services.loop, services.workers)
+{
+}
+
+EditorWindows::~EditorWindows()
+{
+    qDeleteAll(m_windows);
+}
+
+// --- Opening
+
+void EditorWindows::open(CaptureResult result)
+{
+    if (!bringForward(result.id))
+        Scope::start(openCapture(std::move(result)), "opening an editor");
+}
+
+QCoro::Task<> EditorWindows::openCapture(CaptureResult result)
+{
+    const auto& edits = m_services.ports.edits;
+    std::optional<EditedCaptures::Opened> opened;
+    if (edits && edits->has(result.id))
+        opened = co_await m_scope.reply<std::optional<EditedCaptures::Opened>>(
+            [&](auto done) { m_services.ports.edits->open(result.id, done); });
+    if (!opened && !result.image.isNull())
+        opened = EditedCaptures::Opened{{result.id, result.image, result.pixelScale, result.subject}, {}, {}};
+    if (!opened) {
+        m_services.ports.toasts.tell(&Toasts::present,
+                                     ToastContent{.message = tr("This capture is not there any more"),
+                                                  .icon = "exclamationmark.triangle"},
+                                     std::nullopt, false);
+        co_return;
+    }
+    if (!bringForward(result.id))
+        show(std::move(*opened), EditorWindow::Kind::capture, tr("Edit Capture"));
+}
+
+void EditorWindows::openFiles(const QStringList& paths)
+{
+    for (const QString& path : paths)
+        if (!m_files.contains(path) || !bringForward(m_files.value(path)))
+            Scope::start(openFile(path), "opening a file");
+}
+
+QCoro::Task<> EditorWindows::openFile(QString path)
+{
+    const auto job = [path] { return ImageCodec::decodeFile(path); };
+    const auto decoded = co_await m_scope.onWorker(Lane::utility, QualityOfService::userInteractive,
+                                                   Guarded::orElse(job, decltype(job())()));
+    if (!decoded) {
+        m_services.ports.toasts.tell(&Toasts::present,
+                                     ToastContent{.message = tr("Not opened"),
+                                                  .subtitle = tr("%1 is no picture that can be read.")
+                                                                  .arg(QFileInfo(path).fileName()),
+                                                  .icon = "exclamationmark.triangle"},
+                                     std::nullopt, false);
+        co_return;
+    }
+    const QUuid id = QUuid::createUuid();
+    m_files.insert(path, id);
+    show({{id, *decoded, scaleOf(*decoded), std::nullopt}, {}, path}, EditorWindow::Kind::file,
+         QFileInfo(path).fileName());
+}
+
+void EditorWindows::show(EditedCaptures::Opened opened, EditorWindow::Kind kind, const QString& title)
+{
+    const QUuid id = opened.capture.id;
+    auto* const window = new EditorWindow(m_services, std::move(opened), kind, title);
+    m_windows.insert(id, window);
+    connect(window, &EditorWindow::closed, this, [this, window] { keep(window); });
+    window->show();
+    bringForward(id);
+}
+
+bool EditorWindows::bringForward(QUuid id)
+{
+    EditorWindow* const window = m_windows.value(id);
+    if (!window)
+        return false;
+    if (window->isMinimized())
+        window->showNormal();
+    window->raise();
+    window->activateWindow();
+    return true;
+}
+
+// --- Closing
+
+void EditorWindows::keep(EditorWindow* window)
+{
+    m_windows.remove(window->session().capture().id);
+    const auto& edits = m_services.ports.edits;
+    const bool isKept = window->kind() == EditorWindow::Kind::capture && edits &&
+                        edits->has(window->session().capture().id) && window->keeping().isToBeKept();
+    if (!isKept) {
+        window->deleteLater();
+        return;
+    }
+    ++m_pending;
+    window->keeping().keepForGood([this, window](const EditorKeeping::Kept& outcome) { kept(window, outcome); });
+}
+
+// What the history does not take is saved as a file.
+void EditorWindows::kept(EditorWindow* window, const EditorKeeping::Kept& outcome)
+{
+    const auto done = [this, window] {
+        window->deleteLater();
+        if (--m_pending == 0 && m_whenKept)
+            std::exchange(m_whenKept, nullptr)();
+    };
+    if (outcome)
+        return done();
+    window->keeping().save({}, [this, done](const SaveOutcome& saved) {
+        const QString place = saved ? *saved : saved.error().message;
+        m_services.ports.toasts.tell(&Toasts::present,
+                                     ToastContent{.message = tr("The edit could not be kept in the history"),
+                                                  .subtitle = place,
+                                                  .icon = "exclamationmark.triangle"},
+                                     std::nullopt, false);
+        done();
+    });
+}
+
+void EditorWindows::finishPending(std::chrono::milliseconds deadline, std::function<void()> done)
+{
+    for (EditorWindow* const window : m_windows.values())
+        keep(window);
+    if (m_pending == 0)
+        return done();
+    m_whenKept = std::move(done);
+    m_services.loop.after(deadline, [this] {
+        if (m_whenKept)
+            std::exchange(m_whenKept, nullptr)();
+    });
+}
+
+} // namespace Kovrel

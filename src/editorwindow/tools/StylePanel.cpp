@@ -1,0 +1,130 @@
+#include "editorwindow/tools/StylePanel.h"
+
+#include "editorwindow/tools/ColorWell.h"
+#include "editorwindow/tools/SymbolButton.h"
+#include "ui/tokens/Metrics.h"
+#include "ui/tokens/Typography.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <QSlider>
+
+#include <cmath>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr int sliderLength = 110;
+
+} // namespace
+
+StylePanel::StylePanel(Preferences& preferences) : m_preferences(preferences)
+{
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Spacing::tight);
+    m_color = new ColorWell([this] { return m_preferences.get(Settings::savedSwatches); });
+    layout->addWidget(m_color);
+    m_width = makeAmount(tr("Width"), 1, 20, 0.5, &MarkStyle::lineWidth);
+    m_fill = makeChoices<AnnotationFillStyle>({{"rectangle", tr("Outline")},
+                                               {"rectangle.translucent", tr("Translucent")},
+                                               {"rectangle.hatched", tr("Hatched")},
+                                               {"rectangle.fill", tr("Filled")}},
+                                              &MarkStyle::fillStyle);
+    m_text = makeChoices<AnnotationTextStyle>({{"textformat", tr("Plain")},
+                                               {"textformat.outlined", tr("Outlined")},
+                                               {"textformat.plate", tr("On a Plate")},
+                                               {"bubble", tr("Speech Bubble")}},
+                                              &MarkStyle::textStyle);
+    m_rounded = new SymbolButton("rectangle.rounded", tr("Rounded Corners"));
+    m_rounded->setCheckable(true);
+    layout->addWidget(m_rounded);
+    m_dim = makeAmount(tr("Darkness"), 0.1, 0.9, 0.05, &MarkStyle::dimLevel);
+    m_tip = makeAmount(tr("Arrow Head"), 0.5, 3, 0.1, &MarkStyle::tipScale);
+    connect(m_color, &ColorWell::colorChosen, this,
+            [this](const QString& hex) { Q_EMIT styleChosen({.colorHex = hex}); });
+    connect(m_color, &ColorWell::swatchToggled, this, &StylePanel::toggleSwatch);
+    connect(m_rounded, &SymbolButton::clicked, this,
+            [this](bool isRounded) { Q_EMIT styleChosen({.rounded = isRounded}); });
+}
+
+StylePanel::Amount StylePanel::makeAmount(const QString& name, double least, double most, double step,
+                                          std::optional<double> MarkStyle::*field)
+{
+    Amount amount{new QLabel(name), new QSlider(Qt::Horizontal), step};
+    amount.name->setFont(Typography::font(TextStyle::caption));
+    amount.slider->setRange(int(std::lround(least / step)), int(std::lround(most / step)));
+    amount.slider->setFixedWidth(sliderLength);
+    amount.slider->setFocusPolicy(Qt::TabFocus);
+    amount.slider->setAccessibleName(name);
+    layout()->addWidget(amount.name);
+    layout()->addWidget(amount.slider);
+    connect(amount.slider, &QSlider::valueChanged, this, [this, step, field](int value) {
+        MarkStyle style;
+        style.*field = value * step;
+        Q_EMIT styleChosen(style);
+    });
+    return amount;
+}
+
+void StylePanel::show(const Amount& amount, const std::optional<double>& value, bool isPossible)
+{
+    amount.name->setVisible(isPossible);
+    amount.slider->setVisible(isPossible);
+    const QSignalBlocker blocker(amount.slider);
+    if (value)
+        amount.slider->setValue(int(std::lround(*value / amount.step)));
+}
+
+template <class Choice>
+std::vector<SymbolButton*> StylePanel::makeChoices(const std::vector<std::pair<QString, QString>>& drawings,
+                                                   std::optional<Choice> MarkStyle::*field)
+{
+    std::vector<SymbolButton*> buttons;
+    for (const auto& [symbol, name] : drawings) {
+        auto* const button = new SymbolButton(symbol, name);
+        button->setCheckable(true);
+        connect(button, &SymbolButton::clicked, this, [this, field, choice = Choice(buttons.size())] {
+            MarkStyle style;
+            style.*field = choice;
+            Q_EMIT styleChosen(style);
+        });
+        layout()->addWidget(button);
+        buttons.push_back(button);
+    }
+    return buttons;
+}
+
+template <class Choice>
+void StylePanel::show(const std::vector<SymbolButton*>& buttons, const std::optional<Choice>& value, bool isPossible)
+{
+    for (size_t index = 0; index < buttons.size(); ++index) {
+        buttons[index]->setVisible(isPossible);
+        buttons[index]->setChecked(value && *value == Choice(index));
+    }
+}
+
+void StylePanel::setStyle(const MarkStyle& style, const MarkStyle& possible)
+{
+    m_color->setVisible(possible.colorHex.has_value());
+    m_color->setColor(style.colorHex);
+    show(m_width, style.lineWidth, possible.lineWidth.has_value());
+    show(m_fill, style.fillStyle, possible.fillStyle.has_value());
+    show(m_text, style.textStyle, possible.textStyle.has_value());
+    m_rounded->setVisible(possible.rounded.has_value());
+    m_rounded->setChecked(style.rounded.value_or(false));
+    show(m_dim, style.dimLevel, possible.dimLevel.has_value());
+    show(m_tip, style.tipScale, possible.tipScale.has_value());
+}
+
+void StylePanel::toggleSwatch(const QString& hex)
+{
+    QStringList swatches = m_preferences.get(Settings::savedSwatches);
+    if (swatches.removeAll(hex) == 0)
+        swatches.append(hex);
+    m_preferences.set(Settings::savedSwatches, swatches);
+}
+
+} // namespace Kovrel

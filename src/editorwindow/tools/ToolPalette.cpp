@@ -1,0 +1,97 @@
+#include "editorwindow/tools/ToolPalette.h"
+
+#include "editorwindow/tools/SymbolButton.h"
+#include "editorwindow/tools/ToolKeys.h"
+#include "ui/tokens/Metrics.h"
+#include "ui/tokens/Theme.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr int groupGap = 9;
+
+// A space, and a line in it, comes before these.
+constexpr std::array groups{EditorTool::arrow, EditorTool::rectangle, EditorTool::step, EditorTool::blur,
+                            EditorTool::spotlight};
+
+constexpr std::array names{
+    QT_TRANSLATE_NOOP("ToolPalette", "Select"),     QT_TRANSLATE_NOOP("ToolPalette", "Crop"),
+    QT_TRANSLATE_NOOP("ToolPalette", "Arrow"),      QT_TRANSLATE_NOOP("ToolPalette", "Line"),
+    QT_TRANSLATE_NOOP("ToolPalette", "Pen"),        QT_TRANSLATE_NOOP("ToolPalette", "Highlighter"),
+    QT_TRANSLATE_NOOP("ToolPalette", "Rectangle"),  QT_TRANSLATE_NOOP("ToolPalette", "Filled Rectangle"),
+    QT_TRANSLATE_NOOP("ToolPalette", "Ellipse"),    QT_TRANSLATE_NOOP("ToolPalette", "Step"),
+    QT_TRANSLATE_NOOP("ToolPalette", "Text"),       QT_TRANSLATE_NOOP("ToolPalette", "Blur"),
+    QT_TRANSLATE_NOOP("ToolPalette", "Pixelate"),   QT_TRANSLATE_NOOP("ToolPalette", "Black Out"),
+    QT_TRANSLATE_NOOP("ToolPalette", "Spotlight"),  QT_TRANSLATE_NOOP("ToolPalette", "Measure"),
+};
+static_assert(names.size() == RawStrings<EditorTool>::table.size());
+
+// Two tools have one symbol; covering is told by a text that is covered.
+QString symbolOf(EditorTool tool)
+{
+    return tool == EditorTool::blackout ? "rectangle.fill.on.text" : symbolName(tool);
+}
+
+} // namespace
+
+ToolPalette::ToolPalette()
+{
+    setAccessibleName(tr("Tools"));
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(Spacing::small, Spacing::small, Spacing::small, Spacing::small);
+    layout->setSpacing(Spacing::tight);
+    for (const auto& [tool, name] : RawStrings<EditorTool>::table) {
+        if (std::ranges::find(groups, tool) != groups.end())
+            layout->addSpacing(groupGap);
+        layout->addWidget(makeButton(tool));
+    }
+    layout->addStretch(1);
+}
+
+SymbolButton* ToolPalette::makeButton(EditorTool tool)
+{
+    const QString name = tr(names[size_t(tool)]);
+    auto* const button = new SymbolButton(symbolOf(tool), name);
+    button->setToolTip(QString("%1 (%2)").arg(name, QChar(ToolKeys::letterOf(tool))));
+    button->setCheckable(true);
+    button->setAutoExclusive(true);
+    connect(button, &SymbolButton::clicked, this, [this, tool] { Q_EMIT toolChosen(tool); });
+    m_buttons.push_back(button);
+    return button;
+}
+
+void ToolPalette::setTool(EditorTool tool)
+{
+    m_buttons[size_t(tool)]->setChecked(true);
+}
+
+void ToolPalette::keyPressEvent(QKeyEvent* event)
+{
+    const int step = event->key() == Qt::Key_Down ? 1 : event->key() == Qt::Key_Up ? -1 : 0;
+    const auto focused = std::ranges::find_if(m_buttons, &QWidget::hasFocus);
+    if (step == 0 || focused == m_buttons.end())
+        return QWidget::keyPressEvent(event);
+    const auto count = qptrdiff(m_buttons.size());
+    m_buttons[size_t((focused - m_buttons.begin() + step + count) % count)]->setFocus(Qt::TabFocusReason);
+}
+
+void ToolPalette::paintEvent(QPaintEvent*)
+{
+    const Theme& theme = Theme::current();
+    QPainter painter(this);
+    painter.fillRect(rect(), theme.card);
+    painter.fillRect(QRect(width() - 1, 0, 1, height()), theme.separator);
+    for (const EditorTool tool : groups) {
+        const int y = m_buttons[size_t(tool)]->y() - groupGap / 2 - 1;
+        painter.fillRect(QRect(Spacing::medium, y, width() - 2 * Spacing::medium, 1), theme.separator);
+    }
+}
+
+} // namespace Kovrel

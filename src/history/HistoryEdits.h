@@ -1,0 +1,25 @@
+#pragma once
+
+#include "editor/document/EditedCaptures.h"
+#include "history/CaptureHistoryStore.h"
+
+namespace Kovrel {
+
+// The history as editors see it. Main thread.
+class HistoryEdits : public EditedCaptures {
+public:
+    HistoryEdits(MainLoop& loop, Workers& workers, CaptureHistoryStore& store);
+
+    bool has(QUuid id) const override { return m_store.entry(id) != nullptr; }
+
+    void open(QUuid id, Reply<std::optional<Opened>> reply) override;
+    void keep(Edit edit, Reply<std::expected<void, QString>> reply) override;
+
+private:
+    QCoro::Task<> read(QUuid id, Reply<std::optional<Opened>> reply);
+
+    CaptureHistoryStore& m_store;
+    Scope m_scope;
+};
+
+} // namespace Kovrel

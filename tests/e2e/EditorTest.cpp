@@ -1,0 +1,149 @@
+#include "tests/e2e/UserSession.h"
+#include "tests/support/PaintedScreen.h"
+#include "tests/support/PictureDifference.h"
+#include "tests/support/TestKeyboard.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace Kovrel {
+
+namespace {
+
+using Testing::TestKeyboard;
+using Testing::UserSession;
+
+constexpr QColor paper(120, 200, 140);
+
+// Places of letters on the keyboard.
+constexpr xcb_keycode_t keyF = 41;
+constexpr xcb_keycode_t keyK = 45;
+constexpr xcb_keycode_t keyS = 39;
+constexpr xcb_keycode_t keyZ = 52;
+
+struct EditorTest : testing::Test {
+    EditorTest()
+    {
+        display.run("openbox", {"--sm-disable"}, "WM_S0");
+        screen.emplace(display.name());
+        keyboard.emplace(display.name());
+        session.emplace(&display);
+        screen->movePointer({5, 5});
+    }
+
+    bool isPaper(QPoint at) const { return screen->pixelAt(at) == (paper.rgb() & RGB_MASK); }
+
+    // Where the canvas shows the picture, which is all paper: by its middle row and column.
+    QRect shownPicture() const
+    {
+        constexpr QSize all(1280, 800);
+        QPoint inside(-1, -1);
+        for (int y = 100; y < all.height() && inside.x() < 0; y += 40)
+            for (int x = 80; x < all.width() && inside.x() < 0; x += 40)
+                if (isPaper({x, y}))
+                    inside = {x, y};
+        if (inside.x() < 0)
+            return {};
+        const auto walk = [&](QPoint step) {
+            QPoint at = inside;
+            while (isPaper(at + step))
+                at += step;
+            return at;
+        };
+        return {QPoint(walk({-1, 0}).x(), walk({0, -1}).y()), QPoint(walk({1, 0}).x(), walk({0, 1}).y())};
+    }
+
+    QRect waitForPicture(QSize size)
+    {
+        QRect found;
+        EXPECT_TRUE(UserSession::eventually([&] {
+            found = shownPicture();
+            return found.size() == size;
+        })) << found.width()
+            << " x " << found.height();
+        return found;
+    }
+
+    QString picture(QSize size)
+    {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(paper);
+        const QString path = session->path("paper.png");
+        image.save(path);
+        return path;
+    }
+
+    void type(const std::vector<xcb_keycode_t>& keys) { keyboard->type(keys); }
+
+    Testing::VirtualDisplay display;
+    std::optional<Testing::PaintedScreen> screen;
+    std::optional<TestKeyboard> keyboard;
+    std::optional<UserSession> session;
+};
+
+} // namespace
+
+TEST_F(EditorTest, MarksAreDrawnSavedAndTakenBack)
+{
+    session->prepare();
+    const QString path = picture({400, 300});
+    ASSERT_EQ(session->kovrel({"open", path}).exitCode, 0);
+    const QRect shown = waitForPicture({400, 300});
+    const QPoint corner = shown.topLeft();
+
+    type({keyF});
+    screen->drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
+    ASSERT_TRUE(UserSession::eventually([&] { return !isPaper(corner + QPoint(100, 80)); }));
+    type({keyK});
+    screen->drag(corner + QPoint(200, 150), corner + QPoint(300, 250));
+    ASSERT_TRUE(UserSession::eventually([&] { return screen->pixelAt(corner + QPoint(250, 200)) == 0; }));
+    type({TestKeyboard::control, keyS});
+    const auto saved = [&] { return QImage(path).convertToFormat(QImage::Format_RGB32); };
+    ASSERT_TRUE(UserSession::eventually([&] { return saved().pixelColor(250, 200) == Qt::black; }));
+    const QImage marked = saved();
+    EXPECT_EQ(marked.pixelColor(100, 80), QColor("#FF3B30"));
+    EXPECT_EQ(marked.pixelColor(20, 20), paper);
+    EXPECT_EQ(marked.pixelColor(100, 80).rgb() & RGB_MASK, screen->pixelAt(corner + QPoint(100, 80)));
+
+    type({TestKeyboard::control, keyZ});
+    type({TestKeyboard::control, keyZ});
+    ASSERT_TRUE(UserSession::eventually([&] { return isPaper(corner + QPoint(100, 80)); }));
+    type({TestKeyboard::control, keyS});
+    EXPECT_TRUE(UserSession::eventually([&] { return saved().pixelColor(250, 200) == paper; }));
+    QImage original({400, 300}, QImage::Format_RGB32);
+    original.fill(paper);
+    EXPECT_TRUE(Testing::sameColors(saved(), original));
+}
+
+// What is made of a capture stays with it, also when the program is killed meanwhile, and can be changed again.
+TEST_F(EditorTest, MarksStayWithTheCapture)
+{
+    session->prepare({"afterCaptureActions=8"});
+    const auto window = screen->show({.pixels = {0, 0, 1280, 800}, .colour = paper, .managesItself = true});
+    ASSERT_EQ(session->kovrel({"capture", "area", "--rect", "0,0,300,200", "--wait"}).exitCode, 0);
+    screen->hide(window);
+    const QPoint corner = waitForPicture({300, 200}).topLeft();
+    const QDir history(session->path("data/Kovrel/History"));
+    const auto files = [&](const QString& pattern) { return history.entryList({pattern}); };
+    const auto bases = [&] { return files("*.png").filter(QRegularExpression("^[-0-9A-F]{36}[.]png$")); };
+    ASSERT_TRUE(UserSession::eventually([&] { return bases().size() == 1; }));
+    type({keyF});
+    screen->drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
+    ASSERT_TRUE(UserSession::eventually([&] { return files("*_annotations.json").size() == 1; })) << "noted";
+    ::kill(pid_t(session->instancePid()), SIGKILL);
+    ASSERT_TRUE(UserSession::eventually([&] { return session->instancePid() == 0; }));
+
+    const auto edited = [&] {
+        const QStringList found = files("*_edited.png");
+        return found.isEmpty() ? QImage() : QImage(history.filePath(found.first()));
+    };
+    EXPECT_EQ(edited().pixelColor(100, 80), QColor("#FF3B30"));
+    const QString base = history.filePath(bases().first());
+    EXPECT_EQ(QImage(base).pixelColor(100, 80), paper) << "the capture itself is as it was";
+}
+
+} // namespace Kovrel
