@@ -275,11 +275,11 @@ void paintCard(QPainter& painter, QPointF at, const CardState& state, bool isCom
     const Kovrel::Display points{.name = QGuiApplication::primaryScreen()->name(), .pixelRect = {0, 0, 2000, 2000}};
     Kovrel::Display pixels = points;
     pixels.scale = scale;
-    CardPanel panel({.shapes = shapes,
-                     .loop = loop,
-                     .isComposited = isComposited,
-                     .offer = {.actions = {copy, save, edit, pin}, .hasMenu = true}},
-                    pixels);
+    CardPanel panel(shapes, loop,
+                    {.isComposited = isComposited,
+                     .position = PreviewPosition::bottomRight,
+                     .offer = {.actions = {copy, save, edit, pin}, .hasMenu = true},
+                     .display = pixels});
     panel.setLook(state.look);
     panel.place(points, QRect(QPoint(500, 500), state.look.place.size().toSize()));
     panel.setHovered(state.isHovered);

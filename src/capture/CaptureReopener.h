@@ -2,6 +2,7 @@
 
 #include "capture/CaptureServices.h"
 #include "platform/Scope.h"
+#include "ports/CaptureHistory.h"
 
 #include <QUuid>
 
@@ -20,7 +21,10 @@ public:
     void presentFromHistory(QUuid id, std::function<void(bool)> reply);
 
 private:
+    using Loaded = std::optional<CaptureHistory::Reopened>;
+
     QCoro::Task<> reopen(QUuid id, std::function<void(bool)> reply);
+    QCoro::Task<Loaded> find(QUuid id);
 
     CaptureServices& m_services;
     std::set<QUuid> m_reopensInFlight;

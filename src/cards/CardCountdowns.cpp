@@ -1,22 +1,8 @@
 #include "cards/CardCountdowns.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace Kovrel {
 
 using namespace std::chrono_literals;
-
-namespace {
-
-constexpr double longest = 86400; // seconds; a setting may say anything
-
-std::chrono::microseconds duration(double seconds)
-{
-    return std::chrono::microseconds(qint64(1e6 * std::min(seconds, longest)));
-}
-
-} // namespace
 
 CardCountdowns::CardCountdowns(MainLoop& loop, const Preferences& preferences, Callbacks callbacks)
     : m_loop(loop), m_preferences(preferences), m_callbacks(std::move(callbacks)), m_last(choice())
@@ -31,14 +17,13 @@ CardCountdowns::~CardCountdowns()
 
 CardCountdowns::Choice CardCountdowns::choice() const
 {
-    const double seconds = m_preferences.get(Settings::previewDurationSeconds);
-    // Whatever is below zero keeps cards, and so does what is no number.
-    return {.seconds = seconds >= 0 ? seconds : -1, .action = m_preferences.get(Settings::previewAutoCloseAction)};
+    return {.duration = PreviewDuration::of(m_preferences.get(Settings::previewDurationSeconds)),
+            .action = m_preferences.get(Settings::previewAutoCloseAction)};
 }
 
 bool CardCountdowns::refuses(QUuid card) const
 {
-    return isFrozen(card) || m_areColumnsHidden || !m_holds.empty() || choice().seconds < 0 ||
+    return isFrozen(card) || m_areColumnsHidden || !m_holds.empty() || !choice().duration.time() ||
            m_callbacks.isLookedAt(card);
 }
 
@@ -50,7 +35,7 @@ void CardCountdowns::armTimer(QUuid card)
     if (refuses(card))
         return;
     timer.action = choice().action;
-    const auto total = duration(choice().seconds);
+    const auto total = *choice().duration.time();
     timer.deadline = m_loop.now() + total;
     timer.shown = {.deadline = *timer.deadline, .total = total, .stoppedAt = {}};
     schedule(card, total);

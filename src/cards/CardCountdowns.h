@@ -2,6 +2,7 @@
 
 #include "cards/Countdown.h"
 #include "cards/CountdownHold.h"
+#include "cards/PreviewDuration.h"
 #include "platform/MainLoop.h"
 #include "preferences/Preferences.h"
 
@@ -61,7 +62,7 @@ private:
     };
 
     struct Choice {
-        double seconds = 0;
+        PreviewDuration duration;
         AutoCloseAction action = AutoCloseAction::justClose;
         bool operator==(const Choice&) const = default;
     };

@@ -101,8 +101,8 @@ void EditorKeeping::render(Reply<QImage> reply)
 
 QCoro::Task<> EditorKeeping::renderInBackground(Reply<QImage> reply)
 {
-    const auto job = rendering(m_session.capture(), m_session.document(),
-                               m_services.preferences.get(Settings::measureUnit));
+    const auto job =
+        rendering(m_session.capture(), m_session.document(), m_services.preferences.get(Settings::measureUnit));
     const QImage picture = co_await m_scope.onWorker(Lane::editorSave, job);
     reply(picture);
 }
@@ -138,7 +138,7 @@ void EditorKeeping::copy(std::function<void()> done)
     render([this, done = std::move(done)](const QImage& picture) {
         if (!picture.isNull())
             m_services.ports.delivery.tell(&CaptureDelivery::copy, resultOf(picture),
-                                               std::make_shared<EncodedPng>(picture));
+                                           std::make_shared<EncodedPng>(picture));
         done();
     });
 }

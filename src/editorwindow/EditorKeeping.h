@@ -3,9 +3,9 @@
 #include "editor/document/EditedCaptures.h"
 #include "editor/session/EditorSession.h"
 #include "editorwindow/EditorServices.h"
+#include "model/CaptureResult.h"
 #include "platform/MainLoop.h"
 #include "platform/Scope.h"
-#include "model/CaptureResult.h"
 #include "ports/CaptureSave.h"
 
 #include <QCoreApplication>

@@ -46,8 +46,13 @@ bool needsRedactions(const EditorSession& session)
 // What there is to choose for the marks that are selected, or that the tool makes.
 MarkStyle possibleStyle(const EditorSession& session)
 {
-    const MarkStyle all{.colorHex = "", .lineWidth = 1, .fillStyle = AnnotationFillStyle{},
-                        .textStyle = AnnotationTextStyle{}, .rounded = false, .dimLevel = 0, .tipScale = 1};
+    const MarkStyle all{.colorHex = "",
+                        .lineWidth = 1,
+                        .fillStyle = AnnotationFillStyle{},
+                        .textStyle = AnnotationTextStyle{},
+                        .rounded = false,
+                        .dimLevel = 0,
+                        .tipScale = 1};
     MarkStyle possible;
     if (session.selection().empty()) {
         const auto kind = kindOf(session.tool());
@@ -264,7 +269,8 @@ void EditorWindow::tellSaved(const SaveOutcome& outcome)
         toasts.tell(&Toasts::showSaved, *outcome, std::nullopt);
     else
         toasts.tell(&Toasts::present,
-                    ToastContent{.message = tr("Not saved"), .subtitle = outcome.error().message,
+                    ToastContent{.message = tr("Not saved"),
+                                 .subtitle = outcome.error().message,
                                  .icon = "exclamationmark.triangle"},
                     std::nullopt, false);
 }

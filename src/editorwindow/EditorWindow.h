@@ -6,7 +6,6 @@
 
 class QLabel;
 
-
 namespace Kovrel {
 
 class StylePanel;

@@ -22,8 +22,7 @@ double scaleOf(const QImage& image)
 
 } // namespace
 
-EditorWindows::EditorWindows(EditorServices services)
-    : m_services(services), m_scope(services.loop, services.workers)
+EditorWindows::EditorWindows(EditorServices services) : m_services(services), m_scope(services.loop, services.workers)
 {
 }
 
@@ -50,10 +49,10 @@ QCoro::Task<> EditorWindows::openCapture(CaptureResult result)
     if (!opened && !result.image.isNull())
         opened = EditedCaptures::Opened{{result.id, result.image, result.pixelScale, result.subject}, {}, {}};
     if (!opened) {
-        m_services.ports.toasts.tell(&Toasts::present,
-                                     ToastContent{.message = tr("This capture is not there any more"),
-                                                  .icon = "exclamationmark.triangle"},
-                                     std::nullopt, false);
+        m_services.ports.toasts.tell(
+            &Toasts::present,
+            ToastContent{.message = tr("This capture is not there any more"), .icon = "exclamationmark.triangle"},
+            std::nullopt, false);
         co_return;
     }
     if (!bringForward(result.id))
@@ -73,12 +72,12 @@ QCoro::Task<> EditorWindows::openFile(QString path)
     const auto decoded = co_await m_scope.onWorker(Lane::utility, QualityOfService::userInteractive,
                                                    Guarded::orElse(job, decltype(job())()));
     if (!decoded) {
-        m_services.ports.toasts.tell(&Toasts::present,
-                                     ToastContent{.message = tr("Not opened"),
-                                                  .subtitle = tr("%1 is no picture that can be read.")
-                                                                  .arg(QFileInfo(path).fileName()),
-                                                  .icon = "exclamationmark.triangle"},
-                                     std::nullopt, false);
+        m_services.ports.toasts.tell(
+            &Toasts::present,
+            ToastContent{.message = tr("Not opened"),
+                         .subtitle = tr("%1 is no picture that can be read.").arg(QFileInfo(path).fileName()),
+                         .icon = "exclamationmark.triangle"},
+            std::nullopt, false);
         co_return;
     }
     const QUuid id = QUuid::createUuid();

@@ -17,8 +17,8 @@ QCoro::Task<> HistoryEdits::read(QUuid id, Reply<std::optional<Opened>> reply)
     const QImage base = co_await m_scope.reply<QImage>([&](auto done) { m_store.baseImage(id, done); });
     auto marks = co_await m_scope.reply<std::optional<std::vector<Annotation>>>(
         [&](auto done) { m_store.annotations(id, done); });
-    const auto backdrop = co_await m_scope.reply<std::optional<EditorBackdrop>>(
-        [&](auto done) { m_store.backdrop(id, done); });
+    const auto backdrop =
+        co_await m_scope.reply<std::optional<EditorBackdrop>>([&](auto done) { m_store.backdrop(id, done); });
     const HistoryEntry* const entry = m_store.entry(id);
     if (!entry || base.isNull()) {
         reply(std::nullopt);

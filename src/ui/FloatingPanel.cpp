@@ -1,5 +1,6 @@
 #include "ui/FloatingPanel.h"
 
+#include "ui/FloatingShadow.h"
 #include "ui/Ground.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Motion.h"
@@ -178,7 +179,7 @@ void FloatingPanel::paintGround(QPainter& painter) const
     const bool isComposited = m_shadowRoom > 0;
     const double radius = isComposited ? cornerRadius() : 0;
     if (isComposited)
-        SoftShadow::floating(theme.shadow).paint(painter, m_card, radius);
+        FloatingShadow::paint(painter, m_card, radius);
     else
         painter.fillRect(rect(), theme.card);
     Ground{.color = theme.card, .edge = theme.cardEdge, .radius = radius}.paint(painter, m_card);

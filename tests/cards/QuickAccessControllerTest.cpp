@@ -32,6 +32,8 @@ struct ViewsOfData : CardViews {
 
     void show(const std::vector<CardLook>& cards) override { looks = cards; }
 
+    void expectCard(quint32) override {}
+
     bool setHidden(bool hidden) override
     {
         isHidden = hidden;

@@ -151,6 +151,24 @@ TEST_F(CardsTest, ItsMenuOpensAtTheRightButton)
     EXPECT_TRUE(UserSession::eventually([&] { return painted.panels().size() == before; }));
 }
 
+TEST_F(CardsTest, ItsChordsWorkOnlyWhileThePointerIsOnIt)
+{
+    Testing::TestKeyboard keyboard(display.name());
+    using enum Testing::TestKeyboard::Key;
+    capture();
+    EXPECT_TRUE(keyboard.grab(placeOfC, XCB_MOD_MASK_4)) << "another program may have the keys";
+    keyboard.ungrab(placeOfC, XCB_MOD_MASK_4);
+    painted.movePointer(leftOf(picture));
+    EXPECT_TRUE(UserSession::eventually([&] {
+        keyboard.type({super, placeOfC});
+        return sameColors(QImage::fromData(clipboard()), screen);
+    }));
+    painted.movePointer(away);
+    EXPECT_TRUE(UserSession::eventually([&] { return keyboard.grab(placeOfC, XCB_MOD_MASK_4); }));
+    keyboard.ungrab(placeOfC, XCB_MOD_MASK_4);
+    EXPECT_TRUE(isThere());
+}
+
 TEST_F(CardsTest, DraggedOutItIsAFileForAnotherProgram)
 {
     QProcess& target = session.start(DROP_TARGET, {});

@@ -117,7 +117,10 @@ UserSession::Result UserSession::kovrel(const QStringList& arguments)
 void UserSession::prepare(const QStringList& settings)
 {
     kovrel({"sign-in", "--local"});
-    for (const QString& setting : QStringList{"afterCaptureActions=4"} + settings)
+    QStringList all = settings;
+    if (!std::exchange(m_isPrepared, true))
+        all.prepend("afterCaptureActions=4");
+    for (const QString& setting : all)
         kovrel({"preferences", "set", setting.section('=', 0, 0), setting.section('=', 1)});
 }
 

@@ -33,7 +33,7 @@ public:
 
     // Runs the program with these arguments to its end.
     Result kovrel(const QStringList& arguments);
-    // Signs in, has captures saved and not shown as cards, and turns the settings of a test on.
+    // Signs in, and turns the settings of a test on. Captures are saved at once if it does not ask for something else.
     void prepare(const QStringList& settings = {});
     // Any other program.
     Result run(const QString& program, const QStringList& arguments);
@@ -65,6 +65,7 @@ private:
     QProcessEnvironment m_environment;
     std::vector<std::unique_ptr<QProcess>> m_programs;
     std::unique_ptr<QProcess> m_bus;
+    bool m_isPrepared = false;
 };
 
 } // namespace Kovrel::Testing

@@ -1,5 +1,5 @@
-#include "editorwindow/tools/SymbolButton.h"
 #include "editorwindow/tools/StylePanel.h"
+#include "editorwindow/tools/SymbolButton.h"
 #include "editorwindow/tools/ToolKeys.h"
 #include "editorwindow/tools/ToolPalette.h"
 #include "tests/support/TempFolder.h"

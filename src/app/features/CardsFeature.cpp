@@ -2,6 +2,7 @@
 
 #include "app/foundation/AppPaths.h"
 #include "commandline/CommandLine.h"
+#include "hotkeys/HotkeySettings.h"
 #include "ports/CaptureDelivery.h"
 #include "ports/Captures.h"
 #include "ports/Toasts.h"
@@ -21,7 +22,7 @@ CommandAnswer answer(bool hasCome)
 {
     if (hasCome)
         return {};
-    return {.exitCode = CommandLine::nothingThere, .error = tr("No card was closed")};
+    return {.exitCode = CommandLine::nothingThere, .error = tr("There is no closed card that could come back")};
 }
 
 } // namespace
@@ -68,12 +69,20 @@ void CardsFeature::reopen(const Reply<CommandAnswer>& reply)
         reply(answer(false));
 }
 
+QString CardsFeature::reopenKeys() const
+{
+    const MenuEntry& entry = CommandTable::entryOf(HotkeyAction::reopenClosedCapture);
+    const auto keys = HotkeySettings::combo(m_foundation.preferences, entry);
+    return keys ? keys->text() : tr(entry.label);
+}
+
 std::vector<SettingsPage> CardsFeature::settingsPages() const
 {
     using namespace Settings;
     return {{.title = tr("Cards"),
              .keys = {previewDurationSeconds.name, previewAutoCloseAction.name, previewPosition.name,
-                      previewsFollowMouse.name}}};
+                      previewsFollowMouse.name},
+             .help = PreviewDuration::helpText(reopenKeys())}};
 }
 
 void CardsFeature::start(const Launch&)

@@ -23,6 +23,7 @@ public:
 private:
     CardServices services();
     void reopen(const Reply<CommandAnswer>& reply);
+    QString reopenKeys() const;
     void copyText(const QString& text);
 
     Foundation& m_foundation;

@@ -19,6 +19,8 @@ public:
     struct Offer {
         std::vector<CardQuickAction> actions; // in the bar, from the left
         bool hasMenu = false;
+
+        bool operator==(const Offer&) const = default;
     };
 
     CardChrome(const Offer& offer, QWidget* parent);

@@ -13,11 +13,11 @@
 
 namespace Kovrel {
 
-CardPanel::CardPanel(Kit kit, const Display& display)
-    : FloatingPanel(kit.shapes, kit.isComposited, Desktops::every), m_kit(std::move(kit)), m_display(display)
+CardPanel::CardPanel(PanelShapes& shapes, const MainLoop& loop, Style style)
+    : FloatingPanel(shapes, style.isComposited, Desktops::every), m_loop(loop), m_style(std::move(style))
 {
     setAccessibleName(tr("Capture"));
-    m_chrome = new CardChrome(m_kit.offer, this);
+    m_chrome = new CardChrome(m_style.offer, this);
     m_chrome->hide();
     connect(m_chrome, &CardChrome::performed, this, &CardPanel::performed);
     connect(m_chrome, &CardChrome::freezeWanted, this, &CardPanel::freezeWanted);
@@ -78,7 +78,7 @@ QRectF CardPanel::pictureRoom() const
 
 double CardPanel::pictureRadius() const
 {
-    return m_kit.isComposited ? Radius::card - CardFace::frame : 0;
+    return m_style.isComposited ? Radius::card - CardFace::frame : 0;
 }
 
 QRectF CardPanel::ringPlace() const
@@ -109,7 +109,7 @@ void CardPanel::resizeEvent(QResizeEvent* event)
 
 void CardPanel::paintContent(QPainter& painter, const QRectF&)
 {
-    CardPainting::picture(painter, pictureRoom(), m_look.face, m_display.scale, pictureRadius());
+    CardPainting::picture(painter, pictureRoom(), m_look.face, m_style.display.scale, pictureRadius());
     paintBadges(painter);
 }
 
@@ -121,7 +121,7 @@ void CardPanel::paintBadges(QPainter& painter) const
     if (!hasChrome && m_look.isFrozen)
         CardPainting::disc(painter, ringPlace(), CardTokens::glass, "snowflake", CardTokens::done);
     else if (!hasChrome && m_look.countdown.isShown())
-        CardPainting::ring(painter, ringPlace(), m_look.countdown.remaining(m_kit.loop.now()));
+        CardPainting::ring(painter, ringPlace(), m_look.countdown.remaining(m_loop.now()));
     const QString saying = m_look.isCopied ? tr("Copied") : QString();
     if (!saying.isEmpty()) {
         const double width = CardPainting::pillWidth(saying);
@@ -161,9 +161,9 @@ void CardPanel::mouseMoveEvent(QMouseEvent* event)
         return;
     const QPointF way = event->globalPosition() - m_press->from;
     if (m_press->kind == CardGesture::Kind::none)
-        m_press->kind = CardGesture::of(way, m_kit.position);
+        m_press->kind = CardGesture::of(way, m_style.position);
     if (m_press->kind == CardGesture::Kind::flick) {
-        Q_EMIT slid(CardGesture::slide(way, m_kit.position));
+        Q_EMIT slid(CardGesture::slide(way, m_style.position));
     } else if (m_press->kind == CardGesture::Kind::dragOut && m_look.dragFile) {
         m_press.reset();
         Q_EMIT draggedOut();
@@ -174,7 +174,7 @@ void CardPanel::mouseReleaseEvent(QMouseEvent* event)
 {
     const auto press = std::exchange(m_press, std::nullopt);
     if (press && press->kind == CardGesture::Kind::flick)
-        Q_EMIT released(CardGesture::slide(event->globalPosition() - press->from, m_kit.position));
+        Q_EMIT released(CardGesture::slide(event->globalPosition() - press->from, m_style.position));
 }
 
 void CardPanel::mouseDoubleClickEvent(QMouseEvent* event)

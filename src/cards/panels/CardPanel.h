@@ -15,17 +15,22 @@ class CardPanel : public FloatingPanel {
     Q_OBJECT
 
 public:
-    struct Kit {
-        PanelShapes& shapes;
-        const MainLoop& loop; // both outlive it
+    // What can't change once it is made.
+    struct Style {
         bool isComposited = false;
         PreviewPosition position = PreviewPosition::bottomRight;
         CardChrome::Offer offer;
+        Display display;
+
+        bool operator==(const Style&) const = default;
     };
 
-    CardPanel(Kit kit, const Display& display);
+    // Shapes and loop outlive it.
+    CardPanel(PanelShapes& shapes, const MainLoop& loop, Style style);
 
-    const Display& display() const { return m_display; }
+    const Style& style() const { return m_style; }
+
+    const Display& display() const { return m_style.display; }
 
     const CardLook& look() const { return m_look; }
 
@@ -72,8 +77,8 @@ private:
         CardGesture::Kind kind = CardGesture::Kind::none;
     };
 
-    Kit m_kit;
-    Display m_display;
+    const MainLoop& m_loop;
+    Style m_style;
     CardLook m_look;
     CardChrome* m_chrome;
     CodePill* m_pill = nullptr; // while there is a code

@@ -71,7 +71,7 @@ void CardPanels::showCard(const CardLook& look, const Display& display)
 {
     // A window that was made for another display has other pixels.
     if (const auto known = m_shown.find(look.id);
-        known != m_shown.end() && (known->second.isLeaving || known->second.panel->display() != display))
+        known != m_shown.end() && (known->second.isLeaving || known->second.panel->style() != style(display)))
         close(look.id);
     const PileMotion::Pose at = home(look, display);
     if (const auto known = m_shown.find(look.id); known != m_shown.end()) {
@@ -79,7 +79,9 @@ void CardPanels::showCard(const CardLook& look, const Display& display)
         m_motion.moveTo(look.id, at, Motion::shared().moving());
         return;
     }
-    CardPanel* panel = makePanel(look, display);
+    CardPanel* panel = takePanel(display);
+    panel->setLook(look);
+    listen(panel, look.id);
     m_motion.place(look.id, {.origin = at.origin - QPointF(outwards(flight, display), 0), .opacity = 0});
     m_motion.moveTo(look.id, at, m_isHidden || !m_services.displays.isComposited() ? 0ms : Motion::shared().moving());
     put(look.id, m_shown[look.id] = {.panel = panel, .pose = m_motion.pose(look.id)});
@@ -87,22 +89,39 @@ void CardPanels::showCard(const CardLook& look, const Display& display)
         panel->show();
 }
 
-CardPanel* CardPanels::makePanel(const CardLook& look, const Display& display)
+void CardPanels::expectCard(quint32 displayID)
 {
-    CardChrome::Offer offer{.actions = {}, .hasMenu = bool(m_openMenu)};
+    const DisplayList displays = m_services.displays.all();
+    const Display* display = displayWithID(displays, displayID);
+    if (!display || (m_spare && m_spare->style() == style(*display)))
+        return;
+    m_spare.reset(makePanel(*display));
+    m_spare->place(*display, QRect(display->pixelRect.topLeft(), QSize(1, 1)));
+}
+
+CardPanel* CardPanels::takePanel(const Display& display)
+{
+    if (m_spare && m_spare->style() == style(display))
+        return m_spare.release();
+    return makePanel(display);
+}
+
+CardPanel* CardPanels::makePanel(const Display& display) const
+{
+    return new CardPanel(m_services.shapes, m_services.loop, style(display));
+}
+
+CardPanel::Style CardPanels::style(const Display& display) const
+{
+    CardPanel::Style style{.isComposited = m_services.displays.isComposited(),
+                           .position = m_services.preferences.get(Settings::previewPosition),
+                           .offer = {.actions = {}, .hasMenu = bool(m_openMenu)},
+                           .display = display};
     for (const auto action :
          {CardQuickAction::copy, CardQuickAction::save, CardQuickAction::edit, CardQuickAction::pin})
         if (m_controller->canPerform(action))
-            offer.actions.push_back(action);
-    auto* panel = new CardPanel({.shapes = m_services.shapes,
-                                 .loop = m_services.loop,
-                                 .isComposited = m_services.displays.isComposited(),
-                                 .position = m_services.preferences.get(Settings::previewPosition),
-                                 .offer = std::move(offer)},
-                                display);
-    panel->setLook(look);
-    listen(panel, look.id);
-    return panel;
+            style.offer.actions.push_back(action);
+    return style;
 }
 
 void CardPanels::leave(QUuid card)

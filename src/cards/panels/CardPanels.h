@@ -40,6 +40,7 @@ public:
     void setMenu(OpenMenu openMenu) { m_openMenu = std::move(openMenu); }
 
     void show(const std::vector<CardLook>& cards) override;
+    void expectCard(quint32 displayID) override;
     bool setHidden(bool isHidden) override;
 
     // Null for none.
@@ -59,7 +60,9 @@ private:
     };
 
     void showCard(const CardLook& look, const Display& display);
-    CardPanel* makePanel(const CardLook& look, const Display& display);
+    CardPanel* makePanel(const Display& display) const;
+    CardPanel* takePanel(const Display& display);
+    CardPanel::Style style(const Display& display) const;
     void listen(CardPanel* panel, QUuid card);
     void leave(QUuid card);
     void close(QUuid card);
@@ -80,6 +83,7 @@ private:
     QuickAccessController* m_controller = nullptr;
     OpenMenu m_openMenu;
     std::map<QUuid, Shown> m_shown;
+    std::unique_ptr<CardPanel> m_spare; // for the card that comes next
     PileMotion m_motion;
     MainLoop::TimerID m_rings = 0;
     bool m_isHidden = false;

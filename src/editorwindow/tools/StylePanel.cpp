@@ -51,7 +51,7 @@ StylePanel::StylePanel(Preferences& preferences) : m_preferences(preferences)
 }
 
 StylePanel::Amount StylePanel::makeAmount(const QString& name, double least, double most, double step,
-                                          std::optional<double> MarkStyle::*field)
+                                          std::optional<double> MarkStyle::* field)
 {
     Amount amount{new QLabel(name), new QSlider(Qt::Horizontal), step};
     amount.name->setFont(Typography::font(TextStyle::caption));
@@ -80,7 +80,7 @@ void StylePanel::show(const Amount& amount, const std::optional<double>& value, 
 
 template <class Choice>
 std::vector<SymbolButton*> StylePanel::makeChoices(const std::vector<std::pair<QString, QString>>& drawings,
-                                                   std::optional<Choice> MarkStyle::*field)
+                                                   std::optional<Choice> MarkStyle::* field)
 {
     std::vector<SymbolButton*> buttons;
     for (const auto& [symbol, name] : drawings) {

@@ -37,11 +37,11 @@ private:
     };
 
     Amount makeAmount(const QString& name, double least, double most, double step,
-                      std::optional<double> MarkStyle::*field);
+                      std::optional<double> MarkStyle::* field);
     static void show(const Amount& amount, const std::optional<double>& value, bool isPossible);
     template <class Choice>
     std::vector<SymbolButton*> makeChoices(const std::vector<std::pair<QString, QString>>& drawings,
-                                           std::optional<Choice> MarkStyle::*field);
+                                           std::optional<Choice> MarkStyle::* field);
     template <class Choice>
     static void show(const std::vector<SymbolButton*>& buttons, const std::optional<Choice>& value, bool isPossible);
     void toggleSwatch(const QString& hex);

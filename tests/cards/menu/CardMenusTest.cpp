@@ -16,6 +16,8 @@ namespace {
 struct NoViews : CardViews {
     void show(const std::vector<CardLook>&) override {}
 
+    void expectCard(quint32) override {}
+
     bool setHidden(bool) override { return false; }
 };
 
