@@ -15,8 +15,8 @@ int largestDifference(const QImage& one, const QImage& other)
         for (int x = 0; x < one.width(); ++x) {
             const QColor a = one.pixelColor(x, y);
             const QColor b = other.pixelColor(x, y);
-            largest = std::max({largest, std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
-                                std::abs(a.blue() - b.blue())});
+            largest = std::max(
+                {largest, std::abs(a.red() - b.red()), std::abs(a.green() - b.green()), std::abs(a.blue() - b.blue())});
         }
     return largest;
 }

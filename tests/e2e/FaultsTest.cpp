@@ -61,7 +61,7 @@ TEST_F(FaultsTest, CommandsThatMakeNoSenseAreUsageErrors)
                                  {"capture", "fullScreen", "--save", "--output", "a.png"},
                                  {"preferences", "set", "jpegQuality"},
                                  {"sign-in"},
-                                 {"pin", "a.png"}};
+                                 {"pick-color"}};
     for (const QStringList& line : lines) {
         const auto result = session.kovrel(line);
         EXPECT_EQ(result.exitCode, 2) << qPrintable(line.join(' '));
