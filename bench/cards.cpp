@@ -1,6 +1,6 @@
 // cards: how soon a capture of a 4K screen is seen as a card, beside one smooth scaling of its picture to the card's
-// size on one thread, and how much of the processor a frame takes in which a pile of twenty cards moves. Needs a display
-// with a compositor; the scale is the toolkit's (QT_SCALE_FACTOR). Ends with 1 when a bound is missed.
+// size on one thread, and how much of the processor a frame takes in which a pile of twenty cards moves. Needs a
+// display with a compositor; the scale is the toolkit's (QT_SCALE_FACTOR). Ends with 1 when a bound is missed.
 #include "bench/BenchPictures.h"
 #include "bench/Samples.h"
 #include "cards/CardFace.h"
