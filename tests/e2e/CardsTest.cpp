@@ -141,6 +141,15 @@ TEST_F(CardsTest, EachMonitorHasItsPileAtItsOwnScale)
     EXPECT_TRUE(isBetween(1280 - 16 - 216, 1280 - 16, 700)) << "they move to the one that is left";
 }
 
+TEST_F(CardsTest, ItsShadowIsItsOwn)
+{
+    display.run("picom", {"--backend", "xrender", "--config", "/dev/null", "--shadow"}, "_NET_WM_CM_S0");
+    capture();
+    const QPoint besideTheShadow(card.left() - 36, card.center().y());
+    EXPECT_TRUE(shows(besideTheShadow, Qt::blue)) << "the compositor adds none";
+    EXPECT_FALSE(isBlue(card.bottomLeft() + QPoint(60, 8)));
+}
+
 TEST_F(CardsTest, DraggedOutItIsAFileForAnotherProgram)
 {
     QProcess& target = session.start(DROP_TARGET, {});
