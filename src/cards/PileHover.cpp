@@ -12,9 +12,16 @@ bool PileHover::set(bool on, quint32 pile, Reason reason)
     return isAt(pile) != was;
 }
 
+std::optional<quint32> PileHover::take(QUuid card, Reason reason)
+{
+    const auto held = m_holds.extract({card, reason});
+    return held ? std::optional(held.mapped()) : std::nullopt;
+}
+
 void PileHover::clear()
 {
     m_reasons.clear();
+    m_holds.clear();
     setCard({});
 }
 

@@ -24,6 +24,12 @@ public:
 
     bool isAt(quint32 pile) const { return m_reasons.contains(pile); }
 
+    // Which pile a menu or a drag of a card holds, until it ends: the card may have gone by then.
+    void remember(QUuid card, Reason reason, quint32 pile) { m_holds[{card, reason}] = pile; }
+
+    // Nothing for one that was not remembered.
+    std::optional<quint32> take(QUuid card, Reason reason);
+
     // Nobody is anywhere.
     void clear();
 
@@ -35,6 +41,7 @@ public:
 
 private:
     std::map<quint32, std::set<Reason>> m_reasons; // no empty ones
+    std::map<std::pair<QUuid, Reason>, quint32> m_holds;
     std::optional<QUuid> m_card;
     Observers<std::optional<QUuid>> m_observers;
 };

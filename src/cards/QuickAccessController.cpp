@@ -361,20 +361,28 @@ void QuickAccessController::prepareFile(QUuid id)
 
 void QuickAccessController::setDragged(QUuid id, bool on)
 {
-    if (const PiledCard* card = m_shelf.find(id))
-        setHover(on, card->displayID, PileHover::Reason::drag);
+    hold(id, PileHover::Reason::drag, on);
 }
 
 void QuickAccessController::quickActionsMenuOpened(QUuid id)
 {
-    if (const PiledCard* card = m_shelf.find(id))
-        setHover(true, card->displayID, PileHover::Reason::menu);
+    hold(id, PileHover::Reason::menu, true);
 }
 
 void QuickAccessController::quickActionsMenuClosed(QUuid id)
 {
-    if (const PiledCard* card = m_shelf.find(id))
-        setHover(false, card->displayID, PileHover::Reason::menu);
+    hold(id, PileHover::Reason::menu, false);
+}
+
+void QuickAccessController::hold(QUuid id, PileHover::Reason reason, bool on)
+{
+    if (const auto pile = m_hover.take(id, reason))
+        setHover(false, *pile, reason);
+    const PiledCard* card = m_shelf.find(id);
+    if (!on || !card)
+        return;
+    m_hover.remember(id, reason, card->displayID);
+    setHover(true, card->displayID, reason);
 }
 
 Subscription QuickAccessController::onHoverChange(std::function<void(std::optional<QUuid>)> observer)

@@ -97,6 +97,7 @@ private:
     void copied(QUuid card);
     void pictureChanged(QUuid card);
     void forgotten(QUuid card);
+    void hold(QUuid card, PileHover::Reason reason, bool on);
     void prepareFile(QUuid card);
     void reveal(QUuid card);
     void settingChanged(const QString& key);

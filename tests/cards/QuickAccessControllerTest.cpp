@@ -245,6 +245,22 @@ TEST_F(QuickAccessControllerTest, AMenuAndADragHoldThePileWhenThePointerHasLeft)
     EXPECT_THAT(shown(), IsEmpty());
 }
 
+TEST_F(QuickAccessControllerTest, ACardThatGoesWhileItsMenuIsOpenHoldsNothingAfterwards)
+{
+    present(1);
+    present(2);
+    cards->quickActionsMenuOpened(id(1));
+    cards->setDragged(id(2), true);
+    cards->remove(id(1));
+    cards->quickActionsMenuClosed(id(1));
+    pass(1min);
+    EXPECT_THAT(shown(), ElementsAre(id(2))) << "the drag goes on";
+    fake.forgotten.notify(id(2));
+    cards->setDragged(id(2), false);
+    pass(10s);
+    EXPECT_THAT(shown(), IsEmpty());
+}
+
 TEST_F(QuickAccessControllerTest, TheCardUnderThePointerGoesAndThePileCountsAgain)
 {
     present(1);

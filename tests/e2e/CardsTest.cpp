@@ -164,6 +164,39 @@ TEST_F(CardsTest, ItsChordsWorkOnlyWhileThePointerIsOnIt)
     EXPECT_TRUE(isThere());
 }
 
+TEST_F(CardsTest, EachMonitorHasItsPileAtItsOwnScale)
+{
+    display.setMonitors({{"LEFT", {0, 0, 640, 800}}, {"RIGHT", {640, 0, 640, 800}}});
+    session.setVariable("QT_SCREEN_SCALE_FACTORS", "LEFT=1;RIGHT=2");
+    // Where the first card of a monitor has its left and its right edge, and a line through it.
+    const auto isBetween = [&](int left, int right, int y) {
+        const auto isFrame = [&](int x) {
+            const QRgb pixel = painted.pixelAt({x, y});
+            return qRed(pixel) > 200 && qGreen(pixel) > 200 && qBlue(pixel) > 200;
+        };
+        return UserSession::eventually(
+            [&] { return isFrame(left + 3) && isFrame(right - 3) && !isFrame(left - 3) && !isFrame(right + 3); });
+    };
+    painted.movePointer({300, 300});
+    session.kovrel({"capture", "fullScreen"});
+    EXPECT_TRUE(isBetween(640 - 16 - 216, 640 - 16, 700));
+    painted.movePointer({900, 300});
+    session.kovrel({"capture", "fullScreen"});
+    EXPECT_TRUE(isBetween(1280 - 2 * (16 + 216), 1280 - 2 * 16, 600));
+    EXPECT_TRUE(isBetween(640 - 16 - 216, 640 - 16, 700)) << "the other stays";
+    display.setMonitors({{"LEFT", {0, 0, 1280, 800}}});
+    EXPECT_TRUE(isBetween(1280 - 16 - 216, 1280 - 16, 700)) << "they move to the one that is left";
+}
+
+TEST_F(CardsTest, ItsShadowIsItsOwn)
+{
+    display.run("picom", {"--backend", "xrender", "--config", "/dev/null", "--shadow"}, "_NET_WM_CM_S0");
+    capture();
+    const QPoint besideTheShadow(card.left() - 36, card.center().y());
+    EXPECT_TRUE(shows(besideTheShadow, Qt::blue)) << "the compositor adds none";
+    EXPECT_FALSE(isBlue(card.bottomLeft() + QPoint(60, 8)));
+}
+
 TEST_F(CardsTest, DraggedOutItIsAFileForAnotherProgram)
 {
     QProcess& target = session.start(DROP_TARGET, {});

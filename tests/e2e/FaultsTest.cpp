@@ -62,7 +62,8 @@ TEST_F(FaultsTest, CommandsThatMakeNoSenseAreUsageErrors)
                                  {"preferences", "set", "jpegQuality"},
                                  {"sign-in"},
                                  {"pin"},
-                                 {"pin", "a.png", "b.png"}};
+                                 {"pin", "a.png", "b.png"},
+                                 {"pick-color"}};
     for (const QStringList& line : lines) {
         const auto result = session.kovrel(line);
         EXPECT_EQ(result.exitCode, 2) << qPrintable(line.join(' '));

@@ -91,10 +91,12 @@ void CardPainting::ring(QPainter& painter, const QRectF& box, double remaining)
     painter.drawArc(circle, int(fullCircle / 4), int(std::lround(fullCircle * remaining)));
 }
 
-double CardPainting::pillWidth(const QString& text)
+QSizeF CardPainting::pillSize(const QString& text)
 {
-    return 2 * CardTokens::pillPadding + symbolSize() + CardTokens::buttonGap +
-           std::ceil(QFontMetricsF(pillFont()).horizontalAdvance(text)) + 1;
+    const QFontMetricsF metrics(pillFont());
+    return {2 * CardTokens::pillPadding + symbolSize() + CardTokens::buttonGap +
+                std::ceil(metrics.horizontalAdvance(text)) + 1,
+            std::max(CardTokens::pillHeight, std::ceil(metrics.height()) + CardTokens::buttonGap)};
 }
 
 void CardPainting::pill(QPainter& painter, const QRectF& box, const QColor& ground, const QString& symbol,

@@ -21,8 +21,8 @@ void disc(QPainter& painter, const QRectF& box, const QColor& ground, const QStr
 // The time that is left, from 1 to 0, clockwise from the top.
 void ring(QPainter& painter, const QRectF& box, double remaining);
 
-// A bar of dark glass with a symbol and one line of text; as wide as that asks, at most `width`.
-double pillWidth(const QString& text);
+// A bar of dark glass with a symbol and one line of text, which is elided where there is too little room.
+QSizeF pillSize(const QString& text);
 void pill(QPainter& painter, const QRectF& box, const QColor& ground, const QString& symbol, const QColor& color,
           const QString& text);
 

@@ -124,9 +124,8 @@ void CardPanel::paintBadges(QPainter& painter) const
         CardPainting::ring(painter, ringPlace(), m_look.countdown.remaining(m_loop.now()));
     const QString saying = m_look.isCopied ? tr("Copied") : QString();
     if (!saying.isEmpty()) {
-        const double width = CardPainting::pillWidth(saying);
-        const QRectF pill(room.center().x() - width / 2, room.center().y() - CardTokens::pillHeight / 2, width,
-                          CardTokens::pillHeight);
+        QRectF pill(QPointF(), CardPainting::pillSize(saying));
+        pill.moveCenter(room.center());
         CardPainting::pill(painter, pill, CardTokens::glass, "checkmark", CardTokens::done, saying);
     } else if (!hasChrome && m_look.isSaved) {
         const double size = CardTokens::badge;

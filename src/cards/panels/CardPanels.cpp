@@ -71,8 +71,14 @@ void CardPanels::showCard(const CardLook& look, const Display& display)
 {
     // A window that was made for another display has other pixels.
     if (const auto known = m_shown.find(look.id);
-        known != m_shown.end() && (known->second.isLeaving || known->second.panel->style() != style(display)))
+        known != m_shown.end() && (known->second.isLeaving || known->second.panel->style() != style(display))) {
         close(look.id);
+        // Nobody can leave it any more. Later, since this is told while cards are shown.
+        m_services.loop.post([panels = QPointer(this), card = look.id] {
+            if (panels)
+                panels->m_controller->pointerLeft(card);
+        });
+    }
     const PileMotion::Pose at = home(look, display);
     if (const auto known = m_shown.find(look.id); known != m_shown.end()) {
         known->second.panel->setLook(look);

@@ -25,7 +25,8 @@ CodePill::CodePill(const CardCode& code, QWidget* parent) : QAbstractButton(pare
 
 QSize CodePill::sizeHint() const
 {
-    return {int(std::ceil(CardPainting::pillWidth(text()))), int(CardTokens::pillHeight)};
+    const QSizeF size = CardPainting::pillSize(text());
+    return {int(std::ceil(size.width())), int(std::ceil(size.height()))};
 }
 
 void CodePill::paintEvent(QPaintEvent*)

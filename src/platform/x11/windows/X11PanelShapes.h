@@ -15,6 +15,8 @@ public:
     void takeInputOnlyIn(quintptr window, const QRegion& pixels) override;
 
 private:
+    void refuseShadow(xcb_window_t window);
+
     std::unique_ptr<X11Connection> m_connection;
 };
 
