@@ -76,6 +76,7 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
       m_scope(services.loop, services.workers)
 {
     setWindowTitle(title);
+    setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
     setMinimumSize(smallest);
     auto* const middle = new QHBoxLayout;
     middle->setContentsMargins(0, 0, 0, 0);

@@ -27,7 +27,8 @@ HistoryStrip::HistoryStrip(HistoryViewServices services)
       m_browser(m_services.loop, m_services.workers, m_services.store, m_services.index),
       m_model(m_services.dragFile)
 {
-    setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    // A tool stands in no task bar.
+    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setWindowTitle(tr("Recent Captures"));
     setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
     m_search = new HistorySearchField;

@@ -133,15 +133,12 @@ TEST_F(EditorTest, MarksStayWithTheCapture)
     ASSERT_TRUE(UserSession::eventually([&] { return bases().size() == 1; }));
     type({keyF});
     screen->drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
-    ASSERT_TRUE(UserSession::eventually([&] { return files("*_annotations.json").size() == 1; })) << "noted";
+    const auto isNoted = [&] { return files("*_annotations.json").size() == 1 && files("*_edited.png").size() == 1; };
+    ASSERT_TRUE(UserSession::eventually(isNoted));
     ::kill(pid_t(session->instancePid()), SIGKILL);
     ASSERT_TRUE(UserSession::eventually([&] { return session->instancePid() == 0; }));
 
-    const auto edited = [&] {
-        const QStringList found = files("*_edited.png");
-        return found.isEmpty() ? QImage() : QImage(history.filePath(found.first()));
-    };
-    EXPECT_EQ(edited().pixelColor(100, 80), QColor("#FF3B30"));
+    EXPECT_EQ(QImage(history.filePath(files("*_edited.png").first())).pixelColor(100, 80), QColor("#FF3B30"));
     const QString base = history.filePath(bases().first());
     EXPECT_EQ(QImage(base).pixelColor(100, 80), paper) << "the capture itself is as it was";
 }
