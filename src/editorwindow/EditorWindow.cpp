@@ -70,6 +70,7 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
       m_kind(kind),
       m_session(std::move(opened.capture), std::move(opened.document), services.preferences),
       m_keeping(services, m_session, std::move(opened.savedPath), kind == Kind::capture),
+      m_lines(services, m_session.capture()),
       m_canvas(new AnnotationCanvasView(m_session, services.preferences.get(Settings::measureUnit))),
       m_tools(new ToolPalette),
       m_style(new StylePanel(services.preferences)),
@@ -98,6 +99,10 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
     connect(m_canvas, &AnnotationCanvasView::zoomChanged, this,
             [this] { m_zoom->setText(QString("%1 %").arg(qRound(m_canvas->zoomPercent()))); });
     connect(m_canvas, &AnnotationCanvasView::contextMenuWanted, this, &EditorWindow::showMenu);
+    m_canvas->pointing().setLineHeightAt([this](Point at) {
+        const bool isWanted = m_services.preferences.get(Settings::highlighterAutoSize);
+        return isWanted ? m_lines.heightAt(at) : std::nullopt;
+    });
     m_changes = m_session.onChange([this] { follow(); });
     follow();
     resize((QSizeF(screen()->availableSize()) * screenShare).toSize());
@@ -175,6 +180,8 @@ void EditorWindow::follow()
     m_style->setStyle(m_session.style(), possibleStyle(m_session));
     m_undo->setEnabled(m_session.canUndo());
     m_redo->setEnabled(m_session.canRedo());
+    if (m_session.tool() == EditorTool::highlighter && m_services.preferences.get(Settings::highlighterAutoSize))
+        m_lines.expect();
     if (!m_hasRedactions && needsRedactions(m_session)) {
         m_hasRedactions = true;
         Scope::start(prepareRedactions(), "preparing redactions");

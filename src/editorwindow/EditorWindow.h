@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editorwindow/CaptureLines.h"
 #include "editorwindow/EditorKeeping.h"
 #include "editorwindow/canvas/AnnotationCanvasView.h"
 #include "ui/AppWindow.h"
@@ -62,6 +63,7 @@ private:
     Kind m_kind;
     EditorSession m_session;
     EditorKeeping m_keeping;
+    CaptureLines m_lines;
     AnnotationCanvasView* m_canvas;
     ToolPalette* m_tools;
     StylePanel* m_style;
