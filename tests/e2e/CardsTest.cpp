@@ -207,8 +207,11 @@ TEST_F(CardsTest, DraggedOutItIsAFileForAnotherProgram)
     painted.press(picture.center());
     QByteArray dropped;
     EXPECT_TRUE(UserSession::eventually([&] {
-        for (int step = 0; step <= 10; ++step)
-            painted.movePointer(picture.center() + (QPoint(150, 100) - picture.center()) * step / 10);
+        // As slowly as a hand, so that both programs can agree on the way.
+        for (int step = 0; step <= 20; ++step) {
+            const QPoint at = picture.center() + (QPoint(150, 100) - picture.center()) * std::min(step, 10) / 10;
+            session.run("xdotool", {"mousemove", QString::number(at.x() + step), QString::number(at.y())});
+        }
         painted.release();
         target.waitForReadyRead(500);
         dropped += target.readAllStandardOutput();
