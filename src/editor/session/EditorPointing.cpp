@@ -242,7 +242,8 @@ QUuid EditorPointing::newLabel()
 {
     Annotation label = newMark(m_pressed);
     label.points = {m_pressed.at};
-    label = MarkFrame::translated(std::move(label), {0, -label.textRect().height / 2});
+    const double half = label.textRect().height / 2;
+    label = MarkFrame::translated(std::move(label), {0, -half});
     EditorDocument next = m_session.document();
     next.marks.push_back(label);
     m_session.preview(std::move(next));

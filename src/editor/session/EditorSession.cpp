@@ -131,8 +131,7 @@ void EditorSession::select(std::vector<QUuid> ids)
 void EditorSession::selectAll()
 {
     std::vector<QUuid> ids;
-    for (const Annotation& mark : m_document.marks)
-        ids.push_back(mark.id);
+    std::ranges::transform(m_document.marks, std::back_inserter(ids), &Annotation::id);
     select(std::move(ids));
 }
 

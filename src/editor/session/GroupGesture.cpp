@@ -8,6 +8,7 @@ GroupGesture::GroupGesture(const EditorDocument& start, std::vector<QUuid> ids, 
     : m_start(start), m_ids(std::move(ids)), m_corner(corner), m_held(held)
 {
     std::vector<Annotation> marks;
+    marks.reserve(m_ids.size());
     for (const QUuid id : m_ids)
         marks.push_back(*m_start.mark(id));
     m_bounds = MarkFrame::bounds(marks);

@@ -8,6 +8,8 @@
 #include <QTimer>
 #include <QWidget>
 
+class QNativeGestureEvent;
+
 namespace Kovrel {
 
 // The canvas of an editor: shows the document and takes pointer, keys and text for it. Main thread.

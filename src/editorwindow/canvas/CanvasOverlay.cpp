@@ -7,6 +7,8 @@
 
 #include <QPainterPath>
 
+#include <cmath>
+
 namespace Kovrel {
 
 namespace {
@@ -172,9 +174,9 @@ void CanvasOverlay::drawPixelGrid(const QRectF& canvas)
                       m_viewport.toCanvas(QPointF(m_painter.viewport().width(), m_painter.viewport().height())));
     const QRectF part = canvas & seen;
     m_painter.setPen(QPen(CanvasTokens::pixelGrid, 1));
-    for (double x = std::ceil(part.left()); x <= part.right(); ++x)
+    for (int x = int(std::ceil(part.left())); x <= part.right(); ++x)
         m_painter.drawLine(m_viewport.toView(QPointF(x, part.top())), m_viewport.toView(QPointF(x, part.bottom())));
-    for (double y = std::ceil(part.top()); y <= part.bottom(); ++y)
+    for (int y = int(std::ceil(part.top())); y <= part.bottom(); ++y)
         m_painter.drawLine(m_viewport.toView(QPointF(part.left(), y)), m_viewport.toView(QPointF(part.right(), y)));
 }
 
