@@ -10,17 +10,6 @@ EditorFeature::EditorFeature(Foundation& foundation, Ports& ports)
     ports.editors.offer(m_windows);
 }
 
-std::vector<CommandHandler> EditorFeature::commands()
-{
-    return {{.command = "open", .run = [this](const Invocation& invocation, const Reply<CommandAnswer>& reply) {
-                 QStringList paths;
-                 for (const std::string& path : invocation.command.operands)
-                     paths.append(QString::fromStdString(path));
-                 m_windows.openFiles(paths);
-                 reply(CommandAnswer());
-             }}};
-}
-
 std::vector<SettingsPage> EditorFeature::settingsPages() const
 {
     return {{QCoreApplication::translate("EditorFeature", "Editor"),

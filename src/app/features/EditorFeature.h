@@ -12,7 +12,6 @@ class EditorFeature : public Feature {
 public:
     EditorFeature(Foundation& foundation, Ports& ports);
 
-    std::vector<CommandHandler> commands() override;
     std::vector<SettingsPage> settingsPages() const override;
     void finishPending(std::chrono::milliseconds deadline, std::function<void()> done) override;
 
