@@ -59,8 +59,11 @@ void EditorKeeping::note()
         return noteSoon();
     EditorDocument document = m_session.document();
     document.composition.crop.reset();
-    Scope::start(keep(std::move(document), false, [](const Kept&) {}), "noting what is edited");
-    m_kept = m_session.document();
+    const auto noted = [this, shown = m_session.document()](const Kept& outcome) {
+        if (outcome)
+            m_kept = shown;
+    };
+    Scope::start(keep(std::move(document), false, noted), "noting what is edited");
 }
 
 void EditorKeeping::keepForGood(Reply<Kept> reply)
@@ -117,8 +120,18 @@ CaptureResult EditorKeeping::resultOf(QImage picture) const
 
 void EditorKeeping::save(std::optional<QString> path, std::function<void(const SaveOutcome&)> done)
 {
+    write(path ? path : m_savedPath, std::move(done));
+}
+
+void EditorKeeping::saveCopy(std::function<void(const SaveOutcome&)> done)
+{
+    write(std::nullopt, std::move(done));
+}
+
+void EditorKeeping::write(std::optional<QString> path, std::function<void(const SaveOutcome&)> done)
+{
     const EditorDocument document = m_session.document();
-    render([this, document, path = path ? path : m_savedPath, done = std::move(done)](const QImage& picture) {
+    render([this, document, path = std::move(path), done = std::move(done)](const QImage& picture) {
         const auto& delivery = m_services.ports.delivery;
         if (picture.isNull() || !delivery)
             return done(std::unexpected(SaveProblem{.message = tr("The picture can't be made.")}));

@@ -43,11 +43,14 @@ public:
     void keepForGood(Reply<Kept> reply);
     // Into the file that it has, else the save folder, or to `path`. Null when the picture can't be made.
     void save(std::optional<QString> path, std::function<void(const SaveOutcome&)> done);
+    // As a file of its own in the save folder.
+    void saveCopy(std::function<void(const SaveOutcome&)> done);
     void copy(std::function<void()> done);
 
 private:
     void note();
     void noteSoon();
+    void write(std::optional<QString> path, std::function<void(const SaveOutcome&)> done);
     CaptureResult resultOf(QImage picture) const;
     QCoro::Task<> keep(EditorDocument document, bool isForGood, Reply<Kept> reply);
     QCoro::Task<> renderInBackground(Reply<QImage> reply);

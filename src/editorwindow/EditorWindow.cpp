@@ -309,11 +309,17 @@ void EditorWindow::showMenu(QPoint globalPosition)
 
 // --- The end
 
+bool EditorWindow::isKeptInHistory() const
+{
+    const auto& edits = m_services.ports.edits;
+    return m_kind == Kind::capture && edits && edits->has(m_session.capture().id);
+}
+
 // A file is written only when its user says so.
 void EditorWindow::closeEvent(QCloseEvent* event)
 {
     m_canvas->stopWriting();
-    if (m_kind == Kind::file && m_keeping.isChanged()) {
+    if (!isKeptInHistory() && m_keeping.isChanged()) {
         event->ignore();
         askToSave();
         return;

@@ -30,7 +30,8 @@ public:
 
     AnnotationCanvasView& canvas() { return *m_canvas; }
 
-    Kind kind() const { return m_kind; }
+    // Whether the history takes what is made of it; else its user is asked.
+    bool isKeptInHistory() const;
 
 Q_SIGNALS:
     // It is hidden; whoever owns it keeps what was made and lets it go.

@@ -113,10 +113,7 @@ bool EditorWindows::bringForward(QUuid id)
 void EditorWindows::keep(EditorWindow* window)
 {
     m_windows.remove(window->session().capture().id);
-    const auto& edits = m_services.ports.edits;
-    const bool isKept = window->kind() == EditorWindow::Kind::capture && edits &&
-                        edits->has(window->session().capture().id) && window->keeping().isToBeKept();
-    if (!isKept) {
+    if (!window->isKeptInHistory() || !window->keeping().isToBeKept()) {
         window->deleteLater();
         return;
     }
@@ -124,31 +121,46 @@ void EditorWindows::keep(EditorWindow* window)
     window->keeping().keepForGood([this, window](const EditorKeeping::Kept& outcome) { kept(window, outcome); });
 }
 
-// What the history does not take is saved as a file.
 void EditorWindows::kept(EditorWindow* window, const EditorKeeping::Kept& outcome)
 {
-    const auto done = [this, window] {
-        window->deleteLater();
-        if (--m_pending == 0 && m_whenKept)
-            std::exchange(m_whenKept, nullptr)();
-    };
     if (outcome)
-        return done();
-    window->keeping().save({}, [this, done](const SaveOutcome& saved) {
-        const QString place = saved ? *saved : saved.error().message;
+        ended(window);
+    else
+        rescue(window);
+}
+
+// What the history does not take, and what nobody can be asked about any more.
+void EditorWindows::rescue(EditorWindow* window)
+{
+    window->keeping().saveCopy([this, window](const SaveOutcome& saved) {
         m_services.ports.toasts.tell(&Toasts::present,
-                                     ToastContent{.message = tr("The edit could not be kept in the history"),
-                                                  .subtitle = place,
+                                     ToastContent{.message = tr("The edit was saved as a file of its own"),
+                                                  .subtitle = saved ? *saved : saved.error().message,
                                                   .icon = "exclamationmark.triangle"},
                                      std::nullopt, false);
-        done();
+        ended(window);
     });
+}
+
+void EditorWindows::ended(EditorWindow* window)
+{
+    window->deleteLater();
+    if (--m_pending == 0 && m_whenKept)
+        std::exchange(m_whenKept, nullptr)();
 }
 
 void EditorWindows::finishPending(std::chrono::milliseconds deadline, std::function<void()> done)
 {
-    for (EditorWindow* const window : m_windows.values())
-        keep(window);
+    for (EditorWindow* const window : m_windows.values()) {
+        window->canvas().stopWriting();
+        if (window->isKeptInHistory() || !window->keeping().isChanged()) {
+            keep(window);
+            continue;
+        }
+        m_windows.remove(window->session().capture().id);
+        ++m_pending;
+        rescue(window);
+    }
     if (m_pending == 0)
         return done();
     m_whenKept = std::move(done);

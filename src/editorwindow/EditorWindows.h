@@ -31,6 +31,8 @@ private:
     bool bringForward(QUuid id);
     void keep(EditorWindow* window);
     void kept(EditorWindow* window, const EditorKeeping::Kept& outcome);
+    void rescue(EditorWindow* window);
+    void ended(EditorWindow* window);
 
     EditorServices m_services;
     QHash<QUuid, EditorWindow*> m_windows;

@@ -119,6 +119,24 @@ TEST_F(EditorTest, MarksAreDrawnSavedAndTakenBack)
     EXPECT_TRUE(Testing::sameColors(saved(), original));
 }
 
+// Neither the file nor the history may have it, and at the end nobody can be asked.
+TEST_F(EditorTest, AQuitSavesWhatWasMadeOfAFile)
+{
+    session->prepare();
+    const QString path = picture({400, 300});
+    ASSERT_EQ(session->kovrel({"open", path}).exitCode, 0);
+    const QPoint corner = waitForPicture({400, 300}).topLeft();
+    type({keyF});
+    screen->drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
+    ASSERT_TRUE(UserSession::eventually([&] { return !isPaper(corner + QPoint(100, 80)); }));
+    session->kovrel({"quit"});
+    ASSERT_TRUE(UserSession::eventually([&] { return session->instancePid() == 0; }));
+    EXPECT_EQ(QImage(path).pixelColor(100, 80), paper) << "the file is as it was";
+    ASSERT_EQ(session->savedFiles().size(), 1);
+    const QImage saved(session->saveFolder() + '/' + session->savedFiles().first());
+    EXPECT_EQ(saved.pixelColor(100, 80), QColor("#FF3B30"));
+}
+
 // What is made of a capture stays with it, also when the program is killed meanwhile, and can be changed again.
 TEST_F(EditorTest, MarksStayWithTheCapture)
 {
