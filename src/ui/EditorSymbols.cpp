@@ -1,18 +1,14 @@
 #include "ui/EditorSymbols.h"
 
+#include "ui/SymbolPaths.h"
+
 #include <algorithm>
 
 namespace Kovrel {
 
 namespace {
 
-QPainterPath lines(std::initializer_list<QPointF> points)
-{
-    QPainterPath path(*points.begin());
-    for (const QPointF& point : points)
-        path.lineTo(point);
-    return path;
-}
+using SymbolPaths::lines;
 
 // Lines that are as close as they are wide fill what they are in.
 QPainterPath filledRect(const QRectF& rect)

@@ -2,6 +2,7 @@
 
 #include "ui/EditorSymbols.h"
 #include "ui/SymbolIconEngine.h"
+#include "ui/SymbolPaths.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -12,15 +13,7 @@ namespace Kovrel {
 
 namespace {
 
-// All paths are in a unit box, y down.
-
-QPainterPath lines(std::initializer_list<QPointF> points)
-{
-    QPainterPath path(*points.begin());
-    for (const QPointF& point : points)
-        path.lineTo(point);
-    return path;
-}
+using SymbolPaths::lines;
 
 QPainterPath checkmark()
 {
