@@ -136,13 +136,14 @@ void EditorKeeping::write(std::optional<QString> path, std::function<void(const 
         if (picture.isNull() || !delivery)
             return done(std::unexpected(SaveProblem{.message = tr("The picture can't be made.")}));
         const auto save = delivery->save(resultOf(picture), path, std::make_shared<EncodedPng>(picture));
-        save->whenDone([this, document, done](const SaveOutcome& outcome) {
+        // A save may outlive the window that asked for it.
+        save->whenDone(m_lifeline.guard([this, document, done](const SaveOutcome& outcome) {
             if (outcome)
                 m_savedPath = *outcome;
             if (outcome && !m_isNoted)
                 m_kept = document;
             done(outcome);
-        });
+        }));
     });
 }
 

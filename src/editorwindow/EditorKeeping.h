@@ -4,6 +4,7 @@
 #include "editor/session/EditorSession.h"
 #include "editorwindow/EditorServices.h"
 #include "model/CaptureResult.h"
+#include "platform/Lifeline.h"
 #include "platform/MainLoop.h"
 #include "platform/Scope.h"
 #include "ports/CaptureSave.h"
@@ -32,8 +33,8 @@ public:
     // What neither the history nor the file has yet.
     bool isChanged() const { return m_session.document() != m_kept; }
 
-    // Something was made of it here, noted or not.
-    bool isToBeKept() const { return m_session.document() != m_opened; }
+    // Something was made of it here, or was and may have been noted.
+    bool isToBeKept() const { return m_isKeeping || isChanged() || m_session.document() != m_opened; }
 
     const std::optional<QString>& savedPath() const { return m_savedPath; }
 
@@ -64,6 +65,7 @@ private:
     MainLoop::TimerID m_timer = 0;
     bool m_isKeeping = false;
     Subscription m_changes;
+    Lifeline m_lifeline;
     Scope m_scope;
 };
 

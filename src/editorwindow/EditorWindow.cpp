@@ -21,6 +21,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
@@ -264,10 +265,11 @@ void EditorWindow::saveAs()
 {
     m_canvas->stopWriting();
     const QString suggestion = m_keeping.savedPath().value_or(windowTitle() + ".png");
-    m_services.savePanel.ask(suggestion, windowHandle(), [this](const std::optional<QString>& path) {
-        if (path)
+    const auto answered = [this, self = QPointer(this)](const std::optional<QString>& path) {
+        if (self && path)
             m_keeping.save(path, [this](const SaveOutcome& outcome) { tellSaved(outcome); });
-    });
+    };
+    m_services.savePanel.ask(suggestion, windowHandle(), answered);
 }
 
 void EditorWindow::tellSaved(const SaveOutcome& outcome)

@@ -153,6 +153,18 @@ QRectF CanvasPicture::inTarget(const QRect& rect) const
     return QRectF(rect.left(), m_shown.size().height() - rect.bottom() - 1, rect.width(), rect.height());
 }
 
+// What is to be hidden is hidden before its picture has been made.
+std::vector<Annotation> CanvasPicture::marksOnCapture() const
+{
+    std::vector<Annotation> marks;
+    std::ranges::copy_if(m_document.marks, std::back_inserter(marks), isOnCapture);
+    for (Annotation& mark : marks)
+        if ((mark.kind == Kind::blur && m_shown.blurred.isNull()) ||
+            (mark.kind == Kind::pixelate && m_shown.pixelated.isNull()))
+            mark.kind = Kind::blackout;
+    return marks;
+}
+
 // Without marks of the kind the pixels are the capture's own, and shared with it.
 void CanvasPicture::redrawMarked(const QRect& rect)
 {
@@ -167,7 +179,7 @@ void CanvasPicture::redrawMarked(const QRect& rect)
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter.setTransform(captureTransform({}, m_shown.size().height()));
     const QRectF all({}, QSizeF(m_shown.size()));
-    AnnotationDrawing::drawOnCapture(painter, m_document.marks,
+    AnnotationDrawing::drawOnCapture(painter, marksOnCapture(),
                                      {.scale = scale(),
                                       .blurredFull = m_shown.blurred,
                                       .pixelatedFull = m_shown.pixelated,

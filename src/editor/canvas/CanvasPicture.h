@@ -60,6 +60,7 @@ private:
     void redraw(const QRegion& region);
     void redrawMarked(const QRect& rect);
     void redrawPicture(const QRect& rect);
+    std::vector<Annotation> marksOnCapture() const;
     QRectF inTarget(const QRect& rect) const;
 
     EditorCapture m_capture;

@@ -89,27 +89,28 @@ void ColorWell::paintEvent(QPaintEvent*)
 
 void ColorWell::offer()
 {
-    QMenu menu(this);
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto add = [&](const QString& hex, const QString& name) {
-        menu.addAction(iconOf(hex), name, this, [this, hex] { Q_EMIT colorChosen(hex); });
+        menu->addAction(iconOf(hex), name, this, [this, hex] { Q_EMIT colorChosen(hex); });
     };
     for (size_t index = 0; index < names.size(); ++index)
         add(CanvasTokens::markColors[index], tr(names[index]));
     const QStringList swatches = m_swatches();
-    menu.addSeparator();
+    menu->addSeparator();
     for (const QString& hex : swatches)
         add(hex, hex);
     if (m_hex)
-        menu.addAction(swatches.contains(*m_hex) ? tr("Forget %1").arg(*m_hex) : tr("Keep %1").arg(*m_hex), this,
-                       [this, hex = *m_hex] { Q_EMIT swatchToggled(hex); });
-    menu.addAction(tr("Other Colour…"), this, [this] {
+        menu->addAction(swatches.contains(*m_hex) ? tr("Forget %1").arg(*m_hex) : tr("Keep %1").arg(*m_hex), this,
+                        [this, hex = *m_hex] { Q_EMIT swatchToggled(hex); });
+    menu->addAction(tr("Other Colour…"), this, [this] {
         auto* const dialog = new QColorDialog(colorOf(m_hex.value_or(CanvasTokens::markColors[0])), this);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         connect(dialog, &QColorDialog::colorSelected, this,
                 [this](const QColor& color) { Q_EMIT colorChosen(color.name().toUpper()); });
         dialog->open();
     });
-    menu.exec(mapToGlobal(QPoint(0, height())));
+    menu->popup(mapToGlobal(QPoint(0, height())));
 }
 
 } // namespace Kovrel

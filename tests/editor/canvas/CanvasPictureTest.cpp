@@ -118,4 +118,17 @@ TEST(CanvasPictureTest, WhatIsDrawnAnewIsEnough)
     }
 }
 
+TEST(CanvasPictureTest, WhatIsToBeHiddenIsHiddenBeforeItsPictureIsMade)
+{
+    using Kind = Annotation::Kind;
+    const EditorCapture capture = captureAt(1);
+    for (const Kind kind : {Kind::blur, Kind::pixelate}) {
+        CanvasPicture picture(capture);
+        picture.setDocument(documentWith({{.kind = kind, .points = {{20, 20}, {80, 80}}}}, false));
+        EXPECT_EQ(picture.picture().pixelColor(50, 70), QColor(Qt::black));
+        picture.setRedactions(redactionsOf(capture));
+        EXPECT_NE(picture.picture().pixelColor(50, 70), QColor(Qt::black));
+    }
+}
+
 } // namespace Kovrel
