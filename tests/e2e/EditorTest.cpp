@@ -4,7 +4,7 @@
 #include "tests/support/TestKeyboard.h"
 
 #include <QDir>
-#include <QRegularExpression>
+#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -23,6 +23,7 @@ constexpr QColor paper(120, 200, 140);
 constexpr xcb_keycode_t keyF = 41;
 constexpr xcb_keycode_t keyK = 45;
 constexpr xcb_keycode_t keyS = 39;
+constexpr xcb_keycode_t keyW = 25;
 constexpr xcb_keycode_t keyZ = 52;
 
 struct EditorTest : testing::Test {
@@ -75,6 +76,24 @@ struct EditorTest : testing::Test {
         const QString path = session->path("paper.png");
         image.save(path);
         return path;
+    }
+
+    // Captures a part of the screen into the editor, draws on it and waits until that is noted in the history.
+    QDir noteAMark()
+    {
+        session->prepare({"afterCaptureActions=8"});
+        const auto window = screen->show({.pixels = {0, 0, 1280, 800}, .colour = paper, .managesItself = true});
+        EXPECT_EQ(session->kovrel({"capture", "area", "--rect", "0,0,300,200", "--wait"}).exitCode, 0);
+        screen->hide(window);
+        const QPoint corner = waitForPicture({300, 200}).topLeft();
+        type({keyF});
+        screen->drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
+        const QDir history(session->path("data/Kovrel/History"));
+        EXPECT_TRUE(UserSession::eventually([&] {
+            return history.entryList({"*_annotations.json"}).size() == 1 &&
+                   history.entryList({"*_edited.png"}).size() == 1;
+        }));
+        return history;
     }
 
     void type(const std::vector<xcb_keycode_t>& keys) { keyboard->type(keys); }
@@ -140,25 +159,29 @@ TEST_F(EditorTest, AQuitSavesWhatWasMadeOfAFile)
 // What is made of a capture stays with it, also when the program is killed meanwhile, and can be changed again.
 TEST_F(EditorTest, MarksStayWithTheCapture)
 {
-    session->prepare({"afterCaptureActions=8"});
-    const auto window = screen->show({.pixels = {0, 0, 1280, 800}, .colour = paper, .managesItself = true});
-    ASSERT_EQ(session->kovrel({"capture", "area", "--rect", "0,0,300,200", "--wait"}).exitCode, 0);
-    screen->hide(window);
-    const QPoint corner = waitForPicture({300, 200}).topLeft();
-    const QDir history(session->path("data/Kovrel/History"));
-    const auto files = [&](const QString& pattern) { return history.entryList({pattern}); };
-    const auto bases = [&] { return files("*.png").filter(QRegularExpression("^[-0-9A-F]{36}[.]png$")); };
-    ASSERT_TRUE(UserSession::eventually([&] { return bases().size() == 1; }));
-    type({keyF});
-    screen->drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
-    const auto isNoted = [&] { return files("*_annotations.json").size() == 1 && files("*_edited.png").size() == 1; };
-    ASSERT_TRUE(UserSession::eventually(isNoted));
+    const QDir history = noteAMark();
     ::kill(pid_t(session->instancePid()), SIGKILL);
     ASSERT_TRUE(UserSession::eventually([&] { return session->instancePid() == 0; }));
 
-    EXPECT_EQ(QImage(history.filePath(files("*_edited.png").first())).pixelColor(100, 80), QColor("#FF3B30"));
-    const QString base = history.filePath(bases().first());
+    const QString edited = history.filePath(history.entryList({"*_edited.png"}).first());
+    EXPECT_EQ(QImage(edited).pixelColor(100, 80), QColor("#FF3B30"));
+    const QString base = edited.chopped(int(qstrlen("_edited.png"))) + ".png";
     EXPECT_EQ(QImage(base).pixelColor(100, 80), paper) << "the capture itself is as it was";
+}
+
+TEST_F(EditorTest, WhatWasUndoneAfterItWasNotedDoesNotStay)
+{
+    const QDir history = noteAMark();
+    QFile marks(history.filePath(history.entryList({"*_annotations.json"}).first()));
+    const auto noted = [&] {
+        const QByteArray json = marks.open(QIODevice::ReadOnly) ? marks.readAll() : QByteArray();
+        marks.close();
+        return json;
+    };
+    EXPECT_TRUE(noted().contains("rectangle"));
+    type({TestKeyboard::control, keyZ});
+    type({TestKeyboard::control, keyW});
+    EXPECT_TRUE(UserSession::eventually([&] { return noted() == "[]"; })) << noted().constData();
 }
 
 } // namespace Kovrel
