@@ -107,8 +107,11 @@ TEST_F(CardsTest, ShortcutsOfDocumentsActOnTheHoveredCardAndAPinBringsItBack)
     capture();
     keyboard.type({TestKeyboard::super, TestKeyboard::placeOfW});
     EXPECT_TRUE(hover()) << "it was not meant";
-    keyboard.type({TestKeyboard::super, TestKeyboard::placeOfC});
-    EXPECT_TRUE(UserSession::eventually([&] { return sameColors(QImage::fromData(clipboard()), screen); }));
+    // The keys are had a moment after the buttons are seen.
+    EXPECT_TRUE(UserSession::eventually([&] {
+        keyboard.type({TestKeyboard::super, TestKeyboard::placeOfC});
+        return sameColors(QImage::fromData(clipboard()), screen);
+    }));
     keyboard.type({TestKeyboard::super, TestKeyboard::placeOfP});
     EXPECT_TRUE(UserSession::eventually(isPinned));
     keyboard.type({TestKeyboard::super, TestKeyboard::placeOfW});
