@@ -57,6 +57,14 @@ bool isOther(const Annotation& mark)
     return !isSoftRedaction(mark) && !isBlackout(mark) && !isHighlighter(mark) && !isSpotlight(mark);
 }
 
+// As a path its coverage is the same however the painter is clipped; that of a rectangle is not, by a 255th in a row.
+QPainterPath rectPath(const QRectF& rect)
+{
+    QPainterPath path;
+    path.addRect(rect);
+    return path;
+}
+
 // Whether nothing of the mark would be seen. A spotlight darkens everything else and a highlighter counts for its
 // layer, so none is culled here; a label is drawn so much more slowly than it is measured that it is measured first.
 bool isCulled(const Annotation& mark, const Scene& scene)
@@ -194,6 +202,8 @@ template <class Draw>
 void forEachTile(const QRect& place, const QRect& seen, Draw draw)
 {
     const QRect part = place & seen;
+    if (part.isEmpty())
+        return;
     const auto first = [](int from, int at, int side) { return from + (at - from) / side * side; };
     for (int y = first(place.top(), part.top(), tileSize.height()); y <= part.bottom(); y += tileSize.height())
         for (int x = first(place.left(), part.left(), tileSize.width()); x <= part.right(); x += tileSize.width())
@@ -385,7 +395,7 @@ void AnnotationDrawing::drawSpotlightShade(QPainter& painter, const std::vector<
     shadePainter.setRenderHint(QPainter::Antialiasing);
     shadePainter.setTransform(painter.combinedTransform() * QTransform::fromTranslate(-area.left(), -area.top()));
     for (const QRectF& rect : shadeRegion)
-        shadePainter.fillRect(rect, Qt::black);
+        shadePainter.fillPath(rectPath(rect), Qt::black);
     shadePainter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
     for (const Annotation* const spotlight : spotlights) {
         const QRectF rect = AnnotationInk::scaled(spotlight->boundingRect(), scale);

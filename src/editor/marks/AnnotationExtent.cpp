@@ -187,7 +187,7 @@ QRectF AnnotationExtent::cullBound(const Annotation& mark, double scale)
     QRectF box = pointsBox(mark);
     if (mark.kind == Kind::measure)
         box |= MeasureInk::badgeBound(mark);
-    if (mark.curveControl)
+    if (mark.curveControl && (mark.kind == Kind::line || mark.kind == Kind::arrow))
         box |= QRectF(AnnotationInk::scaled(*mark.curveControl, 1), QSizeF(1e-9, 1e-9));
     const double margin = reach(mark) + MarkShadow::reach + 1;
     box = turnedBound(mark, box).adjusted(-margin, -margin, margin, margin);
