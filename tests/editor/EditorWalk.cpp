@@ -10,7 +10,8 @@ constexpr QSize size(160, 120); // image points
 constexpr int beyond = 40;      // how far the pointer strays from the capture
 constexpr size_t mostMarks = 60;
 
-const QStringList texts{"a", "word ", "\n", "שלום", "naïve", "👩‍👩‍👧", "\t", "ﬁ", "long enough to be wrapped ", ""};
+const QStringList texts{
+    "a", "word ", "\n", "שלום", "naïve", "👩‍👩‍👧", "\t", "ﬁ", "long enough to be wrapped ", ""};
 
 EditorCapture captureAt(double scale)
 {
@@ -38,12 +39,18 @@ void EditorWalk::reopen(EditorDocument document)
 void EditorWalk::step()
 {
     constexpr std::array<Action, 24> actions{
-        &EditorWalk::drag,           &EditorWalk::drag,             &EditorWalk::drag,       &EditorWalk::drag,
-        &EditorWalk::drag,           &EditorWalk::drag,             &EditorWalk::click,      &EditorWalk::click,
-        &EditorWalk::click,          &EditorWalk::chooseTool,       &EditorWalk::chooseTool, &EditorWalk::chooseTool,
-        &EditorWalk::restyle,        &EditorWalk::restyle,          &EditorWalk::nudge,      &EditorWalk::remove,
-        &EditorWalk::duplicate,      &EditorWalk::reorder,          &EditorWalk::selectSome, &EditorWalk::paste,
-        &EditorWalk::changeBackdrop, &EditorWalk::changeOutputSize, &EditorWalk::undoSome,   &EditorWalk::redoSome,
+        &EditorWalk::drag,           &EditorWalk::drag,
+        &EditorWalk::drag,           &EditorWalk::drag,
+        &EditorWalk::drag,           &EditorWalk::drag,
+        &EditorWalk::click,          &EditorWalk::click,
+        &EditorWalk::click,          &EditorWalk::chooseTool,
+        &EditorWalk::chooseTool,     &EditorWalk::chooseTool,
+        &EditorWalk::restyle,        &EditorWalk::restyle,
+        &EditorWalk::nudge,          &EditorWalk::remove,
+        &EditorWalk::duplicate,      &EditorWalk::reorder,
+        &EditorWalk::selectSome,     &EditorWalk::paste,
+        &EditorWalk::changeBackdrop, &EditorWalk::changeOutputSize,
+        &EditorWalk::undoSome,       &EditorWalk::redoSome,
     };
     (this->*actions[size_t(m_random.below(int(actions.size())))])();
     if (m_session->document().marks.size() > mostMarks) {

@@ -96,7 +96,7 @@ struct EditorWalkTest : testing::Test {
         // What was shown step after step is what is shown of the last step alone.
         CanvasPicture fresh = canvasOf(walk.capture(), redactions, share);
         fresh.setDocument(walk.session().document());
-        EXPECT_TRUE(Testing::identicalPicture(canvas.picture(), fresh.picture()));
+        EXPECT_TRUE(Testing::samePicture(canvas.picture(), fresh.picture(), share == 1 ? 0 : 1));
         expectUndoneAndRedone(walk.session(), start);
         return !HasFailure();
     }

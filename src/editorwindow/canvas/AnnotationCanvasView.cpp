@@ -36,7 +36,7 @@ AnnotationCanvasView::AnnotationCanvasView(EditorSession& session, MeasureUnit m
     m_caretTimer.setInterval(std::max(QApplication::cursorFlashTime(), 2) / 2);
     connect(&m_caretTimer, &QTimer::timeout, this, [this] {
         m_isCaretShown = !m_isCaretShown;
-        update();
+        updateOverlay();
     });
     m_changes = session.onChange([this] { follow(); });
     m_picture.setDocument(session.document());
@@ -51,14 +51,46 @@ void AnnotationCanvasView::setRedactions(CanvasPicture::Redactions redactions)
 
 // --- What is shown
 
-// Handles and guides reach beyond what they belong to, so all of the view is put on the screen; what is drawn anew of
-// the picture is only what differs.
 void AnnotationCanvasView::follow()
 {
+    const QRect area = m_picture.area();
     const QRegion changed = m_picture.setDocument(m_session.document());
-    if (!changed.isEmpty())
+    if (m_picture.area() != area)
         takeView();
-    update();
+    if (std::exchange(m_shownCrop, hidingCrop()) != hidingCrop())
+        update();
+    updatePicture(changed);
+    updateOverlay();
+}
+
+// Of the widget, in its own points, a pixel more than what was drawn for what scaling makes of its edges.
+QRect AnnotationCanvasView::fromView(const QRectF& devicePixels) const
+{
+    const double ratio = devicePixelRatioF();
+    return QRectF(devicePixels.topLeft() / ratio, devicePixels.size() / ratio).toAlignedRect().adjusted(-1, -1, 1, 1);
+}
+
+void AnnotationCanvasView::updatePicture(const QRegion& changed)
+{
+    const double enlarged = m_viewport.zoom() / m_picture.share();
+    const QPointF origin = m_viewport.toView(QPointF(0, 0));
+    for (const QRect& rect : changed)
+        update(fromView(QRectF(origin + QPointF(rect.topLeft()) * enlarged, QSizeF(rect.size()) * enlarged)));
+}
+
+// While it is chosen, what it leaves out is shaded and not hidden.
+std::optional<Rect> AnnotationCanvasView::hidingCrop() const
+{
+    return m_session.tool() == EditorTool::crop ? std::nullopt : m_session.document().composition.crop;
+}
+
+void AnnotationCanvasView::updateOverlay()
+{
+    CanvasOverlay overlay(nullptr, m_viewport, devicePixelRatioF());
+    layOver(overlay);
+    for (const QRegion& area : {m_overlayArea, overlay.area()})
+        for (const QRect& rect : area)
+            update(fromView(rect));
 }
 
 void AnnotationCanvasView::takeView()
@@ -87,15 +119,24 @@ void AnnotationCanvasView::resizeEvent(QResizeEvent* event)
     takeShare();
 }
 
-void AnnotationCanvasView::paintEvent(QPaintEvent*)
+void AnnotationCanvasView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     const double ratio = devicePixelRatioF();
+    // One by one: within a single rectangle pictures are copied, within several they are composed.
+    for (const QRect& rect : event->region()) {
+        painter.save();
+        painter.setClipRect(rect);
+        painter.scale(1 / ratio, 1 / ratio);
+        paintPicture(painter);
+        painter.restore();
+    }
     painter.scale(1 / ratio, 1 / ratio);
-    painter.fillRect(QRectF(QPointF(), QSizeF(size()) * ratio), Theme::current().canvas);
-    paintPicture(painter);
     painter.setRenderHint(QPainter::Antialiasing);
-    paintOverlay(painter);
+    CanvasOverlay overlay(&painter, m_viewport, ratio);
+    overlay.drawPixelGrid(QRectF({}, QSizeF(m_session.capture().image.size())));
+    layOver(overlay);
+    m_overlayArea = overlay.area();
 }
 
 void AnnotationCanvasView::paintPicture(QPainter& painter)
@@ -103,23 +144,19 @@ void AnnotationCanvasView::paintPicture(QPainter& painter)
     const double enlarged = m_viewport.zoom() / m_picture.share();
     const QRectF area(m_picture.area());
     const QPointF origin = m_viewport.toView(QPointF(0, 0)) + area.topLeft() * enlarged;
-    painter.save();
-    painter.setClipRect(QRectF(QPointF(), QSizeF(size()) * devicePixelRatioF()));
+    painter.fillRect(QRectF(QPointF(), QSizeF(size()) * devicePixelRatioF()), Theme::current().canvas);
     painter.drawImage(QRectF(origin, area.size() * enlarged), m_picture.picture());
-    painter.restore();
 }
 
-void AnnotationCanvasView::paintOverlay(QPainter& painter)
+void AnnotationCanvasView::layOver(CanvasOverlay& overlay) const
 {
-    CanvasOverlay overlay(painter, m_viewport, devicePixelRatioF());
-    overlay.drawPixelGrid(QRectF({}, QSizeF(m_session.capture().image.size())));
     const EditorGesture* const gesture = m_pointing.gesture();
     if (m_session.tool() == EditorTool::crop) {
         const Rect canvas = m_session.capture().canvas();
         overlay.drawCrop(m_session.document().composition.crop.value_or(canvas), canvas, gesture != nullptr);
         return;
     }
-    if (const auto& crop = m_session.document().composition.crop)
+    if (const auto crop = hidingCrop())
         overlay.hideOutside(*crop, Theme::current().canvas);
     if (m_writing) {
         if (const Annotation* const label = m_session.document().mark(m_writing->id()))
@@ -247,7 +284,7 @@ void AnnotationCanvasView::press(const QMouseEvent& event, int clicks)
     }
     stopWriting();
     m_pointing.press(place);
-    update();
+    updateOverlay();
 }
 
 void AnnotationCanvasView::mouseMoveEvent(QMouseEvent* event)
@@ -278,14 +315,14 @@ void AnnotationCanvasView::mouseReleaseEvent(QMouseEvent* event)
     if (label)
         write(*label);
     showCursor(pointer(*event));
-    update();
+    updateOverlay();
 }
 
 void AnnotationCanvasView::leaveEvent(QEvent* event)
 {
     QWidget::leaveEvent(event);
     m_hovered = {};
-    update();
+    updateOverlay();
 }
 
 void AnnotationCanvasView::showCursor(const CanvasPointer& place)
@@ -294,7 +331,7 @@ void AnnotationCanvasView::showCursor(const CanvasPointer& place)
         return;
     const auto target = m_pointing.targetAt(place);
     if (target != std::exchange(m_hovered, target))
-        update();
+        updateOverlay();
     if (m_isSpaceHeld)
         setCursor(Qt::OpenHandCursor);
     else if (m_writing && m_writing->hasLabelAt(place.at))
@@ -321,7 +358,7 @@ void AnnotationCanvasView::write(QUuid label)
     setAttribute(Qt::WA_InputMethodEnabled, true);
     setFocus();
     Q_EMIT writingChanged();
-    update();
+    updateOverlay();
 }
 
 void AnnotationCanvasView::stopWriting()
@@ -334,7 +371,7 @@ void AnnotationCanvasView::stopWriting()
     m_writing->finish();
     m_writing.reset();
     Q_EMIT writingChanged();
-    update();
+    updateOverlay();
 }
 
 bool AnnotationCanvasView::escape()

@@ -12,6 +12,8 @@ class QNativeGestureEvent;
 
 namespace Kovrel {
 
+class CanvasOverlay;
+
 // The canvas of an editor: shows the document and takes pointer, keys and text for it. Main thread.
 class AnnotationCanvasView : public QWidget {
     Q_OBJECT
@@ -64,9 +66,13 @@ private:
     void follow();
     void takeView();
     void takeShare();
-    void updateCanvas(const QRegion& canvasPixels);
+    // What lies over the picture, and where it lay before.
+    void updateOverlay();
+    void updatePicture(const QRegion& changed);
+    QRect fromView(const QRectF& devicePixels) const;
+    std::optional<Rect> hidingCrop() const;
     void paintPicture(QPainter& painter);
-    void paintOverlay(QPainter& painter);
+    void layOver(CanvasOverlay& overlay) const;
     CanvasPointer pointer(const QMouseEvent& event, int clicks = 1) const;
 
     QPointF inView(QPointF widgetPoint) const { return widgetPoint * devicePixelRatioF(); }
@@ -88,6 +94,8 @@ private:
     bool m_isSpaceHeld = false;
     std::optional<QPointF> m_panFrom; // device pixels
     EditorPointing::Target m_hovered;
+    QRegion m_overlayArea; // device pixels, as it was shown last
+    std::optional<Rect> m_shownCrop;
     Subscription m_changes;
 };
 

@@ -35,25 +35,42 @@ QPolygonF CanvasOverlay::frame(const Annotation& mark) const
     return polygon;
 }
 
+void CanvasOverlay::lay(const QPainterPath& path, const QPen& pen, const QBrush& brush)
+{
+    const double margin = pen.widthF() + 1; // with the corners of its joins
+    m_area += path.boundingRect().adjusted(-margin, -margin, margin, margin).toAlignedRect();
+    if (!m_painter)
+        return;
+    m_painter->setPen(pen);
+    m_painter->setBrush(brush);
+    m_painter->drawPath(path);
+}
+
+void CanvasOverlay::drawLine(QPointF from, QPointF to, const QPen& pen)
+{
+    QPainterPath line(from);
+    line.lineTo(to);
+    lay(line, pen);
+}
+
 // Seen on every ground: the accent within a fine white line.
 void CanvasOverlay::strokeTwice(const QPolygonF& outline, bool isDashed)
 {
-    m_painter.setBrush(Qt::NoBrush);
-    m_painter.setPen(QPen(CanvasTokens::halo, points(frameWidth + 1.5)));
-    m_painter.drawPolygon(outline);
-    m_painter.setPen(QPen(Theme::current().accent, points(frameWidth), isDashed ? Qt::DashLine : Qt::SolidLine));
-    m_painter.drawPolygon(outline);
+    QPainterPath path;
+    path.addPolygon(outline);
+    path.closeSubpath();
+    lay(path, QPen(CanvasTokens::halo, points(frameWidth + 1.5)));
+    lay(path, QPen(Theme::current().accent, points(frameWidth), isDashed ? Qt::DashLine : Qt::SolidLine));
 }
 
 void CanvasOverlay::drawHandle(Point at, bool isRound)
 {
     const QPointF middle = m_viewport.fromImage(at);
     const double side = points(handleSide);
-    const QRectF rect(middle.x() - side / 2, middle.y() - side / 2, side, side);
     const double radius = isRound ? side / 2 : points(2);
-    m_painter.setPen(QPen(Theme::current().accent, points(1.5)));
-    m_painter.setBrush(CanvasTokens::handle);
-    m_painter.drawRoundedRect(rect, radius, radius);
+    QPainterPath path;
+    path.addRoundedRect(QRectF(middle.x() - side / 2, middle.y() - side / 2, side, side), radius, radius);
+    lay(path, QPen(Theme::current().accent, points(1.5)), CanvasTokens::handle);
 }
 
 void CanvasOverlay::drawSelection(std::span<const Annotation> marks)
@@ -83,35 +100,36 @@ void CanvasOverlay::drawHovered(const Annotation& mark)
 
 void CanvasOverlay::drawGuides(std::span<const Snapping::Guide> guides)
 {
+    const QPen pen(CanvasTokens::guide, points(1));
     for (const Snapping::Guide& guide : guides) {
         const QLineF line(m_viewport.fromImage(guide.from), m_viewport.fromImage(guide.to));
-        m_painter.setPen(QPen(CanvasTokens::guide, points(1)));
-        m_painter.drawLine(line);
+        drawLine(line.p1(), line.p2(), pen);
         if (!guide.isGap)
             continue;
-        const QLineF tick = QLineF(QPointF(), QPointF(points(4), 0)).translated(0, 0);
-        const QPointF across = line.dx() == 0 ? tick.p2() : QPointF(0, tick.length());
+        const double tick = points(4);
+        const QPointF across = line.dx() == 0 ? QPointF(tick, 0) : QPointF(0, tick);
         for (const QPointF end : {line.p1(), line.p2()})
-            m_painter.drawLine(end - across, end + across);
+            drawLine(end - across, end + across, pen);
     }
 }
 
 void CanvasOverlay::drawMarquee(const Rect& marquee)
 {
-    const QRectF rect = inView(marquee);
+    QPainterPath path;
+    path.addRect(inView(marquee));
     QColor fill = Theme::current().accent;
-    m_painter.setPen(QPen(fill, points(1)));
     fill.setAlphaF(0.15F);
-    m_painter.setBrush(fill);
-    m_painter.drawRect(rect);
+    lay(path, QPen(Theme::current().accent, points(1)), fill);
 }
 
 void CanvasOverlay::hideOutside(const Rect& crop, const QColor& ground)
 {
+    if (!m_painter)
+        return;
     QPainterPath outside;
-    outside.addRect(QRectF(m_painter.viewport()));
+    outside.addRect(QRectF(m_painter->viewport()));
     outside.addRect(inView(crop));
-    m_painter.fillPath(outside, ground);
+    m_painter->fillPath(outside, ground);
 }
 
 void CanvasOverlay::drawCrop(const Rect& crop, const Rect& canvas, bool isDragged)
@@ -120,22 +138,24 @@ void CanvasOverlay::drawCrop(const Rect& crop, const Rect& canvas, bool isDragge
     QPainterPath shade;
     shade.addRect(inView(canvas));
     shade.addRect(inside);
-    m_painter.fillPath(shade, CanvasTokens::cropShade);
-    m_painter.setBrush(Qt::NoBrush);
-    if (isDragged) {
-        m_painter.setPen(QPen(CanvasTokens::thirds, points(1)));
-        for (const double share : {1.0 / 3, 2.0 / 3}) {
-            const QPointF at(inside.left() + share * inside.width(), inside.top() + share * inside.height());
-            m_painter.drawLine(QLineF(at.x(), inside.top(), at.x(), inside.bottom()));
-            m_painter.drawLine(QLineF(inside.left(), at.y(), inside.right(), at.y()));
-        }
+    lay(shade, Qt::NoPen, CanvasTokens::cropShade);
+    const QPen thirds(CanvasTokens::thirds, points(1));
+    for (const double share : {1.0 / 3, 2.0 / 3}) {
+        if (!isDragged)
+            break;
+        const QPointF at(inside.left() + share * inside.width(), inside.top() + share * inside.height());
+        drawLine({at.x(), inside.top()}, {at.x(), inside.bottom()}, thirds);
+        drawLine({inside.left(), at.y()}, {inside.right(), at.y()}, thirds);
     }
-    m_painter.setPen(QPen(CanvasTokens::cropLine, points(1)));
-    m_painter.drawRect(inside);
-    m_painter.setPen(QPen(CanvasTokens::cropLine, points(4), Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    QPainterPath frame;
+    frame.addRect(inside);
+    lay(frame, QPen(CanvasTokens::cropLine, points(1)));
     const double length = std::min({points(cropCorner), inside.width() / 2, inside.height() / 2});
     const auto corner = [&](QPointF at, double across, double down) {
-        m_painter.drawPolyline(QPolygonF{at + QPointF(across * length, 0), at, at + QPointF(0, down * length)});
+        QPainterPath path(at + QPointF(across * length, 0));
+        path.lineTo(at);
+        path.lineTo(at + QPointF(0, down * length));
+        lay(path, QPen(CanvasTokens::cropLine, points(4), Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     };
     corner(inside.topLeft(), 1, 1);
     corner(inside.topRight(), -1, 1);
@@ -153,31 +173,30 @@ void CanvasOverlay::drawWriting(const Annotation& label, const QLineF& caret, st
     };
     QColor fill = Theme::current().accent;
     fill.setAlphaF(0.35F);
-    m_painter.setPen(Qt::NoPen);
-    m_painter.setBrush(fill);
-    for (const QRectF& rect : selection)
-        m_painter.drawPolygon(QPolygonF{turned(rect.topLeft()), turned(rect.topRight()), turned(rect.bottomRight()),
-                                        turned(rect.bottomLeft())});
+    for (const QRectF& rect : selection) {
+        QPainterPath path;
+        path.addPolygon(QPolygonF{turned(rect.topLeft()), turned(rect.topRight()), turned(rect.bottomRight()),
+                                  turned(rect.bottomLeft())});
+        lay(path, Qt::NoPen, fill);
+    }
     if (!isCaretShown)
         return;
-    m_painter.setPen(QPen(CanvasTokens::halo, points(caretWidth + 1.5)));
-    m_painter.drawLine(turned(caret.p1()), turned(caret.p2()));
-    m_painter.setPen(QPen(Theme::current().accent, points(caretWidth)));
-    m_painter.drawLine(turned(caret.p1()), turned(caret.p2()));
+    drawLine(turned(caret.p1()), turned(caret.p2()), QPen(CanvasTokens::halo, points(caretWidth + 1.5)));
+    drawLine(turned(caret.p1()), turned(caret.p2()), QPen(Theme::current().accent, points(caretWidth)));
 }
 
 void CanvasOverlay::drawPixelGrid(const QRectF& canvas)
 {
-    if (m_viewport.zoom() < smallestGridded)
+    if (!m_painter || m_viewport.zoom() < smallestGridded)
         return;
     const QRectF seen(m_viewport.toCanvas(QPointF()),
-                      m_viewport.toCanvas(QPointF(m_painter.viewport().width(), m_painter.viewport().height())));
+                      m_viewport.toCanvas(QPointF(m_painter->viewport().width(), m_painter->viewport().height())));
     const QRectF part = canvas & seen;
-    m_painter.setPen(QPen(CanvasTokens::pixelGrid, 1));
+    m_painter->setPen(QPen(CanvasTokens::pixelGrid, 1));
     for (int x = int(std::ceil(part.left())); x <= part.right(); ++x)
-        m_painter.drawLine(m_viewport.toView(QPointF(x, part.top())), m_viewport.toView(QPointF(x, part.bottom())));
+        m_painter->drawLine(m_viewport.toView(QPointF(x, part.top())), m_viewport.toView(QPointF(x, part.bottom())));
     for (int y = int(std::ceil(part.top())); y <= part.bottom(); ++y)
-        m_painter.drawLine(m_viewport.toView(QPointF(part.left(), y)), m_viewport.toView(QPointF(part.right(), y)));
+        m_painter->drawLine(m_viewport.toView(QPointF(part.left(), y)), m_viewport.toView(QPointF(part.right(), y)));
 }
 
 } // namespace Kovrel
