@@ -58,6 +58,13 @@ void CanvasPicture::setRedactions(Redactions redactions)
     takeShare();
 }
 
+void CanvasPicture::setBackdropPicture(const QString& value, const QImage& picture)
+{
+    m_renderer.setPicture(value, picture);
+    takeBackdrop();
+    redrawAll();
+}
+
 void CanvasPicture::setShare(double share)
 {
     m_share = share;

@@ -25,6 +25,8 @@ public:
     explicit CanvasPicture(EditorCapture capture, MeasureUnit measureUnit = MeasureUnit::pixels);
 
     void setRedactions(Redactions redactions);
+    // What a backdrop shows whose fill is a picture of the user's own.
+    void setBackdropPicture(const QString& value, const QImage& picture);
     // Shown pixels to a pixel of the capture, above 0 and at most 1.
     void setShare(double share);
 

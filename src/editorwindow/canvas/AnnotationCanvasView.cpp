@@ -49,6 +49,12 @@ void AnnotationCanvasView::setRedactions(CanvasPicture::Redactions redactions)
     update();
 }
 
+void AnnotationCanvasView::setBackdropPicture(const QString& value, const QImage& picture)
+{
+    m_picture.setBackdropPicture(value, picture);
+    update();
+}
+
 // --- What is shown
 
 // Handles and guides reach beyond what they belong to, so all of the view is put on the screen; what is drawn anew of

@@ -23,6 +23,7 @@ public:
     EditorPointing& pointing() { return m_pointing; }
 
     void setRedactions(CanvasPicture::Redactions redactions);
+    void setBackdropPicture(const QString& value, const QImage& picture);
 
     // Of the capture's own size on its screen.
     double zoomPercent() const;
