@@ -39,7 +39,7 @@ AnnotationCanvasView::AnnotationCanvasView(EditorSession& session, MeasureUnit m
         update();
     });
     m_changes = session.onChange([this] { follow(); });
-    m_picture.setDocument(session.document());
+    m_picture.setDocument(shownDocument());
     m_viewport.setCanvas(m_picture.area());
 }
 
@@ -61,10 +61,19 @@ void AnnotationCanvasView::setBackdropPicture(const QString& value, const QImage
 // the picture is only what differs.
 void AnnotationCanvasView::follow()
 {
-    const QRegion changed = m_picture.setDocument(m_session.document());
+    const QRegion changed = m_picture.setDocument(shownDocument());
     if (!changed.isEmpty())
         takeView();
     update();
+}
+
+// A crop is chosen on the whole capture, without a backdrop around it.
+EditorDocument AnnotationCanvasView::shownDocument() const
+{
+    EditorDocument document = m_session.document();
+    if (m_session.tool() == EditorTool::crop)
+        document.composition.backdrop = EditorBackdrop::none;
+    return document;
 }
 
 void AnnotationCanvasView::takeView()
@@ -125,7 +134,8 @@ void AnnotationCanvasView::paintOverlay(QPainter& painter)
         overlay.drawCrop(m_session.document().composition.crop.value_or(canvas), canvas, gesture != nullptr);
         return;
     }
-    if (const auto& crop = m_session.document().composition.crop)
+    const EditorComposition& composition = m_session.document().composition;
+    if (const auto& crop = composition.crop; crop && composition.backdrop.isNone())
         overlay.hideOutside(*crop, Theme::current().canvas);
     if (m_writing) {
         if (const Annotation* const label = m_session.document().mark(m_writing->id()))

@@ -63,6 +63,7 @@ protected:
 
 private:
     void follow();
+    EditorDocument shownDocument() const;
     void takeView();
     void takeShare();
     void updateCanvas(const QRegion& canvasPixels);
