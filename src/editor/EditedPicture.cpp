@@ -1,6 +1,7 @@
 #include "editor/EditedPicture.h"
 
 #include "editor/AnnotationFlattener.h"
+#include "editor/OwnBackdropPicture.h"
 #include "editor/crop/CropSizes.h"
 #include "editor/document/CroppedCapture.h"
 #include "editor/marks/RedactionSources.h"
@@ -57,6 +58,8 @@ QImage onBackdrop(AnnotationFlattener::Input input, const EditorCapture& capture
     input.subject = cropped.capture.subject;
     input.margins = BackdropMargins::measured(input.base);
     EditorBackdropRenderer renderer;
+    if (const auto own = OwnBackdropPicture::read(input.backdrop.fill); own && *own)
+        renderer.setPicture(input.backdrop.fill.value, **own);
     return AnnotationFlattener::render(input, renderer);
 }
 

@@ -1,28 +1,20 @@
 #include "editorwindow/EditorWindow.h"
 
-#include "editor/marks/RedactionSources.h"
 #include "editorwindow/EditorClipboard.h"
-#include "editorwindow/tools/StylePanel.h"
-#include "editorwindow/tools/SymbolButton.h"
+#include "editorwindow/EditorTopBar.h"
+#include "editorwindow/backdrop/BackdropPanel.h"
 #include "editorwindow/tools/ToolKeys.h"
 #include "editorwindow/tools/ToolPalette.h"
-#include "platform/Guarded.h"
 #include "platform/SavePanel.h"
-#include "platform/Workers.h"
 #include "ports/CaptureDelivery.h"
 #include "ports/Toasts.h"
-#include "ui/PrimaryButton.h"
-#include "ui/Symbols.h"
-#include "ui/tokens/Metrics.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
-#include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
 
@@ -35,35 +27,6 @@ namespace {
 constexpr QSize smallest(900, 560);
 constexpr double screenShare = 0.85;
 
-bool needsRedactions(const EditorSession& session)
-{
-    const EditorTool tool = session.tool();
-    return tool == EditorTool::blur || tool == EditorTool::pixelate ||
-           std::ranges::any_of(session.document().marks, [](const Annotation& mark) {
-               return mark.kind == Annotation::Kind::blur || mark.kind == Annotation::Kind::pixelate;
-           });
-}
-
-// What there is to choose for the marks that are selected, or that the tool makes.
-MarkStyle possibleStyle(const EditorSession& session)
-{
-    const MarkStyle all{.colorHex = "",
-                        .lineWidth = 1,
-                        .fillStyle = AnnotationFillStyle{},
-                        .textStyle = AnnotationTextStyle{},
-                        .rounded = false,
-                        .dimLevel = 0,
-                        .tipScale = 1};
-    MarkStyle possible;
-    if (session.selection().empty()) {
-        const auto kind = kindOf(session.tool());
-        return kind ? MarkStyle::onlyOf(*kind, all) : possible;
-    }
-    for (const Annotation& mark : session.selectedMarks())
-        possible = possible.united(MarkStyle::onlyOf(mark.kind, all));
-    return possible;
-}
-
 } // namespace
 
 EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened opened, Kind kind, const QString& title)
@@ -73,37 +36,17 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
       m_keeping(services, m_session, std::move(opened.savedPath), kind == Kind::capture),
       m_lines(services, m_session.capture()),
       m_canvas(new AnnotationCanvasView(m_session, services.preferences.get(Settings::measureUnit))),
+      m_sources(services, m_session, *m_canvas),
+      m_top(new EditorTopBar(m_session, services.preferences)),
       m_tools(new ToolPalette),
-      m_style(new StylePanel(services.preferences)),
-      m_scope(services.loop, services.workers)
+      m_middle(new QHBoxLayout)
 {
     setWindowTitle(title);
     setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
     setMinimumSize(smallest);
-    auto* const middle = new QHBoxLayout;
-    middle->setContentsMargins(0, 0, 0, 0);
-    middle->setSpacing(0);
-    middle->addWidget(m_tools);
-    middle->addWidget(m_canvas, 1);
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(makeTopBar());
-    layout->addLayout(middle, 1);
+    arrange();
     addCommands();
-    connect(m_tools, &ToolPalette::toolChosen, this, [this](EditorTool tool) {
-        m_canvas->stopWriting();
-        m_session.setTool(tool);
-        m_canvas->setFocus();
-    });
-    connect(m_style, &StylePanel::styleChosen, this, [this](const MarkStyle& style) { m_session.setStyle(style); });
-    connect(m_canvas, &AnnotationCanvasView::zoomChanged, this,
-            [this] { m_zoom->setText(QString("%1 %").arg(qRound(m_canvas->zoomPercent()))); });
-    connect(m_canvas, &AnnotationCanvasView::contextMenuWanted, this, &EditorWindow::showMenu);
-    m_canvas->pointing().setLineHeightAt([this](Point at) {
-        const bool isWanted = m_services.preferences.get(Settings::highlighterAutoSize);
-        return isWanted ? m_lines.heightAt(at) : std::nullopt;
-    });
+    connectParts();
     m_changes = m_session.onChange([this] { follow(); });
     follow();
     resize((QSizeF(screen()->availableSize()) * screenShare).toSize());
@@ -112,37 +55,38 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
 
 // --- What there is
 
-SymbolButton* EditorWindow::makeButton(const QString& symbol, const QString& name, void (EditorWindow::*action)())
+void EditorWindow::arrange()
 {
-    auto* const button = new SymbolButton(symbol, name);
-    connect(button, &SymbolButton::clicked, this, action);
-    return button;
+    m_middle->setContentsMargins(0, 0, 0, 0);
+    m_middle->setSpacing(0);
+    m_middle->addWidget(m_tools);
+    m_middle->addWidget(m_canvas, 1);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_top);
+    layout->addLayout(m_middle, 1);
 }
 
-QWidget* EditorWindow::makeTopBar()
+void EditorWindow::connectParts()
 {
-    auto* const bar = new QWidget;
-    auto* const layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(Spacing::medium, Spacing::small, Spacing::medium, Spacing::small);
-    layout->setSpacing(Spacing::tight);
-    m_undo = makeButton("arrow.uturn.backward", tr("Undo (Ctrl+Z)"), &EditorWindow::undo);
-    m_redo = makeButton("arrow.uturn.forward", tr("Redo (Ctrl+Shift+Z)"), &EditorWindow::redo);
-    m_zoom = new QLabel;
-    m_zoom->setAccessibleName(tr("Zoom"));
-    layout->addWidget(m_undo);
-    layout->addWidget(m_redo);
-    layout->addSpacing(Spacing::large);
-    layout->addWidget(m_style);
-    layout->addStretch(1);
-    layout->addWidget(m_zoom);
-    layout->addSpacing(Spacing::medium);
-    layout->addWidget(makeButton("doc.on.doc", tr("Copy (Ctrl+C)"), &EditorWindow::copy));
-    layout->addWidget(makeButton("square.and.arrow.down", tr("Save (Ctrl+S)"), &EditorWindow::save));
-    layout->addSpacing(Spacing::small);
-    auto* const done = new PrimaryButton(tr("Done"));
-    connect(done, &QPushButton::clicked, this, &EditorWindow::close);
-    layout->addWidget(done);
-    return bar;
+    connect(m_top, &EditorTopBar::undoWanted, this, &EditorWindow::undo);
+    connect(m_top, &EditorTopBar::redoWanted, this, &EditorWindow::redo);
+    connect(m_top, &EditorTopBar::backdropWanted, this, &EditorWindow::toggleBackdrop);
+    connect(m_top, &EditorTopBar::copyWanted, this, &EditorWindow::copy);
+    connect(m_top, &EditorTopBar::saveWanted, this, &EditorWindow::save);
+    connect(m_top, &EditorTopBar::doneWanted, this, &EditorWindow::close);
+    connect(m_tools, &ToolPalette::toolChosen, this, [this](EditorTool tool) {
+        m_canvas->stopWriting();
+        m_session.setTool(tool);
+        m_canvas->setFocus();
+    });
+    connect(m_canvas, &AnnotationCanvasView::zoomChanged, this, [this] { m_top->setZoom(m_canvas->zoomPercent()); });
+    connect(m_canvas, &AnnotationCanvasView::contextMenuWanted, this, &EditorWindow::showMenu);
+    m_canvas->pointing().setLineHeightAt([this](Point at) {
+        const bool isWanted = m_services.preferences.get(Settings::highlighterAutoSize);
+        return isWanted ? m_lines.heightAt(at) : std::nullopt;
+    });
 }
 
 void EditorWindow::addKeys(const QKeySequence& keys, std::function<void()> action)
@@ -163,6 +107,7 @@ void EditorWindow::addCommands()
     add(QKeySequence::Save, [this] { save(); });
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { saveAs(); });
     add(QKeySequence::Close, [this] { close(); });
+    add(Qt::CTRL | Qt::Key_B, [this] { toggleBackdrop(); });
     add(Qt::CTRL | Qt::Key_D, [this] { m_session.duplicateSelected(); });
     add(QKeySequence::ZoomIn, [this] { m_canvas->zoomIn(); });
     add(Qt::CTRL | Qt::Key_Equal, [this] { m_canvas->zoomIn(); });
@@ -178,25 +123,10 @@ void EditorWindow::addCommands()
 void EditorWindow::follow()
 {
     m_tools->setTool(m_session.tool());
-    m_style->setStyle(m_session.style(), possibleStyle(m_session));
-    m_undo->setEnabled(m_session.canUndo());
-    m_redo->setEnabled(m_session.canRedo());
+    m_top->follow();
+    m_sources.follow();
     if (m_session.tool() == EditorTool::highlighter && m_services.preferences.get(Settings::highlighterAutoSize))
         m_lines.expect();
-    if (!m_hasRedactions && needsRedactions(m_session)) {
-        m_hasRedactions = true;
-        Scope::start(prepareRedactions(), "preparing redactions");
-    }
-}
-
-QCoro::Task<> EditorWindow::prepareRedactions()
-{
-    const auto job = [capture = m_session.capture()] {
-        return CanvasPicture::Redactions{RedactionSources::blurred(capture.image, capture.scale),
-                                         RedactionSources::pixelated(capture.image, capture.scale)};
-    };
-    const auto made = co_await m_scope.onWorker(Lane::editorSave, Guarded::orElse(job, CanvasPicture::Redactions()));
-    m_canvas->setRedactions(made);
 }
 
 // --- Keys
@@ -283,6 +213,17 @@ void EditorWindow::tellSaved(const SaveOutcome& outcome)
                                  .subtitle = outcome.error().message,
                                  .icon = "exclamationmark.triangle"},
                     std::nullopt, false);
+}
+
+void EditorWindow::toggleBackdrop()
+{
+    if (!m_backdrop) {
+        m_backdrop = new BackdropPanel(m_session, m_services.preferences, m_services.loop, m_services.workers);
+        m_backdrop->hide();
+        m_middle->addWidget(m_backdrop);
+    }
+    m_backdrop->setVisible(m_backdrop->isHidden());
+    m_top->setBackdropShown(!m_backdrop->isHidden());
 }
 
 void EditorWindow::showMenu(QPoint globalPosition)

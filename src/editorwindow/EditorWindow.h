@@ -1,16 +1,17 @@
 #pragma once
 
+#include "editorwindow/CanvasSources.h"
 #include "editorwindow/CaptureLines.h"
 #include "editorwindow/EditorKeeping.h"
 #include "editorwindow/canvas/AnnotationCanvasView.h"
 #include "ui/AppWindow.h"
 
-class QLabel;
+class QHBoxLayout;
 
 namespace Kovrel {
 
-class StylePanel;
-class SymbolButton;
+class BackdropPanel;
+class EditorTopBar;
 class ToolPalette;
 
 // The editor of one capture. Closing it keeps what was made, in the history or, for a file, as the user says.
@@ -42,12 +43,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    QWidget* makeTopBar();
-    SymbolButton* makeButton(const QString& symbol, const QString& name, void (EditorWindow::*action)());
+    void arrange();
+    void connectParts();
     void addKeys(const QKeySequence& keys, std::function<void()> action);
     void addCommands();
     void follow();
-    QCoro::Task<> prepareRedactions();
     void escape();
     void undo();
     void redo();
@@ -56,6 +56,7 @@ private:
     void save();
     void saveAs();
     void tellSaved(const SaveOutcome& outcome);
+    void toggleBackdrop();
     void showMenu(QPoint globalPosition);
     void askToSave();
     void discard();
@@ -66,14 +67,12 @@ private:
     EditorKeeping m_keeping;
     CaptureLines m_lines;
     AnnotationCanvasView* m_canvas;
+    CanvasSources m_sources;
+    EditorTopBar* m_top;
     ToolPalette* m_tools;
-    StylePanel* m_style;
-    SymbolButton* m_undo;
-    SymbolButton* m_redo;
-    QLabel* m_zoom;
-    bool m_hasRedactions = false;
+    QHBoxLayout* m_middle;               // what stands beside the canvas
+    BackdropPanel* m_backdrop = nullptr; // made when it is opened first
     Subscription m_changes;
-    Scope m_scope;
 };
 
 } // namespace Kovrel

@@ -1,8 +1,8 @@
 #include "history/HistoryTurn.h"
 
 #include "editor/AnnotationFlattener.h"
+#include "editor/OwnBackdropPicture.h"
 #include "editor/marks/AnnotationTurn.h"
-#include "platform/ImageCodec.h"
 
 namespace Kovrel {
 
@@ -23,10 +23,8 @@ QImage flattened(const HistoryEdit& edit, const HistoryTurn::Capture& capture)
     if (edit.annotations.empty() && edit.backdrop.isNone())
         return edit.newBase;
     EditorBackdropRenderer renderer;
-    const BackdropFill& fill = edit.backdrop.fill;
-    if (fill.kind == BackdropFill::Kind::picture && fill.value.startsWith('/'))
-        if (const auto own = ImageCodec::decodeFile(fill.value))
-            renderer.setPicture(fill.value, *own);
+    if (const auto own = OwnBackdropPicture::read(edit.backdrop.fill); own && *own)
+        renderer.setPicture(edit.backdrop.fill.value, **own);
     return AnnotationFlattener::render(
         {.base = edit.newBase,
          .annotations = edit.annotations,

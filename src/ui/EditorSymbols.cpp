@@ -221,6 +221,65 @@ QPainterPath bubble()
     return path;
 }
 
+// A capture on its backdrop.
+QPainterPath frameInFrame()
+{
+    QPainterPath path;
+    path.addRoundedRect(QRectF(0.02, 0.1, 0.96, 0.8), 0.12, 0.12);
+    path.addPath(filledRect(QRectF(0.28, 0.34, 0.44, 0.32)));
+    return path;
+}
+
+QPainterPath chevronDown()
+{
+    return lines({{0.1, 0.3}, {0.5, 0.7}, {0.9, 0.3}});
+}
+
+QPainterPath chevronUp()
+{
+    return lines({{0.1, 0.7}, {0.5, 0.3}, {0.9, 0.7}});
+}
+
+QPainterPath chevronRight()
+{
+    return lines({{0.3, 0.1}, {0.7, 0.5}, {0.3, 0.9}});
+}
+
+QPainterPath plus()
+{
+    QPainterPath path = lines({{0.5, 0.04}, {0.5, 0.96}});
+    path.addPath(lines({{0.04, 0.5}, {0.96, 0.5}}));
+    return path;
+}
+
+QPainterPath struckCircle()
+{
+    QPainterPath path = circle();
+    path.addPath(lines({{0.16, 0.16}, {0.84, 0.84}}));
+    return path;
+}
+
+QPainterPath padlock(double openedBy)
+{
+    QPainterPath path;
+    path.addRoundedRect(QRectF(0.14, 0.46, 0.72, 0.5), 0.1, 0.1);
+    path.moveTo(0.3, 0.46);
+    path.lineTo(0.3, 0.26);
+    path.cubicTo(0.3, -0.04, 0.7, -0.04, 0.7, 0.26);
+    path.lineTo(0.7, 0.46 - openedBy);
+    return path;
+}
+
+QPainterPath closedLock()
+{
+    return padlock(0);
+}
+
+QPainterPath openLock()
+{
+    return padlock(0.18);
+}
+
 struct Drawing {
     const char* name;
     QPainterPath (*draw)();
@@ -251,6 +310,14 @@ constexpr Drawing drawings[] = {
     {"ruler", ruler},
     {"arrow.uturn.backward", turningBack},
     {"arrow.uturn.forward", turningForward},
+    {"rectangle.inset.filled", frameInFrame},
+    {"chevron.down", chevronDown},
+    {"chevron.up", chevronUp},
+    {"chevron.right", chevronRight},
+    {"plus", plus},
+    {"nosign", struckCircle},
+    {"lock", closedLock},
+    {"lock.open", openLock},
 };
 
 } // namespace

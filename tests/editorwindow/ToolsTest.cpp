@@ -73,7 +73,7 @@ TEST_F(StylePanelTest, OffersWhatThereIsAndTellsOnlyWhatWasChanged)
     EXPECT_TRUE(chosen.empty()) << "what is shown is not chosen";
     std::vector<QWidget*> offered;
     for (auto* const widget : panel.findChildren<QWidget*>())
-        if (!widget->isHidden() && widget->focusPolicy() != Qt::NoFocus) {
+        if (widget->isVisibleTo(&panel) && widget->focusPolicy() != Qt::NoFocus) {
             offered.push_back(widget);
             EXPECT_FALSE(widget->accessibleName().isEmpty());
             EXPECT_FALSE(widget->focusPolicy() & Qt::ClickFocus & ~Qt::TabFocus) << "text goes on being written";

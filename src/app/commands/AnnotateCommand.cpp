@@ -1,6 +1,7 @@
 #include "app/commands/AnnotateCommand.h"
 
 #include "editor/AnnotationFlattener.h"
+#include "editor/OwnBackdropPicture.h"
 #include "editor/json/AnnotationJson.h"
 #include "platform/ImageCodec.h"
 #include "platform/RegularFile.h"
@@ -99,13 +100,10 @@ CommandAnswer AnnotateCommand::run(const Command& command, const Settings& setti
     if (!parts)
         return failure(parts.error());
     EditorBackdropRenderer renderer;
-    // A path names a picture of the user's own.
-    if (const BackdropFill& fill = parts->backdrop.fill;
-        fill.kind == BackdropFill::Kind::picture && fill.value.startsWith('/')) {
-        const auto own = ImageCodec::decodeFile(fill.value);
-        if (!own)
-            return failure(own.error().message);
-        renderer.setPicture(fill.value, *own);
+    if (const auto own = OwnBackdropPicture::read(parts->backdrop.fill)) {
+        if (!*own)
+            return failure(own->error().message);
+        renderer.setPicture(parts->backdrop.fill.value, **own);
     }
     const QImage picture = AnnotationFlattener::render(*parts, renderer);
     if (picture.isNull())

@@ -58,6 +58,18 @@ void BackdropPresets::save(const BackdropPreset& preset, Preferences& preference
     store(presets, preferences);
 }
 
+void BackdropPresets::rename(const QString& from, const QString& to, Preferences& preferences)
+{
+    const QString name = to.trimmed();
+    auto presets = stored(preferences);
+    const bool isThere = std::ranges::find(presets, from, &BackdropPreset::name) != presets.end();
+    if (!isThere || name.isEmpty() || name == from)
+        return;
+    std::erase_if(presets, [&](const BackdropPreset& preset) { return preset.name == name; });
+    std::ranges::find(presets, from, &BackdropPreset::name)->name = name;
+    store(presets, preferences);
+}
+
 void BackdropPresets::remove(const QString& name, Preferences& preferences)
 {
     auto presets = stored(preferences);

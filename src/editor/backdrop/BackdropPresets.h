@@ -24,6 +24,8 @@ void store(const std::vector<BackdropPreset>& presets, Preferences& preferences)
 // A name is a preset's own: saving under it once more replaces the preset where it is, a new one is added at the end.
 // Blanks around a name do not count; without a name or with a backdrop that is none nothing is saved.
 void save(const BackdropPreset& preset, Preferences& preferences);
+// Where it is; one that has the new name is replaced. Nothing without a name.
+void rename(const QString& from, const QString& to, Preferences& preferences);
 void remove(const QString& name, Preferences& preferences);
 
 // A new backdrop where there is none yet.

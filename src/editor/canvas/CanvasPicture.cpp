@@ -3,6 +3,7 @@
 #include "editor/AnnotationFlattener.h"
 #include "editor/backdrop/AlphaSubject.h"
 #include "editor/backdrop/EditorBackdropMetrics.h"
+#include "editor/document/CroppedCapture.h"
 #include "editor/geometry/MarkChanges.h"
 #include "editor/marks/AnnotationDrawing.h"
 #include "imaging/Resampling.h"
@@ -28,6 +29,12 @@ QImage atShare(const QImage& image, double share)
     return image.isNull() ? image : Resampling::resampledExactly(image, size).value_or(image);
 }
 
+// A look at every pixel.
+std::optional<CaptureSubject> subjectOf(const EditorCapture& capture)
+{
+    return capture.subject ? capture.subject : AlphaSubject::measured(capture.image);
+}
+
 bool isOnCapture(const Annotation& mark)
 {
     return mark.kind == Kind::blur || mark.kind == Kind::pixelate || mark.kind == Kind::blackout ||
@@ -44,11 +51,12 @@ QTransform captureTransform(QPoint origin, int captureHeight)
 } // namespace
 
 CanvasPicture::CanvasPicture(EditorCapture capture, MeasureUnit measureUnit)
-    : m_capture(std::move(capture)), m_measureUnit(measureUnit), m_margins(BackdropMargins::measured(m_capture.image))
+    : m_capture(std::move(capture)),
+      m_measureUnit(measureUnit),
+      m_whole{m_capture.image.rect(), subjectOf(m_capture), BackdropMargins::measured(m_capture.image)},
+      m_card(m_whole)
 {
     m_capture.image = paintable(m_capture.image);
-    if (!m_capture.subject)
-        m_capture.subject = AlphaSubject::measured(m_capture.image);
     takeShare();
 }
 
@@ -56,6 +64,13 @@ void CanvasPicture::setRedactions(Redactions redactions)
 {
     m_redactions = std::move(redactions);
     takeShare();
+}
+
+void CanvasPicture::setBackdropPicture(const QString& value, const QImage& picture)
+{
+    m_renderer.setPicture(value, picture);
+    takeBackdrop();
+    redrawAll();
 }
 
 void CanvasPicture::setShare(double share)
@@ -81,23 +96,46 @@ void CanvasPicture::takePadding()
                     : QMargins();
 }
 
+// Looked at only where a backdrop asks for it, and the crop is another one.
+void CanvasPicture::takeCard()
+{
+    const QRect pixels = CroppedCapture::pixels(m_capture, m_document.composition);
+    if (m_document.composition.backdrop.isNone() || pixels == m_card.pixels)
+        return;
+    if (pixels == m_whole.pixels) {
+        m_card = m_whole;
+        return;
+    }
+    const EditorCapture left = CroppedCapture::of(m_capture, {{}, m_document.composition}).capture;
+    m_card = {pixels, subjectOf(left), BackdropMargins::measured(left.image)};
+}
+
+// In the shown capture.
+QPoint CanvasPicture::cardCorner() const
+{
+    return (QPointF(m_card.pixels.topLeft()) * m_share).toPoint();
+}
+
 void CanvasPicture::takeBackdrop()
 {
+    takeCard();
     const EditorBackdrop& backdrop = m_document.composition.backdrop;
     if (backdrop.isNone()) {
         m_layout.reset();
         m_backdrop = {};
         return;
     }
-    m_layout = EditorBackdropMetrics::layout(m_capture.image.size(), m_capture.scale, scale(), backdrop,
-                                             m_capture.subject, m_margins);
+    m_layout = EditorBackdropMetrics::layout(m_card.pixels.size(), m_capture.scale, scale(), backdrop, m_card.subject,
+                                             m_card.margins);
     m_backdrop = m_layout ? m_renderer.canvas(*m_layout, backdrop) : QImage();
 }
 
 QRegion CanvasPicture::setDocument(const EditorDocument& document)
 {
     const QRect areaBefore = area();
-    const bool isBackdropChanged = document.composition.backdrop != m_document.composition.backdrop;
+    const EditorComposition& was = m_document.composition;
+    const bool isBackdropChanged = document.composition.backdrop != was.backdrop ||
+                                   (!document.composition.backdrop.isNone() && document.composition.crop != was.crop);
     const std::vector<Annotation> before = std::exchange(m_document, document).marks;
     takePadding();
     const QRectF all = inTarget(area());
@@ -128,7 +166,7 @@ QRegion CanvasPicture::pixelsOf(const std::vector<QRectF>& areas) const
 QRect CanvasPicture::area() const
 {
     if (m_layout)
-        return {-m_layout->image.topLeft(), m_layout->canvas};
+        return {cardCorner() - m_layout->image.topLeft(), m_layout->canvas};
     return captureArea().marginsAdded(m_padding);
 }
 
@@ -188,6 +226,12 @@ void CanvasPicture::redrawMarked(const QRect& rect)
                                       .culledTo = inTarget(rect)});
 }
 
+// Of all of it there is no copy.
+QImage CanvasPicture::cardPixels() const
+{
+    return m_card.pixels == m_whole.pixels ? m_marked : m_marked.copy({cardCorner(), m_layout->image.size()});
+}
+
 void CanvasPicture::redrawPicture(const QRect& rect)
 {
     const QPoint origin = -area().topLeft();
@@ -197,7 +241,7 @@ void CanvasPicture::redrawPicture(const QRect& rect)
     if (m_layout) {
         painter.drawImage(0, 0, m_backdrop);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        EditorBackdropRenderer::drawCapture(painter, *m_layout, m_marked);
+        EditorBackdropRenderer::drawCapture(painter, *m_layout, cardPixels());
     } else {
         painter.fillRect(rect.translated(origin), Qt::transparent);
         painter.drawImage(origin, m_marked);

@@ -13,7 +13,7 @@ namespace Kovrel {
 
 // What an editor shows of a document: at the capture's own scale exactly the pixels that are exported, at smaller
 // scales the same drawn smaller. Places are pixels of the shown capture, y down, counted from its upper left corner;
-// backdrops and marks may reach beyond it. One thread.
+// backdrops and marks may reach beyond it. A crop is carried out on a backdrop; without one all is there. One thread.
 class CanvasPicture {
 public:
     // Made of the capture by RedactionSources; null where they are not there yet, and blackouts take their place.
@@ -25,6 +25,8 @@ public:
     explicit CanvasPicture(EditorCapture capture, MeasureUnit measureUnit = MeasureUnit::pixels);
 
     void setRedactions(Redactions redactions);
+    // What a backdrop shows whose fill is a picture of the user's own.
+    void setBackdropPicture(const QString& value, const QImage& picture);
     // Shown pixels to a pixel of the capture, above 0 and at most 1.
     void setShare(double share);
 
@@ -50,11 +52,21 @@ private:
         QSize size() const { return capture.size(); }
     };
 
+    // What of the capture is set on a backdrop: all of it, or what a crop leaves. Pixels of the capture.
+    struct Card {
+        QRect pixels;
+        std::optional<CaptureSubject> subject; // counted from the card's upper left corner
+        BackdropMargins margins;
+    };
+
     double scale() const { return m_capture.scale * m_share; }
 
     void takeShare();
     void takePadding();
+    void takeCard();
     void takeBackdrop();
+    QPoint cardCorner() const;
+    QImage cardPixels() const;
     QRegion pixelsOf(const std::vector<QRectF>& areas) const;
     void redrawAll();
     void redraw(const QRegion& region);
@@ -65,7 +77,8 @@ private:
 
     EditorCapture m_capture;
     MeasureUnit m_measureUnit;
-    BackdropMargins m_margins;
+    Card m_whole;
+    Card m_card;
     Redactions m_redactions;
     double m_share = 1;
     Pictures m_shown; // at the share

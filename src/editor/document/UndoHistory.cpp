@@ -4,31 +4,31 @@ namespace Kovrel {
 
 void UndoHistory::record(const EditorDocument& before, const EditorDocument& after, const QString& key)
 {
-    if (!key.isEmpty() && key == m_openKey && canUndo() && !canRedo())
-        merge(before, after);
-    else
-        push({before, after});
-    m_openKey = key;
+    const bool isGoingOn = !key.isEmpty() && key == m_openKey && canUndo() && !canRedo();
+    const bool isStep = isGoingOn ? merge(before, after) : push({before, after});
+    // Without one, the step before is somebody else's.
+    m_openKey = isStep ? key : QString();
 }
 
 // From where the last step began. What comes back to there was nothing.
-void UndoHistory::merge(const EditorDocument& before, const EditorDocument& after)
+bool UndoHistory::merge(const EditorDocument& before, const EditorDocument& after)
 {
     const EditorDocument start = m_steps.back().takenBack(before);
     m_steps.pop_back();
     --m_done;
-    push({start, after});
+    return push({start, after});
 }
 
-void UndoHistory::push(DocumentChange change)
+bool UndoHistory::push(DocumentChange change)
 {
     if (change.isEmpty())
-        return;
+        return false;
     m_steps.resize(m_done);
     m_steps.push_back(std::move(change));
     if (m_steps.size() > mostSteps)
         m_steps.pop_front();
     m_done = m_steps.size();
+    return true;
 }
 
 EditorDocument UndoHistory::undone(EditorDocument document)

@@ -30,8 +30,9 @@ public:
     EditorDocument redone(EditorDocument document);
 
 private:
-    void merge(const EditorDocument& before, const EditorDocument& after);
-    void push(DocumentChange change);
+    // Whether there was a step.
+    bool merge(const EditorDocument& before, const EditorDocument& after);
+    bool push(DocumentChange change);
 
     std::deque<DocumentChange> m_steps;
     size_t m_done = 0;

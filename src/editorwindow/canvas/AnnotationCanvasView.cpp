@@ -39,7 +39,7 @@ AnnotationCanvasView::AnnotationCanvasView(EditorSession& session, MeasureUnit m
         updateOverlay();
     });
     m_changes = session.onChange([this] { follow(); });
-    m_picture.setDocument(session.document());
+    m_picture.setDocument(shownDocument());
     m_viewport.setCanvas(m_picture.area());
 }
 
@@ -49,12 +49,18 @@ void AnnotationCanvasView::setRedactions(CanvasPicture::Redactions redactions)
     update();
 }
 
+void AnnotationCanvasView::setBackdropPicture(const QString& value, const QImage& picture)
+{
+    m_picture.setBackdropPicture(value, picture);
+    update();
+}
+
 // --- What is shown
 
 void AnnotationCanvasView::follow()
 {
     const QRect area = m_picture.area();
-    const QRegion changed = m_picture.setDocument(m_session.document());
+    const QRegion changed = m_picture.setDocument(shownDocument());
     if (m_picture.area() != area)
         takeView();
     if (std::exchange(m_shownCrop, hidingCrop()) != hidingCrop())
@@ -78,10 +84,12 @@ void AnnotationCanvasView::updatePicture(const QRegion& changed)
         update(fromView(QRectF(origin + QPointF(rect.topLeft()) * enlarged, QSizeF(rect.size()) * enlarged)));
 }
 
-// While it is chosen, what it leaves out is shaded and not hidden.
+// While it is chosen, what it leaves out is shaded and not hidden; on a backdrop it is carried out.
 std::optional<Rect> AnnotationCanvasView::hidingCrop() const
 {
-    return m_session.tool() == EditorTool::crop ? std::nullopt : m_session.document().composition.crop;
+    const EditorComposition& composition = m_session.document().composition;
+    const bool isHiding = m_session.tool() != EditorTool::crop && composition.backdrop.isNone();
+    return isHiding ? composition.crop : std::nullopt;
 }
 
 void AnnotationCanvasView::updateOverlay()
@@ -91,6 +99,15 @@ void AnnotationCanvasView::updateOverlay()
     for (const QRegion& area : {m_overlayArea, overlay.area()})
         for (const QRect& rect : area)
             update(fromView(rect));
+}
+
+// A crop is chosen on the whole capture, without a backdrop around it.
+EditorDocument AnnotationCanvasView::shownDocument() const
+{
+    EditorDocument document = m_session.document();
+    if (m_session.tool() == EditorTool::crop)
+        document.composition.backdrop = EditorBackdrop::none;
+    return document;
 }
 
 void AnnotationCanvasView::takeView()

@@ -25,6 +25,7 @@ public:
     EditorPointing& pointing() { return m_pointing; }
 
     void setRedactions(CanvasPicture::Redactions redactions);
+    void setBackdropPicture(const QString& value, const QImage& picture);
 
     // Of the capture's own size on its screen.
     double zoomPercent() const;
@@ -64,6 +65,7 @@ protected:
 
 private:
     void follow();
+    EditorDocument shownDocument() const;
     void takeView();
     void takeShare();
     // What lies over the picture, and where it lay before.

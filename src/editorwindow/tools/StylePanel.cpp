@@ -3,22 +3,10 @@
 #include "editorwindow/tools/ColorWell.h"
 #include "editorwindow/tools/SymbolButton.h"
 #include "ui/tokens/Metrics.h"
-#include "ui/tokens/Typography.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QSignalBlocker>
-#include <QSlider>
-
-#include <cmath>
 
 namespace Kovrel {
-
-namespace {
-
-constexpr int sliderLength = 110;
-
-} // namespace
 
 StylePanel::StylePanel(Preferences& preferences) : m_preferences(preferences)
 {
@@ -27,7 +15,7 @@ StylePanel::StylePanel(Preferences& preferences) : m_preferences(preferences)
     layout->setSpacing(Spacing::tight);
     m_color = new ColorWell([this] { return m_preferences.get(Settings::savedSwatches); });
     layout->addWidget(m_color);
-    m_width = makeAmount(tr("Width"), 1, 20, 0.5, &MarkStyle::lineWidth);
+    m_width = makeAmount(tr("Width"), {1, 20, 0.5}, &MarkStyle::lineWidth);
     m_fill = makeChoices<AnnotationFillStyle>({{"rectangle", tr("Outline")},
                                                {"rectangle.translucent", tr("Translucent")},
                                                {"rectangle.hatched", tr("Hatched")},
@@ -41,8 +29,8 @@ StylePanel::StylePanel(Preferences& preferences) : m_preferences(preferences)
     m_rounded = new SymbolButton("rectangle.rounded", tr("Rounded Corners"));
     m_rounded->setCheckable(true);
     layout->addWidget(m_rounded);
-    m_dim = makeAmount(tr("Darkness"), 0.1, 0.9, 0.05, &MarkStyle::dimLevel);
-    m_tip = makeAmount(tr("Arrow Head"), 0.5, 3, 0.1, &MarkStyle::tipScale);
+    m_dim = makeAmount(tr("Darkness"), {0.1, 0.9, 0.05}, &MarkStyle::dimLevel);
+    m_tip = makeAmount(tr("Arrow Head"), {0.5, 3, 0.1}, &MarkStyle::tipScale);
     connect(m_color, &ColorWell::colorChosen, this,
             [this](const QString& hex) { Q_EMIT styleChosen({.colorHex = hex}); });
     connect(m_color, &ColorWell::swatchToggled, this, &StylePanel::toggleSwatch);
@@ -50,32 +38,24 @@ StylePanel::StylePanel(Preferences& preferences) : m_preferences(preferences)
             [this](bool isRounded) { Q_EMIT styleChosen({.rounded = isRounded}); });
 }
 
-StylePanel::Amount StylePanel::makeAmount(const QString& name, double least, double most, double step,
-                                          std::optional<double> MarkStyle::* field)
+AmountSlider* StylePanel::makeAmount(const QString& name, AmountSlider::Range range,
+                                     std::optional<double> MarkStyle::* field)
 {
-    Amount amount{new QLabel(name), new QSlider(Qt::Horizontal), step};
-    amount.name->setFont(Typography::font(TextStyle::caption));
-    amount.slider->setRange(int(std::lround(least / step)), int(std::lround(most / step)));
-    amount.slider->setFixedWidth(sliderLength);
-    amount.slider->setFocusPolicy(Qt::TabFocus);
-    amount.slider->setAccessibleName(name);
-    layout()->addWidget(amount.name);
-    layout()->addWidget(amount.slider);
-    connect(amount.slider, &QSlider::valueChanged, this, [this, step, field](int value) {
+    auto* const slider = new AmountSlider(name, range);
+    layout()->addWidget(slider);
+    connect(slider, &AmountSlider::amountChosen, this, [this, field](double amount) {
         MarkStyle style;
-        style.*field = value * step;
+        style.*field = amount;
         Q_EMIT styleChosen(style);
     });
-    return amount;
+    return slider;
 }
 
-void StylePanel::show(const Amount& amount, const std::optional<double>& value, bool isPossible)
+void StylePanel::show(AmountSlider* slider, const std::optional<double>& value, bool isPossible)
 {
-    amount.name->setVisible(isPossible);
-    amount.slider->setVisible(isPossible);
-    const QSignalBlocker blocker(amount.slider);
+    slider->setVisible(isPossible);
     if (value)
-        amount.slider->setValue(int(std::lround(*value / amount.step)));
+        slider->setAmount(*value);
 }
 
 template <class Choice>

@@ -1,12 +1,10 @@
 #pragma once
 
 #include "editor/session/MarkStyle.h"
+#include "editorwindow/tools/AmountSlider.h"
 #include "preferences/Preferences.h"
 
 #include <QWidget>
-
-class QLabel;
-class QSlider;
 
 namespace Kovrel {
 
@@ -29,16 +27,8 @@ Q_SIGNALS:
     void styleChosen(const MarkStyle& style);
 
 private:
-    // A slider with its name.
-    struct Amount {
-        QLabel* name;
-        QSlider* slider;
-        double step; // of the slider
-    };
-
-    Amount makeAmount(const QString& name, double least, double most, double step,
-                      std::optional<double> MarkStyle::* field);
-    static void show(const Amount& amount, const std::optional<double>& value, bool isPossible);
+    AmountSlider* makeAmount(const QString& name, AmountSlider::Range range, std::optional<double> MarkStyle::* field);
+    static void show(AmountSlider* slider, const std::optional<double>& value, bool isPossible);
     template <class Choice>
     std::vector<SymbolButton*> makeChoices(const std::vector<std::pair<QString, QString>>& drawings,
                                            std::optional<Choice> MarkStyle::* field);
@@ -48,12 +38,12 @@ private:
 
     Preferences& m_preferences;
     ColorWell* m_color;
-    Amount m_width;
+    AmountSlider* m_width;
     std::vector<SymbolButton*> m_fill;
     std::vector<SymbolButton*> m_text;
     SymbolButton* m_rounded;
-    Amount m_dim;
-    Amount m_tip;
+    AmountSlider* m_dim;
+    AmountSlider* m_tip;
 };
 
 } // namespace Kovrel

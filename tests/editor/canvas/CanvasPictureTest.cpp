@@ -1,6 +1,7 @@
 #include "editor/canvas/CanvasPicture.h"
 
 #include "editor/AnnotationFlattener.h"
+#include "editor/EditedPicture.h"
 #include "editor/marks/RedactionSources.h"
 #include "tests/editor/RandomMarks.h"
 #include "tests/support/PictureDifference.h"
@@ -85,6 +86,31 @@ TEST(CanvasPictureTest, WhatIsShownIsWhatIsExportedPixelByPixel)
             const QImage canvas = shown(picture, capture, document);
             EXPECT_TRUE(Testing::identicalPicture(canvas, exported(capture, document)))
                 << "scale " << scale << ", seed " << seed;
+        }
+}
+
+TEST(CanvasPictureTest, OnABackdropACropIsCarriedOut)
+{
+    for (const double scale : {1.0, 1.5, 2.0})
+        for (unsigned seed = 0; seed < 12; ++seed) {
+            const EditorCapture capture = captureAt(scale);
+            Testing::RandomMarks random(seed, size, capture.image.copy(0, 0, 20, 30));
+            EditorDocument document = documentWith(random.some(), true);
+            for (Annotation& mark : document.marks) // whose stripes are counted from the corner of what is exported
+                if (mark.fillStyle == AnnotationFillStyle::hatched)
+                    mark.fillStyle = AnnotationFillStyle::translucent;
+            document.composition.crop = Rect{12 / scale, 30 / scale, 90 / scale, 60 / scale};
+            document.composition.backdrop.autoBalance = seed % 2 == 0;
+            CanvasPicture picture(capture);
+            picture.setRedactions(redactionsOf(capture));
+            picture.setDocument(document);
+            const QImage expected = EditedPicture::rendered(capture, document, MeasureUnit::pixels);
+            EXPECT_TRUE(Testing::identicalPicture(picture.picture(),
+                                                  expected.convertToFormat(QImage::Format_ARGB32_Premultiplied)))
+                << "scale " << scale << ", seed " << seed;
+            document.composition.crop.reset();
+            picture.setDocument(document);
+            EXPECT_TRUE(Testing::identicalPicture(picture.picture(), exported(capture, document))) << "and back";
         }
 }
 

@@ -99,6 +99,23 @@ TEST(UndoHistoryTest, WhatComesBackToWhereItBeganIsNoStep)
     EXPECT_FALSE(history.canUndo());
 }
 
+TEST(UndoHistoryTest, ADragThatCameBackAndGoesOnDoesNotJoinTheStepBeforeIt)
+{
+    UndoHistory history;
+    std::vector<EditorDocument> states(1);
+    const auto step = [&](double padding) {
+        EditorDocument next = states.back();
+        next.composition.backdrop.padding = padding;
+        history.record(states.back(), next, "padding");
+        states.push_back(next);
+    };
+    step(0.3);
+    history.seal();
+    for (const double padding : {0.4, 0.3, 0.5})
+        step(padding);
+    EXPECT_EQ(history.undone(states.back()), states[1]);
+}
+
 TEST(UndoHistoryTest, ANewStepForgetsWhatWasTakenBackAndNeverJoinsIt)
 {
     UndoHistory history;

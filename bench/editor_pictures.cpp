@@ -1,0 +1,164 @@
+// Takes a picture of every state of the editor's window into a folder, to be looked at: light and dark, both in high
+// contrast.
+//
+//     QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=1 bench_editor_pictures FOLDER
+#include "editor/backdrop/BackdropLooks.h"
+#include "editorwindow/EditorWindow.h"
+#include "editorwindow/backdrop/BackdropPanel.h"
+#include "platform/SavePanel.h"
+#include "platform/desktop/QtMainLoop.h"
+#include "ui/tokens/Motion.h"
+#include "ui/tokens/Theme.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyleFactory>
+
+using namespace Kovrel;
+
+namespace {
+
+// On the main thread, at once: a picture shows what is there in the end.
+struct WorkersAtOnce : Workers {
+    using Workers::submit;
+
+    void submit(Lane, QualityOfService, std::function<void()> job) override { job(); }
+};
+
+struct NoSavePanel : SavePanel {
+    void ask(const QString&, QWindow*, Reply<std::optional<QString>> reply) override { reply({}); }
+};
+
+// A page of text in a window.
+QImage page(double scale)
+{
+    QImage image((QSizeF(760, 480) * scale).toSize(), QImage::Format_RGB32);
+    image.fill(QColor("#fbfbfd"));
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    painter.fillRect(QRect(0, 0, 760, 44), QColor("#e6e9f2"));
+    painter.setFont(QFont("DejaVu Sans", 12));
+    painter.setPen(QColor("#2b2f3a"));
+    painter.drawText(QRect(20, 0, 700, 44), Qt::AlignVCenter, "Invoice 2041 — Meadow & Sons");
+    for (int line = 0; line < 12; ++line)
+        painter.drawText(20, 84 + 32 * line,
+                         QString("Position %1: paint, brushes and 12 sheets of paper").arg(line + 1));
+    return image;
+}
+
+struct Rig {
+    explicit Rig(const QString& folder) : defaults(folder + "/kovrel.conf")
+    {
+        Preferences::registerDefaults(defaults);
+        preferences.set(Settings::lastEditorTool, EditorTool::select);
+    }
+
+    std::unique_ptr<EditorWindow> window(EditorDocument document = {})
+    {
+        const double scale = qApp->devicePixelRatio();
+        EditedCaptures::Opened opened{{QUuid::createUuid(), page(scale), scale, {}}, std::move(document), {}};
+        auto made = std::make_unique<EditorWindow>(services, std::move(opened), EditorWindow::Kind::file, "Page");
+        made->resize(1240, 760);
+        made->show();
+        settle();
+        return made;
+    }
+
+    static void settle()
+    {
+        for (int round = 0; round < 20; ++round)
+            QCoreApplication::processEvents();
+    }
+
+    UserDefaults defaults;
+    Preferences preferences{defaults};
+    QtMainLoop loop;
+    WorkersAtOnce workers;
+    NoSavePanel savePanel;
+    Ports ports;
+    EditorServices services{loop, workers, preferences, savePanel, ports};
+};
+
+struct Look {
+    QString folder;
+    ColorScheme scheme;
+
+    void save(const QString& name, QWidget& window) const
+    {
+        Rig::settle();
+        const QString look = QString("%1%2-%3x")
+                                 .arg(scheme.isDark ? "dark" : "light", scheme.isHighContrast ? "-contrast" : "",
+                                      QString::number(window.devicePixelRatioF()));
+        window.grab().save(folder + '/' + name + '-' + look + ".png");
+    }
+};
+
+void click(QWidget& window, const QString& name)
+{
+    for (auto* const button : window.findChildren<QAbstractButton*>())
+        if (button->accessibleName().startsWith(name))
+            return button->click();
+    qWarning("There is no %s", qUtf8Printable(name));
+}
+
+void tools(const Look& look, Rig& rig)
+{
+    const auto window = rig.window();
+    for (const auto& [tool, name] : RawStrings<EditorTool>::table) {
+        if (tool != EditorTool::crop)
+            window->session().setTool(tool);
+        if (tool == EditorTool::arrow || tool == EditorTool::text || tool == EditorTool::select)
+            look.save(QString("editor-") + name, *window);
+    }
+}
+
+void backdrops(const Look& look, Rig& rig)
+{
+    EditorDocument document;
+    document.composition.backdrop = BackdropLooks::all()[4].backdrop;
+    rig.preferences.set(Settings::backdropCustomColors, {"#3B7A57"});
+    const auto window = rig.window(document);
+    click(*window, "Backdrop");
+    look.save("backdrop", *window);
+    for (const char* const section : {"Looks", "Gradients"})
+        click(*window, section);
+    look.save("backdrop-unfolded", *window);
+    for (const char* const section : {"Pictures", "Colours"})
+        click(*window, section);
+    auto* const scroll = window->findChild<BackdropPanel*>()->findChild<QScrollArea*>();
+    Rig::settle();
+    scroll->verticalScrollBar()->setValue(scroll->verticalScrollBar()->maximum());
+    look.save("backdrop-lower", *window);
+    for (const char* const section : {"Looks", "Gradients", "Pictures", "Colours"})
+        click(*window, section);
+    click(*window, "No Backdrop");
+    scroll->verticalScrollBar()->setValue(0);
+    look.save("backdrop-none", *window);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    if (argc < 2)
+        return 2;
+    Motion::shared().setReduced(true);
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QFont font = QApplication::font();
+    font.setPixelSize(13);
+    QApplication::setFont(font);
+    QDir().mkpath(argv[1]);
+    for (const ColorScheme scheme : {ColorScheme{}, {true, false}, {false, true}, {true, true}}) {
+        QApplication::setPalette(Theme::of(scheme).palette());
+        const Look look{argv[1], scheme};
+        Rig rig(argv[1]);
+        tools(look, rig);
+        backdrops(look, rig);
+    }
+    return 0;
+}

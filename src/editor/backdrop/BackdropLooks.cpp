@@ -1,0 +1,60 @@
+#include "editor/backdrop/BackdropLooks.h"
+
+namespace Kovrel {
+
+namespace {
+
+using Kind = BackdropFill::Kind;
+
+// Each is a kind of picture that people make: a slide, a page of a manual, a card in a thread.
+std::vector<BackdropPreset> made()
+{
+    return {
+        {"Hover", {.fill = {Kind::gradient, "lagoon"}, .padding = 0.2}},
+        {"Paper",
+         {.fill = {Kind::color, "#FFFFFF"},
+          .padding = 0.16,
+          .shadow = Shadow::subtle(),
+          .shadowOpacity = 1,
+          .corners = 6}},
+        {"Stage",
+         {.fill = {Kind::gradient, "midnight"},
+          .padding = 0.24,
+          .shadow = Shadow::deep(),
+          .shadowOpacity = 1,
+          .corners = 14}},
+        {"Window Light",
+         {.fill = {Kind::gradient, "peach"},
+          .padding = 0.22,
+          .shadow = Shadow::deep(),
+          .shadowLight = {0.7, 0.7},
+          .shadowOpacity = 0.6,
+          .corners = 8}},
+        {"Passe-Partout",
+         {.fill = {Kind::gradient, "glacier"},
+          .padding = 0.14,
+          .shadow = Shadow::subtle(),
+          .corners = 4,
+          .frame = 0.6,
+          .frameColorHex = "#FFFFFF"}},
+        {"Glass Rim",
+         {.fill = {Kind::gradient, "orchid"},
+          .padding = 0.18,
+          .shadowOpacity = 0.5,
+          .corners = 16,
+          .frame = 0.2,
+          .frameFollowsPage = true}},
+        {"Slide", {.fill = {Kind::gradient, "indigo"}, .padding = 0.18, .corners = 12, .aspect = AspectRatio{16, 9}}},
+        {"Square", {.fill = {Kind::gradient, "dawn"}, .padding = 0.16, .corners = 12, .aspect = AspectRatio{1, 1}}},
+    };
+}
+
+} // namespace
+
+const std::vector<BackdropPreset>& BackdropLooks::all()
+{
+    static const std::vector<BackdropPreset> looks = made();
+    return looks;
+}
+
+} // namespace Kovrel

@@ -1,0 +1,75 @@
+#include "editorwindow/backdrop/BackdropPanel.h"
+
+#include "editorwindow/backdrop/BackdropControls.h"
+#include "editorwindow/backdrop/BackdropFills.h"
+#include "ui/tokens/Metrics.h"
+#include "ui/tokens/Theme.h"
+
+#include <QPainter>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr int panelWidth = 290;
+
+} // namespace
+
+BackdropPanel::BackdropPanel(EditorSession& session, Preferences& preferences, MainLoop& loop, Workers& workers)
+    : m_session(session),
+      m_editing(session, preferences),
+      m_swatches(loop, workers, session.capture(), [this] { update(); })
+{
+    setFixedWidth(panelWidth);
+    setAccessibleName(tr("Backdrop"));
+    m_fills = new BackdropFills(m_editing, m_swatches, preferences);
+    m_controls = new BackdropControls(m_editing, preferences);
+    auto* const content = new QWidget;
+    auto* const column = new QVBoxLayout(content);
+    column->setContentsMargins(Spacing::medium, Spacing::small, Spacing::small, Spacing::medium);
+    column->setSpacing(Spacing::small);
+    column->addWidget(m_fills);
+    column->addWidget(m_controls);
+    column->addStretch(1);
+    auto* const scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(content);
+    content->setAutoFillBackground(false);
+    scroll->viewport()->setAutoFillBackground(false);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(1, 0, 0, 0);
+    layout->addWidget(scroll);
+    m_changes = session.onChange([this] {
+        if (isVisible() && m_session.document().composition.backdrop != m_shown)
+            refresh();
+    });
+}
+
+void BackdropPanel::refresh()
+{
+    m_shown = m_session.document().composition.backdrop;
+    m_fills->refresh();
+    m_controls->refresh();
+}
+
+// Settings may have been changed by another editor meanwhile.
+void BackdropPanel::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    refresh();
+}
+
+void BackdropPanel::paintEvent(QPaintEvent*)
+{
+    const Theme& theme = Theme::current();
+    QPainter painter(this);
+    painter.fillRect(rect(), theme.card);
+    painter.fillRect(QRect(0, 0, 1, height()), theme.separator);
+}
+
+} // namespace Kovrel
