@@ -41,6 +41,8 @@ bool isOnCapture(const Annotation& mark)
            mark.kind == Kind::highlighter || mark.kind == Kind::spotlight;
 }
 
+constexpr int tile = 256; // pixels, a power of two
+
 // From pixels, y down from the upper left corner of a picture, to target points, y up from the lower left corner of a
 // capture in it.
 QTransform captureTransform(QPoint origin, int captureHeight)
@@ -51,10 +53,7 @@ QTransform captureTransform(QPoint origin, int captureHeight)
 } // namespace
 
 CanvasPicture::CanvasPicture(EditorCapture capture, MeasureUnit measureUnit)
-    : m_capture(std::move(capture)),
-      m_measureUnit(measureUnit),
-      m_whole{m_capture.image.rect(), subjectOf(m_capture), BackdropMargins::measured(m_capture.image)},
-      m_card(m_whole)
+    : m_capture(std::move(capture)), m_measureUnit(measureUnit)
 {
     m_capture.image = paintable(m_capture.image);
     takeShare();
@@ -70,7 +69,7 @@ void CanvasPicture::setBackdropPicture(const QString& value, const QImage& pictu
 {
     m_renderer.setPicture(value, picture);
     takeBackdrop();
-    redrawAll();
+    m_picture = {};
 }
 
 void CanvasPicture::setShare(double share)
@@ -85,7 +84,7 @@ void CanvasPicture::takeShare()
                atShare(m_redactions.pixelated, m_share)};
     takePadding();
     takeBackdrop();
-    redrawAll();
+    m_picture = {};
 }
 
 // On a backdrop marks may reach over the capture anyway.
@@ -100,20 +99,24 @@ void CanvasPicture::takePadding()
 void CanvasPicture::takeCard()
 {
     const QRect pixels = CroppedCapture::pixels(m_capture, m_document.composition);
-    if (m_document.composition.backdrop.isNone() || pixels == m_card.pixels)
+    if (m_document.composition.backdrop.isNone() || (m_card && pixels == m_card->pixels))
         return;
-    if (pixels == m_whole.pixels) {
-        m_card = m_whole;
+    const auto cardOf = [&pixels](const EditorCapture& capture) {
+        return Card{pixels, subjectOf(capture), BackdropMargins::measured(capture.image)};
+    };
+    if (pixels != m_capture.image.rect()) {
+        m_card = cardOf(CroppedCapture::of(m_capture, {{}, m_document.composition}).capture);
         return;
     }
-    const EditorCapture left = CroppedCapture::of(m_capture, {{}, m_document.composition}).capture;
-    m_card = {pixels, subjectOf(left), BackdropMargins::measured(left.image)};
+    if (!m_whole)
+        m_whole = cardOf(m_capture);
+    m_card = m_whole;
 }
 
 // In the shown capture.
 QPoint CanvasPicture::cardCorner() const
 {
-    return (QPointF(m_card.pixels.topLeft()) * m_share).toPoint();
+    return (QPointF(m_card->pixels.topLeft()) * m_share).toPoint();
 }
 
 void CanvasPicture::takeBackdrop()
@@ -125,8 +128,8 @@ void CanvasPicture::takeBackdrop()
         m_backdrop = {};
         return;
     }
-    m_layout = EditorBackdropMetrics::layout(m_card.pixels.size(), m_capture.scale, scale(), backdrop, m_card.subject,
-                                             m_card.margins);
+    m_layout = EditorBackdropMetrics::layout(m_card->pixels.size(), m_capture.scale, scale(), backdrop, m_card->subject,
+                                             m_card->margins);
     m_backdrop = m_layout ? m_renderer.canvas(*m_layout, backdrop) : QImage();
 }
 
@@ -144,11 +147,30 @@ QRegion CanvasPicture::setDocument(const EditorDocument& document)
     if (isBackdropChanged)
         takeBackdrop();
     if (isBackdropChanged || area() != areaBefore) {
-        redrawAll();
+        m_picture = {};
         return QRegion(areaBefore) + area();
     }
-    redraw(changed);
+    keepBelow(before);
+    if (!m_picture.isNull())
+        redraw(changed);
     return changed & area();
+}
+
+// A mark that changes for the second time is likely to be dragged. What changes the capture lies below all others.
+void CanvasPicture::keepBelow(const std::vector<Annotation>& before)
+{
+    const auto [was, is] = std::ranges::mismatch(before, m_document.marks);
+    const auto first = size_t(is - m_document.marks.begin());
+    if (was == before.end() && is == m_document.marks.end())
+        return;
+    const bool isOther = first != m_below.firstChanged;
+    const bool isOfCapture =
+        (was != before.end() && isOnCapture(*was)) || (is != m_document.marks.end() && isOnCapture(*is));
+    m_below.firstChanged = first;
+    if (isOther || isOfCapture)
+        m_below = {.firstChanged = first};
+    else if (m_below.count == 0)
+        m_below.count = first;
 }
 
 // Image points, y up.
@@ -170,8 +192,16 @@ QRect CanvasPicture::area() const
     return captureArea().marginsAdded(m_padding);
 }
 
-void CanvasPicture::redrawAll()
+const QImage& CanvasPicture::picture()
 {
+    if (m_picture.isNull())
+        drawAll();
+    return m_picture;
+}
+
+void CanvasPicture::drawAll()
+{
+    m_below = {};
     m_marked = m_shown.capture;
     m_picture = QImage(area().size(), QImage::Format_ARGB32_Premultiplied);
     redraw(area());
@@ -229,30 +259,69 @@ void CanvasPicture::redrawMarked(const QRect& rect)
 // Of all of it there is no copy.
 QImage CanvasPicture::cardPixels() const
 {
-    return m_card.pixels == m_whole.pixels ? m_marked : m_marked.copy({cardCorner(), m_layout->image.size()});
+    return m_card->pixels == m_capture.image.rect() ? m_marked : m_marked.copy({cardCorner(), m_layout->image.size()});
 }
 
 void CanvasPicture::redrawPicture(const QRect& rect)
 {
-    const QPoint origin = -area().topLeft();
+    const QRect inPicture = rect.translated(-area().topLeft());
+    if (m_below.count > 0)
+        drawBelow(rect);
     QPainter painter(&m_picture);
-    painter.setClipRect(rect.translated(origin));
+    painter.setClipRect(inPicture);
+    if (m_below.count > 0) {
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.drawImage(inPicture.topLeft(), m_below.picture, inPicture);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    } else {
+        drawGround(painter, inPicture);
+    }
+    drawAbove(painter, rect, std::span(m_document.marks).subspan(m_below.count));
+}
+
+// In tiles, for what is dragged soon comes by again.
+void CanvasPicture::drawBelow(const QRect& rect)
+{
+    if (m_below.picture.isNull())
+        m_below.picture = QImage(m_picture.size(), m_picture.format());
+    const QPoint first(rect.left() & -tile, rect.top() & -tile);
+    for (int y = first.y(); y <= rect.bottom(); y += tile)
+        for (int x = first.x(); x <= rect.right(); x += tile) {
+            const QRect place = QRect(x, y, tile, tile) & area();
+            if (m_below.drawn.contains(place))
+                continue;
+            QPainter painter(&m_below.picture);
+            painter.setClipRect(place.translated(-area().topLeft()));
+            drawGround(painter, place.translated(-area().topLeft()));
+            drawAbove(painter, place, std::span(m_document.marks).first(m_below.count));
+            m_below.drawn += place;
+        }
+}
+
+// `rect`: of the picture.
+void CanvasPicture::drawGround(QPainter& painter, const QRect& rect) const
+{
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     if (m_layout) {
         painter.drawImage(0, 0, m_backdrop);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         EditorBackdropRenderer::drawCapture(painter, *m_layout, cardPixels());
-    } else {
-        painter.fillRect(rect.translated(origin), Qt::transparent);
-        painter.drawImage(origin, m_marked);
-        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        return;
     }
-    painter.setTransform(captureTransform(origin, m_shown.size().height()));
-    AnnotationDrawing::drawAbove(painter, m_document.marks,
+    painter.fillRect(rect, Qt::transparent);
+    painter.drawImage(-area().topLeft(), m_marked);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+}
+
+void CanvasPicture::drawAbove(QPainter& painter, const QRect& rect, std::span<const Annotation> marks)
+{
+    painter.setTransform(captureTransform(-area().topLeft(), m_shown.size().height()));
+    AnnotationDrawing::drawAbove(painter, marks,
                                  {.scale = scale(),
                                   .fullRect = QRectF({}, QSizeF(m_shown.size())),
                                   .culledTo = inTarget(rect),
-                                  .reading = {m_measureUnit, m_capture.scale}});
+                                  .reading = {m_measureUnit, m_capture.scale},
+                                  .sprites = &m_sprites});
 }
 
 } // namespace Kovrel

@@ -4,10 +4,13 @@
 #include "editor/backdrop/EditorBackdropRenderer.h"
 #include "editor/document/EditorCapture.h"
 #include "editor/document/EditorDocument.h"
+#include "editor/marks/MarkSprites.h"
 #include "model/MeasureUnit.h"
 
 #include <QImage>
 #include <QRegion>
+
+#include <span>
 
 namespace Kovrel {
 
@@ -41,7 +44,8 @@ public:
     QRect captureArea() const { return {{}, m_shown.size()}; }
 
     // All of it: Format_ARGB32_Premultiplied, transparent where nothing is. Its upper left pixel is that of area().
-    const QImage& picture() const { return m_picture; }
+    // Drawn when it is asked for.
+    const QImage& picture();
 
 private:
     struct Pictures {
@@ -59,6 +63,14 @@ private:
         BackdropMargins margins;
     };
 
+    // What lies below a mark that changes again and again, as while it is dragged: drawn once, where it is needed.
+    struct Below {
+        size_t firstChanged = 0; // in the document
+        size_t count = 0;        // marks that are in it; 0: none is kept
+        QImage picture;          // as large as the whole
+        QRegion drawn;           // of the canvas, whole tiles
+    };
+
     double scale() const { return m_capture.scale * m_share; }
 
     void takeShare();
@@ -68,17 +80,21 @@ private:
     QPoint cardCorner() const;
     QImage cardPixels() const;
     QRegion pixelsOf(const std::vector<QRectF>& areas) const;
-    void redrawAll();
+    void drawAll();
     void redraw(const QRegion& region);
     void redrawMarked(const QRect& rect);
     void redrawPicture(const QRect& rect);
+    void keepBelow(const std::vector<Annotation>& before);
+    void drawBelow(const QRect& rect);
+    void drawGround(QPainter& painter, const QRect& rect) const;
+    void drawAbove(QPainter& painter, const QRect& rect, std::span<const Annotation> marks);
     std::vector<Annotation> marksOnCapture() const;
     QRectF inTarget(const QRect& rect) const;
 
     EditorCapture m_capture;
     MeasureUnit m_measureUnit;
-    Card m_whole;
-    Card m_card;
+    std::optional<Card> m_whole; // once a backdrop has asked for it
+    std::optional<Card> m_card;
     Redactions m_redactions;
     double m_share = 1;
     Pictures m_shown; // at the share
@@ -88,7 +104,9 @@ private:
     std::optional<BackdropLayout> m_layout; // none without a backdrop
     QMargins m_padding;                     // that marks which stick out ask for
     QImage m_backdrop;
-    QImage m_picture;
+    QImage m_picture; // null where nothing of it is drawn yet
+    Below m_below;
+    MarkSprites m_sprites;
 };
 
 } // namespace Kovrel

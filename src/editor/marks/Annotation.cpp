@@ -1,5 +1,6 @@
 #include "editor/marks/Annotation.h"
 
+#include "editor/marks/LabelSizes.h"
 #include "editor/marks/LabelText.h"
 
 #include <algorithm>
@@ -66,7 +67,7 @@ bool Annotation::isRotatable() const
 
 Size Annotation::measuredTextSize(std::optional<double> wrapWidth) const
 {
-    return bodyOf(*this, LabelText(text, fontSize, wrapWidth).size());
+    return bodyOf(*this, LabelSizes::of(text, fontSize, wrapWidth));
 }
 
 double Annotation::textWrapWidth() const
@@ -84,7 +85,7 @@ Rect Annotation::textRect() const
 
 Point Annotation::textOrigin() const
 {
-    const Size laidOut = LabelText(text, fontSize, textWrapWidth()).size();
+    const Size laidOut = LabelSizes::of(text, fontSize, textWrapWidth());
     const Size body = bodyOf(*this, laidOut);
     const Rect rect = rectAround(*this, body);
     // Most bodies are as wide as their text; that of a single letter is wider.

@@ -6,6 +6,7 @@
 #include "editor/marks/LabelInk.h"
 #include "editor/marks/LabelText.h"
 #include "editor/marks/MarkShadow.h"
+#include "editor/marks/MarkSprites.h"
 #include "imaging/BlendMode.h"
 #include "imaging/PainterPixels.h"
 
@@ -29,6 +30,7 @@ constexpr double translucentFill = 0.25;
 constexpr double hatchDistance = 8;
 constexpr double hatchWidth = 1.5;
 constexpr QSize tileSize(512, 64); // pixels
+constexpr qint64 largestSprite = 1'000'000;
 // Of the number in a step, by the radius: beyond, it would come near the ring.
 constexpr double widestNumber = 1.5;
 
@@ -80,7 +82,7 @@ bool isCulled(const Annotation& mark, const Scene& scene)
 }
 
 // The marks to draw, in their order.
-Marks drawn(const std::vector<Annotation>& annotations, const Scene& scene)
+Marks drawn(std::span<const Annotation> annotations, const Scene& scene)
 {
     Marks marks;
     for (const Annotation& mark : annotations) {
@@ -251,6 +253,59 @@ void drawPen(QPainter& painter, const Annotation& mark, double scale)
         Blending::fillPaths(painter, pieces, AnnotationInk::colorOf(mark), BlendMode::normal);
 }
 
+// What has a shadow, or is set in letters, takes long to draw.
+void drawShadowed(QPainter& painter, const Annotation& mark, double scale)
+{
+    const QColor color = AnnotationInk::colorOf(mark);
+    if (mark.kind == Kind::text)
+        return LabelInk::drawText(painter, mark, scale);
+    if (mark.kind == Kind::step)
+        return AnnotationDrawing::drawStep(painter, mark, scale, color);
+    const QPainterPath arrow = AnnotationInk::inkPath(mark, scale);
+    MarkShadow::draw(painter, {arrow}, scale);
+    painter.fillPath(arrow, color);
+}
+
+MarkSprite spriteOf(const Annotation& mark, double scale)
+{
+    const double margin = MarkShadow::reach * scale + 1;
+    const QRect area =
+        AnnotationExtent::rotatedVisualExtent(mark, scale).adjusted(-margin, -margin, margin, margin).toAlignedRect();
+    if (qint64(area.width()) * area.height() > largestSprite)
+        return {};
+    MarkSprite sprite{QImage(area.size(), QImage::Format_ARGB32_Premultiplied), area};
+    sprite.picture.fill(Qt::transparent);
+    QPainter painter(&sprite.picture);
+    const Painting painting(painter);
+    painter.setTransform(QTransform(1, 0, 0, -1, -area.left(), area.top() + area.height()));
+    drawShadowed(painter, mark, scale);
+    return sprite;
+}
+
+// Whole pixels, neither turned nor stretched: what is drawn elsewhere fits.
+bool isOnPixels(const QTransform& toDevice)
+{
+    return toDevice.m11() == 1 && toDevice.m22() == -1 && toDevice.m12() == 0 && toDevice.m21() == 0 &&
+           toDevice.dx() == std::round(toDevice.dx()) && toDevice.dy() == std::round(toDevice.dy());
+}
+
+// The same pixels whether its sprite was kept or not.
+void drawFromSprite(QPainter& painter, const Annotation& mark, const Scene& scene)
+{
+    const auto drawn = [&] { return spriteOf(mark, scene.scale); };
+    const QTransform toDevice = painter.combinedTransform();
+    if (!isOnPixels(toDevice))
+        return drawShadowed(painter, mark, scene.scale);
+    const MarkSprite sprite = scene.sprites ? scene.sprites->of(mark, scene.scale, drawn) : drawn();
+    if (sprite.picture.isNull())
+        return drawShadowed(painter, mark, scene.scale);
+    painter.save();
+    painter.resetTransform();
+    painter.drawImage(toDevice.map(QPoint(sprite.area.left(), sprite.area.top() + sprite.area.height())),
+                      sprite.picture);
+    painter.restore();
+}
+
 void drawOne(QPainter& painter, const Annotation& mark, const Scene& scene)
 {
     const QRectF rect = AnnotationInk::scaled(mark.boundingRect(), scene.scale);
@@ -268,18 +323,15 @@ void drawOne(QPainter& painter, const Annotation& mark, const Scene& scene)
         return AnnotationDrawing::drawSpotlightShade(painter, {&mark}, scene.shadeRegion, scene.scale);
     case Kind::pen:
         return drawPen(painter, mark, scene.scale);
-    case Kind::arrow:
-        MarkShadow::draw(painter, {AnnotationInk::inkPath(mark, scene.scale)}, scene.scale);
-        [[fallthrough]];
     case Kind::line:
         return painter.fillPath(AnnotationInk::inkPath(mark, scene.scale), color);
     case Kind::rectangle:
     case Kind::ellipse:
         return drawShape(painter, mark, scene.scale);
+    case Kind::arrow:
     case Kind::text:
-        return LabelInk::drawText(painter, mark, scene.scale);
     case Kind::step:
-        return AnnotationDrawing::drawStep(painter, mark, scene.scale, color);
+        return drawFromSprite(painter, mark, scene);
     case Kind::measure:
         return MeasureInk::drawMeasure(painter, mark, scene.scale, scene.reading);
     case Kind::image:
@@ -307,19 +359,19 @@ void drawMarksAbove(QPainter& painter, const Marks& marks, const Scene& scene)
 
 } // namespace
 
-void AnnotationDrawing::drawAll(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene)
+void AnnotationDrawing::drawAll(QPainter& painter, std::span<const Annotation> annotations, const Scene& scene)
 {
     const Marks marks = drawn(annotations, scene);
     drawMarksOnCapture(painter, marks, scene);
     drawMarksAbove(painter, marks, scene);
 }
 
-void AnnotationDrawing::drawOnCapture(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene)
+void AnnotationDrawing::drawOnCapture(QPainter& painter, std::span<const Annotation> annotations, const Scene& scene)
 {
     drawMarksOnCapture(painter, drawn(annotations, scene), scene);
 }
 
-void AnnotationDrawing::drawAbove(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene)
+void AnnotationDrawing::drawAbove(QPainter& painter, std::span<const Annotation> annotations, const Scene& scene)
 {
     drawMarksAbove(painter, drawn(annotations, scene), scene);
 }

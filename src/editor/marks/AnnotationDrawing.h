@@ -7,9 +7,13 @@
 #include <QPainterPath>
 #include <QRectF>
 
+#include <span>
+
 class QPainter;
 
 namespace Kovrel {
+
+class MarkSprites;
 
 // Draws marks, on the editor's canvas and into the exported image alike. The painter paints on a QImage of format RGB32
 // or ARGB32_Premultiplied; its coordinates are target points with the origin at the lower left of the capture and y up.
@@ -27,17 +31,18 @@ struct Scene {
     std::optional<QRectF> culledTo = {};         // marks that miss it are skipped
     std::optional<QPainterPath> regionClip = {}; // clips redactions, by the winding rule
     MeasureInk::Reading reading = {};
+    MarkSprites* sprites = nullptr; // of whoever draws the same marks again
 };
 
 // All marks, in one order wherever they are drawn: drawOnCapture(), then drawAbove().
-void drawAll(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene);
+void drawAll(QPainter& painter, std::span<const Annotation> annotations, const Scene& scene);
 
 // What changes the capture itself: first blurred and pixelated places, then blackouts, so that nothing of what they
 // hide comes back with a blur that overlaps them; then the highlighters as one layer for each colour, then the shade
 // around the spotlights. Where the capture is clipped or laid on something, so is this.
-void drawOnCapture(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene);
+void drawOnCapture(QPainter& painter, std::span<const Annotation> annotations, const Scene& scene);
 // All other marks, later ones on top. They may reach over the capture's edge.
-void drawAbove(QPainter& painter, const std::vector<Annotation>& annotations, const Scene& scene);
+void drawAbove(QPainter& painter, std::span<const Annotation> annotations, const Scene& scene);
 
 // One mark. A spotlight or a highlighter is drawn as if it were the only one.
 void draw(QPainter& painter, const Annotation& annotation, const Scene& scene);

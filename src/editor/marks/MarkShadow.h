@@ -15,7 +15,7 @@ namespace MarkShadow {
 // How far it reaches around the ink, in image points.
 constexpr double reach = 1.5;
 
-// Draws the shadow of ink that comes next, in target points. The painter is one for Blending::fillPaths.
+// Draws the shadow of ink that comes next, in target points. The painter smooths edges.
 void draw(QPainter& painter, const std::vector<QPainterPath>& ink, double scale);
 
 } // namespace MarkShadow

@@ -1,6 +1,7 @@
 #include "editor/marks/MeasureInk.h"
 
 #include "editor/marks/AnnotationInk.h"
+#include "editor/marks/LabelSizes.h"
 #include "editor/marks/LabelText.h"
 
 #include <QPainter>
@@ -111,7 +112,7 @@ QString MeasureInk::badgeText(const Annotation& measure, const Reading& reading)
 
 QRectF MeasureInk::measureBadgeRect(const Annotation& measure, double scale, const Reading& reading)
 {
-    const Size text = LabelText(badgeText(measure, reading), fontSize(measure), std::nullopt).size();
+    const Size text = LabelSizes::of(badgeText(measure, reading), fontSize(measure), std::nullopt);
     const Size badge = padded(text);
     const Rect box = measure.boundingRect();
     const QPointF across = acrossLine(measure);

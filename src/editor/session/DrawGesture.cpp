@@ -32,14 +32,17 @@ Point constrained(Kind kind, Point from, Point to)
 } // namespace
 
 DrawGesture::DrawGesture(const EditorDocument& start, Annotation mark, Point from, const Rect& canvas)
-    : m_start(start), m_mark(std::move(mark)), m_from(from), m_canvas(canvas)
+    : m_start(start),
+      m_mark(std::move(mark)),
+      m_from(from),
+      m_canvas(canvas),
+      m_others(SnapTargets::of(start.marks, {}))
 {
 }
 
 Point DrawGesture::snapped(Point at, const CanvasPointer& pointer)
 {
-    const auto others = SnapTargets::of(m_start.marks, {});
-    const auto snapped = Snapping::dragged(at, true, true, others, m_canvas, pointer.snapReach());
+    const auto snapped = Snapping::dragged(at, true, true, m_others, m_canvas, pointer.snapReach());
     m_guides = snapped.guides;
     return {at.x + snapped.shift.width, at.y + snapped.shift.height};
 }

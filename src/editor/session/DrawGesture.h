@@ -24,6 +24,7 @@ private:
     Annotation m_mark;
     Point m_from;
     Rect m_canvas;
+    std::vector<Rect> m_others; // what it snaps to
     std::vector<Snapping::Guide> m_guides;
 };
 

@@ -5,7 +5,12 @@
 namespace Kovrel {
 
 HandleGesture::HandleGesture(const EditorDocument& start, QUuid id, MarkHandle handle, Size held, const Rect& canvas)
-    : m_start(start), m_id(id), m_handle(handle), m_held(held), m_canvas(canvas)
+    : m_start(start),
+      m_id(id),
+      m_handle(handle),
+      m_held(held),
+      m_canvas(canvas),
+      m_others(SnapTargets::of(start.marks, {&m_id, 1}))
 {
 }
 
@@ -18,9 +23,8 @@ Point HandleGesture::snapped(const CanvasPointer& pointer)
     const Point direction = isEnd ? Point{1, 1} : MarkHandles::direction(m_handle);
     if (pointer.shift || m_start.mark(m_id)->rotation != 0)
         return at;
-    const auto others = SnapTargets::of(m_start.marks, {&m_id, 1});
     const auto snapped =
-        Snapping::dragged(at, direction.x != 0, direction.y != 0, others, m_canvas, pointer.snapReach());
+        Snapping::dragged(at, direction.x != 0, direction.y != 0, m_others, m_canvas, pointer.snapReach());
     m_guides = snapped.guides;
     return {at.x + snapped.shift.width, at.y + snapped.shift.height};
 }

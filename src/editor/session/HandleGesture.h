@@ -23,6 +23,7 @@ private:
     MarkHandle m_handle;
     Size m_held;
     Rect m_canvas;
+    std::vector<Rect> m_others; // what it snaps to
     std::vector<Snapping::Guide> m_guides;
 };
 

@@ -190,6 +190,13 @@ qsizetype LabelEditing::target(Move move) const
     return caret;
 }
 
+// A position in what is shown, as one of the text without what is being composed at the caret.
+qsizetype LabelEditing::withoutComposed(qsizetype position) const
+{
+    const qsizetype beyond = std::clamp<qsizetype>(position - m_now.caret, 0, m_composed.size());
+    return std::min(position - beyond, m_now.text.size());
+}
+
 // Beyond the first and the last line are the ends of the text.
 qsizetype LabelEditing::verticalTarget(int lines) const
 {
@@ -200,7 +207,7 @@ qsizetype LabelEditing::verticalTarget(int lines) const
         return 0;
     if (y > layout.size().height)
         return m_now.text.size();
-    return layout.positionAt({caret.x1(), y});
+    return withoutComposed(layout.positionAt({caret.x1(), y}));
 }
 
 // The arrow keys go where they point: from right to left the text goes on to the left.
@@ -230,7 +237,7 @@ void LabelEditing::selectAll()
 void LabelEditing::placeCaret(Point at, bool isSelecting)
 {
     m_isTyping = false;
-    m_now.caret = std::min(layoutOf(label()).positionAt(inLayout(label(), at)), m_now.text.size());
+    m_now.caret = withoutComposed(layoutOf(label()).positionAt(inLayout(label(), at)));
     if (!isSelecting)
         m_now.anchor = m_now.caret;
     show();

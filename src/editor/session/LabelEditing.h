@@ -67,6 +67,7 @@ private:
 
     qsizetype target(Move move) const;
     qsizetype verticalTarget(int lines) const;
+    qsizetype withoutComposed(qsizetype position) const;
     void replace(qsizetype from, qsizetype to, const QString& text, bool isTyping);
     bool bring(std::vector<State>& from, std::vector<State>& to);
     void show();

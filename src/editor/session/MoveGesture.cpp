@@ -25,7 +25,8 @@ MoveGesture::MoveGesture(const EditorDocument& start, std::vector<QUuid> ids, Po
       m_ids(std::move(ids)),
       m_from(from),
       m_bounds(MarkFrame::bounds(marksOf(start, m_ids))),
-      m_canvas(canvas)
+      m_canvas(canvas),
+      m_others(SnapTargets::of(start.marks, m_ids))
 {
     for (size_t count = 0; count < m_ids.size(); ++count)
         m_copies.push_back(QUuid::createUuid());
@@ -37,8 +38,7 @@ Size MoveGesture::shiftTo(const CanvasPointer& pointer)
     if (pointer.shift)
         (std::abs(shift.width) < std::abs(shift.height) ? shift.width : shift.height) = 0;
     const Rect there{m_bounds.x + shift.width, m_bounds.y + shift.height, m_bounds.width, m_bounds.height};
-    const auto others = SnapTargets::of(m_start.marks, m_ids);
-    const auto snapped = Snapping::moved(there, others, m_canvas, pointer.snapReach());
+    const auto snapped = Snapping::moved(there, m_others, m_canvas, pointer.snapReach());
     m_guides = snapped.guides;
     return {shift.width + snapped.shift.width, shift.height + snapped.shift.height};
 }

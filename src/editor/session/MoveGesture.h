@@ -23,6 +23,7 @@ private:
     Point m_from;
     Rect m_bounds;
     Rect m_canvas;
+    std::vector<Rect> m_others; // what it snaps to
     bool m_isCopying = false;
     std::vector<Snapping::Guide> m_guides;
 };

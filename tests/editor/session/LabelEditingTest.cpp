@@ -103,6 +103,20 @@ TEST_F(LabelEditingTest, WordsLinesAndSelections)
     EXPECT_EQ(editing.text(), "x");
 }
 
+// Of what is composed, nothing is a place for the caret.
+TEST_F(LabelEditingTest, TheCaretStaysInTheTextWhileSomethingIsComposed)
+{
+    EditorSession session({}, documentWith("ab"), preferences);
+    for (const Move move : {Move::up, Move::down, Move::wordLeft, Move::wordRight}) {
+        LabelEditing editing(session, id);
+        editing.compose("か\nかかか", 5);
+        editing.move(move, false);
+        EXPECT_LE(editing.caret(), editing.text().size());
+        editing.move(Move::wordLeft, false);
+        editing.finish();
+    }
+}
+
 // An input method shows what it composes, which is no text before it is done.
 TEST_F(LabelEditingTest, WhatIsBeingComposedIsShownAndIsNoText)
 {
