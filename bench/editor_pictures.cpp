@@ -5,14 +5,20 @@
 #include "editor/backdrop/BackdropLooks.h"
 #include "editorwindow/EditorWindow.h"
 #include "editorwindow/backdrop/BackdropPanel.h"
+#include "editorwindow/crop/CropBar.h"
+#include "editorwindow/crop/CropSizeMenu.h"
+#include "editorwindow/find/FindBar.h"
 #include "platform/SavePanel.h"
 #include "platform/desktop/QtMainLoop.h"
+#include "ports/TextReader.h"
 #include "ui/tokens/Motion.h"
 #include "ui/tokens/Theme.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QLineEdit>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -74,6 +80,12 @@ struct Rig {
             QCoreApplication::processEvents();
     }
 
+    static void settleFor(int milliseconds)
+    {
+        for (const QDeadlineTimer deadline(milliseconds); !deadline.hasExpired();)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+    }
+
     UserDefaults defaults;
     Preferences preferences{defaults};
     QtMainLoop loop;
@@ -100,7 +112,7 @@ struct Look {
 void click(QWidget& window, const QString& name)
 {
     for (auto* const button : window.findChildren<QAbstractButton*>())
-        if (button->accessibleName().startsWith(name))
+        if (button->accessibleName().startsWith(name) || button->text() == name)
             return button->click();
     qWarning("There is no %s", qUtf8Printable(name));
 }
@@ -108,11 +120,9 @@ void click(QWidget& window, const QString& name)
 void tools(const Look& look, Rig& rig)
 {
     const auto window = rig.window();
-    for (const auto& [tool, name] : RawStrings<EditorTool>::table) {
-        if (tool != EditorTool::crop)
-            window->session().setTool(tool);
-        if (tool == EditorTool::arrow || tool == EditorTool::text || tool == EditorTool::select)
-            look.save(QString("editor-") + name, *window);
+    for (const EditorTool tool : {EditorTool::select, EditorTool::arrow, EditorTool::rectangle, EditorTool::text}) {
+        window->session().setTool(tool);
+        look.save("editor-" + rawString(tool), *window);
     }
 }
 
@@ -140,6 +150,55 @@ void backdrops(const Look& look, Rig& rig)
     look.save("backdrop-none", *window);
 }
 
+// The text is where it is drawn.
+struct PageReader : TextReader {
+    void expectReading() override {}
+
+    void read(QImage, double, std::stop_token, Reply<Reading> reply) override { reply({}); }
+
+    void readText(QImage, QualityOfService, bool, std::stop_token, Reply<OCROutcome> reply) override
+    {
+        OCRResult text;
+        for (int line = 0; line < 12; ++line)
+            text.lines.push_back({.text = QString("Position %1: paint, brushes and 12 sheets of paper").arg(line + 1),
+                                  .confidence = 1,
+                                  .boundingBox = {20 / 760.0, 1 - (88 + 32 * line) / 480.0, 0.53, 18 / 480.0}});
+        reply(text);
+    }
+
+    void readCodes(QImage, Reply<std::optional<std::vector<QRCode>>> reply) override { reply({}); }
+};
+
+void crops(const Look& look, Rig& rig)
+{
+    EditorDocument document;
+    document.composition.crop = Rect{100, 80, 480, 320};
+    document.composition.backdrop = BackdropLooks::all()[0].backdrop;
+    const auto window = rig.window(document);
+    look.save("cropped", *window);
+    window->session().setTool(EditorTool::crop);
+    Rig::settleFor(1500);
+    look.save("crop", *window);
+    window->findChild<CropBar*>()->offerSizes({300, 300});
+    Rig::settleFor(1500);
+    look.save("crop-sizes", *window->findChild<CropSizeMenu*>());
+}
+
+void finds(const Look& look, Rig& rig)
+{
+    PageReader reader;
+    rig.ports.textReader.offer(reader);
+    const auto window = rig.window();
+    click(*window, "Find Text");
+    look.save("find", *window);
+    window->findChild<FindBar*>()->findChild<QLineEdit*>()->setText("brushes");
+    window->findChild<FindBar*>()->go(2);
+    look.save("find-found", *window);
+    click(*window, "Redact All");
+    look.save("find-redacted", *window);
+    rig.ports = {};
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -159,6 +218,8 @@ int main(int argc, char** argv)
         Rig rig(argv[1]);
         tools(look, rig);
         backdrops(look, rig);
+        crops(look, rig);
+        finds(look, rig);
     }
     return 0;
 }

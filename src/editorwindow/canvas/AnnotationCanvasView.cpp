@@ -55,6 +55,14 @@ void AnnotationCanvasView::setBackdropPicture(const QString& value, const QImage
     update();
 }
 
+void AnnotationCanvasView::setFound(std::vector<Rect> boxes, std::vector<Rect> now)
+{
+    if (!now.empty() && now != m_found.second)
+        m_viewport.reveal(now.front());
+    m_found = {std::move(boxes), std::move(now)};
+    update();
+}
+
 // --- What is shown
 
 // Handles and guides reach beyond what they belong to, so all of the view is put on the screen; what is drawn anew of
@@ -137,6 +145,7 @@ void AnnotationCanvasView::paintOverlay(QPainter& painter)
     const EditorComposition& composition = m_session.document().composition;
     if (const auto& crop = composition.crop; crop && composition.backdrop.isNone())
         overlay.hideOutside(*crop, Theme::current().canvas);
+    overlay.drawFound(m_found.first, m_found.second);
     if (m_writing) {
         if (const Annotation* const label = m_session.document().mark(m_writing->id()))
             overlay.drawWriting(*label, m_writing->caretLine(), m_writing->selectionRects(), m_isCaretShown);

@@ -25,6 +25,9 @@ public:
     void setRedactions(CanvasPicture::Redactions redactions);
     void setBackdropPicture(const QString& value, const QImage& picture);
 
+    // Text that was found, in image points; `now` is what of it is looked at, and brought into sight.
+    void setFound(std::vector<Rect> boxes, std::vector<Rect> now);
+
     // Of the capture's own size on its screen.
     double zoomPercent() const;
     void setZoomPercent(double percent);
@@ -66,7 +69,6 @@ private:
     EditorDocument shownDocument() const;
     void takeView();
     void takeShare();
-    void updateCanvas(const QRegion& canvasPixels);
     void paintPicture(QPainter& painter);
     void paintOverlay(QPainter& painter);
     CanvasPointer pointer(const QMouseEvent& event, int clicks = 1) const;
@@ -90,6 +92,7 @@ private:
     bool m_isSpaceHeld = false;
     std::optional<QPointF> m_panFrom; // device pixels
     EditorPointing::Target m_hovered;
+    std::pair<std::vector<Rect>, std::vector<Rect>> m_found; // all; what is looked at
     Subscription m_changes;
 };
 

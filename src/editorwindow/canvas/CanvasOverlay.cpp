@@ -166,6 +166,21 @@ void CanvasOverlay::drawWriting(const Annotation& label, const QLineF& caret, st
     m_painter.drawLine(turned(caret.p1()), turned(caret.p2()));
 }
 
+void CanvasOverlay::drawFound(std::span<const Rect> boxes, std::span<const Rect> now)
+{
+    const auto draw = [this](const Rect& box, const QColor& color) {
+        const double room = points(2);
+        m_painter.setBrush(color);
+        m_painter.drawRoundedRect(inView(box).adjusted(-room, -room, room, room), room, room);
+    };
+    m_painter.setPen(Qt::NoPen);
+    for (const Rect& box : boxes)
+        draw(box, CanvasTokens::found);
+    m_painter.setPen(QPen(CanvasTokens::foundEdge, points(1.5)));
+    for (const Rect& box : now)
+        draw(box, CanvasTokens::foundNow);
+}
+
 void CanvasOverlay::drawPixelGrid(const QRectF& canvas)
 {
     if (m_viewport.zoom() < smallestGridded)
