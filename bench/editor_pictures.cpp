@@ -39,6 +39,18 @@ struct NoSavePanel : SavePanel {
     void ask(const QString&, QWindow*, Reply<std::optional<QString>> reply) override { reply({}); }
 };
 
+QFont pageFont()
+{
+    QFont font("DejaVu Sans");
+    font.setPixelSize(16);
+    return font;
+}
+
+QString lineOfPage(int line)
+{
+    return QString("Position %1: paint, brushes and 12 sheets of paper").arg(line + 1);
+}
+
 // A page of text in a window.
 QImage page(double scale)
 {
@@ -47,12 +59,11 @@ QImage page(double scale)
     QPainter painter(&image);
     painter.scale(scale, scale);
     painter.fillRect(QRect(0, 0, 760, 44), QColor("#e6e9f2"));
-    painter.setFont(QFont("DejaVu Sans", 12));
+    painter.setFont(pageFont());
     painter.setPen(QColor("#2b2f3a"));
     painter.drawText(QRect(20, 0, 700, 44), Qt::AlignVCenter, "Invoice 2041 — Meadow & Sons");
     for (int line = 0; line < 12; ++line)
-        painter.drawText(20, 84 + 32 * line,
-                         QString("Position %1: paint, brushes and 12 sheets of paper").arg(line + 1));
+        painter.drawText(20, 84 + 32 * line, lineOfPage(line));
     return image;
 }
 
@@ -159,10 +170,17 @@ struct PageReader : TextReader {
     void readText(QImage, QualityOfService, bool, std::stop_token, Reply<OCROutcome> reply) override
     {
         OCRResult text;
-        for (int line = 0; line < 12; ++line)
-            text.lines.push_back({.text = QString("Position %1: paint, brushes and 12 sheets of paper").arg(line + 1),
-                                  .confidence = 1,
-                                  .boundingBox = {20 / 760.0, 1 - (88 + 32 * line) / 480.0, 0.53, 18 / 480.0}});
+        const QFontMetricsF metrics(pageFont());
+        for (int line = 0; line < 12; ++line) {
+            const QString words = lineOfPage(line);
+            OCRLine read{.text = words, .confidence = 1};
+            read.boundingBox = {20 / 760.0, 1 - (88 + 32 * line) / 480.0, metrics.horizontalAdvance(words) / 760,
+                                18 / 480.0};
+            for (qsizetype at = 0; at < words.size(); ++at)
+                read.characterCenters.push_back(
+                    (20 + metrics.horizontalAdvance(words.first(at)) + metrics.horizontalAdvance(words[at]) / 2) / 760);
+            text.lines.push_back(read);
+        }
         reply(text);
     }
 

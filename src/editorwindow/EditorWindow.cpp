@@ -291,9 +291,9 @@ void EditorWindow::showFound()
         return m_canvas->setFound({}, {});
     std::vector<Rect> boxes;
     for (const auto& hit : m_find->find().hits())
-        boxes.insert(boxes.end(), hit.begin(), hit.end());
+        boxes.insert(boxes.end(), hit.boxes.begin(), hit.boxes.end());
     const auto current = m_find->find().current();
-    m_canvas->setFound(std::move(boxes), current ? m_find->find().hits()[*current] : EditorFind::Hit());
+    m_canvas->setFound(std::move(boxes), current ? m_find->find().hits()[*current].boxes : std::vector<Rect>());
 }
 
 // --- The menu

@@ -15,7 +15,6 @@ namespace Kovrel {
 
 namespace {
 
-using testing::Each;
 using testing::SizeIs;
 
 // A capture of 400 x 200 image points with three lines: 40 points wide a letter, 20 high.
@@ -33,7 +32,9 @@ struct EditorFindTest : testing::Test {
     {
         OCRLine turned{.text = "secret", .boundingBox = {0.5, 0.05, 0.1, 0.3}};
         turned.quad = OCRQuad{{0.5, 0.05}, {0.6, 0.3}, {0.49, 0.06}};
-        return {{.text = "my secret", .boundingBox = {0, 0.8, 0.9, 0.1}},
+        return {{.text = "my secret",
+                 .boundingBox = {0, 0.8, 0.9, 0.1},
+                 .characterCenters = {0.05, 0.15, 0.25, 0.35, 0.45, 0.55, 0.65, 0.75, 0.85}},
                 {.text = "words", .boundingBox = {0, 0.6, 0.5, 0.1}},
                 turned};
     }
@@ -61,15 +62,15 @@ TEST_F(EditorFindTest, HitsLieWhereTheTextIs)
     find.setLines(lines());
     find.setQuery("SECRET");
     ASSERT_THAT(find.hits(), SizeIs(2));
-    const Rect& first = find.hits()[0].front();
+    const Rect& first = find.hits()[0].boxes.front();
     EXPECT_NEAR(first.x, 120, 1e-6);
     EXPECT_NEAR(first.width, 240, 1e-6);
     EXPECT_NEAR(first.y, 160, 1e-6);
     EXPECT_NEAR(first.height, 20, 1e-6);
-    EXPECT_EQ(find.hits()[1].front(), (Rect{200, 10, 40, 60})) << "of a rotated line, all";
+    EXPECT_EQ(find.hits()[1].boxes.front(), (Rect{200, 10, 40, 60})) << "of a rotated line, all";
     find.setQuery("secret words");
     ASSERT_THAT(find.hits(), SizeIs(1));
-    EXPECT_THAT(find.hits()[0], SizeIs(2)) << "across the end of a line";
+    EXPECT_THAT(find.hits()[0].boxes, SizeIs(2)) << "across the end of a line";
 }
 
 TEST_F(EditorFindTest, GoesRoundAndRound)
@@ -100,7 +101,7 @@ TEST_F(EditorFindTest, WhatIsRedactedIsFoundNoMoreAndOneUndoBringsItBack)
         ASSERT_THAT(marks(), SizeIs(2));
         for (size_t index = 0; index < 2; ++index) {
             EXPECT_EQ(marks()[index].kind, kind);
-            EXPECT_TRUE(covers(marks()[index], hits[index].front())) << "a little more than the text";
+            EXPECT_TRUE(covers(marks()[index], hits[index].boxes.front())) << "a little more than the text";
         }
         EXPECT_THAT(find.hits(), SizeIs(0));
         session.undo();
@@ -109,11 +110,38 @@ TEST_F(EditorFindTest, WhatIsRedactedIsFoundNoMoreAndOneUndoBringsItBack)
     }
 }
 
+// A letter is as wide as it is; nothing may be left of what is hidden.
+TEST_F(EditorFindTest, WhereThePlacesOfLettersAreNotKnownTheLineIsRedacted)
+{
+    find.setLines(lines());
+
+    const struct {
+        const char* query;
+        Rect inside; // of the redaction
+        Rect most;
+    } cases[] = {
+        {"y s", {40, 160, 120, 20}, {30, 150, 140, 40}},
+        {"ord", {0, 120, 200, 20}, {-1, 110, 220, 40}},
+    };
+
+    for (const auto& [query, inside, most] : cases) {
+        find.setQuery(query);
+        find.redactAll(RedactTool::blackout);
+        ASSERT_THAT(marks(), SizeIs(1));
+        const Annotation& mark = marks().front();
+        const Annotation bounds{.points = {{most.minX(), most.minY()}, {most.maxX(), most.maxY()}}};
+        EXPECT_GE(inside.minX(), mark.boundingRect().minX()) << query;
+        EXPECT_LT(inside.maxX(), mark.boundingRect().maxX()) << query;
+        EXPECT_TRUE(covers(bounds, mark.boundingRect())) << query;
+        session.undo();
+    }
+}
+
 TEST_F(EditorFindTest, OnlyWhatIsSeenIsFound)
 {
     find.setLines(lines());
     find.setQuery("secret");
-    const Rect hit = find.hits()[0].front();
+    const Rect hit = find.hits()[0].boxes.front();
     const auto withMark = [&](Annotation::Kind kind, double inset) {
         return EditorDocument{
             {{.kind = kind,

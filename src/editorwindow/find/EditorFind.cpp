@@ -9,7 +9,7 @@ namespace Kovrel {
 
 namespace {
 
-// Of a line's height, around what is redacted: where a letter ends is known only about.
+// Of a line's height, around what is redacted.
 constexpr double aside = 0.25;
 constexpr double aboveAndBelow = 0.15;
 
@@ -35,25 +35,34 @@ bool hides(const Annotation& mark, const Rect& box)
     return fromRawString<RedactTool>(rawString(mark.kind)) && mark.rotation == 0 && contains(mark.boundingRect(), box);
 }
 
-// Within a line that lies rotated the places of letters are not known in both directions: all of it counts.
-EditorFind::Hit hitOf(const TextFind::Match& match, const std::vector<OCRLine>& lines, const Rect& canvas)
-{
-    const OCRLine& line = lines[size_t(match.line)];
-    if (line.quad)
-        return {onCanvas(line.boundingBox, canvas)};
-    EditorFind::Hit hit;
-    for (const Rect& box : match.boxes)
-        hit.push_back(onCanvas(box, canvas));
-    return hit;
-}
-
-Annotation redaction(const Rect& box, Annotation::Kind kind, const Rect& canvas)
+// Where a letter ends is known only about.
+Rect widened(const Rect& box, const Rect& canvas)
 {
     const double across = aside * box.height;
     const double up = aboveAndBelow * box.height;
-    return {.kind = kind,
-            .points = {{std::max(box.minX() - across, 0.0), std::max(box.minY() - up, 0.0)},
-                       {std::min(box.maxX() + across, canvas.width), std::min(box.maxY() + up, canvas.height)}}};
+    const double left = std::max(box.minX() - across, 0.0);
+    const double bottom = std::max(box.minY() - up, 0.0);
+    return {left, bottom, std::min(box.maxX() + across, canvas.width) - left,
+            std::min(box.maxY() + up, canvas.height) - bottom};
+}
+
+// Where the places of letters are not known, as in lines that lie rotated, all of the line is hidden.
+EditorFind::Hit hitOf(const TextFind::Match& match, const std::vector<OCRLine>& lines, const Rect& canvas)
+{
+    EditorFind::Hit hit;
+    for (size_t index = 0; index < match.boxes.size(); ++index) {
+        const OCRLine& line = lines[size_t(match.line) + index];
+        const Rect all = onCanvas(line.boundingBox, canvas);
+        const Rect box = line.quad ? all : onCanvas(match.boxes[index], canvas);
+        hit.boxes.push_back(box);
+        hit.redactions.push_back(widened(line.characterCenters.empty() ? all : box, canvas));
+    }
+    return hit;
+}
+
+Annotation redaction(const Rect& rect, Annotation::Kind kind)
+{
+    return {.kind = kind, .points = {{rect.minX(), rect.minY()}, {rect.maxX(), rect.maxY()}}};
 }
 
 } // namespace
@@ -99,7 +108,7 @@ bool EditorFind::isSeen(const Hit& hit) const
 {
     const auto& [marks, composition] = m_session.document();
     const Rect page = composition.crop.value_or(m_session.capture().canvas());
-    return std::ranges::any_of(hit, [&](const Rect& box) {
+    return std::ranges::any_of(hit.boxes, [&](const Rect& box) {
         return meets(box, page) &&
                std::ranges::none_of(marks, [&box](const Annotation& mark) { return hides(mark, box); });
     });
@@ -126,8 +135,8 @@ void EditorFind::redactAll(RedactTool tool)
     const auto kind = *fromRawString<Annotation::Kind>(rawString(tool));
     EditorDocument next = m_session.document();
     for (const Hit& hit : m_hits)
-        for (const Rect& box : hit)
-            next.marks.push_back(style.applied(redaction(box, kind, m_session.capture().canvas())));
+        for (const Rect& rect : hit.redactions)
+            next.marks.push_back(style.applied(redaction(rect, kind)));
     m_session.seal();
     m_session.change(std::move(next));
 }

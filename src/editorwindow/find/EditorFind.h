@@ -10,8 +10,13 @@ namespace Kovrel {
 // cropped away, is not found. Main thread.
 class EditorFind {
 public:
-    // Where a match lies: one rectangle for each line that it touches. Image points, y up.
-    using Hit = std::vector<Rect>;
+    // Where a match lies, one rectangle for each line that it touches, and what has to be hidden of each so that
+    // nothing is left of it. Image points, y up.
+    struct Hit {
+        std::vector<Rect> boxes;
+        std::vector<Rect> redactions;
+        bool operator==(const Hit&) const = default;
+    };
 
     // It outlives this; `changed`: there are other hits, or another one is the current one.
     EditorFind(EditorSession& session, std::function<void()> changed);
@@ -28,7 +33,7 @@ public:
     // Round and round; -1 goes back.
     void go(int step);
 
-    // Hides all hits as one step; a little more than the text, so that nothing of a letter is left.
+    // Hides all hits as one step.
     void redactAll(RedactTool tool);
 
 private:
