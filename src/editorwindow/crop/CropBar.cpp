@@ -75,6 +75,7 @@ CropBar::CropBar(EditorSession& session, const Preferences& preferences, MainLoo
     addButton(tr("Cancel"), &CropBar::cancel);
     auto* const done = new PrimaryButton(tr("Crop"));
     done->setFocusPolicy(Qt::TabFocus);
+    done->setAccessibleName(tr("Apply the Crop"));
     connect(done, &QPushButton::clicked, this, &CropBar::apply);
     m_layout->addWidget(done);
     connect(m_shape, &ChoiceButton::chosen, this, &CropBar::chooseShape);
