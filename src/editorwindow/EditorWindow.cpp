@@ -54,7 +54,8 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
     connectFind();
     m_changes = m_session.onChange([this] { follow(); });
     follow();
-    resize((QSizeF(screen()->availableSize()) * screenShare).toSize());
+    rememberSize(services.preferences, Settings::editorWindowSize,
+                 (QSizeF(screen()->availableSize()) * screenShare).toSize());
     m_canvas->setFocus();
 }
 
