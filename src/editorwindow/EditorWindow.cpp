@@ -1,5 +1,6 @@
 #include "editorwindow/EditorWindow.h"
 
+#include "editorwindow/DefaultEditorOffer.h"
 #include "editorwindow/EditorClipboard.h"
 #include "editorwindow/EditorTopBar.h"
 #include "editorwindow/backdrop/BackdropPanel.h"
@@ -68,6 +69,8 @@ void EditorWindow::arrange()
     m_middle->addWidget(m_tools);
     auto* const column = new QVBoxLayout;
     column->setSpacing(0);
+    if (m_kind == Kind::file && m_services.programs)
+        column->addWidget(new DefaultEditorOffer(*m_services.programs, m_services.preferences));
     column->addWidget(m_find);
     column->addWidget(m_canvas, 1);
     column->addWidget(m_crop);

@@ -1,5 +1,6 @@
 #include "editorwindow/EditorWindow.h"
 
+#include "editorwindow/DefaultEditorOffer.h"
 #include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
@@ -87,7 +88,8 @@ TEST_F(EditorWindowTest, TabStopsAtAllThereIsForthAndBackAndEachStopHasAName)
         {[] {}, {"Canvas", "Done", "Arrow"}},
         {[this] { click("Find Text (Ctrl+F)"); }, {"Find", "How It Is Redacted"}},
         {[this] { click("Backdrop (Ctrl+B)"); }, {"Hover", "Lagoon", "Layout Padding", "Middle", "Light"}},
-        {[this] { window->session().setTool(EditorTool::crop); }, {"Apply the Crop", "Keep This Shape", "Shape of the Crop"}},
+        {[this] { window->session().setTool(EditorTool::crop); },
+         {"Apply the Crop", "Keep This Shape", "Shape of the Crop"}},
     };
     for (const auto& [make, expected] : states) {
         make();
@@ -103,6 +105,31 @@ TEST_F(EditorWindowTest, TabStopsAtAllThereIsForthAndBackAndEachStopHasAName)
         std::reverse(back.begin() + 1, back.end());
         EXPECT_EQ(forth, back);
     }
+}
+
+// Only where there is something to choose, and never again.
+TEST_F(EditorWindowTest, AsksOnceWhetherPicturesAreItsOwn)
+{
+    const FileProgram kovrel{.id = "com.kovrel.Kovrel.desktop", .name = "Kovrel"};
+    const FileProgram viewer{.id = "viewer.desktop", .name = "Viewer"};
+    const std::pair<std::vector<FileProgram>, bool> cases[] = {
+        {{}, false}, {{kovrel, viewer}, false}, {{viewer}, false}, {{viewer, kovrel}, true}, {{viewer, kovrel}, false},
+    };
+    for (const auto& [programs, isAsked] : cases) {
+        desktop.programs().programs = programs;
+        QWidget parent;
+        auto* const offer = new DefaultEditorOffer(desktop.programs(), preferences);
+        offer->setParent(&parent);
+        parent.show();
+        loop.advance(std::chrono::milliseconds(10));
+        EXPECT_EQ(offer->isVisible(), isAsked);
+        for (auto* const button : offer->findChildren<QAbstractButton*>())
+            if (isAsked && button->text() == "Open with Kovrel")
+                button->click();
+        EXPECT_FALSE(offer->isVisible());
+    }
+    EXPECT_THAT(desktop.programs().preferred, testing::Contains("com.kovrel.Kovrel.desktop: a.png"));
+    EXPECT_THAT(desktop.programs().preferred, testing::Contains("com.kovrel.Kovrel.desktop: a.heic"));
 }
 
 } // namespace Kovrel
