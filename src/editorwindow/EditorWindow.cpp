@@ -166,9 +166,11 @@ void EditorWindow::keyPressEvent(QKeyEvent* event)
     AppWindow::keyPressEvent(event);
 }
 
-// Text, a crop, what is selected; then the result is copied and the window closes.
+// Out of the panel, then text, a crop, what is selected; then the result is copied and the window closes.
 void EditorWindow::escape()
 {
+    if (m_backdrop && m_backdrop->isAncestorOf(focusWidget()))
+        return m_canvas->setFocus();
     if (m_canvas->escape())
         return;
     if (m_session.tool() == EditorTool::crop)

@@ -16,7 +16,11 @@ namespace Kovrel {
 
 namespace {
 
-constexpr int nameWidth = 72;
+// So that what is beside the names begins at one place.
+int nameWidth()
+{
+    return int(72 * Typography::scale());
+}
 
 QString percent(double amount)
 {
@@ -92,7 +96,7 @@ void BackdropControls::addAmount(const QString& name, AmountSlider::Range range,
                                  const QString& part)
 {
     auto* const slider = new AmountSlider(name, range, range.most > 1 ? points : percent);
-    slider->setNameWidth(nameWidth);
+    slider->setNameWidth(nameWidth());
     slider->setSpokenName(m_title + ' ' + name);
     m_layout->addWidget(slider);
     m_amounts.push_back({slider, field});
@@ -106,7 +110,7 @@ void BackdropControls::addChoice(const QString& name, ChoiceButton* button)
 {
     auto* const row = new QHBoxLayout;
     Label* const label = makeLabel(TextStyle::caption, name);
-    label->setFixedWidth(nameWidth);
+    label->setFixedWidth(nameWidth());
     row->setSpacing(Spacing::tight);
     row->addWidget(label);
     row->addWidget(button, 1);

@@ -12,6 +12,7 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QShowEvent>
 
 #include <cmath>
 
@@ -99,7 +100,8 @@ void CropBar::addButton(const QString& text, void (CropBar::*action)())
 void CropBar::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    m_before = m_session.document().composition;
+    if (!event->spontaneous()) // not when the window comes back from having been minimized
+        m_before = m_session.document().composition;
     watch();
     refresh();
 }
