@@ -5,14 +5,20 @@
 #include "editor/backdrop/BackdropLooks.h"
 #include "editorwindow/EditorWindow.h"
 #include "editorwindow/backdrop/BackdropPanel.h"
+#include "editorwindow/crop/CropBar.h"
+#include "editorwindow/crop/CropSizeMenu.h"
+#include "editorwindow/find/FindBar.h"
 #include "platform/SavePanel.h"
 #include "platform/desktop/QtMainLoop.h"
+#include "ports/TextReader.h"
 #include "ui/tokens/Motion.h"
 #include "ui/tokens/Theme.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QLineEdit>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -33,6 +39,18 @@ struct NoSavePanel : SavePanel {
     void ask(const QString&, QWindow*, Reply<std::optional<QString>> reply) override { reply({}); }
 };
 
+QFont pageFont()
+{
+    QFont font("DejaVu Sans");
+    font.setPixelSize(16);
+    return font;
+}
+
+QString lineOfPage(int line)
+{
+    return QString("Position %1: paint, brushes and 12 sheets of paper").arg(line + 1);
+}
+
 // A page of text in a window.
 QImage page(double scale)
 {
@@ -41,12 +59,11 @@ QImage page(double scale)
     QPainter painter(&image);
     painter.scale(scale, scale);
     painter.fillRect(QRect(0, 0, 760, 44), QColor("#e6e9f2"));
-    painter.setFont(QFont("DejaVu Sans", 12));
+    painter.setFont(pageFont());
     painter.setPen(QColor("#2b2f3a"));
     painter.drawText(QRect(20, 0, 700, 44), Qt::AlignVCenter, "Invoice 2041 — Meadow & Sons");
     for (int line = 0; line < 12; ++line)
-        painter.drawText(20, 84 + 32 * line,
-                         QString("Position %1: paint, brushes and 12 sheets of paper").arg(line + 1));
+        painter.drawText(20, 84 + 32 * line, lineOfPage(line));
     return image;
 }
 
@@ -72,6 +89,12 @@ struct Rig {
     {
         for (int round = 0; round < 20; ++round)
             QCoreApplication::processEvents();
+    }
+
+    static void settleFor(int milliseconds)
+    {
+        for (const QDeadlineTimer deadline(milliseconds); !deadline.hasExpired();)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
     }
 
     UserDefaults defaults;
@@ -100,7 +123,7 @@ struct Look {
 void click(QWidget& window, const QString& name)
 {
     for (auto* const button : window.findChildren<QAbstractButton*>())
-        if (button->accessibleName().startsWith(name))
+        if (button->accessibleName().startsWith(name) || button->text() == name)
             return button->click();
     qWarning("There is no %s", qUtf8Printable(name));
 }
@@ -108,11 +131,9 @@ void click(QWidget& window, const QString& name)
 void tools(const Look& look, Rig& rig)
 {
     const auto window = rig.window();
-    for (const auto& [tool, name] : RawStrings<EditorTool>::table) {
-        if (tool != EditorTool::crop)
-            window->session().setTool(tool);
-        if (tool == EditorTool::arrow || tool == EditorTool::text || tool == EditorTool::select)
-            look.save(QString("editor-") + name, *window);
+    for (const EditorTool tool : {EditorTool::select, EditorTool::arrow, EditorTool::rectangle, EditorTool::text}) {
+        window->session().setTool(tool);
+        look.save("editor-" + rawString(tool), *window);
     }
 }
 
@@ -140,6 +161,62 @@ void backdrops(const Look& look, Rig& rig)
     look.save("backdrop-none", *window);
 }
 
+// The text is where it is drawn.
+struct PageReader : TextReader {
+    void expectReading() override {}
+
+    void read(QImage, double, std::stop_token, Reply<Reading> reply) override { reply({}); }
+
+    void readText(QImage, QualityOfService, bool, std::stop_token, Reply<OCROutcome> reply) override
+    {
+        OCRResult text;
+        const QFontMetricsF metrics(pageFont());
+        for (int line = 0; line < 12; ++line) {
+            const QString words = lineOfPage(line);
+            OCRLine read{.text = words, .confidence = 1};
+            read.boundingBox = {20 / 760.0, 1 - (88 + 32 * line) / 480.0, metrics.horizontalAdvance(words) / 760,
+                                18 / 480.0};
+            for (qsizetype at = 0; at < words.size(); ++at)
+                read.characterCenters.push_back(
+                    (20 + metrics.horizontalAdvance(words.first(at)) + metrics.horizontalAdvance(words[at]) / 2) / 760);
+            text.lines.push_back(read);
+        }
+        reply(text);
+    }
+
+    void readCodes(QImage, Reply<std::optional<std::vector<QRCode>>> reply) override { reply({}); }
+};
+
+void crops(const Look& look, Rig& rig)
+{
+    EditorDocument document;
+    document.composition.crop = Rect{100, 80, 480, 320};
+    document.composition.backdrop = BackdropLooks::all()[0].backdrop;
+    const auto window = rig.window(document);
+    look.save("cropped", *window);
+    window->session().setTool(EditorTool::crop);
+    Rig::settleFor(1500);
+    look.save("crop", *window);
+    window->findChild<CropBar*>()->offerSizes({300, 300});
+    Rig::settleFor(1500);
+    look.save("crop-sizes", *window->findChild<CropSizeMenu*>());
+}
+
+void finds(const Look& look, Rig& rig)
+{
+    PageReader reader;
+    rig.ports.textReader.offer(reader);
+    const auto window = rig.window();
+    click(*window, "Find Text");
+    look.save("find", *window);
+    window->findChild<FindBar*>()->findChild<QLineEdit*>()->setText("brushes");
+    window->findChild<FindBar*>()->go(2);
+    look.save("find-found", *window);
+    click(*window, "Redact All");
+    look.save("find-redacted", *window);
+    rig.ports = {};
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -159,6 +236,8 @@ int main(int argc, char** argv)
         Rig rig(argv[1]);
         tools(look, rig);
         backdrops(look, rig);
+        crops(look, rig);
+        finds(look, rig);
     }
     return 0;
 }

@@ -182,6 +182,8 @@ struct TwoPrograms : FilePrograms {
 
     void open(const QString&, const QString&) override {}
 
+    void prefer(const QString&, const QString&) override {}
+
     bool canMail() const override { return true; }
 
     void mail(const QString&) override {}

@@ -24,15 +24,10 @@ QImage cut(const QImage& source, const EditorCapture& capture, const EditorDocum
     return source.isNull() ? source : source.copy(CroppedCapture::pixels(capture, document.composition));
 }
 
-// Reductions and typed sizes are those of the capture; a backdrop around it is reduced with it.
-QImage atOutputSize(const QImage& picture, const CropOutputSize& size, QSize capture)
+QImage atOutputSize(const QImage& picture, const CropOutputSize& choice, QSize capture)
 {
-    const QSize wanted = CropSizes::pixels(size, capture);
-    if (picture.isNull() || wanted == capture)
-        return picture;
-    const QSize to(qRound(double(picture.width()) * wanted.width() / capture.width()),
-                   qRound(double(picture.height()) * wanted.height() / capture.height()));
-    return Resampling::resampledExactly(picture, to.expandedTo({1, 1})).value_or(QImage());
+    return Resampling::resampledExactly(picture, EditedPicture::outputSize(picture.size(), choice, capture))
+        .value_or(QImage());
 }
 
 // Without a backdrop the whole is drawn and then cut, so that every pixel is as it was before the crop.
@@ -64,6 +59,17 @@ QImage onBackdrop(AnnotationFlattener::Input input, const EditorCapture& capture
 }
 
 } // namespace
+
+// Reductions and typed sizes are those of the capture; a backdrop around it is reduced with it.
+QSize EditedPicture::outputSize(QSize picture, const CropOutputSize& choice, QSize capture)
+{
+    const QSize wanted = CropSizes::pixels(choice, capture);
+    if (wanted == capture)
+        return picture;
+    const QSize to(qRound(double(picture.width()) * wanted.width() / capture.width()),
+                   qRound(double(picture.height()) * wanted.height() / capture.height()));
+    return to.expandedTo({1, 1});
+}
 
 QImage EditedPicture::rendered(const EditorCapture& capture, const EditorDocument& document, MeasureUnit measureUnit,
                                const QImage& blurred, const QImage& pixelated)

@@ -16,6 +16,9 @@ namespace EditedPicture {
 QImage rendered(const EditorCapture& capture, const EditorDocument& document, MeasureUnit measureUnit,
                 const QImage& blurred = {}, const QImage& pixelated = {});
 
+// How large the file is for a choice, where it is `picture` without one and `capture` is what the crop leaves. Pixels.
+QSize outputSize(QSize picture, const CropOutputSize& choice, QSize capture);
+
 } // namespace EditedPicture
 
 } // namespace Kovrel

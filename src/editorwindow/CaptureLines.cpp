@@ -6,16 +6,24 @@
 
 namespace Kovrel {
 
-void CaptureLines::expect()
+void CaptureLines::expect(QualityOfService qos)
 {
-    const auto& reader = m_services.ports.textReader;
-    if (std::exchange(m_isExpected, true) || !reader)
+    if (m_state == State::awaited || m_state == State::there)
         return;
-    reader->readText(m_capture.image, QualityOfService::utility, false, m_stop.get_token(),
-                     m_lifeline.guard([this](const OCROutcome& outcome) {
-                         if (outcome)
-                             m_lines = outcome->lines;
-                     }));
+    const auto& reader = m_services.ports.textReader;
+    m_state = reader ? State::awaited : State::failed;
+    if (reader)
+        reader->readText(m_capture.image, qos, false, m_stop.get_token(),
+                         m_lifeline.guard([this](const OCROutcome& outcome) { take(outcome); }));
+    m_observers.notify();
+}
+
+void CaptureLines::take(const OCROutcome& outcome)
+{
+    m_state = outcome ? State::there : State::failed;
+    if (outcome)
+        m_lines = outcome->lines;
+    m_observers.notify();
 }
 
 std::optional<double> CaptureLines::heightAt(Point at) const

@@ -4,6 +4,7 @@
 
 namespace Kovrel {
 
+class FilePrograms;
 class MainLoop;
 class Preferences;
 class SavePanel;
@@ -16,6 +17,7 @@ struct EditorServices {
     Preferences& preferences;
     SavePanel& savePanel;
     Ports& ports;
+    FilePrograms* programs = nullptr; // without them nobody is asked about the program for pictures
 };
 
 } // namespace Kovrel

@@ -47,6 +47,7 @@ EditorTopBar::EditorTopBar(EditorSession& session, Preferences& preferences)
     m_zoom->setAccessibleName(tr("Zoom"));
     m_layout->addWidget(m_zoom);
     m_layout->addSpacing(Spacing::medium);
+    addButton("magnifyingglass", tr("Find Text (Ctrl+F)"), &EditorTopBar::findWanted);
     m_backdrop = addButton("rectangle.inset.filled", tr("Backdrop (Ctrl+B)"), &EditorTopBar::backdropWanted);
     m_backdrop->setCheckable(true);
     m_layout->addSpacing(Spacing::medium);

@@ -1,8 +1,11 @@
 #include "editorwindow/EditorWindow.h"
 
+#include "editorwindow/DefaultEditorOffer.h"
 #include "editorwindow/EditorClipboard.h"
 #include "editorwindow/EditorTopBar.h"
 #include "editorwindow/backdrop/BackdropPanel.h"
+#include "editorwindow/crop/CropBar.h"
+#include "editorwindow/find/FindBar.h"
 #include "editorwindow/tools/ToolKeys.h"
 #include "editorwindow/tools/ToolPalette.h"
 #include "platform/SavePanel.h"
@@ -39,7 +42,9 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
       m_sources(services, m_session, *m_canvas),
       m_top(new EditorTopBar(m_session, services.preferences)),
       m_tools(new ToolPalette),
-      m_middle(new QHBoxLayout)
+      m_middle(new QHBoxLayout),
+      m_crop(new CropBar(m_session, services.preferences, services.loop, services.workers)),
+      m_find(new FindBar(m_session, services.preferences))
 {
     setWindowTitle(title);
     setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
@@ -47,9 +52,11 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
     arrange();
     addCommands();
     connectParts();
+    connectFind();
     m_changes = m_session.onChange([this] { follow(); });
     follow();
-    resize((QSizeF(screen()->availableSize()) * screenShare).toSize());
+    rememberSize(services.preferences, Settings::editorWindowSize,
+                 (QSizeF(screen()->availableSize()) * screenShare).toSize());
     m_canvas->setFocus();
 }
 
@@ -60,7 +67,16 @@ void EditorWindow::arrange()
     m_middle->setContentsMargins(0, 0, 0, 0);
     m_middle->setSpacing(0);
     m_middle->addWidget(m_tools);
-    m_middle->addWidget(m_canvas, 1);
+    auto* const column = new QVBoxLayout;
+    column->setSpacing(0);
+    if (m_kind == Kind::file && m_services.programs)
+        column->addWidget(new DefaultEditorOffer(*m_services.programs, m_services.preferences));
+    column->addWidget(m_find);
+    column->addWidget(m_canvas, 1);
+    column->addWidget(m_crop);
+    m_find->hide();
+    m_crop->hide();
+    m_middle->addLayout(column, 1);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -72,6 +88,7 @@ void EditorWindow::connectParts()
 {
     connect(m_top, &EditorTopBar::undoWanted, this, &EditorWindow::undo);
     connect(m_top, &EditorTopBar::redoWanted, this, &EditorWindow::redo);
+    connect(m_top, &EditorTopBar::findWanted, this, &EditorWindow::openFind);
     connect(m_top, &EditorTopBar::backdropWanted, this, &EditorWindow::toggleBackdrop);
     connect(m_top, &EditorTopBar::copyWanted, this, &EditorWindow::copy);
     connect(m_top, &EditorTopBar::saveWanted, this, &EditorWindow::save);
@@ -82,6 +99,8 @@ void EditorWindow::connectParts()
         m_canvas->setFocus();
     });
     connect(m_canvas, &AnnotationCanvasView::zoomChanged, this, [this] { m_top->setZoom(m_canvas->zoomPercent()); });
+    connect(m_crop, &CropBar::aspectChosen, this,
+            [this](std::optional<double> aspect) { m_canvas->pointing().setCropAspect(aspect); });
     connect(m_canvas, &AnnotationCanvasView::contextMenuWanted, this, &EditorWindow::showMenu);
     m_canvas->pointing().setLineHeightAt([this](Point at) {
         const bool isWanted = m_services.preferences.get(Settings::highlighterAutoSize);
@@ -108,6 +127,9 @@ void EditorWindow::addCommands()
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { saveAs(); });
     add(QKeySequence::Close, [this] { close(); });
     add(Qt::CTRL | Qt::Key_B, [this] { toggleBackdrop(); });
+    add(QKeySequence::Find, [this] { openFind(); });
+    add(Qt::Key_F3, [this] { m_find->go(1); });
+    add(Qt::SHIFT | Qt::Key_F3, [this] { m_find->go(-1); });
     add(Qt::CTRL | Qt::Key_D, [this] { m_session.duplicateSelected(); });
     add(QKeySequence::ZoomIn, [this] { m_canvas->zoomIn(); });
     add(Qt::CTRL | Qt::Key_Equal, [this] { m_canvas->zoomIn(); });
@@ -125,8 +147,9 @@ void EditorWindow::follow()
     m_tools->setTool(m_session.tool());
     m_top->follow();
     m_sources.follow();
+    m_crop->setVisible(m_session.tool() == EditorTool::crop);
     if (m_session.tool() == EditorTool::highlighter && m_services.preferences.get(Settings::highlighterAutoSize))
-        m_lines.expect();
+        m_lines.expect(QualityOfService::utility);
 }
 
 // --- Keys
@@ -135,14 +158,19 @@ void EditorWindow::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape)
         return escape();
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && m_session.tool() == EditorTool::crop)
+        return m_session.setTool(EditorTool::select);
     if (const auto tool = ToolKeys::toolOf(*event); tool && !m_canvas->isWriting())
         return m_session.setTool(*tool);
     AppWindow::keyPressEvent(event);
 }
 
-// Text, a crop, what is selected; then the result is copied and the window closes.
+// Out of the panel, then text, a crop, what is selected; then the result is copied and the window closes.
 void EditorWindow::escape()
 {
+    if (m_backdrop && m_backdrop->isAncestorOf(focusWidget()))
+        return m_canvas->setFocus();
     if (m_canvas->escape())
         return;
     if (m_session.tool() == EditorTool::crop)
@@ -226,6 +254,56 @@ void EditorWindow::toggleBackdrop()
     m_top->setBackdropShown(!m_backdrop->isHidden());
 }
 
+// --- Text
+
+void EditorWindow::connectFind()
+{
+    connect(m_find, &FindBar::changed, this, &EditorWindow::showFound);
+    connect(m_find, &FindBar::closed, this, &EditorWindow::closeFind);
+    m_linesChanges = m_lines.onChange([this] { takeLines(); });
+}
+
+void EditorWindow::openFind()
+{
+    m_canvas->stopWriting();
+    if (m_session.tool() == EditorTool::crop)
+        m_session.setTool(EditorTool::select);
+    m_find->open();
+    m_lines.expect(QualityOfService::userInitiated);
+    takeLines();
+}
+
+void EditorWindow::closeFind()
+{
+    m_find->hide();
+    m_canvas->setFocus();
+    showFound();
+}
+
+void EditorWindow::takeLines()
+{
+    if (m_find->isHidden())
+        return;
+    const auto state = m_lines.state();
+    m_find->setText(state == CaptureLines::State::there    ? FindBar::Text::there
+                    : state == CaptureLines::State::failed ? FindBar::Text::failed
+                                                           : FindBar::Text::awaited,
+                    m_lines.lines());
+}
+
+void EditorWindow::showFound()
+{
+    if (m_find->isHidden())
+        return m_canvas->setFound({}, {});
+    std::vector<Rect> boxes;
+    for (const auto& hit : m_find->find().hits())
+        boxes.insert(boxes.end(), hit.boxes.begin(), hit.boxes.end());
+    const auto current = m_find->find().current();
+    m_canvas->setFound(std::move(boxes), current ? m_find->find().hits()[*current].boxes : std::vector<Rect>());
+}
+
+// --- The menu
+
 void EditorWindow::showMenu(QPoint globalPosition)
 {
     using Layer = EditorSession::Layer;
@@ -247,6 +325,11 @@ void EditorWindow::showMenu(QPoint globalPosition)
     add(tr("Bring Forward"), Qt::CTRL | Qt::Key_BracketRight, [this] { m_session.bring(Layer::forward); });
     add(tr("Send Backward"), Qt::CTRL | Qt::Key_BracketLeft, [this] { m_session.bring(Layer::backward); });
     add(tr("Send to Back"), Qt::CTRL | Qt::SHIFT | Qt::Key_BracketLeft, [this] { m_session.bring(Layer::back); });
+    menu->addSeparator();
+    add(tr("Find…"), QKeySequence::Find, [this] { openFind(); })->setEnabled(true);
+    add(tr("Output Size…"), QKeySequence(), [this, globalPosition] {
+        m_crop->offerSizes(globalPosition);
+    })->setEnabled(true);
     menu->popup(globalPosition);
 }
 

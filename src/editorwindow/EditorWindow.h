@@ -11,7 +11,9 @@ class QHBoxLayout;
 namespace Kovrel {
 
 class BackdropPanel;
+class CropBar;
 class EditorTopBar;
+class FindBar;
 class ToolPalette;
 
 // The editor of one capture. Closing it keeps what was made, in the history or, for a file, as the user says.
@@ -57,6 +59,11 @@ private:
     void saveAs();
     void tellSaved(const SaveOutcome& outcome);
     void toggleBackdrop();
+    void connectFind();
+    void openFind();
+    void closeFind();
+    void takeLines();
+    void showFound();
     void showMenu(QPoint globalPosition);
     void askToSave();
     void discard();
@@ -72,6 +79,9 @@ private:
     ToolPalette* m_tools;
     QHBoxLayout* m_middle;               // what stands beside the canvas
     BackdropPanel* m_backdrop = nullptr; // made when it is opened first
+    CropBar* m_crop;
+    FindBar* m_find;
+    Subscription m_linesChanges;
     Subscription m_changes;
 };
 

@@ -60,7 +60,7 @@ HistoryWindow::HistoryWindow(HistoryViewServices services)
 {
     setWindowTitle(tr("Recent Captures"));
     setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
-    resize(usualSize);
+    rememberSize(m_services.preferences, Settings::historyWindowSize, usualSize);
     m_search = new HistorySearchField;
     m_undoBar = new UndoBar;
     auto* layout = new QVBoxLayout(this);

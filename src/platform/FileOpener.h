@@ -18,6 +18,8 @@ public:
     virtual std::vector<FileProgram> openers(const QString& fileName) const = 0;
     // With a program, or the one that the user prefers for such files.
     virtual Outcome open(const QString& path, const std::optional<QString>& programID) const = 0;
+    // As `FilePrograms::prefer`.
+    virtual Outcome prefer(const QString& fileName, const QString& programID) const = 0;
 };
 
 } // namespace Kovrel

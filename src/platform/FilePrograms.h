@@ -17,7 +17,8 @@ struct FileProgram {
     bool operator==(const FileProgram&) const = default;
 };
 
-// The desktop's programs, to which files are handed over. Main thread; what can't be started is logged.
+// The desktop's programs, to which files are handed over. Main thread; what can't be started or
+// changed is logged.
 class FilePrograms {
 public:
     virtual ~FilePrograms() = default;
@@ -29,6 +30,9 @@ public:
     // With the program that the user prefers for such files.
     virtual void open(const QString& path) = 0;
     virtual void open(const QString& path, const QString& programID) = 0;
+
+    // From now on that program is preferred for files whose names end like this one's.
+    virtual void prefer(const QString& fileName, const QString& programID) = 0;
 
     // Whether there is a mail program to be asked.
     virtual bool canMail() const = 0;

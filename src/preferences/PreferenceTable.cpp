@@ -162,6 +162,9 @@ const auto Settings::disabledNativeHotkeys = unregistered<QStringList>(
     "kovrelDisabledNativeHotKeys", "the desktop's screenshot shortcuts that are switched off");
 const auto Settings::takenDesktopShortcuts =
     unregistered<QByteArray>("takenDesktopShortcuts", "what those were before, to be given back");
+const auto Settings::editorWindowSize = unregistered<QString>("editorWindowSize", "last size of the editor");
+const auto Settings::historyWindowSize =
+    unregistered<QString>("historyWindowSize", "last size of the window of recent captures");
 
 // --- Looking things up
 

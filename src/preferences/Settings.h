@@ -86,6 +86,8 @@ extern const SettingKey<int> toolTipDelay;
 extern const SettingKey<int> selectionHintShownCount;
 extern const SettingKey<QStringList> disabledNativeHotkeys;
 extern const SettingKey<QByteArray> takenDesktopShortcuts;
+extern const SettingKey<QString> editorWindowSize;
+extern const SettingKey<QString> historyWindowSize;
 
 } // namespace Settings
 

@@ -3,7 +3,10 @@
 #include "ui/LookChanges.h"
 #include "ui/tokens/Theme.h"
 
+#include <QHideEvent>
 #include <QPalette>
+#include <QRegularExpression>
+#include <QScreen>
 
 namespace Kovrel {
 
@@ -11,6 +14,26 @@ AppWindow::AppWindow()
 {
     takeColors();
     connect(&LookChanges::shared(), &LookChanges::changed, this, &AppWindow::takeColors);
+}
+
+void AppWindow::rememberSize(Preferences& preferences, const SettingKey<QString>& key, QSize usual)
+{
+    static const QRegularExpression form("^([1-9][0-9]{1,4})x([1-9][0-9]{1,4})( maximized)?$");
+    const auto kept = form.match(preferences.get(key));
+    const QSize size = kept.hasMatch() ? QSize(kept.captured(1).toInt(), kept.captured(2).toInt()) : usual;
+    resize(size.boundedTo(screen()->availableSize()));
+    if (kept.hasCaptured(3))
+        setWindowState(Qt::WindowMaximized);
+    m_keepSize = [&preferences, &key](const QString& text) { preferences.set(key, text); };
+}
+
+// One that is only minimized is told by the desktop, and keeps its size anyway.
+void AppWindow::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    const QSize size = isMaximized() ? normalGeometry().size() : this->size();
+    if (m_keepSize && !event->spontaneous())
+        m_keepSize(QString("%1x%2%3").arg(size.width()).arg(size.height()).arg(isMaximized() ? " maximized" : ""));
 }
 
 void AppWindow::takeColors()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "preferences/Preferences.h"
+
 #include <QWidget>
 
 namespace Kovrel {
@@ -11,8 +13,17 @@ class AppWindow : public QWidget {
 public:
     AppWindow();
 
+protected:
+    // The window is as large as it was when it was hidden last, maximized or not; `usual` where it never was. Never
+    // larger than its screen. Before it is shown; `preferences` outlives it.
+    void rememberSize(Preferences& preferences, const SettingKey<QString>& key, QSize usual);
+
+    void hideEvent(QHideEvent* event) override;
+
 private:
     void takeColors();
+
+    std::function<void(const QString&)> m_keepSize;
 };
 
 } // namespace Kovrel

@@ -8,6 +8,7 @@
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/TempFolder.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QSlider>
@@ -37,6 +38,7 @@ struct BackdropPanelTest : testing::Test {
             panel = std::make_unique<BackdropPanel>(session, preferences, loop, workers);
             panel->resize(panel->width(), 2000);
             panel->show();
+            QApplication::setActiveWindow(panel.get());
         }
         return *panel;
     }
@@ -115,7 +117,7 @@ TEST_F(BackdropEditingTest, ADragIsOneStep)
 TEST_F(BackdropPanelTest, WhatIsMovedIsSeenAtOnce)
 {
     BackdropEditing(session, preferences).apply({});
-    auto* const padding = named<QSlider>("Padding");
+    auto* const padding = named<QSlider>("Layout Padding");
     EXPECT_EQ(padding->value(), 20);
     padding->setSliderDown(true);
     for (const int percent : {30, 40}) {
@@ -177,6 +179,7 @@ TEST_F(BackdropPanelTest, ArrowKeysGoFromSwatchToSwatchAndMoveThemWithAlt)
     EXPECT_EQ(first->focusPolicy(), Qt::TabFocus) << "one stop for all of them";
     EXPECT_EQ(named<SwatchButton>("Dawn")->focusPolicy(), Qt::NoFocus);
     press(first, Qt::Key_Right);
+    EXPECT_TRUE(named<SwatchButton>("Dawn")->hasFocus());
     EXPECT_EQ(first->focusPolicy(), Qt::NoFocus);
     EXPECT_EQ(named<SwatchButton>("Dawn")->focusPolicy(), Qt::TabFocus);
     press(first, Qt::Key_Right, Qt::AltModifier);

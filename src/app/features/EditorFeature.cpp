@@ -5,7 +5,8 @@
 namespace Kovrel {
 
 EditorFeature::EditorFeature(Foundation& foundation, Ports& ports)
-    : m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->savePanel(), ports})
+    : m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->savePanel(), ports,
+                 &foundation.desktop->programs()})
 {
     ports.editors.offer(m_windows);
 }

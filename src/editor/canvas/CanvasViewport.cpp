@@ -79,6 +79,14 @@ void CanvasViewport::keepInSight()
                         kept(m_offset.y(), canvas.top(), canvas.bottom(), m_view.height(), space)});
 }
 
+void CanvasViewport::reveal(const Rect& place)
+{
+    const QRectF rect(fromImage({place.minX(), place.maxY()}), fromImage({place.maxX(), place.minY()}));
+    const QRectF view({}, QSizeF(m_view));
+    if (!view.contains(rect))
+        pan(view.center() - rect.center());
+}
+
 QPointF CanvasViewport::toView(QPointF canvasPixel) const
 {
     return m_offset + canvasPixel * m_zoom;

@@ -36,6 +36,8 @@ public:
     // `about`, a place of the view, stays where it is.
     void zoomTo(double zoom, QPointF about);
     void pan(QPointF by);
+    // Brings what is not in sight into the middle; image points.
+    void reveal(const Rect& place);
 
     QPointF toView(QPointF canvasPixel) const;
     QPointF toCanvas(QPointF viewPixel) const;

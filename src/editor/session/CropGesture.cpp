@@ -1,5 +1,7 @@
 #include "editor/session/CropGesture.h"
 
+#include "editor/crop/CropShapes.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -59,7 +61,7 @@ EditorDocument CropGesture::moved(const CanvasPointer& pointer)
 {
     const Rect crop = m_isNew ? drawn(pointer) : m_handle ? dragged(pointer) : moved(pointer.at);
     EditorDocument next = m_start;
-    next.composition.crop = fitted(crop);
+    next.composition.crop = CropShapes::onPixels(crop, m_frame.canvas, m_frame.scale);
     return next;
 }
 
@@ -97,20 +99,6 @@ Rect CropGesture::moved(Point to) const
     const double y = m_crop.y + to.y - m_from.y;
     return {std::clamp(x, canvas.minX(), canvas.maxX() - m_crop.width),
             std::clamp(y, canvas.minY(), canvas.maxY() - m_crop.height), m_crop.width, m_crop.height};
-}
-
-// On whole pixels of the capture, one of them at least.
-Rect CropGesture::fitted(const Rect& crop) const
-{
-    const double scale = m_frame.scale;
-    const auto side = [scale](double low, double high, double most) {
-        const double from = std::clamp(std::round(low * scale), 0.0, std::round(most * scale) - 1);
-        const double to = std::clamp(std::round(high * scale), from + 1, std::round(most * scale));
-        return std::pair(from / scale, to / scale);
-    };
-    const auto [left, right] = side(crop.minX(), crop.maxX(), m_frame.canvas.width);
-    const auto [lower, upper] = side(crop.minY(), crop.maxY(), m_frame.canvas.height);
-    return {left, lower, right - left, upper - lower};
 }
 
 } // namespace Kovrel

@@ -27,7 +27,6 @@ private:
     Rect dragged(const CanvasPointer& pointer) const;
     Rect drawn(const CanvasPointer& pointer) const;
     Rect moved(Point to) const;
-    Rect fitted(const Rect& crop) const;
 
     EditorDocument m_start;
     Frame m_frame;

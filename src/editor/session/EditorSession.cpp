@@ -157,6 +157,8 @@ void EditorSession::setTool(EditorTool tool)
         m_selection.clear();
     m_tool = tool;
     m_preferences.set(Settings::lastEditorTool, tool);
+    if (const auto redact = fromRawString<RedactTool>(rawString(tool)))
+        m_preferences.set(Settings::redactTool, *redact);
     m_observers.notify();
 }
 

@@ -51,7 +51,8 @@ public:
 
     EditorTool tool() const { return m_tool; }
 
-    // Remembered for the next editor. What is selected stays so for a tool of the same marks.
+    // Remembered for the next editor, and one that redacts for what is redacted otherwise. What is selected stays so
+    // for a tool of the same marks.
     void setTool(EditorTool tool);
     // What all selected marks have in common, or, with nothing selected, what the tool's next mark will have.
     MarkStyle style() const;

@@ -1,5 +1,6 @@
 #include "editorwindow/backdrop/AlignmentPad.h"
 
+#include "editorwindow/tools/TabStop.h"
 #include "ui/Button.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
@@ -73,6 +74,7 @@ AlignmentPad::AlignmentPad()
 void AlignmentPad::setAlignment(CardAlignment alignment)
 {
     m_places[size_t(alignment)]->setChecked(true);
+    TabStop::setOnly(m_places[size_t(alignment)], m_places);
 }
 
 } // namespace Kovrel

@@ -16,7 +16,11 @@ namespace Kovrel {
 
 namespace {
 
-constexpr int nameWidth = 72;
+// So that what is beside the names begins at one place.
+int nameWidth()
+{
+    return int(72 * Typography::scale());
+}
 
 QString percent(double amount)
 {
@@ -85,13 +89,15 @@ void BackdropControls::addTitle(const QString& text)
 {
     m_layout->addSpacing(Spacing::small);
     m_layout->addWidget(makeLabel(TextStyle::control, text));
+    m_title = text;
 }
 
 void BackdropControls::addAmount(const QString& name, AmountSlider::Range range, double EditorBackdrop::* field,
                                  const QString& part)
 {
     auto* const slider = new AmountSlider(name, range, range.most > 1 ? points : percent);
-    slider->setNameWidth(nameWidth);
+    slider->setNameWidth(nameWidth());
+    slider->setSpokenName(m_title + ' ' + name);
     m_layout->addWidget(slider);
     m_amounts.push_back({slider, field});
     connect(slider, &AmountSlider::amountChosen, this, [this, field, part](double amount) {
@@ -104,7 +110,7 @@ void BackdropControls::addChoice(const QString& name, ChoiceButton* button)
 {
     auto* const row = new QHBoxLayout;
     Label* const label = makeLabel(TextStyle::caption, name);
-    label->setFixedWidth(nameWidth);
+    label->setFixedWidth(nameWidth());
     row->setSpacing(Spacing::tight);
     row->addWidget(label);
     row->addWidget(button, 1);
@@ -155,6 +161,7 @@ void BackdropControls::addFrame(Preferences& preferences)
     addAmount(tr("Width"), {0, 1, 0.01}, &EditorBackdrop::frame, "frame");
     m_frameColor = new ColorWell([&preferences] { return preferences.get(Settings::savedSwatches); });
     m_frameColor->setToolTip(tr("Colour of the Frame"));
+    m_frameColor->setAccessibleName(m_frameColor->toolTip());
     auto* const row = new QHBoxLayout;
     row->addWidget(m_frameColor);
     row->addWidget(makeSwitch(tr("Colour of the page"), &EditorBackdrop::frameFollowsPage), 1);

@@ -44,6 +44,7 @@ private:
 
     BackdropEditing& m_editing;
     QVBoxLayout* m_layout;
+    QString m_title; // of what is being added
     std::vector<Amount> m_amounts;
     std::vector<std::pair<QCheckBox*, bool EditorBackdrop::*>> m_switches;
     AmountSlider* m_blur = nullptr; // among the amounts

@@ -4,16 +4,18 @@
 #include "editorwindow/backdrop/BackdropFills.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
+#include "ui/tokens/Typography.h"
 
 #include <QPainter>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace Kovrel {
 
 namespace {
 
-constexpr int panelWidth = 290;
+constexpr int contentWidth = 276; // four swatches and their margins
 
 } // namespace
 
@@ -22,7 +24,7 @@ BackdropPanel::BackdropPanel(EditorSession& session, Preferences& preferences, M
       m_editing(session, preferences),
       m_swatches(loop, workers, session.capture(), [this] { update(); })
 {
-    setFixedWidth(panelWidth);
+    setFixedWidth(int(contentWidth * Typography::scale()) + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     setAccessibleName(tr("Backdrop"));
     m_fills = new BackdropFills(m_editing, m_swatches, preferences);
     m_controls = new BackdropControls(m_editing, preferences);

@@ -1,6 +1,7 @@
 #include "editorwindow/backdrop/SwatchSection.h"
 
 #include "editorwindow/backdrop/DisclosureButton.h"
+#include "editorwindow/tools/TabStop.h"
 #include "ui/tokens/Metrics.h"
 
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <QKeyEvent>
 
 #include <algorithm>
+#include <ranges>
 
 namespace Kovrel {
 
@@ -71,37 +73,32 @@ SwatchButton* SwatchSection::buttonFor(const Swatch& swatch)
 
 void SwatchSection::arrange()
 {
-    const bool hasStop = std::ranges::any_of(m_items, [](const Item& item) { return item.button->hasFocus(); });
     for (size_t index = 0; index < m_items.size(); ++index) {
         SwatchButton* const button = m_items[index].button;
         m_grid->addWidget(button, int(index) / columns, int(index) % columns);
         button->setVisible(m_title->isChecked() || int(index) < columns);
     }
+    orderStops();
+}
+
+// One of them is a stop of the Tab key: the one that has the keyboard, else what is chosen, else the first.
+void SwatchSection::orderStops()
+{
     QWidget* before = m_title;
-    for (const Item& item : m_items) {
-        setTabOrder(before, item.button);
-        before = item.button;
+    QWidget* stop = nullptr;
+    for (const auto& [swatch, button] : m_items) {
+        button->setFocusPolicy(Qt::TabFocus); // nothing else can be put in order
+        setTabOrder(std::exchange(before, button), button);
+        if (!stop || button->hasFocus() || (swatch.isChosen && !button->isHidden() && !stop->hasFocus()))
+            stop = button;
     }
-    if (m_items.empty() || hasStop)
-        return;
-    const auto chosen = std::ranges::find_if(
-        m_items, [](const Item& item) { return item.swatch.isChosen && !item.button->isHidden(); });
-    take(chosen == m_items.end() ? m_items.front() : *chosen, false);
+    TabStop::setOnly(stop, m_items | std::views::transform(&Item::button));
 }
 
 SwatchSection::Item* SwatchSection::itemOf(QObject* button)
 {
     const auto found = std::ranges::find(m_items, button, &Item::button);
     return found == m_items.end() ? nullptr : &*found;
-}
-
-// One of them is a stop of the Tab key.
-void SwatchSection::take(Item& item, bool takesFocus)
-{
-    for (const Item& other : m_items)
-        other.button->setFocusPolicy(other.button == item.button ? Qt::TabFocus : Qt::NoFocus);
-    if (takesFocus)
-        item.button->setFocus(Qt::TabFocusReason);
 }
 
 // --- Pointer and keys
@@ -158,10 +155,12 @@ bool SwatchSection::press(Item& item, int key, bool isAlt)
     const int index = int(&item - m_items.data()) + step;
     if (step == 0 || index < 0 || index >= int(m_items.size()) || m_items[size_t(index)].button->isHidden())
         return step != 0;
-    if (isAlt)
+    if (isAlt) {
         move(item, index);
-    else
-        take(m_items[size_t(index)], true);
+        return true;
+    }
+    m_items[size_t(index)].button->setFocus(Qt::TabFocusReason);
+    orderStops();
     return true;
 }
 

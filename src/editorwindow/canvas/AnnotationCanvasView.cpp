@@ -55,6 +55,14 @@ void AnnotationCanvasView::setBackdropPicture(const QString& value, const QImage
     update();
 }
 
+void AnnotationCanvasView::setFound(std::vector<Rect> boxes, std::vector<Rect> now)
+{
+    if (!now.empty() && now != m_found.second)
+        m_viewport.reveal(now.front());
+    m_found = {std::move(boxes), std::move(now)};
+    update();
+}
+
 // --- What is shown
 
 void AnnotationCanvasView::follow()
@@ -175,6 +183,7 @@ void AnnotationCanvasView::layOver(CanvasOverlay& overlay) const
     }
     if (const auto crop = hidingCrop())
         overlay.hideOutside(*crop, Theme::current().canvas);
+    overlay.drawFound(m_found.first, m_found.second);
     if (m_writing) {
         if (const Annotation* const label = m_session.document().mark(m_writing->id()))
             overlay.drawWriting(*label, m_writing->caretLine(), m_writing->selectionRects(), m_isCaretShown);

@@ -27,6 +27,9 @@ public:
     void setRedactions(CanvasPicture::Redactions redactions);
     void setBackdropPicture(const QString& value, const QImage& picture);
 
+    // Text that was found, in image points; `now` is what of it is looked at, and brought into sight.
+    void setFound(std::vector<Rect> boxes, std::vector<Rect> now);
+
     // Of the capture's own size on its screen.
     double zoomPercent() const;
     void setZoomPercent(double percent);
@@ -98,6 +101,7 @@ private:
     EditorPointing::Target m_hovered;
     QRegion m_overlayArea; // device pixels, as it was shown last
     std::optional<Rect> m_shownCrop;
+    std::pair<std::vector<Rect>, std::vector<Rect>> m_found; // all; what is looked at
     Subscription m_changes;
 };
 

@@ -185,6 +185,20 @@ void CanvasOverlay::drawWriting(const Annotation& label, const QLineF& caret, st
     drawLine(turned(caret.p1()), turned(caret.p2()), QPen(Theme::current().accent, points(caretWidth)));
 }
 
+void CanvasOverlay::drawFound(std::span<const Rect> boxes, std::span<const Rect> now)
+{
+    const auto draw = [this](const Rect& box, const QPen& pen, const QColor& color) {
+        const double room = points(2);
+        QPainterPath path;
+        path.addRoundedRect(inView(box).adjusted(-room, -room, room, room), room, room);
+        lay(path, pen, color);
+    };
+    for (const Rect& box : boxes)
+        draw(box, Qt::NoPen, CanvasTokens::found);
+    for (const Rect& box : now)
+        draw(box, QPen(CanvasTokens::foundEdge, points(1.5)), CanvasTokens::foundNow);
+}
+
 void CanvasOverlay::drawPixelGrid(const QRectF& canvas)
 {
     if (!m_painter || m_viewport.zoom() < smallestGridded)

@@ -37,6 +37,8 @@ public:
     void drawCrop(const Rect& crop, const Rect& canvas, bool isDragged);
     void drawWriting(const Annotation& label, const QLineF& caret, std::span<const QRectF> selection,
                      bool isCaretShown);
+    // Text that was found; `now`: what of it is looked at.
+    void drawFound(std::span<const Rect> boxes, std::span<const Rect> now);
     // Between the pixels of the capture, where they are large.
     void drawPixelGrid(const QRectF& canvas);
 

@@ -66,6 +66,11 @@ void AmountSlider::setAmount(double amount)
     showValue();
 }
 
+void AmountSlider::setSpokenName(const QString& name)
+{
+    m_slider->setAccessibleName(name);
+}
+
 void AmountSlider::setNameWidth(int width)
 {
     m_name->setFixedWidth(width);

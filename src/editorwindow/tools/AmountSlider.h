@@ -26,6 +26,9 @@ public:
     // Is shown, not told.
     void setAmount(double amount);
 
+    // For screen readers, where the name alone does not say of what.
+    void setSpokenName(const QString& name);
+
     // In points, so that sliders below each other begin at one place.
     void setNameWidth(int width);
 

@@ -1,6 +1,7 @@
 #include "editorwindow/tools/ToolPalette.h"
 
 #include "editorwindow/tools/SymbolButton.h"
+#include "editorwindow/tools/TabStop.h"
 #include "editorwindow/tools/ToolKeys.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
@@ -70,6 +71,7 @@ SymbolButton* ToolPalette::makeButton(EditorTool tool)
 void ToolPalette::setTool(EditorTool tool)
 {
     m_buttons[size_t(tool)]->setChecked(true);
+    TabStop::setOnly(m_buttons[size_t(tool)], m_buttons);
 }
 
 void ToolPalette::keyPressEvent(QKeyEvent* event)

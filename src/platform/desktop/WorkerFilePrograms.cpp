@@ -40,6 +40,15 @@ void WorkerFilePrograms::launch(const QString& path, const std::optional<QString
     });
 }
 
+void WorkerFilePrograms::prefer(const QString& fileName, const QString& programID)
+{
+    m_workers.submit(Lane::utility, [opener = m_opener, fileName, programID] {
+        if (const auto outcome = opener->prefer(fileName, programID); !outcome)
+            qCWarning(log, "%s does not become the program for %s: %s", qUtf8Printable(programID),
+                      qUtf8Printable(fileName), qUtf8Printable(outcome.error()));
+    });
+}
+
 void WorkerFilePrograms::mail(const QString& path)
 {
     m_workers.submit(Lane::utility, [path] {

@@ -21,6 +21,8 @@ public:
 
     void open(const QString& path, const QString& programID) override { launch(path, programID); }
 
+    void prefer(const QString& fileName, const QString& programID) override;
+
     bool canMail() const override { return m_canMail; }
 
     void mail(const QString& path) override;

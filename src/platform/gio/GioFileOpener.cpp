@@ -51,16 +51,24 @@ std::vector<FileProgram> associatedWith(const QByteArray& type)
     return programs;
 }
 
+FileOpener::Outcome failed(GError* error)
+{
+    const QString reason = QString::fromUtf8(error->message);
+    g_error_free(error);
+    return std::unexpected(reason);
+}
+
+AppInfo programWith(const QString& id)
+{
+    return AppInfo(reinterpret_cast<GAppInfo*>(g_desktop_app_info_new(id.toUtf8().constData())));
+}
+
 FileOpener::Outcome launch(GAppInfo* program, const QString& path)
 {
     QByteArray url = QUrl::fromLocalFile(path).toEncoded();
     GList urls{url.data(), nullptr, nullptr};
     GError* error = nullptr;
-    if (g_app_info_launch_uris(program, &urls, nullptr, &error))
-        return {};
-    const QString reason = QString::fromUtf8(error->message);
-    g_error_free(error);
-    return std::unexpected(reason);
+    return g_app_info_launch_uris(program, &urls, nullptr, &error) ? FileOpener::Outcome() : failed(error);
 }
 
 } // namespace
@@ -79,12 +87,19 @@ std::vector<FileProgram> GioFileOpener::openers(const QString& fileName) const
 
 FileOpener::Outcome GioFileOpener::open(const QString& path, const std::optional<QString>& programID) const
 {
-    AppInfo program;
-    if (programID)
-        program.reset(reinterpret_cast<GAppInfo*>(g_desktop_app_info_new(programID->toUtf8().constData())));
-    else
-        program = preferredFor(typeOf(path, QMimeDatabase::MatchDefault));
+    const AppInfo program =
+        programID ? programWith(*programID) : preferredFor(typeOf(path, QMimeDatabase::MatchDefault));
     return program ? launch(program.get(), path) : Outcome(std::unexpected("there is no program for it"));
+}
+
+FileOpener::Outcome GioFileOpener::prefer(const QString& fileName, const QString& programID) const
+{
+    const AppInfo program = programWith(programID);
+    if (!program)
+        return std::unexpected("there is no such program");
+    const QByteArray type = typeOf(fileName, QMimeDatabase::MatchExtension);
+    GError* error = nullptr;
+    return g_app_info_set_as_default_for_type(program.get(), type.constData(), &error) ? Outcome() : failed(error);
 }
 
 } // namespace Kovrel

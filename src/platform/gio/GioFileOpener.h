@@ -9,6 +9,7 @@ class GioFileOpener : public FileOpener {
 public:
     std::vector<FileProgram> openers(const QString& fileName) const override;
     Outcome open(const QString& path, const std::optional<QString>& programID) const override;
+    Outcome prefer(const QString& fileName, const QString& programID) const override;
 };
 
 } // namespace Kovrel

@@ -28,4 +28,10 @@ FileOpener::Outcome PluginFileOpener::open(const QString& path, const std::optio
     return loaded ? (*loaded)->open(path, programID) : Outcome(std::unexpected(loaded.error()));
 }
 
+FileOpener::Outcome PluginFileOpener::prefer(const QString& fileName, const QString& programID) const
+{
+    const auto loaded = opener();
+    return loaded ? (*loaded)->prefer(fileName, programID) : Outcome(std::unexpected(loaded.error()));
+}
+
 } // namespace Kovrel

@@ -97,6 +97,18 @@ TEST_F(WorkerFileProgramsTest, ThePreferredProgramIsFirstAndOnlyThoseThatPeopleS
     EXPECT_TRUE(told.empty());
 }
 
+TEST_F(WorkerFileProgramsTest, AnotherProgramCanBecomeThePreferredOne)
+{
+    WorkerFilePrograms programs(loop, workers, std::make_shared<PluginFileOpener>());
+    std::vector<FileProgram> told;
+    programs.prefer("shot.png", "painter.desktop");
+    programs.prefer("shot.png", "unheard-of.desktop");
+    programs.openers("other.PNG", [&](auto answer) { told = std::move(answer); });
+    work();
+    ASSERT_FALSE(told.empty());
+    EXPECT_EQ(told[0].id, "painter.desktop");
+}
+
 TEST_F(WorkerFileProgramsTest, FilesReachTheirProgramsWhateverTheirNames)
 {
     WorkerFilePrograms programs(loop, workers, std::make_shared<PluginFileOpener>());

@@ -15,6 +15,7 @@ public:
     std::vector<FileProgram> programs; // for every type
     bool hasMail = true;
     QStringList handedOver; // "viewer: /a.png", "mail: /a.png"
+    QStringList preferred;  // "viewer: a.png"
     FakeAnswers answers;
 
     void openers(const QString&, Reply<std::vector<FileProgram>> reply) override
@@ -25,6 +26,11 @@ public:
     void open(const QString& path) override { open(path, "preferred"); }
 
     void open(const QString& path, const QString& programID) override { handedOver << programID + ": " + path; }
+
+    void prefer(const QString& fileName, const QString& programID) override
+    {
+        preferred << programID + ": " + fileName;
+    }
 
     bool canMail() const override { return hasMail; }
 

@@ -1,0 +1,79 @@
+// What a movement of a slider of the backdrop panel costs on the canvas of a 4K capture, beside a copy of all pixels of
+// that canvas: for each slider and for a canvas of the capture's own size and one of half of it.
+#include "editor/canvas/CanvasPicture.h"
+
+#include "bench/BenchPictures.h"
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QPainter>
+
+#include <algorithm>
+#include <cstdio>
+
+using namespace Kovrel;
+
+namespace {
+
+template <class Work>
+double medianOf(const Work& work)
+{
+    std::vector<double> times;
+    for (int round = 0; round < 9; ++round) {
+        QElapsedTimer timer;
+        timer.start();
+        work(round);
+        times.push_back(double(timer.nsecsElapsed()) / 1e6);
+    }
+    std::ranges::nth_element(times, times.begin() + 4);
+    return times[4];
+}
+
+struct Slider {
+    const char* name;
+    double EditorBackdrop::* field;
+    double step;
+};
+
+void measure(double share, const BackdropFill& fill, const char* fillName)
+{
+    const QImage image = Bench::pictures({3840, 2160}).front().image.convertToFormat(QImage::Format_RGB32);
+    CanvasPicture picture({QUuid::createUuid(), image, 2, {}});
+    picture.setShare(share);
+    EditorDocument document;
+    document.composition.backdrop = EditorBackdrop();
+    document.composition.backdrop.fill = fill;
+    picture.setDocument(document);
+    const double copy = medianOf([&](int) {
+        QImage canvas(picture.picture().size(), QImage::Format_ARGB32_Premultiplied);
+        QPainter(&canvas).drawImage(0, 0, picture.picture());
+    });
+    const Slider sliders[] = {{"padding", &EditorBackdrop::padding, 0.01},
+                              {"corners", &EditorBackdrop::corners, 1},
+                              {"shadow", &EditorBackdrop::shadowOpacity, -0.02},
+                              {"frame", &EditorBackdrop::frame, 0.02},
+                              {"blur", &EditorBackdrop::blur, 0.005}};
+    for (const auto& [name, field, step] : sliders) {
+        const double frame = medianOf([&](int) {
+            document.composition.backdrop.*field += step;
+            picture.setDocument(document);
+            picture.picture();
+        });
+        std::printf("%-9s %-9s %5.2f  %8.1f  %8.1f  %6.2f\n", fillName, name, share, frame, copy, frame / copy);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    std::printf("fill      slider    share  frame ms   copy ms   ratio\n");
+    for (const double share : {1.0, 0.5}) {
+        measure(share, {BackdropFill::Kind::gradient, "lagoon"}, "gradient");
+        measure(share, {BackdropFill::Kind::color, "#336699"}, "colour");
+        measure(share, {BackdropFill::Kind::picture, "dunes"}, "picture");
+    }
+    return 0;
+}

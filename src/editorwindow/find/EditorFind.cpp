@@ -1,0 +1,144 @@
+#include "editorwindow/find/EditorFind.h"
+
+#include "recognition/text/TextFind.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace Kovrel {
+
+namespace {
+
+// Of a line's height, around what is redacted.
+constexpr double aside = 0.25;
+constexpr double aboveAndBelow = 0.15;
+
+Rect onCanvas(const Rect& share, const Rect& canvas)
+{
+    return {share.x * canvas.width, share.y * canvas.height, share.width * canvas.width, share.height * canvas.height};
+}
+
+bool contains(const Rect& outer, const Rect& inner)
+{
+    return outer.minX() <= inner.minX() && outer.minY() <= inner.minY() && outer.maxX() >= inner.maxX() &&
+           outer.maxY() >= inner.maxY();
+}
+
+bool meets(const Rect& one, const Rect& other)
+{
+    return one.minX() < other.maxX() && other.minX() < one.maxX() && one.minY() < other.maxY() &&
+           other.minY() < one.maxY();
+}
+
+bool hides(const Annotation& mark, const Rect& box)
+{
+    return fromRawString<RedactTool>(rawString(mark.kind)) && mark.rotation == 0 && contains(mark.boundingRect(), box);
+}
+
+// Where a letter ends is known only about.
+Rect widened(const Rect& box, const Rect& canvas)
+{
+    const double across = aside * box.height;
+    const double up = aboveAndBelow * box.height;
+    const double left = std::max(box.minX() - across, 0.0);
+    const double bottom = std::max(box.minY() - up, 0.0);
+    return {left, bottom, std::min(box.maxX() + across, canvas.width) - left,
+            std::min(box.maxY() + up, canvas.height) - bottom};
+}
+
+// Where the places of letters are not known, as in lines that lie rotated, all of the line is hidden.
+EditorFind::Hit hitOf(const TextFind::Match& match, const std::vector<OCRLine>& lines, const Rect& canvas)
+{
+    EditorFind::Hit hit;
+    for (size_t index = 0; index < match.boxes.size(); ++index) {
+        const OCRLine& line = lines[size_t(match.line) + index];
+        const Rect all = onCanvas(line.boundingBox, canvas);
+        const Rect box = line.quad ? all : onCanvas(match.boxes[index], canvas);
+        hit.boxes.push_back(box);
+        hit.redactions.push_back(widened(line.characterCenters.empty() ? all : box, canvas));
+    }
+    return hit;
+}
+
+Annotation redaction(const Rect& rect, Annotation::Kind kind)
+{
+    return {.kind = kind, .points = {{rect.minX(), rect.minY()}, {rect.maxX(), rect.maxY()}}};
+}
+
+} // namespace
+
+EditorFind::EditorFind(EditorSession& session, std::function<void()> changed)
+    : m_session(session), m_changed(std::move(changed)), m_changes(session.onChange([this] { follow(); }))
+{
+}
+
+void EditorFind::setLines(std::vector<OCRLine> lines)
+{
+    m_lines = std::move(lines);
+    find();
+}
+
+void EditorFind::setQuery(const QString& query)
+{
+    m_query = query;
+    m_current = 0;
+    find();
+}
+
+void EditorFind::find()
+{
+    m_matches.clear();
+    for (const auto& match : TextFind::matches(m_query, m_lines, std::numeric_limits<int>::max()))
+        m_matches.push_back(hitOf(match, m_lines, m_session.capture().canvas()));
+    m_hits.clear();
+    std::ranges::copy_if(m_matches, std::back_inserter(m_hits), [this](const Hit& hit) { return isSeen(hit); });
+    m_changed();
+}
+
+// What was found stays found; marks and the crop decide what of it is seen.
+void EditorFind::follow()
+{
+    std::vector<Hit> seen;
+    std::ranges::copy_if(m_matches, std::back_inserter(seen), [this](const Hit& hit) { return isSeen(hit); });
+    if (std::exchange(m_hits, std::move(seen)) != m_hits)
+        m_changed();
+}
+
+bool EditorFind::isSeen(const Hit& hit) const
+{
+    const auto& [marks, composition] = m_session.document();
+    const Rect page = composition.crop.value_or(m_session.capture().canvas());
+    return std::ranges::any_of(hit.boxes, [&](const Rect& box) {
+        return meets(box, page) &&
+               std::ranges::none_of(marks, [&box](const Annotation& mark) { return hides(mark, box); });
+    });
+}
+
+std::optional<size_t> EditorFind::current() const
+{
+    return m_hits.empty() ? std::nullopt : std::optional(std::min(m_current, m_hits.size() - 1));
+}
+
+void EditorFind::go(int step)
+{
+    const auto now = current();
+    if (!now)
+        return;
+    const auto count = qptrdiff(m_hits.size());
+    m_current = size_t((qptrdiff(*now) + step % count + count) % count);
+    m_changed();
+}
+
+void EditorFind::redactAll(RedactTool tool)
+{
+    const MarkStyle style = m_session.toolStyle(*fromRawString<EditorTool>(rawString(tool)));
+    const auto kind = *fromRawString<Annotation::Kind>(rawString(tool));
+    EditorDocument next = m_session.document();
+    for (const Hit& hit : m_hits)
+        for (const Rect& rect : hit.redactions)
+            next.marks.push_back(style.applied(redaction(rect, kind)));
+    m_session.seal();
+    m_session.change(std::move(next));
+}
+
+} // namespace Kovrel
