@@ -54,6 +54,15 @@ QPainterPath frameRing(const BackdropLayout& layout)
     return ring;
 }
 
+QImage emptyCanvas(const BackdropLayout& layout, const EditorBackdrop& backdrop)
+{
+    const bool opaque = isOpaque(backdrop.fill);
+    QImage image(layout.canvas, opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+    if (!opaque)
+        image.fill(Qt::transparent);
+    return image;
+}
+
 // A neighbour of the page's colour: lighter, or darker where the page is nearly white, so that the frame is seen.
 QColor besidePage(const QColor& page)
 {
@@ -110,17 +119,36 @@ void EditorBackdropRenderer::drawCapture(QPainter& painter, const BackdropLayout
     fillSmoothly(painter, layout.captureClip(), brush);
 }
 
-QImage EditorBackdropRenderer::canvas(const BackdropLayout& layout, const EditorBackdrop& backdrop)
+QImage EditorBackdropRenderer::ground(const BackdropLayout& layout, const EditorBackdrop& backdrop)
 {
-    const bool opaque = isOpaque(backdrop.fill);
-    QImage image(layout.canvas, opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+    QImage image = emptyCanvas(layout, backdrop);
     if (image.isNull())
         return image;
-    if (!opaque)
-        image.fill(Qt::transparent);
     QPainter painter(&image);
     fillPainter(painter, layout, backdrop);
     drawShadow(painter, layout, backdrop);
+    return image;
+}
+
+QImage EditorBackdropRenderer::canvas(const BackdropLayout& layout, const EditorBackdrop& backdrop)
+{
+    QImage image = ground(layout, backdrop);
+    if (image.isNull())
+        return image;
+    QPainter painter(&image);
+    drawFrame(painter, layout, backdrop);
+    return image;
+}
+
+QImage EditorBackdropRenderer::sketch(const BackdropLayout& layout, const BackdropLayout& small,
+                                      const EditorBackdrop& backdrop)
+{
+    QImage image = emptyCanvas(layout, backdrop);
+    if (image.isNull())
+        return image;
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(image.rect(), ground(small, backdrop));
     drawFrame(painter, layout, backdrop);
     return image;
 }

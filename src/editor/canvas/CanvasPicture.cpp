@@ -41,7 +41,8 @@ bool isOnCapture(const Annotation& mark)
            mark.kind == Kind::highlighter || mark.kind == Kind::spotlight;
 }
 
-constexpr int tile = 256; // pixels, a power of two
+constexpr double sketched = 4; // pixels of the canvas to one of its sketch
+constexpr int tile = 256;      // pixels, a power of two
 
 // From pixels, y down from the upper left corner of a picture, to target points, y up from the lower left corner of a
 // capture in it.
@@ -68,6 +69,15 @@ void CanvasPicture::setRedactions(Redactions redactions)
 void CanvasPicture::setBackdropPicture(const QString& value, const QImage& picture)
 {
     m_renderer.setPicture(value, picture);
+    takeBackdrop();
+    m_picture = {};
+}
+
+void CanvasPicture::setSketched(bool isSketched)
+{
+    if (isSketched == std::exchange(m_ground.isSketched, isSketched) || isSketched ||
+        m_document.composition.backdrop.isNone())
+        return;
     takeBackdrop();
     m_picture = {};
 }
@@ -124,13 +134,21 @@ void CanvasPicture::takeBackdrop()
     takeCard();
     const EditorBackdrop& backdrop = m_document.composition.backdrop;
     if (backdrop.isNone()) {
-        m_layout.reset();
-        m_backdrop = {};
+        m_ground.layout.reset();
+        m_ground.picture = {};
         return;
     }
-    m_layout = EditorBackdropMetrics::layout(m_card->pixels.size(), m_capture.scale, scale(), backdrop, m_card->subject,
-                                             m_card->margins);
-    m_backdrop = m_layout ? m_renderer.canvas(*m_layout, backdrop) : QImage();
+    m_ground.layout = layoutAt(scale());
+    const auto small = m_ground.isSketched ? layoutAt(scale() / sketched) : std::nullopt;
+    m_ground.picture = !m_ground.layout ? QImage()
+                       : small          ? m_renderer.sketch(*m_ground.layout, *small, backdrop)
+                                        : m_renderer.canvas(*m_ground.layout, backdrop);
+}
+
+std::optional<BackdropLayout> CanvasPicture::layoutAt(double scale) const
+{
+    return EditorBackdropMetrics::layout(m_card->pixels.size(), m_capture.scale, scale, m_document.composition.backdrop,
+                                         m_card->subject, m_card->margins);
 }
 
 QRegion CanvasPicture::setDocument(const EditorDocument& document)
@@ -187,8 +205,8 @@ QRegion CanvasPicture::pixelsOf(const std::vector<QRectF>& areas) const
 
 QRect CanvasPicture::area() const
 {
-    if (m_layout)
-        return {cardCorner() - m_layout->image.topLeft(), m_layout->canvas};
+    if (m_ground.layout)
+        return {cardCorner() - m_ground.layout->image.topLeft(), m_ground.layout->canvas};
     return captureArea().marginsAdded(m_padding);
 }
 
@@ -259,7 +277,8 @@ void CanvasPicture::redrawMarked(const QRect& rect)
 // Of all of it there is no copy.
 QImage CanvasPicture::cardPixels() const
 {
-    return m_card->pixels == m_capture.image.rect() ? m_marked : m_marked.copy({cardCorner(), m_layout->image.size()});
+    return m_card->pixels == m_capture.image.rect() ? m_marked
+                                                    : m_marked.copy({cardCorner(), m_ground.layout->image.size()});
 }
 
 void CanvasPicture::redrawPicture(const QRect& rect)
@@ -302,10 +321,10 @@ void CanvasPicture::drawBelow(const QRect& rect)
 void CanvasPicture::drawGround(QPainter& painter, const QRect& rect) const
 {
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    if (m_layout) {
-        painter.drawImage(0, 0, m_backdrop);
+    if (m_ground.layout) {
+        painter.drawImage(0, 0, m_ground.picture);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        EditorBackdropRenderer::drawCapture(painter, *m_layout, cardPixels());
+        EditorBackdropRenderer::drawCapture(painter, *m_ground.layout, cardPixels());
         return;
     }
     painter.fillRect(rect, Qt::transparent);

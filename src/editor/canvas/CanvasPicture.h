@@ -30,6 +30,8 @@ public:
     void setRedactions(Redactions redactions);
     // What a backdrop shows whose fill is a picture of the user's own.
     void setBackdropPicture(const QString& value, const QImage& picture);
+    // While a backdrop goes on changing it is sketched: fill and shadow are a little softer than they will be.
+    void setSketched(bool isSketched);
     // Shown pixels to a pixel of the capture, above 0 and at most 1.
     void setShare(double share);
 
@@ -63,6 +65,13 @@ private:
         BackdropMargins margins;
     };
 
+    // The backdrop, without the capture.
+    struct Ground {
+        bool isSketched = false;
+        std::optional<BackdropLayout> layout; // none without a backdrop
+        QImage picture;
+    };
+
     // What lies below a mark that changes again and again, as while it is dragged: drawn once, where it is needed.
     struct Below {
         size_t firstChanged = 0; // in the document
@@ -79,6 +88,7 @@ private:
     void takeBackdrop();
     QPoint cardCorner() const;
     QImage cardPixels() const;
+    std::optional<BackdropLayout> layoutAt(double scale) const;
     QRegion pixelsOf(const std::vector<QRectF>& areas) const;
     void drawAll();
     void redraw(const QRegion& region);
@@ -101,10 +111,9 @@ private:
     EditorDocument m_document;
     QImage m_marked; // the capture with what changes it
     EditorBackdropRenderer m_renderer;
-    std::optional<BackdropLayout> m_layout; // none without a backdrop
-    QMargins m_padding;                     // that marks which stick out ask for
-    QImage m_backdrop;
-    QImage m_picture; // null where nothing of it is drawn yet
+    Ground m_ground;
+    QMargins m_padding; // that marks which stick out ask for
+    QImage m_picture;   // null where nothing of it is drawn yet
     Below m_below;
     MarkSprites m_sprites;
 };

@@ -19,6 +19,7 @@ namespace {
 constexpr double zoomStep = 1.25;
 constexpr double wheelStep = 120; // of one notch
 constexpr double largeNudge = 10;
+constexpr std::chrono::milliseconds untilExact(150);
 
 } // namespace
 
@@ -26,7 +27,8 @@ AnnotationCanvasView::AnnotationCanvasView(EditorSession& session, MeasureUnit m
     : m_session(session),
       m_pointing(session),
       m_picture(session.capture(), measureUnit),
-      m_viewport(session.capture().image.height(), session.capture().scale)
+      m_viewport(session.capture().image.height(), session.capture().scale),
+      m_shownBackdrop(shownDocument().composition.backdrop)
 {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -38,6 +40,9 @@ AnnotationCanvasView::AnnotationCanvasView(EditorSession& session, MeasureUnit m
         m_isCaretShown = !m_isCaretShown;
         updateOverlay();
     });
+    m_sketchTimer.setSingleShot(true);
+    m_sketchTimer.setInterval(untilExact);
+    connect(&m_sketchTimer, &QTimer::timeout, this, &AnnotationCanvasView::finishSketch);
     m_changes = session.onChange([this] { follow(); });
     m_picture.setDocument(shownDocument());
     m_viewport.setCanvas(m_picture.area());
@@ -68,6 +73,8 @@ void AnnotationCanvasView::setFound(std::vector<Rect> boxes, std::vector<Rect> n
 void AnnotationCanvasView::follow()
 {
     const QRect area = m_picture.area();
+    if (std::exchange(m_shownBackdrop, shownDocument().composition.backdrop) != m_shownBackdrop)
+        sketchBackdrop();
     const QRegion changed = m_picture.setDocument(shownDocument());
     if (m_picture.area() != area)
         takeView();
@@ -75,6 +82,19 @@ void AnnotationCanvasView::follow()
         update();
     updatePicture(changed);
     updateOverlay();
+}
+
+// What is chosen at a slider is seen at once, and exactly when it rests.
+void AnnotationCanvasView::sketchBackdrop()
+{
+    m_picture.setSketched(true);
+    m_sketchTimer.start();
+}
+
+void AnnotationCanvasView::finishSketch()
+{
+    m_picture.setSketched(false);
+    takeView();
 }
 
 // Of the widget, in its own points, a pixel more than what was drawn for what scaling makes of its edges.
@@ -131,7 +151,7 @@ void AnnotationCanvasView::takeView()
 void AnnotationCanvasView::takeShare()
 {
     const double share = std::min(m_viewport.zoom(), 1.0);
-    if (share != m_picture.share())
+    if (share != m_picture.share() && !m_sketchTimer.isActive())
         m_picture.setShare(share);
     Q_EMIT zoomChanged();
     update();
@@ -170,6 +190,7 @@ void AnnotationCanvasView::paintPicture(QPainter& painter)
     const QRectF area(m_picture.area());
     const QPointF origin = m_viewport.toView(QPointF(0, 0)) + area.topLeft() * enlarged;
     painter.fillRect(QRectF(QPointF(), QSizeF(size()) * devicePixelRatioF()), Theme::current().canvas);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, enlarged < 1);
     painter.drawImage(QRectF(origin, area.size() * enlarged), m_picture.picture());
 }
 

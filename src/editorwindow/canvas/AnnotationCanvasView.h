@@ -74,6 +74,8 @@ private:
     // What lies over the picture, and where it lay before.
     void updateOverlay();
     void updatePicture(const QRegion& changed);
+    void sketchBackdrop();
+    void finishSketch();
     QRect fromView(const QRectF& devicePixels) const;
     std::optional<Rect> hidingCrop() const;
     void paintPicture(QPainter& painter);
@@ -95,12 +97,14 @@ private:
     CanvasViewport m_viewport;
     std::optional<LabelEditing> m_writing;
     QTimer m_caretTimer;
+    QTimer m_sketchTimer; // while it runs, the share stays as it is
     bool m_isCaretShown = true;
     bool m_isSpaceHeld = false;
     std::optional<QPointF> m_panFrom; // device pixels
     EditorPointing::Target m_hovered;
     QRegion m_overlayArea; // device pixels, as it was shown last
     std::optional<Rect> m_shownCrop;
+    EditorBackdrop m_shownBackdrop;
     std::pair<std::vector<Rect>, std::vector<Rect>> m_found; // all; what is looked at
     Subscription m_changes;
 };

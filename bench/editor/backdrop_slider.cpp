@@ -1,5 +1,6 @@
-// What a movement of a slider of the backdrop panel costs on the canvas of a 4K capture, beside a copy of all pixels of
-// that canvas: for each slider and for a canvas of the capture's own size and one of half of it.
+// What a movement of a slider of the backdrop panel costs on the canvas of a 4K capture, drawn exactly and as it is
+// sketched while the slider moves, beside a copy of all pixels of that canvas: for each slider and for a canvas of the
+// capture's own size and one of half of it.
 #include "editor/canvas/CanvasPicture.h"
 
 #include "bench/BenchPictures.h"
@@ -54,12 +55,17 @@ void measure(double share, const BackdropFill& fill, const char* fillName)
                               {"frame", &EditorBackdrop::frame, 0.02},
                               {"blur", &EditorBackdrop::blur, 0.005}};
     for (const auto& [name, field, step] : sliders) {
-        const double frame = medianOf([&](int) {
+        const auto move = [&](int) {
             document.composition.backdrop.*field += step;
             picture.setDocument(document);
             picture.picture();
-        });
-        std::printf("%-9s %-9s %5.2f  %8.1f  %8.1f  %6.2f\n", fillName, name, share, frame, copy, frame / copy);
+        };
+        const double exact = medianOf(move);
+        picture.setSketched(true);
+        const double frame = medianOf(move);
+        picture.setSketched(false);
+        std::printf("%-9s %-9s %5.2f  %8.1f  %8.1f  %8.1f  %6.2f\n", fillName, name, share, exact, frame, copy,
+                    frame / copy);
     }
 }
 
@@ -69,7 +75,7 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
-    std::printf("fill      slider    share  frame ms   copy ms   ratio\n");
+    std::printf("fill      slider    share  exact ms  frame ms   copy ms   ratio\n");
     for (const double share : {1.0, 0.5}) {
         measure(share, {BackdropFill::Kind::gradient, "lagoon"}, "gradient");
         measure(share, {BackdropFill::Kind::color, "#336699"}, "colour");
