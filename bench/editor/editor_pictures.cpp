@@ -2,14 +2,12 @@
 // contrast.
 //
 //     QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=1 bench_editor_pictures FOLDER
+#include "bench/editor/EditorRig.h"
 #include "editor/backdrop/BackdropLooks.h"
-#include "editorwindow/EditorWindow.h"
 #include "editorwindow/backdrop/BackdropPanel.h"
 #include "editorwindow/crop/CropBar.h"
 #include "editorwindow/crop/CropSizeMenu.h"
 #include "editorwindow/find/FindBar.h"
-#include "platform/SavePanel.h"
-#include "platform/desktop/QtMainLoop.h"
 #include "ports/TextReader.h"
 #include "ui/tokens/Motion.h"
 #include "ui/tokens/Theme.h"
@@ -28,15 +26,11 @@ using namespace Kovrel;
 
 namespace {
 
-// On the main thread, at once: a picture shows what is there in the end.
+// On the main thread, at once: what is measured or looked at is there in the end.
 struct WorkersAtOnce : Workers {
     using Workers::submit;
 
     void submit(Lane, QualityOfService, std::function<void()> job) override { job(); }
-};
-
-struct NoSavePanel : SavePanel {
-    void ask(const QString&, QWindow*, Reply<std::optional<QString>> reply) override { reply({}); }
 };
 
 QFont pageFont()
@@ -67,43 +61,16 @@ QImage page(double scale)
     return image;
 }
 
-struct Rig {
-    explicit Rig(const QString& folder) : defaults(folder + "/kovrel.conf")
-    {
-        Preferences::registerDefaults(defaults);
-        preferences.set(Settings::lastEditorTool, EditorTool::select);
-    }
+struct Rig : Bench::EditorRig {
+    explicit Rig(const QString& folder) : EditorRig(folder, atOnce) {}
 
     std::unique_ptr<EditorWindow> window(EditorDocument document = {})
     {
         const double scale = qApp->devicePixelRatio();
-        EditedCaptures::Opened opened{{QUuid::createUuid(), page(scale), scale, {}}, std::move(document), {}};
-        auto made = std::make_unique<EditorWindow>(services, std::move(opened), EditorWindow::Kind::file, "Page");
-        made->resize(1240, 760);
-        made->show();
-        settle();
-        return made;
+        return EditorRig::window(page(scale), scale, std::move(document));
     }
 
-    static void settle()
-    {
-        for (int round = 0; round < 20; ++round)
-            QCoreApplication::processEvents();
-    }
-
-    static void settleFor(int milliseconds)
-    {
-        for (const QDeadlineTimer deadline(milliseconds); !deadline.hasExpired();)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-    }
-
-    UserDefaults defaults;
-    Preferences preferences{defaults};
-    QtMainLoop loop;
-    WorkersAtOnce workers;
-    NoSavePanel savePanel;
-    Ports ports;
-    EditorServices services{loop, workers, preferences, savePanel, ports};
+    WorkersAtOnce atOnce;
 };
 
 struct Look {

@@ -84,6 +84,8 @@ void CanvasPicture::setSketched(bool isSketched)
 
 void CanvasPicture::setShare(double share)
 {
+    if (share == m_share)
+        return;
     m_share = share;
     takeShare();
 }

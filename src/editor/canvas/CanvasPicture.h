@@ -49,6 +49,8 @@ public:
     // Drawn when it is asked for.
     const QImage& picture();
 
+    bool isDrawn() const { return !m_picture.isNull(); }
+
 private:
     struct Pictures {
         QImage capture;

@@ -19,7 +19,14 @@ namespace {
 constexpr double zoomStep = 1.25;
 constexpr double wheelStep = 120; // of one notch
 constexpr double largeNudge = 10;
+constexpr qint64 mostSmooth = 5'000'000; // device pixels
 constexpr std::chrono::milliseconds untilExact(150);
+
+// Stretching smoothly what will be drawn exactly in a moment must not cost the frame.
+bool isSmoothEnough(QSize view)
+{
+    return qint64(view.width()) * view.height() <= mostSmooth;
+}
 
 } // namespace
 
@@ -40,9 +47,9 @@ AnnotationCanvasView::AnnotationCanvasView(EditorSession& session, MeasureUnit m
         m_isCaretShown = !m_isCaretShown;
         updateOverlay();
     });
-    m_sketchTimer.setSingleShot(true);
-    m_sketchTimer.setInterval(untilExact);
-    connect(&m_sketchTimer, &QTimer::timeout, this, &AnnotationCanvasView::finishSketch);
+    m_restTimer.setSingleShot(true);
+    m_restTimer.setInterval(untilExact);
+    connect(&m_restTimer, &QTimer::timeout, this, &AnnotationCanvasView::drawExactly);
     m_changes = session.onChange([this] { follow(); });
     m_picture.setDocument(shownDocument());
     m_viewport.setCanvas(m_picture.area());
@@ -88,12 +95,13 @@ void AnnotationCanvasView::follow()
 void AnnotationCanvasView::sketchBackdrop()
 {
     m_picture.setSketched(true);
-    m_sketchTimer.start();
+    m_restTimer.start();
 }
 
-void AnnotationCanvasView::finishSketch()
+void AnnotationCanvasView::drawExactly()
 {
     m_picture.setSketched(false);
+    m_picture.setShare(share());
     takeView();
 }
 
@@ -148,11 +156,18 @@ void AnnotationCanvasView::takeView()
 }
 
 // Smaller than the capture, the picture is drawn at the size it is shown; larger, its pixels are enlarged.
+double AnnotationCanvasView::share() const
+{
+    return std::min(m_viewport.zoom(), 1.0);
+}
+
+// While somebody zooms or makes the window larger, what is drawn already is stretched.
 void AnnotationCanvasView::takeShare()
 {
-    const double share = std::min(m_viewport.zoom(), 1.0);
-    if (share != m_picture.share() && !m_sketchTimer.isActive())
-        m_picture.setShare(share);
+    if (share() != m_picture.share() && m_picture.isDrawn())
+        m_restTimer.start();
+    else
+        m_picture.setShare(share());
     Q_EMIT zoomChanged();
     update();
 }
@@ -186,11 +201,12 @@ void AnnotationCanvasView::paintEvent(QPaintEvent* event)
 
 void AnnotationCanvasView::paintPicture(QPainter& painter)
 {
+    const double ratio = devicePixelRatioF();
     const double enlarged = m_viewport.zoom() / m_picture.share();
     const QRectF area(m_picture.area());
     const QPointF origin = m_viewport.toView(QPointF(0, 0)) + area.topLeft() * enlarged;
-    painter.fillRect(QRectF(QPointF(), QSizeF(size()) * devicePixelRatioF()), Theme::current().canvas);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, enlarged < 1);
+    painter.fillRect(QRectF(QPointF(), QSizeF(size()) * ratio), Theme::current().canvas);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture.share() < 1 && isSmoothEnough(size() * ratio));
     painter.drawImage(QRectF(origin, area.size() * enlarged), m_picture.picture());
 }
 

@@ -70,12 +70,13 @@ private:
     void follow();
     EditorDocument shownDocument() const;
     void takeView();
+    double share() const;
     void takeShare();
     // What lies over the picture, and where it lay before.
     void updateOverlay();
     void updatePicture(const QRegion& changed);
     void sketchBackdrop();
-    void finishSketch();
+    void drawExactly();
     QRect fromView(const QRectF& devicePixels) const;
     std::optional<Rect> hidingCrop() const;
     void paintPicture(QPainter& painter);
@@ -97,7 +98,7 @@ private:
     CanvasViewport m_viewport;
     std::optional<LabelEditing> m_writing;
     QTimer m_caretTimer;
-    QTimer m_sketchTimer; // while it runs, the share stays as it is
+    QTimer m_restTimer; // until what was drawn for a moment is drawn exactly
     bool m_isCaretShown = true;
     bool m_isSpaceHeld = false;
     std::optional<QPointF> m_panFrom; // device pixels

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "editorwindow/EditorWindow.h"
+#include "platform/SavePanel.h"
+#include "platform/desktop/QtMainLoop.h"
+#include "preferences/Preferences.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+
+#include <memory>
+
+namespace Kovrel::Bench {
+
+struct NoSavePanel : SavePanel {
+    void ask(const QString&, QWindow*, Reply<std::optional<QString>> reply) override { reply({}); }
+};
+
+// An editor's window, with settings of its own in a folder.
+struct EditorRig {
+    EditorRig(const QString& folder, Workers& workers) : defaults(folder + "/kovrel.conf"), workers(workers)
+    {
+        Preferences::registerDefaults(defaults);
+        preferences.set(Settings::lastEditorTool, EditorTool::select);
+    }
+
+    std::unique_ptr<EditorWindow> window(const QImage& image, double scale, EditorDocument document = {})
+    {
+        EditedCaptures::Opened opened{{QUuid::createUuid(), image, scale, {}}, std::move(document), {}};
+        auto made = std::make_unique<EditorWindow>(services, std::move(opened), EditorWindow::Kind::file, "Page");
+        made->resize(1240, 760);
+        made->show();
+        settle();
+        return made;
+    }
+
+    static void settle()
+    {
+        for (int round = 0; round < 20; ++round)
+            QCoreApplication::processEvents();
+    }
+
+    static void settleFor(int milliseconds)
+    {
+        for (const QDeadlineTimer deadline(milliseconds); !deadline.hasExpired();)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+    }
+
+    UserDefaults defaults;
+    Preferences preferences{defaults};
+    QtMainLoop loop;
+    Workers& workers;
+    NoSavePanel savePanel;
+    Ports ports;
+    EditorServices services{loop, workers, preferences, savePanel, ports};
+};
+
+} // namespace Kovrel::Bench
