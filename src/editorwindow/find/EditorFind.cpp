@@ -27,9 +27,16 @@ bool meets(const Rect& one, const Rect& other)
            other.minY() < one.maxY();
 }
 
-bool hides(const Annotation& mark, const Rect& box)
+// What is hidden: the rectangles of redactions.
+std::vector<Rect> redactedIn(const std::vector<Annotation>& marks)
 {
-    return fromRawString<RedactTool>(rawString(mark.kind)) && mark.rotation == 0 && contains(mark.boundingRect(), box);
+    using Kind = Annotation::Kind;
+    std::vector<Rect> rects;
+    for (const Annotation& mark : marks)
+        if ((mark.kind == Kind::blur || mark.kind == Kind::pixelate || mark.kind == Kind::blackout) &&
+            mark.rotation == 0)
+            rects.push_back(mark.boundingRect());
+    return rects;
 }
 
 // Whether a match begins and ends where words do. Of texts whose letters are several characters nothing is known.
@@ -85,28 +92,30 @@ void EditorFind::find()
     m_matches.clear();
     for (const auto& match : TextFind::matches(m_query, m_lines, std::numeric_limits<int>::max()))
         m_matches.push_back(hitOf(match, m_lines, m_session.capture().canvas()));
-    m_hits.clear();
-    std::ranges::copy_if(m_matches, std::back_inserter(m_hits), [this](const Hit& hit) { return isSeen(hit); });
+    m_hits = seen();
     m_changed();
 }
 
 // What was found stays found; marks and the crop decide what of it is seen.
 void EditorFind::follow()
 {
-    std::vector<Hit> seen;
-    std::ranges::copy_if(m_matches, std::back_inserter(seen), [this](const Hit& hit) { return isSeen(hit); });
-    if (std::exchange(m_hits, std::move(seen)) != m_hits)
+    if (!m_matches.empty() && std::exchange(m_hits, seen()) != m_hits)
         m_changed();
 }
 
-bool EditorFind::isSeen(const Hit& hit) const
+std::vector<EditorFind::Hit> EditorFind::seen() const
 {
     const auto& [marks, composition] = m_session.document();
     const Rect page = composition.crop.value_or(m_session.capture().canvas());
-    return std::ranges::any_of(hit.boxes, [&](const Rect& box) {
+    const std::vector<Rect> redacted = redactedIn(marks);
+    const auto isSeen = [&](const Rect& box) {
         return meets(box, page) &&
-               std::ranges::none_of(marks, [&box](const Annotation& mark) { return hides(mark, box); });
-    });
+               std::ranges::none_of(redacted, [&box](const Rect& rect) { return contains(rect, box); });
+    };
+    std::vector<Hit> hits;
+    std::ranges::copy_if(m_matches, std::back_inserter(hits),
+                         [&](const Hit& hit) { return std::ranges::any_of(hit.boxes, isSeen); });
+    return hits;
 }
 
 std::optional<size_t> EditorFind::current() const

@@ -39,7 +39,7 @@ public:
 private:
     void find();
     void follow();
-    bool isSeen(const Hit& hit) const;
+    std::vector<Hit> seen() const;
 
     EditorSession& m_session;
     std::function<void()> m_changed;
