@@ -75,15 +75,19 @@ TEST_F(BackdropPresetsTest, ARenamedOneStaysWhereItIs)
 {
     for (const char* const name : {"One", "Two", "Three"})
         BackdropPresets::save({name, padded(0.1)}, preferences);
+
     const struct {
         const char* from;
         const char* to;
         std::vector<QString> expected;
     } cases[] = {
-        {"Two", " Second ", {"One", "Second", "Three"}}, {"Second", " ", {"One", "Second", "Three"}},
-        {"Nobody", "Other", {"One", "Second", "Three"}}, {"One", "One", {"One", "Second", "Three"}},
+        {"Two", " Second ", {"One", "Second", "Three"}},
+        {"Second", " ", {"One", "Second", "Three"}},
+        {"Nobody", "Other", {"One", "Second", "Three"}},
+        {"One", "One", {"One", "Second", "Three"}},
         {"Three", "One", {"Second", "One"}},
     };
+
     for (const auto& [from, to, expected] : cases) {
         BackdropPresets::rename(from, to, preferences);
         EXPECT_EQ(names(), QStringList(expected.begin(), expected.end())) << from << " to " << to;
