@@ -1,5 +1,5 @@
 // Takes a picture of every state of the editor's window into a folder, to be looked at: light and dark, both in high
-// contrast.
+// contrast, and light with a font that is half as large again.
 //
 //     QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=1 bench_editor_pictures FOLDER
 #include "bench/editor/EditorRig.h"
@@ -76,13 +76,14 @@ struct Rig : Bench::EditorRig {
 struct Look {
     QString folder;
     ColorScheme scheme;
+    bool hasLargeFont;
 
     void save(const QString& name, QWidget& window) const
     {
         Rig::settle();
-        const QString look = QString("%1%2-%3x")
+        const QString look = QString("%1%2-%3x%4")
                                  .arg(scheme.isDark ? "dark" : "light", scheme.isHighContrast ? "-contrast" : "",
-                                      QString::number(window.devicePixelRatioF()));
+                                      QString::number(window.devicePixelRatioF()), hasLargeFont ? "-large" : "");
         window.grab().save(folder + '/' + name + '-' + look + ".png");
     }
 };
@@ -193,13 +194,15 @@ int main(int argc, char** argv)
         return 2;
     Motion::shared().setReduced(true);
     QApplication::setStyle(QStyleFactory::create("Fusion"));
-    QFont font = QApplication::font();
-    font.setPixelSize(13);
-    QApplication::setFont(font);
     QDir().mkpath(argv[1]);
-    for (const ColorScheme scheme : {ColorScheme{}, {true, false}, {false, true}, {true, true}}) {
+    const std::pair<ColorScheme, int> looks[] = {
+        {{}, 13}, {{true, false}, 13}, {{false, true}, 13}, {{true, true}, 13}, {{}, 20}};
+    for (const auto& [scheme, pixelSize] : looks) {
+        QFont font = QApplication::font();
+        font.setPixelSize(pixelSize);
+        QApplication::setFont(font);
         QApplication::setPalette(Theme::of(scheme).palette());
-        const Look look{argv[1], scheme};
+        const Look look{argv[1], scheme, pixelSize > 13};
         Rig rig(argv[1]);
         tools(look, rig);
         backdrops(look, rig);

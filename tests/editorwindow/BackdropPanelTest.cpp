@@ -1,6 +1,7 @@
 #include "editorwindow/backdrop/BackdropPanel.h"
 
 #include "editor/backdrop/BackdropLooks.h"
+#include "editor/backdrop/BackdropPresets.h"
 #include "editorwindow/backdrop/AlignmentPad.h"
 #include "editorwindow/backdrop/LightPad.h"
 #include "editorwindow/backdrop/SwatchSection.h"
@@ -11,6 +12,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QSlider>
 
 #include <gmock/gmock.h>
@@ -186,6 +188,50 @@ TEST_F(BackdropPanelTest, ArrowKeysGoFromSwatchToSwatchAndMoveThemWithAlt)
     press(first, Qt::Key_Right, Qt::AltModifier);
     EXPECT_THAT(preferences.backdropRowOrder(BackdropChips::gradients).first(3),
                 testing::ElementsAre("dawn", "dusk", "lagoon"));
+}
+
+TEST_F(BackdropPanelTest, ASwatchIsDraggedToItsPlaceWithoutBeingChosen)
+{
+    auto* const dragged = named<SwatchButton>("Lagoon");
+    const auto send = [&](QEvent::Type type, QPoint global) {
+        const bool isHeld = type != QEvent::MouseButtonRelease;
+        QMouseEvent event(type, dragged->mapFromGlobal(QPointF(global)), QPointF(global),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                          isHeld ? Qt::LeftButton : Qt::NoButton, {});
+        QCoreApplication::sendEvent(dragged, &event);
+    };
+    const auto middleOf = [](QWidget* widget) { return widget->mapToGlobal(widget->rect().center()); };
+    const QPoint target = middleOf(named<SwatchButton>("Dusk"));
+    send(QEvent::MouseButtonPress, middleOf(dragged));
+    send(QEvent::MouseMove, middleOf(dragged) + QPoint(2, 0));
+    EXPECT_TRUE(preferences.backdropRowOrder(BackdropChips::gradients).isEmpty()) << "a click that trembles";
+    send(QEvent::MouseMove, target);
+    send(QEvent::MouseButtonRelease, target);
+    EXPECT_THAT(preferences.backdropRowOrder(BackdropChips::gradients).first(3),
+                testing::ElementsAre("dawn", "dusk", "lagoon"));
+    EXPECT_TRUE(backdrop().isNone());
+    dragged->click();
+    EXPECT_EQ(backdrop().fill.value, "lagoon") << "and can be chosen as before";
+}
+
+// What is saved under a name once more looks as it is now.
+TEST_F(BackdropPanelTest, ALookOfTheUserIsOfferedAndApplied)
+{
+    EditorBackdrop mine;
+    mine.fill = {BackdropFill::Kind::color, "#123456"};
+    BackdropPresets::save({"Mine", mine}, preferences);
+    named<SwatchButton>("Mine")->click();
+    EXPECT_EQ(backdrop(), mine);
+    mine.corners = 33;
+    BackdropPresets::save({"Mine", mine}, preferences);
+    session.change({});
+    named<SwatchButton>("Mine")->click();
+    EXPECT_EQ(backdrop(), mine);
+    BackdropPresets::remove("Mine", preferences);
+    session.change({});
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    for (auto* const button : panel->findChildren<SwatchButton*>())
+        EXPECT_NE(button->accessibleName(), "Mine");
 }
 
 // The panel opens without them; each is drawn once, off the main thread.

@@ -3,6 +3,7 @@
 #include "editorwindow/find/FindBar.h"
 #include "tests/support/TempFolder.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>

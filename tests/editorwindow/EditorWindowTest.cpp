@@ -1,6 +1,7 @@
 #include "editorwindow/EditorWindow.h"
 
 #include "editorwindow/DefaultEditorOffer.h"
+#include "editorwindow/backdrop/BackdropPanel.h"
 #include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
@@ -11,6 +12,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPushButton>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -105,6 +107,43 @@ TEST_F(EditorWindowTest, TabStopsAtAllThereIsForthAndBackAndEachStopHasAName)
         std::reverse(back.begin() + 1, back.end());
         EXPECT_EQ(forth, back);
     }
+}
+
+TEST_F(EditorWindowTest, APictureOfTheUsersOwnIsThereOnceItIsRead)
+{
+    constexpr QColor color(200, 30, 150);
+    QImage picture(40, 30, QImage::Format_RGB32);
+    picture.fill(color);
+    picture.save(folder / "own.png");
+    EditorDocument document;
+    document.composition.backdrop = EditorBackdrop();
+    document.composition.backdrop.fill = {BackdropFill::Kind::picture, folder / "own.png"};
+    AnnotationCanvasView& canvas = open(document).canvas();
+    const auto shows = [&] {
+        const QImage seen = canvas.grab().toImage();
+        for (int x = 0; x < seen.width(); ++x)
+            if (seen.pixelColor(x, seen.height() / 2) == color)
+                return true;
+        return false;
+    };
+    EXPECT_FALSE(shows()) << "nobody waits for the disk";
+    workers.runAll();
+    loop.runPosted();
+    EXPECT_TRUE(shows());
+}
+
+TEST_F(EditorWindowTest, EscapeLeavesThePanelBeforeItClosesTheWindow)
+{
+    preferences.set(Settings::escCopiesAndCloses, false);
+    open();
+    click("Backdrop (Ctrl+B)");
+    auto* const title = window->findChild<BackdropPanel*>()->findChild<QPushButton*>();
+    title->setFocus();
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(window->canvas().hasFocus());
+    EXPECT_TRUE(window->isVisible());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(window->isVisible());
 }
 
 // Only where there is something to choose, and never again.

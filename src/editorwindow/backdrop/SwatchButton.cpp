@@ -32,6 +32,12 @@ SwatchButton::SwatchButton(const QString& name, Picture picture) : SwatchButton(
 
 SwatchButton::SwatchButton(const QString& name, const QString& symbol) : SwatchButton(name, Picture(), symbol) {}
 
+void SwatchButton::setPicture(Picture picture)
+{
+    m_picture = std::move(picture);
+    update();
+}
+
 QSize SwatchButton::sizeHint() const
 {
     return swatchSize;

@@ -18,6 +18,8 @@ public:
     SwatchButton(const QString& name, Picture picture);
     SwatchButton(const QString& name, const QString& symbol);
 
+    void setPicture(Picture picture);
+
     QSize sizeHint() const override;
 
 protected:

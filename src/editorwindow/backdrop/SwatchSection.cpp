@@ -48,10 +48,11 @@ void SwatchSection::setSwatches(const std::vector<Swatch>& swatches)
     std::vector<Item> items;
     for (const Swatch& swatch : swatches)
         items.push_back({swatch, buttonFor(swatch)});
+    const bool isSame = std::ranges::equal(items, m_items, {}, &Item::button, &Item::button);
     for (const Item& item : std::exchange(m_items, std::move(items)))
         if (!itemOf(item.button))
             item.button->deleteLater();
-    arrange();
+    isSame ? chooseStop() : arrange();
 }
 
 SwatchButton* SwatchSection::buttonFor(const Swatch& swatch)
@@ -67,6 +68,7 @@ SwatchButton* SwatchSection::buttonFor(const Swatch& swatch)
             Q_EMIT chosen(id);
         });
     }
+    button->setPicture(swatch.picture);
     button->setChecked(swatch.isChosen);
     return button;
 }
@@ -78,20 +80,21 @@ void SwatchSection::arrange()
         m_grid->addWidget(button, int(index) / columns, int(index) % columns);
         button->setVisible(m_title->isChecked() || int(index) < columns);
     }
-    orderStops();
+    QWidget* before = m_title;
+    for (const Item& item : m_items) {
+        item.button->setFocusPolicy(Qt::TabFocus); // nothing else can be put in order
+        setTabOrder(std::exchange(before, item.button), item.button);
+    }
+    chooseStop();
 }
 
 // One of them is a stop of the Tab key: the one that has the keyboard, else what is chosen, else the first.
-void SwatchSection::orderStops()
+void SwatchSection::chooseStop()
 {
-    QWidget* before = m_title;
     QWidget* stop = nullptr;
-    for (const auto& [swatch, button] : m_items) {
-        button->setFocusPolicy(Qt::TabFocus); // nothing else can be put in order
-        setTabOrder(std::exchange(before, button), button);
+    for (const auto& [swatch, button] : m_items)
         if (!stop || button->hasFocus() || (swatch.isChosen && !button->isHidden() && !stop->hasFocus()))
             stop = button;
-    }
     TabStop::setOnly(stop, m_items | std::views::transform(&Item::button));
 }
 
@@ -160,7 +163,7 @@ bool SwatchSection::press(Item& item, int key, bool isAlt)
         return true;
     }
     m_items[size_t(index)].button->setFocus(Qt::TabFocusReason);
-    orderStops();
+    chooseStop();
     return true;
 }
 

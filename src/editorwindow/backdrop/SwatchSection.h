@@ -54,7 +54,7 @@ private:
     SwatchButton* buttonFor(const Swatch& swatch);
     void arrange();
     Item* itemOf(QObject* button);
-    void orderStops();
+    void chooseStop();
     void drag(const Item& item, QPoint at);
     bool press(Item& item, int key, bool isAlt);
     void move(const Item& item, int index);

@@ -1,5 +1,6 @@
 #include "editorwindow/find/EditorFind.h"
 
+#include "editorwindow/find/TextEdges.h"
 #include "recognition/text/TextFind.h"
 
 #include <algorithm>
@@ -8,10 +9,6 @@
 namespace Kovrel {
 
 namespace {
-
-// Of a line's height, around what is redacted.
-constexpr double aside = 0.25;
-constexpr double aboveAndBelow = 0.15;
 
 Rect onCanvas(const Rect& share, const Rect& canvas)
 {
@@ -30,32 +27,37 @@ bool meets(const Rect& one, const Rect& other)
            other.minY() < one.maxY();
 }
 
-bool hides(const Annotation& mark, const Rect& box)
+// What is hidden: the rectangles of redactions.
+std::vector<Rect> redactedIn(const std::vector<Annotation>& marks)
 {
-    return fromRawString<RedactTool>(rawString(mark.kind)) && mark.rotation == 0 && contains(mark.boundingRect(), box);
+    using Kind = Annotation::Kind;
+    std::vector<Rect> rects;
+    for (const Annotation& mark : marks)
+        if ((mark.kind == Kind::blur || mark.kind == Kind::pixelate || mark.kind == Kind::blackout) &&
+            mark.rotation == 0)
+            rects.push_back(mark.boundingRect());
+    return rects;
 }
 
-// Where a letter ends is known only about.
-Rect widened(const Rect& box, const Rect& canvas)
+// Whether a match begins and ends where words do. Of texts whose letters are several characters nothing is known.
+bool isOfWords(const TextFind::Match& match, const OCRLine& line)
 {
-    const double across = aside * box.height;
-    const double up = aboveAndBelow * box.height;
-    const double left = std::max(box.minX() - across, 0.0);
-    const double bottom = std::max(box.minY() - up, 0.0);
-    return {left, bottom, std::min(box.maxX() + across, canvas.width) - left,
-            std::min(box.maxY() + up, canvas.height) - bottom};
+    const QString& text = line.text;
+    if (qsizetype(line.characterCenters.size()) != text.size())
+        return false;
+    const auto isGap = [&text](qsizetype at) { return at < 0 || at >= text.size() || text[at].isSpace(); };
+    return isGap(match.start - 1) && isGap(match.end);
 }
 
 // Where the places of letters are not known, as in lines that lie rotated, all of the line is hidden.
 EditorFind::Hit hitOf(const TextFind::Match& match, const std::vector<OCRLine>& lines, const Rect& canvas)
 {
-    EditorFind::Hit hit;
+    EditorFind::Hit hit{.isOfWords = isOfWords(match, lines[size_t(match.line)])};
     for (size_t index = 0; index < match.boxes.size(); ++index) {
         const OCRLine& line = lines[size_t(match.line) + index];
         const Rect all = onCanvas(line.boundingBox, canvas);
-        const Rect box = line.quad ? all : onCanvas(match.boxes[index], canvas);
-        hit.boxes.push_back(box);
-        hit.redactions.push_back(widened(line.characterCenters.empty() ? all : box, canvas));
+        hit.boxes.push_back(line.quad ? all : onCanvas(match.boxes[index], canvas));
+        hit.redactions.push_back(line.characterCenters.empty() ? all : hit.boxes.back());
     }
     return hit;
 }
@@ -90,28 +92,30 @@ void EditorFind::find()
     m_matches.clear();
     for (const auto& match : TextFind::matches(m_query, m_lines, std::numeric_limits<int>::max()))
         m_matches.push_back(hitOf(match, m_lines, m_session.capture().canvas()));
-    m_hits.clear();
-    std::ranges::copy_if(m_matches, std::back_inserter(m_hits), [this](const Hit& hit) { return isSeen(hit); });
+    m_hits = seen();
     m_changed();
 }
 
 // What was found stays found; marks and the crop decide what of it is seen.
 void EditorFind::follow()
 {
-    std::vector<Hit> seen;
-    std::ranges::copy_if(m_matches, std::back_inserter(seen), [this](const Hit& hit) { return isSeen(hit); });
-    if (std::exchange(m_hits, std::move(seen)) != m_hits)
+    if (!m_matches.empty() && std::exchange(m_hits, seen()) != m_hits)
         m_changed();
 }
 
-bool EditorFind::isSeen(const Hit& hit) const
+std::vector<EditorFind::Hit> EditorFind::seen() const
 {
     const auto& [marks, composition] = m_session.document();
     const Rect page = composition.crop.value_or(m_session.capture().canvas());
-    return std::ranges::any_of(hit.boxes, [&](const Rect& box) {
+    const std::vector<Rect> redacted = redactedIn(marks);
+    const auto isSeen = [&](const Rect& box) {
         return meets(box, page) &&
-               std::ranges::none_of(marks, [&box](const Annotation& mark) { return hides(mark, box); });
-    });
+               std::ranges::none_of(redacted, [&box](const Rect& rect) { return contains(rect, box); });
+    };
+    std::vector<Hit> hits;
+    std::ranges::copy_if(m_matches, std::back_inserter(hits),
+                         [&](const Hit& hit) { return std::ranges::any_of(hit.boxes, isSeen); });
+    return hits;
 }
 
 std::optional<size_t> EditorFind::current() const
@@ -136,7 +140,8 @@ void EditorFind::redactAll(RedactTool tool)
     EditorDocument next = m_session.document();
     for (const Hit& hit : m_hits)
         for (const Rect& rect : hit.redactions)
-            next.marks.push_back(style.applied(redaction(rect, kind)));
+            next.marks.push_back(
+                style.applied(redaction(TextEdges::widened(m_session.capture(), rect, hit.isOfWords), kind)));
     m_session.seal();
     m_session.change(std::move(next));
 }

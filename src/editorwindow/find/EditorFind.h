@@ -10,11 +10,11 @@ namespace Kovrel {
 // cropped away, is not found. Main thread.
 class EditorFind {
 public:
-    // Where a match lies, one rectangle for each line that it touches, and what has to be hidden of each so that
-    // nothing is left of it. Image points, y up.
+    // Where a match lies, one rectangle for each line that it touches. Image points, y up.
     struct Hit {
         std::vector<Rect> boxes;
-        std::vector<Rect> redactions;
+        std::vector<Rect> redactions; // what is to be hidden of each, and a little more
+        bool isOfWords = false;       // begins and ends where words do
         bool operator==(const Hit&) const = default;
     };
 
@@ -39,7 +39,7 @@ public:
 private:
     void find();
     void follow();
-    bool isSeen(const Hit& hit) const;
+    std::vector<Hit> seen() const;
 
     EditorSession& m_session;
     std::function<void()> m_changed;

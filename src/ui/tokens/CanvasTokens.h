@@ -17,7 +17,7 @@ inline constexpr QColor cropLine(255, 255, 255);
 inline constexpr QColor thirds(255, 255, 255, 120);
 inline constexpr QColor pixelGrid(128, 128, 128, 90);
 inline constexpr QColor found(255, 214, 10, 100); // text that somebody looks for
-inline constexpr QColor foundNow(255, 140, 0, 130);
+inline constexpr QColor foundNow(255, 140, 0, 95);
 inline constexpr QColor foundEdge(200, 90, 0);
 
 // What marks are offered, as hex strings; names are the user interface's.

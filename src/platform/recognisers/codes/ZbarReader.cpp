@@ -44,6 +44,14 @@ Image makeImage(const QByteArray& pixels, QSize size)
     return image;
 }
 
+// ZBar does not look whether it gets the memory that it asks for. Throws where it would not: a picture full of edges
+// takes some bytes for each pixel.
+void expectMemoryFor(qsizetype pixels)
+{
+    constexpr size_t usual = 8 << 20;
+    ::operator delete(::operator new(usual + 4 * size_t(pixels)));
+}
+
 QRectF boxOf(const zbar::zbar_symbol_t* symbol)
 {
     QPolygon corners;
@@ -59,6 +67,7 @@ std::vector<CodeReader::Code> ZbarReader::read(const QImage& grey)
     const QByteArray pixels = pixelsOf(grey);
     const Scanner scanner = makeScanner();
     const Image image = makeImage(pixels, grey.size());
+    expectMemoryFor(pixels.size());
     zbar::zbar_scan_image(scanner.get(), image.get());
     std::vector<CodeReader::Code> codes;
     for (const auto* symbol = zbar::zbar_image_first_symbol(image.get()); symbol;
