@@ -6,7 +6,7 @@ namespace Kovrel {
 
 class MainLoop;
 class Preferences;
-class SavePanel;
+class FilePanel;
 class Workers;
 
 // What editors are built on. All of it outlives them.
@@ -14,7 +14,7 @@ struct EditorServices {
     MainLoop& loop;
     Workers& workers;
     Preferences& preferences;
-    SavePanel& savePanel;
+    FilePanel& filePanel;
     Ports& ports;
 };
 

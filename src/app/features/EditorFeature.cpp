@@ -5,7 +5,7 @@
 namespace Kovrel {
 
 EditorFeature::EditorFeature(Foundation& foundation, Ports& ports)
-    : m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->savePanel(), ports})
+    : m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->filePanel(), ports})
 {
     ports.editors.offer(m_windows);
 }

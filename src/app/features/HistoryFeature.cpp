@@ -68,7 +68,7 @@ void HistoryFeature::makeWindows()
 {
     m_actions = std::make_unique<HistoryActions>(
         HistoryActions::Services{m_foundation.loop, m_foundation.workers, m_foundation.preferences, m_store, m_ports,
-                                 m_foundation.desktop->savePanel(), m_foundation.desktop->fileManager()});
+                                 m_foundation.desktop->filePanel(), m_foundation.desktop->fileManager()});
     const HistoryFiles files(AppPaths::historyFolder());
     m_windows = std::make_unique<HistoryWindows>(HistoryViewServices{
         .loop = m_foundation.loop,

@@ -43,6 +43,7 @@ uint8_t agreeOnRawKeys(const X11Connection& connection)
 X11KeyGrabs::X11KeyGrabs(MainLoop& loop, std::unique_ptr<X11Connection> connection)
     : m_connection(std::move(connection)),
       m_keyboard(*m_connection),
+      m_listening(*m_connection, m_keyboard),
       m_takeovers(loop, *m_connection,
                   {.ownKeys = [this] { return ownKeys(); }, .eventsMayWait = [this] { handleLater(); }})
 {
@@ -200,6 +201,16 @@ void X11KeyGrabs::release(GrabID grab)
     m_held.clear(); // nothing tells of their release any more
 }
 
+std::expected<Subscription, KeyGrabs::Status> X11KeyGrabs::listen(std::function<void(Typed)> typed)
+{
+    if (!m_notifier || !m_connection->isAlive())
+        return std::unexpected(XCB_CONN_ERROR);
+    m_held.clear(); // the listener hears of their release
+    auto listening = m_listening.listen(std::move(typed));
+    handleLater();
+    return listening;
+}
+
 // Grabs whose keys are the same on the new layout stay as they are.
 void X11KeyGrabs::followLayout()
 {
@@ -267,6 +278,8 @@ void X11KeyGrabs::handleGrabbedKey(const xcb_generic_event_t& event)
 {
     const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event); // a release has the same layout
     m_time = key.time;
+    if (m_listening.isOn())
+        return m_listening.handle(key);
     if ((event.response_type & 0x7f) == XCB_KEY_PRESS)
         reported(key.detail);
     else
@@ -276,7 +289,7 @@ void X11KeyGrabs::handleGrabbedKey(const xcb_generic_event_t& event)
 void X11KeyGrabs::handleRawKey(const xcb_generic_event_t& event)
 {
     const auto& raw = reinterpret_cast<const xcb_input_raw_key_press_event_t&>(event);
-    if (raw.extension != m_rawKeyOpcode)
+    if (raw.extension != m_rawKeyOpcode || m_listening.isOn())
         return;
     m_time = raw.time;
     if (raw.event_type == XCB_INPUT_RAW_KEY_PRESS)

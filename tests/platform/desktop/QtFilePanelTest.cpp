@@ -22,7 +22,7 @@ QString answerTo(const QString& suggested, const QString& action)
 
 } // namespace
 
-TEST(QtSavePanel, TheSuggestedNameIsWhatIsAcceptedUnlessTheUserChangesIt)
+TEST(QtFilePanel, TheSuggestedNameIsWhatIsAcceptedUnlessTheUserChangesIt)
 {
     const Testing::TempFolder folder;
     EXPECT_EQ(answerTo(folder / "ä shot.png", "accept"), folder / "ä shot.png");

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/SavePanel.h"
+#include "platform/FilePanel.h"
 #include "tests/support/desktop/FakeAnswers.h"
 
 namespace Kovrel::Testing {
 
-class FakeSavePanel : public SavePanel {
+class FakeFilePanel : public FilePanel {
 public:
-    explicit FakeSavePanel(MainLoop& loop) : answers(loop) {}
+    explicit FakeFilePanel(MainLoop& loop) : answers(loop) {}
 
     std::optional<QString> choice; // the user's; none: cancelled
     QString suggested;
@@ -17,6 +17,16 @@ public:
     {
         suggested = suggestedPath;
         answers.give(std::move(reply), [this] { return choice; });
+    }
+
+    void askForFolder(const QString& path, QWindow*, Reply<std::optional<QString>> reply) override
+    {
+        ask(path, nullptr, std::move(reply));
+    }
+
+    void askForFile(const QString& kind, QWindow*, Reply<std::optional<QString>> reply) override
+    {
+        ask(kind, nullptr, std::move(reply));
     }
 };
 
