@@ -3,16 +3,16 @@
 #include "editor/marks/RedactionSources.h"
 #include "editorwindow/EditorClipboard.h"
 #include "editorwindow/tools/StylePanel.h"
-#include "editorwindow/tools/SymbolButton.h"
 #include "editorwindow/tools/ToolKeys.h"
 #include "editorwindow/tools/ToolPalette.h"
-#include "platform/Guarded.h"
 #include "platform/FilePanel.h"
+#include "platform/Guarded.h"
 #include "platform/Workers.h"
 #include "ports/CaptureDelivery.h"
 #include "ports/Toasts.h"
 #include "ui/PrimaryButton.h"
 #include "ui/Symbols.h"
+#include "ui/controls/SymbolButton.h"
 #include "ui/tokens/Metrics.h"
 
 #include <QCloseEvent>

@@ -9,13 +9,12 @@
 #include "historywindow/search/HistorySearchField.h"
 #include "historywindow/search/SuggestionList.h"
 #include "preferences/Settings.h"
+#include "ui/Questions.h"
 #include "ui/tokens/Metrics.h"
 
 #include <QBoxLayout>
 #include <QIcon>
 #include <QKeyEvent>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -305,27 +304,19 @@ void HistoryWindow::createList()
 
 void HistoryWindow::askBeforeClearing()
 {
-    ask(tr("Delete all captures that are in no list?"), HistoryQuestions::clearUnfiledExplanation(), tr("Delete"),
+    Questions::ask(
+        *this,
+        {tr("Delete all captures that are in no list?"), HistoryQuestions::clearUnfiledExplanation(), tr("Delete")},
         [this] { m_services.store.clearUnfiled(); });
 }
 
 // The store follows the setting.
 void HistoryWindow::askBeforeTurningOff()
 {
-    ask(HistoryQuestions::turnOffQuestion(m_services.store.unsavedCount()), HistoryQuestions::turnOffExplanation(),
-        tr("Turn Off"), [this] { m_services.preferences.set(Settings::historyEnabled, false); });
-}
-
-void HistoryWindow::ask(const QString& question, const QString& explanation, const QString& answer,
-                        std::function<void()> action)
-{
-    auto* box = new QMessageBox(QMessageBox::Question, windowTitle(), question, QMessageBox::Cancel, this);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setInformativeText(explanation);
-    const auto* button = box->addButton(answer, QMessageBox::DestructiveRole);
-    connect(button, &QPushButton::clicked, this, std::move(action));
-    box->setDefaultButton(QMessageBox::Cancel);
-    box->open();
+    Questions::ask(*this,
+                   {HistoryQuestions::turnOffQuestion(m_services.store.unsavedCount()),
+                    HistoryQuestions::turnOffExplanation(), tr("Turn Off")},
+                   [this] { m_services.preferences.set(Settings::historyEnabled, false); });
 }
 
 void HistoryWindow::tellRemoved(int count)

@@ -1,4 +1,4 @@
-#include "editorwindow/tools/SymbolButton.h"
+#include "ui/controls/SymbolButton.h"
 
 #include "ui/Symbols.h"
 #include "ui/tokens/Theme.h"

@@ -9,8 +9,8 @@ class ColorWell : public Button {
     Q_OBJECT
 
 public:
-    // `swatches`: the user's own, as hex strings.
-    explicit ColorWell(std::function<QStringList()> swatches);
+    // `swatches`: the user's own, as hex strings; null: none are kept.
+    explicit ColorWell(std::function<QStringList()> swatches = {});
 
     // Nothing: several.
     void setColor(const std::optional<QString>& hex);

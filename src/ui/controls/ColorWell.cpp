@@ -1,4 +1,4 @@
-#include "editorwindow/tools/ColorWell.h"
+#include "ui/controls/ColorWell.h"
 
 #include "model/HexColor.h"
 #include "ui/tokens/CanvasTokens.h"
@@ -96,11 +96,11 @@ void ColorWell::offer()
     };
     for (size_t index = 0; index < names.size(); ++index)
         add(CanvasTokens::markColors[index], tr(names[index]));
-    const QStringList swatches = m_swatches();
+    const QStringList swatches = m_swatches ? m_swatches() : QStringList();
     menu->addSeparator();
     for (const QString& hex : swatches)
         add(hex, hex);
-    if (m_hex)
+    if (m_hex && m_swatches)
         menu->addAction(swatches.contains(*m_hex) ? tr("Forget %1").arg(*m_hex) : tr("Keep %1").arg(*m_hex), this,
                         [this, hex = *m_hex] { Q_EMIT swatchToggled(hex); });
     menu->addAction(tr("Other Colour…"), this, [this] {
