@@ -147,6 +147,7 @@ void HistoryWindow::connectLists()
             [&store](QUuid list, const QString& hex) { store.setListColor(list, hex); });
     connect(m_sidebar, &HistorySidebar::clearingWanted, this, &HistoryWindow::askBeforeClearing);
     connect(m_sidebar, &HistorySidebar::turningOffWanted, this, &HistoryWindow::askBeforeTurningOff);
+    connect(m_sidebar, &HistorySidebar::settingsWanted, this, [this] { m_services.openSettings(); });
     connect(m_sidebar, &HistorySidebar::listDeleted, this, [&store](QUuid list) { store.deleteList(list); });
     connect(&lists, &ListsModel::listRenamed, this,
             [&store](QUuid list, const QString& name) { store.renameList(list, name); });
