@@ -122,6 +122,10 @@ void SettingsPictures::take(Preferences& preferences,
         settle();
         save(QString("settings-") + name, window);
     }
+    window.present(SettingsTab::general);
+    window.showNotice("Nothing was imported: This file of settings is damaged or cut off.", true);
+    settle();
+    save("settings-refused", window);
     window.present(SettingsTab::shortcuts);
     auto* const recorder = window.findChildren<HotkeyButton*>().at(0);
     recorder->setFocus();

@@ -35,15 +35,19 @@ SettingsWindow::SettingsWindow(Preferences& preferences, const std::vector<Setti
     setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
     m_sidebar = new SettingsSidebar(tabsOf(m_catalog));
     m_notice = new Notice;
-    m_notice->hide();
     m_area = new QScrollArea;
     m_area->setWidgetResizable(true);
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_area->setFocusPolicy(Qt::NoFocus);
+    m_noticePlace = new QWidget;
+    auto* const notice = new QVBoxLayout(m_noticePlace);
+    notice->setContentsMargins(Spacing::window, Spacing::window, Spacing::window, 0);
+    notice->addWidget(m_notice);
+    m_noticePlace->hide();
     auto* const content = new QVBoxLayout;
     content->setSpacing(0);
-    content->addWidget(m_notice);
+    content->addWidget(m_noticePlace);
     content->addWidget(m_area, 1);
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -78,6 +82,7 @@ std::optional<SettingsTab> SettingsWindow::lastTab() const
 void SettingsWindow::showNotice(const QString& text, bool isWarning)
 {
     m_notice->show(isWarning ? Notice::Kind::warning : Notice::Kind::information, text);
+    m_noticePlace->show();
 }
 
 // Ends a search, which shows the tab by itself.
@@ -93,7 +98,7 @@ void SettingsWindow::showTab(SettingsTab tab)
 
 void SettingsWindow::showPage()
 {
-    m_notice->hide();
+    m_noticePlace->hide();
     show(new SettingsPageView({*m_catalog.page(m_tab)}, SettingsPageView::Kind::tab));
 }
 

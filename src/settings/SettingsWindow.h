@@ -42,6 +42,7 @@ private:
     SettingsCatalog m_catalog;
     SettingsSidebar* m_sidebar = nullptr;
     Notice* m_notice = nullptr;
+    QWidget* m_noticePlace = nullptr; // with the room around it
     QScrollArea* m_area = nullptr;
     SettingsPageView* m_view = nullptr;
     SettingsTab m_tab = SettingsTab::general;

@@ -167,4 +167,34 @@ TEST_F(SettingsTest, KovrelStartsAtLoginAndSaysSoAgain)
     EXPECT_TRUE(UserSession::eventually([&] { return !QFile::exists(entry); })) << "it was shown as on";
 }
 
+TEST_F(SettingsTest, AFileOfSettingsComesBackAndADamagedOneChangesNothing)
+{
+    const QString file = session.path("home/Kovrel settings.json");
+    session.prepare({"jpegQuality=0.35"});
+    const auto choose = [&](const QString& query, const QString& path) {
+        goTo(query);
+        const QByteArray window = active();
+        type({"space"});
+        ASSERT_TRUE(UserSession::eventually([&] { return active() != window; })) << "a file is asked for";
+        session.run("xdotool", {"key", "ctrl+a"});
+        session.run("xdotool", {"type", path});
+        type({"Return"});
+        ASSERT_TRUE(UserSession::eventually([&] { return active() == window; }));
+    };
+    choose("export", file);
+    ASSERT_TRUE(UserSession::eventually([&] { return QFile::exists(file); }));
+
+    QFile whole(file);
+    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+    QFile damaged(session.path("home/cut.json"));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+    damaged.write(whole.readAll().chopped(20));
+    damaged.close();
+    session.prepare({"jpegQuality=0.8"});
+    choose("restore", damaged.fileName());
+    EXPECT_EQ(value("jpegQuality"), "0.8");
+    choose("restore", file);
+    EXPECT_TRUE(becomes("jpegQuality", "0.35"));
+}
+
 } // namespace Kovrel

@@ -13,6 +13,11 @@ namespace Kovrel {
 
 SettingsFeature::SettingsFeature(Foundation& foundation, Ports& ports) : m_foundation(foundation), m_ports(ports) {}
 
+SettingsFeature::~SettingsFeature()
+{
+    delete m_window;
+}
+
 std::vector<CommandHandler> SettingsFeature::commands()
 {
     return {{.command = "settings", .run = [this](const Invocation& invocation, const Reply<CommandAnswer>& reply) {
@@ -34,7 +39,8 @@ void SettingsFeature::show(std::optional<SettingsTab> tab)
     const auto present = [this, tab] {
         if (!m_window || !m_window->isVisible()) {
             readLogin();
-            m_window = std::make_unique<SettingsWindow>(m_foundation.preferences, m_ports.settings->settingsPages());
+            m_window = new SettingsWindow(m_foundation.preferences, m_ports.settings->settingsPages());
+            m_window->setAttribute(Qt::WA_DeleteOnClose);
         }
         m_window->present(tab);
     };

@@ -9,6 +9,7 @@
 #include "settings/SettingsWindow.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 
 namespace Kovrel {
 
@@ -18,6 +19,9 @@ class SettingsFeature : public Feature {
 
 public:
     SettingsFeature(Foundation& foundation, Ports& ports);
+    ~SettingsFeature() override;
+    SettingsFeature(const SettingsFeature&) = delete;
+    SettingsFeature& operator=(const SettingsFeature&) = delete;
 
     std::vector<CommandHandler> commands() override;
     std::vector<SettingsPage> settingsPages() override;
@@ -45,7 +49,7 @@ private:
     const Ports& m_ports;
     Login m_login;
     Observers<> m_loginChanges;
-    std::unique_ptr<SettingsWindow> m_window;     // null until it is shown for the first time
+    QPointer<SettingsWindow> m_window;            // while it is open; then it deletes itself
     std::unique_ptr<SettingsShortcut> m_shortcut; // from `start` on
     Lifeline m_lifeline;
 };
