@@ -15,6 +15,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "com.kovrel.desktop")
 
+constexpr KeyGrabs::GrabID noGrab = 0;
+
 constexpr auto keyboard = XCB_XKB_ID_USE_CORE_KBD;
 
 constexpr std::array everyModifier{KeyCombo::command, KeyCombo::shift, KeyCombo::option, KeyCombo::control};
@@ -176,8 +178,10 @@ std::expected<KeyGrabs::GrabID, KeyGrabs::Status> X11KeyGrabs::grab(KeyCombo com
 {
     if (!m_notifier || !m_connection->isAlive())
         return std::unexpected(XCB_CONN_ERROR);
-    if (m_grabs.empty())
+    if (m_grabs.empty()) {
+        m_held.clear(); // nothing has told of their release
         listen(true);
+    }
     const GrabID id = ++m_lastGrab;
     Grab& grab = m_grabs.emplace(id, Grab{combo, modifiers, std::move(handlers)}).first->second;
     const Status status = take(id, grab);
@@ -279,11 +283,21 @@ void X11KeyGrabs::handleGrabbedKey(const xcb_generic_event_t& event)
     const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event); // a release has the same layout
     m_time = key.time;
     if (m_listening.isOn())
-        return m_listening.handle(key);
+        return handleListenedKey(key);
     if ((event.response_type & 0x7f) == XCB_KEY_PRESS)
         reported(key.detail);
     else
         released(key.detail);
+}
+
+// A key that is still down when the listener has gone is no new press of a hotkey.
+void X11KeyGrabs::handleListenedKey(const xcb_key_press_event_t& key)
+{
+    if ((key.response_type & 0x7f) == XCB_KEY_PRESS)
+        m_held.try_emplace(key.detail, HeldKey{noGrab});
+    else
+        m_held.erase(key.detail);
+    m_listening.handle(key);
 }
 
 void X11KeyGrabs::handleRawKey(const xcb_generic_event_t& event)

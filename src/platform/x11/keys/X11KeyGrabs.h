@@ -82,6 +82,7 @@ private:
     void handleLater();
     void handle(const xcb_generic_event_t& event);
     void handleGrabbedKey(const xcb_generic_event_t& event);
+    void handleListenedKey(const xcb_key_press_event_t& key);
     void handleRawKey(const xcb_generic_event_t& event);
     void handleKeyboardChange(const xcb_generic_event_t& event);
     void followLayout();

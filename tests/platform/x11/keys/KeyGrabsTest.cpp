@@ -340,6 +340,31 @@ TEST_F(ListenedTest, WhoListensHearsAllKeysAndNobodyElseAny)
     EXPECT_EQ(takeLog(), once) << "a hotkey again";
 }
 
+TEST_F(ListenedTest, AKeyThatIsStillHeldPressesNoHotkeyThatWasMadeOfIt)
+{
+    using enum TestKeyboard::Key;
+    ASSERT_TRUE(grab(color, "color"));
+    std::optional<Subscription> listening;
+    auto begun = grabs.listen([&](KeyGrabs::Typed keys) {
+        if (keys.keyCode && listening) {
+            listening.reset();
+            EXPECT_TRUE(grab(area, "area"));
+        }
+    });
+    ASSERT_TRUE(begun);
+    listening = std::move(*begun);
+    for (const xcb_keycode_t key : {super, shift, digit4})
+        keyboard.press(key);
+    ASSERT_TRUE(waitFor([&] { return !listening; }));
+    keyboard.press(digit4); // as it repeats
+    keyboard.press(digit4);
+    for (const xcb_keycode_t key : {digit4, shift, super})
+        keyboard.release(key);
+    EXPECT_EQ(takeLog(), Log());
+    keyboard.type({super, shift, digit4});
+    EXPECT_EQ(takeLog(), once);
+}
+
 TEST_F(ListenedTest, KeysAreCalledAsTheCombinationsThatGrabThem)
 {
     for (const Case& c : cases()) {
