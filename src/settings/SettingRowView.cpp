@@ -97,6 +97,13 @@ void SettingRowView::makeResetButton()
     });
 }
 
+bool SettingRowView::takeFocus()
+{
+    if (m_field->isEnabled())
+        m_field->takeFocus();
+    return m_field->isEnabled();
+}
+
 void SettingRowView::refresh()
 {
     const SettingBinding& binding = m_row.binding;

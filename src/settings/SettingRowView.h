@@ -22,6 +22,8 @@ public:
 
     // Shows what is set now.
     void refresh();
+    // Puts the keyboard on its control; false where that can't be used now.
+    bool takeFocus();
 
     const SettingRow& row() const { return m_row; }
 

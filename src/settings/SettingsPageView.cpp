@@ -79,6 +79,13 @@ void SettingsPageView::resetAll()
             binding.reset();
 }
 
+void SettingsPageView::takeFocus()
+{
+    for (SettingRowView* row : m_rows)
+        if (row->takeFocus())
+            return;
+}
+
 void SettingsPageView::refresh()
 {
     for (SettingRowView* row : m_rows)

@@ -21,6 +21,8 @@ public:
 
     // Shows what is set now.
     void refresh();
+    // Puts the keyboard on the first setting that can be changed.
+    void takeFocus();
 
 private:
     void addPage(const SettingsPage& page);

@@ -22,6 +22,7 @@ SettingsSidebar::SettingsSidebar(const std::vector<SettingsTab>& tabs) : m_searc
     m_search->setAccessibleName(tr("Search settings"));
     m_search->setClearButtonEnabled(true);
     connect(m_search, &QLineEdit::textChanged, this, &SettingsSidebar::searched);
+    connect(m_search, &QLineEdit::returnPressed, this, &SettingsSidebar::committed);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(Spacing::medium, Spacing::large, 0, Spacing::large);
     layout->setSpacing(Spacing::tight);

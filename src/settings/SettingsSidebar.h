@@ -27,6 +27,8 @@ public:
 Q_SIGNALS:
     void tabChosen(SettingsTab tab);
     void searched(const QString& query);
+    // Enter: on to what was found.
+    void committed();
 
 private:
     LineField* m_search;

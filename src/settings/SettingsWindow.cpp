@@ -56,6 +56,10 @@ SettingsWindow::SettingsWindow(Preferences& preferences, const std::vector<Setti
     layout->addLayout(content, 1);
     connect(m_sidebar, &SettingsSidebar::tabChosen, this, &SettingsWindow::showTab);
     connect(m_sidebar, &SettingsSidebar::searched, this, &SettingsWindow::search);
+    connect(m_sidebar, &SettingsSidebar::committed, this, [this] {
+        if (m_view)
+            m_view->takeFocus();
+    });
     m_changes = m_preferences.defaults().onChange([this](const QString&) { refresh(); });
     resize((QSizeF(usualSize) * Typography::scale()).toSize());
 }

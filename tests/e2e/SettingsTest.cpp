@@ -43,7 +43,7 @@ struct SettingsTest : testing::Test {
                     {"search", "--sync", "--onlyvisible", "--name", "Kovrel Settings", "windowactivate", "--sync"});
         session.run("xdotool", {"key", "ctrl+f"});
         session.run("xdotool", {"type", query});
-        session.run("xdotool", {"key", "Tab", "Tab"}); // past the tabs at the side
+        session.run("xdotool", {"key", "Return"});
     }
 
     void type(const QStringList& keys) { session.run("xdotool", QStringList{"key"} + keys); }

@@ -4,6 +4,8 @@
 #include "settings/rows/SettingControl.h"
 #include "ui/controls/PlainButton.h"
 
+#include <QTimer>
+
 namespace Kovrel {
 
 // A key combination. After a click it listens to the whole keyboard until it has another one, or is left.

@@ -69,6 +69,7 @@ void LanguagesField::addInstalled(const SettingControls::Language& language)
     m_grid->addWidget(box, place / columns, place % columns);
     connect(box, &QCheckBox::clicked, this, [this, code = language.code](bool isOn) { toggle(code, isOn); });
     m_boxes.emplace_back(language.code, box);
+    setMain(m_boxes.front().second);
 }
 
 void LanguagesField::addMissing(const SettingControls::Language& language)
