@@ -23,7 +23,7 @@ HistoryRig::HistoryRig(int count, const std::vector<QImage>& pictures)
           m_loop, m_workers, m_files.folder(), [](QUuid) { return CaptureOCRStore::Status::recorded; }, readNothing),
       m_store({m_loop, m_workers, m_preferences, m_ocr, m_files.folder()}),
       m_index(m_loop, m_workers),
-      m_actions({m_loop, m_workers, m_preferences, m_store, m_ports, m_desktop.savePanel(), m_desktop.fileManager()})
+      m_actions({m_loop, m_workers, m_preferences, m_store, m_ports, m_desktop.filePanel(), m_desktop.fileManager()})
 {
     Preferences::registerDefaults(m_defaults);
     m_preferences.set(Settings::historyRetentionCount, std::max(count, 1));

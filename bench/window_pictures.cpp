@@ -2,6 +2,7 @@
 // scale 1 and 2, with a usual font and with one that is half as large again.
 //
 //     QT_QPA_PLATFORM=offscreen bench_window_pictures FOLDER
+#include "bench/SettingsPictures.h"
 #include "capture/selection/SelectionScene.h"
 #include "cards/CardFace.h"
 #include "cards/chords/CardChord.h"
@@ -24,6 +25,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QStyleFactory>
+#include <QTemporaryDir>
 
 namespace Kovrel {
 
@@ -55,6 +57,11 @@ struct Pictures {
     {
         widget.ensurePolished();
         widget.adjustSize();
+        saveAsItIs(name, widget);
+    }
+
+    void saveAsItIs(const QString& name, QWidget& widget) const
+    {
         QImage picture((QSizeF(widget.size()) * look.scale).toSize(), QImage::Format_RGB32);
         picture.setDevicePixelRatio(look.scale);
         picture.fill(look.scheme.isDark ? QColor("#20232b") : QColor("#c9d3e6"));
@@ -90,6 +97,16 @@ void homeWindows(const Pictures& pictures, Preferences& preferences)
             window.findChildren<RowButton*>().at(1)->setDown(true);
             pictures.save(name + "-focused", window);
         }
+}
+
+void settings(const Pictures& pictures)
+{
+    const QTemporaryDir folder;
+    UserDefaults defaults(folder.filePath("kovrel.conf"));
+    Preferences::registerDefaults(defaults);
+    Preferences preferences(defaults);
+    SettingsPictures::take(preferences,
+                           [&](const QString& name, QWidget& window) { pictures.saveAsItIs(name, window); });
 }
 
 struct NoShapes : PanelShapes {
@@ -375,6 +392,7 @@ void takeAll(const QString& folder)
                 toasts(pictures);
                 pins(pictures);
                 menus(pictures);
+                settings(pictures);
                 cards(pictures, true);
                 cards(pictures, false);
                 if (scheme == ColorScheme{} && !hasLargeFont)

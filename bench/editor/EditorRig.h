@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editorwindow/EditorWindow.h"
-#include "platform/SavePanel.h"
+#include "platform/FilePanel.h"
 #include "platform/desktop/QtMainLoop.h"
 #include "preferences/Preferences.h"
 
@@ -12,8 +12,12 @@
 
 namespace Kovrel::Bench {
 
-struct NoSavePanel : SavePanel {
+struct NoFilePanel : FilePanel {
     void ask(const QString&, QWindow*, Reply<std::optional<QString>> reply) override { reply({}); }
+
+    void askForFolder(const QString&, QWindow*, Reply<std::optional<QString>> reply) override { reply({}); }
+
+    void askForFile(const QString&, QWindow*, Reply<std::optional<QString>> reply) override { reply({}); }
 };
 
 // An editor's window, with settings of its own in a folder.
@@ -50,9 +54,9 @@ struct EditorRig {
     Preferences preferences{defaults};
     QtMainLoop loop;
     Workers& workers;
-    NoSavePanel savePanel;
+    NoFilePanel filePanel;
     Ports ports;
-    EditorServices services{loop, workers, preferences, savePanel, ports};
+    EditorServices services{loop, workers, preferences, filePanel, ports};
 };
 
 } // namespace Kovrel::Bench

@@ -11,6 +11,8 @@
 #include <QApplication>
 #include <QLoggingCategory>
 
+#include <algorithm>
+
 namespace Kovrel {
 
 using namespace std::chrono_literals;
@@ -36,6 +38,7 @@ Application::Application(Launch launch, std::span<const FeatureEntry> features)
       m_delegate(m_features, m_ports, m_foundation.preferences, m_foundation.loop, process())
 {
     m_ports.commands.offer(*this);
+    m_ports.settings.offer(*this);
     addCommands();
     announceCaptures();
 }
@@ -93,6 +96,14 @@ void Application::addCommands()
          simple("quit", [this](const Command&) { m_delegate.quit("command"); })});
     for (const auto& feature : m_features)
         m_commands.add(feature->commands());
+}
+
+std::vector<SettingsPage> Application::settingsPages()
+{
+    std::vector<SettingsPage> pages;
+    for (const auto& feature : m_features)
+        std::ranges::move(feature->settingsPages(), std::back_inserter(pages));
+    return pages;
 }
 
 CommandAnswer Application::open(const Command& command)

@@ -7,6 +7,7 @@
 #include "app/features/FeatureList.h"
 #include "platform/desktop/InstanceBus.h"
 #include "ports/ProgramCommands.h"
+#include "ports/SettingsPages.h"
 
 #include <QObject>
 
@@ -14,7 +15,7 @@ namespace Kovrel {
 
 // The program in the tray: the features on their foundation, and the bus on which other processes reach them. Main
 // thread; lives as long as the process.
-class Application : private ProgramCommands {
+class Application : private ProgramCommands, private SettingsPages {
 public:
     Application(Launch launch, std::span<const FeatureEntry> features);
     ~Application() override;
@@ -37,6 +38,9 @@ private:
     void bringForward() override { m_delegate.applicationShouldHandleReopen(); }
 
     void quit(const QString& reason) override { m_delegate.quit(reason); }
+
+    // SettingsPages
+    std::vector<SettingsPage> settingsPages() override;
 
     void addCommands();
     CommandAnswer open(const Command& command);

@@ -34,7 +34,7 @@ Error operandError(const CommandSpec& spec, const Command& command)
     const size_t count = command.operands.size();
     if (count < spec.minOperands || count > spec.maxOperands)
         return std::string("wrong number of arguments for ") + spec.name;
-    if (!spec.choices.empty() && !contains(spec.choices, command.operands.front()))
+    if (count > 0 && !spec.choices.empty() && !contains(spec.choices, command.operands.front()))
         return std::string("unknown ") + spec.choiceName + " \"" + command.operands.front() + "\"";
     return spec.operandError ? spec.operandError(command) : std::nullopt;
 }

@@ -169,6 +169,19 @@ CommandSpec preferencesCommand()
             .runs = Runs::whereAsked};
 }
 
+CommandSpec settingsCommand()
+{
+    return {
+        .name = "settings",
+        .operands = "[TAB]",
+        .meaning = "the window with all settings",
+        .maxOperands = 1,
+        .choiceName = "tab",
+        .choices = {"general", "capture", "after", "saving", "editor", "shortcuts", "history", "text", "sounds"},
+        .menu = {
+            {QT_TRANSLATE_NOOP("CommandTable", "Settings…"), "settings", {"settings"}, std::nullopt, true, "Ctrl+,"}}};
+}
+
 const std::vector<CommandSpec>& table()
 {
     static const std::vector<CommandSpec> all{
@@ -207,6 +220,7 @@ const std::vector<CommandSpec>& table()
          .meaning = "the card that was closed last comes back",
          .menu =
              {{QT_TRANSLATE_NOOP("CommandTable", "Reopen Closed Capture"), "reopen", {"reopen"}, reopenClosedCapture}}},
+        settingsCommand(),
     };
     return all;
 }

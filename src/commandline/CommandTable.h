@@ -30,6 +30,7 @@ struct MenuEntry {
     std::vector<std::string> arguments; // of the command line
     std::optional<HotkeyAction> hotkey{};
     bool beginsGroup = false;
+    const char* windowKeys = ""; // what does the same in windows of the program
 };
 
 // A command of the command line, and where else it is offered.

@@ -7,7 +7,7 @@ namespace Kovrel {
 class FilePrograms;
 class MainLoop;
 class Preferences;
-class SavePanel;
+class FilePanel;
 class Workers;
 
 // What editors are built on. All of it outlives them.
@@ -15,7 +15,7 @@ struct EditorServices {
     MainLoop& loop;
     Workers& workers;
     Preferences& preferences;
-    SavePanel& savePanel;
+    FilePanel& filePanel;
     Ports& ports;
     FilePrograms* programs = nullptr; // without them nobody is asked about the program for pictures
 };

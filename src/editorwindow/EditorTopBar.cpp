@@ -1,7 +1,7 @@
 #include "editorwindow/EditorTopBar.h"
 
 #include "editorwindow/tools/StylePanel.h"
-#include "editorwindow/tools/SymbolButton.h"
+#include "ui/controls/SymbolButton.h"
 #include "ui/PrimaryButton.h"
 #include "ui/tokens/Metrics.h"
 

@@ -8,7 +8,7 @@
 #include "editorwindow/find/FindBar.h"
 #include "editorwindow/tools/ToolKeys.h"
 #include "editorwindow/tools/ToolPalette.h"
-#include "platform/SavePanel.h"
+#include "platform/FilePanel.h"
 #include "ports/CaptureDelivery.h"
 #include "ports/Toasts.h"
 
@@ -228,7 +228,7 @@ void EditorWindow::saveAs()
         if (self && path)
             m_keeping.save(path, [this](const SaveOutcome& outcome) { tellSaved(outcome); });
     };
-    m_services.savePanel.ask(suggestion, windowHandle(), answered);
+    m_services.filePanel.ask(suggestion, windowHandle(), answered);
 }
 
 void EditorWindow::tellSaved(const SaveOutcome& outcome)

@@ -311,6 +311,11 @@ void CaptureHistoryStore::prune()
     removeAtOnce(Retention::surplus(m_records.state(), cap));
 }
 
+int CaptureHistoryStore::surplusOf(int retention) const
+{
+    return int(Retention::surplus(m_records.state(), Retention::cap(retention)).size());
+}
+
 void CaptureHistoryStore::removeAtOnce(const QSet<QUuid>& ids)
 {
     if (ids.isEmpty())

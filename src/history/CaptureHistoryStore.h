@@ -107,7 +107,8 @@ public:
     void clearUnsaved();
     void clearUnfiled();
     void discard(QUuid id);
-    int unsavedCount() const; // how many clearUnsaved would take
+    int unsavedCount() const;           // how many clearUnsaved would take
+    int surplusOf(int retention) const; // how many such a setting would take
 
     // --- Lists
 

@@ -20,4 +20,16 @@ QString HistoryQuestions::clearUnfiledExplanation()
               "affected.");
 }
 
+QString HistoryQuestions::retentionQuestion(int surplus)
+{
+    return surplus == 1 ? tr("Delete the oldest capture?") : tr("Delete the %1 oldest captures?").arg(surplus);
+}
+
+QString HistoryQuestions::retentionExplanation()
+{
+    return tr(
+        "They are permanently deleted from Kovrel's history, because it is to keep fewer. Captures in lists stay, "
+        "and files you saved elsewhere are not affected.");
+}
+
 } // namespace Kovrel

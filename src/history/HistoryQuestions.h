@@ -14,6 +14,9 @@ public:
     static QString turnOffQuestion(int unsaved);
     static QString turnOffExplanation();
     static QString clearUnfiledExplanation();
+    // `surplus`: how many captures a smaller retention takes.
+    static QString retentionQuestion(int surplus);
+    static QString retentionExplanation();
 };
 
 } // namespace Kovrel

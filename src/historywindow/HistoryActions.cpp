@@ -17,7 +17,7 @@ namespace Kovrel {
 
 HistoryActions::HistoryActions(Services services)
     : m_services(services),
-      m_saveWithPanel(services.loop, services.workers, services.savePanel, services.fileManager),
+      m_saveWithPanel(services.loop, services.workers, services.filePanel, services.fileManager),
       m_scope(services.loop, services.workers)
 {
 }

@@ -22,7 +22,7 @@ public:
         Preferences& preferences;
         CaptureHistoryStore& store;
         Ports& ports;
-        SavePanel& savePanel;
+        FilePanel& filePanel;
         FileManager& fileManager;
     };
 

@@ -21,6 +21,7 @@ struct HistoryViewServices {
     HistoryModel::DragFile dragFile; // a file that was prepared; empty where there is none yet
     std::function<void(const QList<QUuid>&)> prepareDragFiles;
     std::function<QString()> captureKeys; // of "Capture Area", as people read them; empty: none
+    std::function<void()> openSettings;   // those of the history
 };
 
 } // namespace Kovrel

@@ -9,13 +9,12 @@
 #include "historywindow/search/HistorySearchField.h"
 #include "historywindow/search/SuggestionList.h"
 #include "preferences/Settings.h"
+#include "ui/Questions.h"
 #include "ui/tokens/Metrics.h"
 
 #include <QBoxLayout>
 #include <QIcon>
 #include <QKeyEvent>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -148,6 +147,7 @@ void HistoryWindow::connectLists()
             [&store](QUuid list, const QString& hex) { store.setListColor(list, hex); });
     connect(m_sidebar, &HistorySidebar::clearingWanted, this, &HistoryWindow::askBeforeClearing);
     connect(m_sidebar, &HistorySidebar::turningOffWanted, this, &HistoryWindow::askBeforeTurningOff);
+    connect(m_sidebar, &HistorySidebar::settingsWanted, this, [this] { m_services.openSettings(); });
     connect(m_sidebar, &HistorySidebar::listDeleted, this, [&store](QUuid list) { store.deleteList(list); });
     connect(&lists, &ListsModel::listRenamed, this,
             [&store](QUuid list, const QString& name) { store.renameList(list, name); });
@@ -305,27 +305,19 @@ void HistoryWindow::createList()
 
 void HistoryWindow::askBeforeClearing()
 {
-    ask(tr("Delete all captures that are in no list?"), HistoryQuestions::clearUnfiledExplanation(), tr("Delete"),
+    Questions::ask(
+        *this,
+        {tr("Delete all captures that are in no list?"), HistoryQuestions::clearUnfiledExplanation(), tr("Delete")},
         [this] { m_services.store.clearUnfiled(); });
 }
 
 // The store follows the setting.
 void HistoryWindow::askBeforeTurningOff()
 {
-    ask(HistoryQuestions::turnOffQuestion(m_services.store.unsavedCount()), HistoryQuestions::turnOffExplanation(),
-        tr("Turn Off"), [this] { m_services.preferences.set(Settings::historyEnabled, false); });
-}
-
-void HistoryWindow::ask(const QString& question, const QString& explanation, const QString& answer,
-                        std::function<void()> action)
-{
-    auto* box = new QMessageBox(QMessageBox::Question, windowTitle(), question, QMessageBox::Cancel, this);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setInformativeText(explanation);
-    const auto* button = box->addButton(answer, QMessageBox::DestructiveRole);
-    connect(button, &QPushButton::clicked, this, std::move(action));
-    box->setDefaultButton(QMessageBox::Cancel);
-    box->open();
+    Questions::ask(*this,
+                   {HistoryQuestions::turnOffQuestion(m_services.store.unsavedCount()),
+                    HistoryQuestions::turnOffExplanation(), tr("Turn Off")},
+                   [this] { m_services.preferences.set(Settings::historyEnabled, false); });
 }
 
 void HistoryWindow::tellRemoved(int count)

@@ -50,7 +50,6 @@ private:
     void createList();
     void askBeforeClearing();
     void askBeforeTurningOff();
-    void ask(const QString& question, const QString& explanation, const QString& answer, std::function<void()> action);
     void tellRemoved(int count);
     EmptyState::Content emptyState();
     HistoryMenu::Situation situation() const;

@@ -56,6 +56,7 @@ void GlobalHotkeyManager::registerAll()
         registerHotkey(combo.keyCode, combo.modifiers, action);
     if (!m_refused.empty() && m_handlers.refused)
         m_handlers.refused();
+    m_passes.notify();
 }
 
 // Of the settings; the combination of an earlier command is none for a later one.
@@ -66,8 +67,9 @@ std::map<HotkeyAction, KeyCombo> GlobalHotkeyManager::wantedCombos()
         const auto combo = HotkeySettings::combo(m_preferences, command);
         if (!combo || !m_handlers.isOffered(command))
             continue;
-        if (std::ranges::any_of(wanted, [&](const auto& earlier) { return earlier.second == *combo; }))
-            refuse(*command.hotkey, takenByOurselves);
+        const auto earlier = std::ranges::find(wanted, *combo, [](const auto& other) { return other.second; });
+        if (earlier != wanted.end())
+            refuse(*command.hotkey, takenByOurselves, earlier->first);
         else
             wanted.emplace(*command.hotkey, *combo);
     }
@@ -88,9 +90,15 @@ void GlobalHotkeyManager::registerHotkey(quint32 keyCode, quint32 modifiers, Hot
         refuse(action, grab.error());
 }
 
-void GlobalHotkeyManager::refuse(HotkeyAction action, KeyGrabs::Status status)
+std::optional<HotkeyAction> GlobalHotkeyManager::rival(HotkeyAction action) const
 {
-    m_refused.insert(action);
+    const auto refused = m_refused.find(action);
+    return refused == m_refused.end() ? std::nullopt : refused->second;
+}
+
+void GlobalHotkeyManager::refuse(HotkeyAction action, KeyGrabs::Status status, std::optional<HotkeyAction> rival)
+{
+    m_refused.emplace(action, rival);
     qCWarning(log, "Kovrel: failed to register hotkey (status %d)", status);
 }
 

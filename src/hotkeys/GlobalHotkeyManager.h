@@ -5,7 +5,6 @@
 #include "preferences/Preferences.h"
 
 #include <map>
-#include <set>
 
 namespace Kovrel {
 
@@ -44,6 +43,12 @@ public:
     // Whether it has a combination that can't be had: another program's, or that of another of our commands.
     bool isRefused(HotkeyAction action) const { return m_refused.contains(action); }
 
+    // The other command of ours that has its combination; none where another program has it.
+    std::optional<HotkeyAction> rival(HotkeyAction action) const;
+
+    // Called after each pass of registrations.
+    Subscription onPass(std::function<void()> callback) { return m_passes.add(std::move(callback)); }
+
     // Changes with each pass of registrations.
     int revision() const { return m_revision; }
 
@@ -55,14 +60,15 @@ private:
     };
 
     std::map<HotkeyAction, KeyCombo> wantedCombos();
-    void refuse(HotkeyAction action, KeyGrabs::Status status);
+    void refuse(HotkeyAction action, KeyGrabs::Status status, std::optional<HotkeyAction> rival = {});
 
     KeyGrabs& m_keys;
     Preferences& m_preferences;
     CaptureTrace& m_trace;
     Handlers m_handlers;
     std::map<ID, Hotkey> m_hotkeys;
-    std::set<HotkeyAction> m_refused;
+    std::map<HotkeyAction, std::optional<HotkeyAction>> m_refused; // with the rival
+    Observers<> m_passes;
     ID m_lastID = 0;
     int m_revision = 0;
     bool m_isActive = false;

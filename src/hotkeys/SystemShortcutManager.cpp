@@ -219,6 +219,24 @@ std::optional<int> SystemShortcutManager::symbolicHotKey(const QString& accelera
     return found == chords.end() ? std::nullopt : std::optional(found->symbolicHotKey);
 }
 
+QStringList SystemShortcutManager::borrowedKeys() const
+{
+    const std::set<int> borrowed = disabledByUs();
+    QStringList keys;
+    for (const Chord& chord : chords)
+        if (borrowed.contains(chord.symbolicHotKey))
+            keys << chord.combo.text();
+    return keys;
+}
+
+void SystemShortcutManager::giveBack()
+{
+    const QStringList borrowed = borrowedKeys();
+    for (const MenuEntry& command : CommandTable::menuInHotkeyOrder())
+        if (const auto combo = HotkeySettings::combo(m_preferences, command); combo && borrowed.contains(combo->text()))
+            m_preferences.set(HotkeySettings::keyOf(*command.hotkey), std::nullopt);
+}
+
 std::set<int> SystemShortcutManager::disabledByUs() const
 {
     std::set<int> numbers;

@@ -46,6 +46,13 @@ public:
 
     void forceEnableAllNative() { reconcile({}); }
 
+    bool canSwitch() const { return m_switches != nullptr; }
+
+    // The chords that the desktop has lent us, as people write them.
+    QStringList borrowedKeys() const;
+    // For good: clears our hotkeys that need them.
+    void giveBack();
+
     std::set<int> disabledByUs() const;
 
     // Called once the desktop has let go of chords.

@@ -10,10 +10,11 @@ class Displays;
 class FileManager;
 class FilePrograms;
 class KeyGrabs;
+class LoginItem;
 class OverlaySurfaces;
 class PanelShapes;
 class Pointer;
-class SavePanel;
+class FilePanel;
 class ScreenLock;
 class ScreenPixels;
 class ShortcutSwitches;
@@ -40,11 +41,14 @@ public:
     virtual Clipboard& clipboard() = 0;
     virtual FileManager& fileManager() = 0;
     virtual FilePrograms& programs() = 0;
-    virtual SavePanel& savePanel() = 0;
+    virtual FilePanel& filePanel() = 0;
     virtual ToolProcess& tools() = 0;
 
     // The desktop's own screenshot shortcuts; null where they can't be switched. Jobs on workers share it.
     virtual std::shared_ptr<ShortcutSwitches> shortcuts() = 0;
+
+    // Jobs on workers share it.
+    virtual std::shared_ptr<LoginItem> loginItem() = 0;
 };
 
 } // namespace Kovrel

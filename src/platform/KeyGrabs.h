@@ -5,6 +5,7 @@
 
 #include <expected>
 #include <functional>
+#include <optional>
 
 namespace Kovrel {
 
@@ -31,6 +32,12 @@ public:
         std::function<void(Time)> onRelease = {};
     };
 
+    // What somebody who listens to all keys is told.
+    struct Typed {
+        quint32 modifiers = 0;               // KeyCombo's, those that are down
+        std::optional<quint32> keyCode = {}; // the key that went down; none: the modifiers have changed
+    };
+
     enum class Modifiers {
         exact, // those of the combination, and no other
         any,   // whichever are down; those states that another program owns are left to it
@@ -43,6 +50,10 @@ public:
     virtual std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers,
                                                Modifiers modifiers = Modifiers::exact) = 0;
     virtual void release(GrabID grab) = 0;
+
+    // Until the subscription ends, all that is typed is told here and to nobody else: neither to programs nor to grabs.
+    // Fails where another program holds the keyboard.
+    virtual std::expected<Subscription, Status> listen(std::function<void(Typed)> typed) = 0;
 
     // Called when the modifiers of a grabbed combination are held, Super and another one, and nothing else yet: its key
     // is likely to follow in a moment.

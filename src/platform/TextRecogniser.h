@@ -69,6 +69,9 @@ public:
     // In reading order, as far as the recogniser knows it. A picture without text gives no observations.
     virtual Outcome recognise(const QImage& picture, const Request& request) = 0;
 
+    // What can be asked for, as "eng", "deu" or "chi_sim".
+    virtual QStringList installedLanguages() { return {}; }
+
     // Nothing is going to be read for a while. What was loaded is loaded again with the next picture.
     virtual void releaseMemory() {}
 };

@@ -22,6 +22,7 @@ class HelpWindows;
 class HotkeyStatus;
 class ProgramCommands;
 class ReopenLedger;
+class SettingsPages;
 class TextReader;
 class Toasts;
 
@@ -32,6 +33,7 @@ struct Ports {
     Port<AccountStatus> account; // without one nobody has to sign in
     Port<HelpWindows> help;
     Port<HotkeyStatus> hotkeys;
+    Port<SettingsPages> settings;
     Port<ColorPicking> colorPicking;
 
     Port<Captures> captures;

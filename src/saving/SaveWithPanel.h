@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/FileManager.h"
-#include "platform/SavePanel.h"
+#include "platform/FilePanel.h"
 #include "platform/Scope.h"
 #include "saving/SaveService.h"
 
@@ -12,7 +12,7 @@ namespace Kovrel {
 // Saves a picture under a name that the user picks, and shows the file in the file manager. Main thread.
 class SaveWithPanel {
 public:
-    SaveWithPanel(MainLoop& loop, Workers& workers, SavePanel& panel, FileManager& fileManager)
+    SaveWithPanel(MainLoop& loop, Workers& workers, FilePanel& panel, FileManager& fileManager)
         : m_panel(panel), m_fileManager(fileManager), m_scope(loop, workers)
     {
     }
@@ -33,7 +33,7 @@ public:
 private:
     QCoro::Task<> save(Request request);
 
-    SavePanel& m_panel;
+    FilePanel& m_panel;
     FileManager& m_fileManager;
     Scope m_scope;
 };

@@ -241,6 +241,55 @@ QPainterPath snowflake()
     return path;
 }
 
+QPainterPath chevronDown()
+{
+    return lines({{0.08, 0.3}, {0.5, 0.72}, {0.92, 0.3}});
+}
+
+QPainterPath gear()
+{
+    QPainterPath path;
+    path.addEllipse(QPointF(0.5, 0.5), 0.16, 0.16);
+    path.addEllipse(QPointF(0.5, 0.5), 0.36, 0.36);
+    for (int eighth = 0; eighth < 8; ++eighth)
+        path.addPath(QTransform().translate(0.5, 0.5).rotate(45 * eighth).map(lines({{0.38, 0}, {0.5, 0}})));
+    return path;
+}
+
+QPainterPath viewfinder()
+{
+    QPainterPath path;
+    for (int quarter = 0; quarter < 4; ++quarter)
+        path.addPath(QTransform()
+                         .translate(0.5, 0.5)
+                         .rotate(90 * quarter)
+                         .map(lines({{-0.48, -0.2}, {-0.48, -0.4}, {-0.4, -0.48}, {-0.2, -0.48}})));
+    path.addEllipse(QPointF(0.5, 0.5), 0.12, 0.12);
+    return path;
+}
+
+QPainterPath keyboardOutline()
+{
+    QPainterPath path;
+    path.addRoundedRect(QRectF(0, 0.18, 1, 0.64), 0.1, 0.1);
+    for (const double x : {0.2, 0.4, 0.6, 0.8})
+        path.addPath(lines({{x, 0.38}, {x + 0.01, 0.38}}));
+    path.addPath(lines({{0.28, 0.62}, {0.72, 0.62}}));
+    return path;
+}
+
+QPainterPath speaker()
+{
+    QPainterPath path =
+        lines({{0.0, 0.36}, {0.2, 0.36}, {0.46, 0.12}, {0.46, 0.88}, {0.2, 0.64}, {0.0, 0.64}, {0.0, 0.36}});
+    for (const double radius : {0.2, 0.4}) {
+        const QRectF circle(0.46 - radius + 0.1, 0.5 - radius, 2 * radius, 2 * radius);
+        path.arcMoveTo(circle, 50);
+        path.arcTo(circle, 50, -100);
+    }
+    return path;
+}
+
 QPainterPath dot()
 {
     QPainterPath path;
@@ -281,6 +330,11 @@ constexpr Drawing drawings[] = {
     {QLatin1String("pin"), drawingPin},
     {QLatin1String("ellipsis"), threeDots},
     {QLatin1String("snowflake"), snowflake},
+    {QLatin1String("chevron.down"), chevronDown},
+    {QLatin1String("gearshape"), gear},
+    {QLatin1String("viewfinder"), viewfinder},
+    {QLatin1String("keyboard"), keyboardOutline},
+    {QLatin1String("speaker"), speaker},
 };
 
 QPainterPath pathNamed(const QString& name)

@@ -93,7 +93,7 @@ void HomeWindow::refresh()
     for (const auto& [row, entry] : m_commands) {
         row->setEnabled(m_handlers.isEnabled(entry));
         const auto combo = HotkeySettings::combo(m_preferences, entry);
-        row->setKeys(combo ? combo->text() : QString());
+        row->setKeys(combo ? combo->text() : QString(entry.windowKeys));
     }
 }
 

@@ -88,12 +88,12 @@ TEST_F(ThrowingJobsTest, WhoeverWaitsForAJobIsAnsweredWhenMemoryIsShort)
     CaptureOutput output(loop, workers, preferences, desktop.displays(), clipboard, desktop.fileManager(),
                          std::make_shared<ReservationJournal>(folder / "journal"), folder / "rescue");
     EditorSaves editorSaves(loop, workers);
-    SaveWithPanel panel(loop, workers, desktop.savePanel(), desktop.fileManager());
+    SaveWithPanel panel(loop, workers, desktop.filePanel(), desktop.fileManager());
     FileTokenStore tokens(loop, workers, folder.path());
     SelectionCapture selection(loop, workers, desktop.windows());
     WindowBackdropCompositor backdrop(loop, workers, desktop.picture(), desktop.displays(), preferences);
     TextCommand textCommand(loop, workers, engine, codes);
-    desktop.savePanel().choice = folder / "chosen.png";
+    desktop.filePanel().choice = folder / "chosen.png";
     const QString file = pictureFile("picture.png");
     pictureFile("token");
     const auto yesOrNo = [](const Answer& answer) { return [answer](bool is) { answer(is ? "yes" : "no"); }; };

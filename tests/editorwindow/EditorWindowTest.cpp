@@ -75,7 +75,7 @@ struct EditorWindowTest : testing::Test {
     Testing::FakeWorkers workers;
     Testing::FakeDesktop desktop{loop};
     Ports ports;
-    EditorServices services{loop, workers, preferences, desktop.savePanel(), ports};
+    EditorServices services{loop, workers, preferences, desktop.filePanel(), ports};
     std::unique_ptr<EditorWindow> window;
 };
 

@@ -1,8 +1,8 @@
 #include "editorwindow/tools/StylePanel.h"
-#include "editorwindow/tools/SymbolButton.h"
 #include "editorwindow/tools/ToolKeys.h"
 #include "editorwindow/tools/ToolPalette.h"
 #include "tests/support/TempFolder.h"
+#include "ui/controls/SymbolButton.h"
 
 #include <QKeyEvent>
 #include <QSlider>

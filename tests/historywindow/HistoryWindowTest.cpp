@@ -40,7 +40,7 @@ struct HistoryWindowTest : Testing::HistoryFixture {
         store().moveToList({id(3)}, list);
         index.set({line("the total is 42")}, id(2));
         actions = std::make_unique<HistoryActions>(HistoryActions::Services{
-            loop, workers, run->preferences, store(), ports, desktop.savePanel(), desktop.fileManager()});
+            loop, workers, run->preferences, store(), ports, desktop.filePanel(), desktop.fileManager()});
         window = std::make_unique<HistoryWindow>(HistoryViewServices{
             .loop = loop,
             .workers = workers,

@@ -134,4 +134,19 @@ TEST_F(GlobalHotkeyManagerTest, SignedOutTheKeysAreLeftToOthers)
     EXPECT_EQ(syncs, 2) << "the desktop gets its shortcuts back";
 }
 
+TEST_F(GlobalHotkeyManagerTest, ARefusalNamesTheCommandThatHasTheKeys)
+{
+    int passes = 0;
+    const Subscription passing = hotkeys->onPass([&] { ++passes; });
+    keys.ownedByOthers = {preferences.get(Settings::hotkeyHistory)->stored()};
+    hotkeys->registerAll();
+    preferences.set(Settings::hotkeyLastArea, preferences.get(Settings::hotkeyArea));
+    EXPECT_EQ(passes, 2);
+    EXPECT_EQ(hotkeys->rival(HotkeyAction::lastArea), HotkeyAction::area);
+    EXPECT_TRUE(hotkeys->isRefused(HotkeyAction::history));
+    EXPECT_EQ(hotkeys->rival(HotkeyAction::history), std::nullopt) << "another program's";
+    preferences.set(Settings::hotkeyArea, std::nullopt);
+    EXPECT_FALSE(hotkeys->isRefused(HotkeyAction::lastArea));
+}
+
 } // namespace Kovrel

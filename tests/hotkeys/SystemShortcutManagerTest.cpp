@@ -189,4 +189,15 @@ TEST_F(SystemShortcutManagerTest, AnEndWhileTheDesktopIsAskedLeavesItAsItWas)
     EXPECT_EQ(desktop->bindings, usual);
 }
 
+TEST_F(SystemShortcutManagerTest, WhatIsGivenBackStaysTheDesktopsAndOtherHotkeysOurs)
+{
+    after([&] { run->shortcuts.startMaintaining(); });
+    EXPECT_EQ(run->shortcuts.borrowedKeys(), (QStringList{"Super+Shift+3", "Super+Shift+4", "Super+Shift+5"}));
+    EXPECT_EQ(after([&] { run->shortcuts.giveBack(); }), usual);
+    EXPECT_EQ(run->shortcuts.borrowedKeys(), QStringList());
+    EXPECT_FALSE(run->preferences.get(Settings::hotkeyArea));
+    EXPECT_TRUE(run->preferences.get(Settings::hotkeyLastArea));
+    EXPECT_EQ(after([&] { run->shortcuts.syncOwnership(); }), usual) << "not taken again";
+}
+
 } // namespace Kovrel

@@ -18,7 +18,7 @@ struct SaveWithPanelTest : testing::Test {
     Testing::FakeWorkers workers;
     Testing::TempFolder folder;
     Testing::FakeDesktop desktop{loop};
-    Testing::FakeSavePanel& panel = desktop.savePanel();
+    Testing::FakeFilePanel& panel = desktop.filePanel();
     Testing::FakeFileManager& files = desktop.fileManager();
     SaveWithPanel saving{loop, workers, panel, files};
     QStringList saved;

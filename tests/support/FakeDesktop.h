@@ -6,12 +6,13 @@
 #include "tests/support/desktop/FakeDesktopPicture.h"
 #include "tests/support/desktop/FakeDisplays.h"
 #include "tests/support/desktop/FakeFileManager.h"
+#include "tests/support/desktop/FakeFilePanel.h"
 #include "tests/support/desktop/FakeFilePrograms.h"
 #include "tests/support/desktop/FakeKeyGrabs.h"
+#include "tests/support/desktop/FakeLoginItem.h"
 #include "tests/support/desktop/FakeOverlaySurfaces.h"
 #include "tests/support/desktop/FakePanelShapes.h"
 #include "tests/support/desktop/FakePointer.h"
-#include "tests/support/desktop/FakeSavePanel.h"
 #include "tests/support/desktop/FakeScreenLock.h"
 #include "tests/support/desktop/FakeScreenPixels.h"
 #include "tests/support/desktop/FakeTokenStore.h"
@@ -31,7 +32,7 @@ public:
           m_windows(loop),
           m_picture(loop),
           m_programs(loop),
-          m_savePanel(loop),
+          m_filePanel(loop),
           m_secrets(loop),
           m_tools(loop)
     {
@@ -61,7 +62,7 @@ public:
 
     FakeFilePrograms& programs() override { return m_programs; }
 
-    FakeSavePanel& savePanel() override { return m_savePanel; }
+    FakeFilePanel& filePanel() override { return m_filePanel; }
 
     FakeTokenStore& secrets() { return m_secrets; }
 
@@ -69,7 +70,10 @@ public:
 
     std::shared_ptr<ShortcutSwitches> shortcuts() override { return switches; }
 
+    std::shared_ptr<LoginItem> loginItem() override { return login; }
+
     std::shared_ptr<ShortcutSwitches> switches;
+    std::shared_ptr<FakeLoginItem> login = std::make_shared<FakeLoginItem>();
 
 private:
     FakeDisplays m_displays;
@@ -84,7 +88,7 @@ private:
     FakeClipboard m_clipboard;
     FakeFileManager m_fileManager;
     FakeFilePrograms m_programs;
-    FakeSavePanel m_savePanel;
+    FakeFilePanel m_filePanel;
     FakeTokenStore m_secrets;
     FakeToolProcess m_tools;
 };

@@ -4,6 +4,7 @@
 #include "app/foundation/AppPaths.h"
 #include "platform/session/DesktopSession.h"
 #include "ports/AccountStatus.h"
+#include "settings/pages/CapturePage.h"
 
 #include <QCoreApplication>
 
@@ -92,12 +93,9 @@ void CaptureFeature::capture(const Invocation& invocation, const Reply<CommandAn
         start();
 }
 
-std::vector<SettingsPage> CaptureFeature::settingsPages() const
+std::vector<SettingsPage> CaptureFeature::settingsPages()
 {
-    using namespace Settings;
-    return {{.title = QCoreApplication::translate("SettingsPage", "Capture"),
-             .keys = {freezeScreenDuringSelection.name, showCursorInCapture.name, hideChromeFromRecordings.name,
-                      selfTimerSeconds.name, windowBackdropStyle.name, windowBackdropColorHex.name}}};
+    return {CapturePage::make(m_foundation.preferences)};
 }
 
 std::unique_ptr<Feature> makeCaptureFeature(Foundation& foundation, Ports& ports)

@@ -17,7 +17,7 @@ public:
     CaptureFeature(Foundation& foundation, Ports& ports);
 
     std::vector<CommandHandler> commands() override;
-    std::vector<SettingsPage> settingsPages() const override;
+    std::vector<SettingsPage> settingsPages() override;
     void prewarm() override;
 
 private:

@@ -6,6 +6,7 @@
 #include "ports/CaptureDelivery.h"
 #include "ports/Captures.h"
 #include "ports/Toasts.h"
+#include "settings/pages/CardsPage.h"
 
 #include <QCoreApplication>
 
@@ -76,13 +77,9 @@ QString CardsFeature::reopenKeys() const
     return keys ? keys->text() : tr(entry.label);
 }
 
-std::vector<SettingsPage> CardsFeature::settingsPages() const
+std::vector<SettingsPage> CardsFeature::settingsPages()
 {
-    using namespace Settings;
-    return {{.title = tr("Cards"),
-             .keys = {previewDurationSeconds.name, previewAutoCloseAction.name, previewPosition.name,
-                      previewsFollowMouse.name},
-             .help = PreviewDuration::helpText(reopenKeys())}};
+    return {CardsPage::make(m_foundation.preferences, PreviewDuration::helpText(reopenKeys()))};
 }
 
 void CardsFeature::start(const Launch&)

@@ -17,7 +17,7 @@ public:
     CardsFeature(Foundation& foundation, Ports& ports);
 
     std::vector<CommandHandler> commands() override;
-    std::vector<SettingsPage> settingsPages() const override;
+    std::vector<SettingsPage> settingsPages() override;
     void start(const Launch& launch) override;
 
 private:

@@ -1,20 +1,22 @@
 #include "app/features/EditorFeature.h"
 
+#include "settings/pages/EditorPage.h"
+
 #include <QCoreApplication>
 
 namespace Kovrel {
 
 EditorFeature::EditorFeature(Foundation& foundation, Ports& ports)
-    : m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->savePanel(), ports,
+    : m_foundation(foundation),
+      m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->filePanel(), ports,
                  &foundation.desktop->programs()})
 {
     ports.editors.offer(m_windows);
 }
 
-std::vector<SettingsPage> EditorFeature::settingsPages() const
+std::vector<SettingsPage> EditorFeature::settingsPages()
 {
-    return {{QCoreApplication::translate("EditorFeature", "Editor"),
-             {Settings::escCopiesAndCloses.name, Settings::highlighterAutoSize.name, Settings::measureUnit.name}}};
+    return {EditorPage::make(m_foundation.preferences)};
 }
 
 void EditorFeature::finishPending(std::chrono::milliseconds deadline, std::function<void()> done)

@@ -12,10 +12,11 @@ class EditorFeature : public Feature {
 public:
     EditorFeature(Foundation& foundation, Ports& ports);
 
-    std::vector<SettingsPage> settingsPages() const override;
+    std::vector<SettingsPage> settingsPages() override;
     void finishPending(std::chrono::milliseconds deadline, std::function<void()> done) override;
 
 private:
+    Foundation& m_foundation;
     EditorWindows m_windows;
 };
 

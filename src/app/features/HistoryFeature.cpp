@@ -9,8 +9,10 @@
 #include "platform/Pointer.h"
 #include "ports/CaptureDelivery.h"
 #include "ports/Captures.h"
+#include "ports/ProgramCommands.h"
 #include "ports/TextReader.h"
 #include "ports/Toasts.h"
+#include "settings/pages/HistoryPage.h"
 
 #include <QCoreApplication>
 
@@ -68,7 +70,7 @@ void HistoryFeature::makeWindows()
 {
     m_actions = std::make_unique<HistoryActions>(
         HistoryActions::Services{m_foundation.loop, m_foundation.workers, m_foundation.preferences, m_store, m_ports,
-                                 m_foundation.desktop->savePanel(), m_foundation.desktop->fileManager()});
+                                 m_foundation.desktop->filePanel(), m_foundation.desktop->fileManager()});
     const HistoryFiles files(AppPaths::historyFolder());
     m_windows = std::make_unique<HistoryWindows>(HistoryViewServices{
         .loop = m_foundation.loop,
@@ -82,6 +84,11 @@ void HistoryFeature::makeWindows()
         .dragFile = [this](QUuid id) { return m_draggable.value(id); },
         .prepareDragFiles = [this](const QList<QUuid>& ids) { prepareDragFiles(ids); },
         .captureKeys = [this] { return captureKeys(); },
+        .openSettings =
+            [this] {
+                const MenuEntry settings{.label = "", .action = "", .arguments = {"settings", "history"}};
+                m_ports.commands.tell(&ProgramCommands::perform, settings, false);
+            },
     });
     m_ports.chrome.push_back(m_windows.get());
 }
@@ -155,10 +162,11 @@ void HistoryFeature::runHistory(const Command& command, const Reply<CommandAnswe
         m_foundation, Lane::utility, [command, history] { return HistoryCommand::run(command, history); }, reply);
 }
 
-std::vector<SettingsPage> HistoryFeature::settingsPages() const
+std::vector<SettingsPage> HistoryFeature::settingsPages()
 {
-    using namespace Settings;
-    return {{.title = tr("History"), .keys = {historyEnabled.name, historyRetentionCount.name, historyAllName.name}}};
+    return {HistoryPage::make({.preferences = m_foundation.preferences,
+                               .unsavedCount = [this] { return m_store.unsavedCount(); },
+                               .surplusOf = [this](int retention) { return m_store.surplusOf(retention); }})};
 }
 
 void HistoryFeature::start(const Launch&)

@@ -17,7 +17,7 @@ public:
     HistoryFeature(Foundation& foundation, Ports& ports);
 
     std::vector<CommandHandler> commands() override;
-    std::vector<SettingsPage> settingsPages() const override;
+    std::vector<SettingsPage> settingsPages() override;
     void start(const Launch& launch) override;
     void prewarmLater() override;
     void finishPending(std::chrono::milliseconds deadline, std::function<void()> done) override;

@@ -6,6 +6,7 @@
 #include "ports/AccountStatus.h"
 #include "ports/ProgramCommands.h"
 #include "ports/Toasts.h"
+#include "settings/pages/ShortcutsPage.h"
 
 #include <QCoreApplication>
 
@@ -51,10 +52,21 @@ void HotkeysFeature::perform(const MenuEntry& entry)
 std::optional<QString> HotkeysFeature::refusal(const QString& setting) const
 {
     for (const MenuEntry& entry : CommandTable::menuInHotkeyOrder())
-        if (HotkeySettings::keyOf(*entry.hotkey).name == setting && m_hotkeys.isRefused(*entry.hotkey))
-            return HotkeySettings::combo(m_foundation.preferences, entry).value_or(KeyCombo()).text() +
-                   " belongs to another program or command; it is tried again when that lets it go";
+        if (HotkeySettings::keyOf(*entry.hotkey).name == setting)
+            return reasonOf(*entry.hotkey);
     return std::nullopt;
+}
+
+std::optional<QString> HotkeysFeature::reasonOf(HotkeyAction action) const
+{
+    if (!m_hotkeys.isRefused(action))
+        return std::nullopt;
+    const auto keys =
+        HotkeySettings::combo(m_foundation.preferences, CommandTable::entryOf(action)).value_or(KeyCombo());
+    if (const auto rival = m_hotkeys.rival(action))
+        return tr("%1 belongs to “%2” already")
+            .arg(keys.text(), QCoreApplication::translate("CommandTable", CommandTable::entryOf(*rival).label));
+    return tr("%1 belongs to another program; it is tried again when that lets it go").arg(keys.text());
 }
 
 // Each once: who presses the key would wait for a capture that never comes.
@@ -117,13 +129,15 @@ void HotkeysFeature::prepareToEnd()
     m_shortcuts.reconcile({});
 }
 
-std::vector<SettingsPage> HotkeysFeature::settingsPages() const
+std::vector<SettingsPage> HotkeysFeature::settingsPages()
 {
-    using namespace Settings;
-    return {
-        {.title = QCoreApplication::translate("SettingsPage", "Hotkeys"),
-         .keys = {hotkeyArea.name, hotkeyWindow.name, hotkeyFullScreen.name, hotkeyLastArea.name, hotkeySelfTimer.name,
-                  hotkeyExtractText.name, hotkeyPickColor.name, hotkeyHistory.name, hotkeyReopenClosedCapture.name}}};
+    return {ShortcutsPage::make({.keys = m_foundation.desktop->keys(),
+                                 .preferences = m_foundation.preferences,
+                                 .refusal = [this](HotkeyAction action) { return reasonOf(action); },
+                                 .onRefusals = [this](auto changed) { return m_hotkeys.onPass(std::move(changed)); },
+                                 .canBorrow = m_shortcuts.canSwitch(),
+                                 .borrowed = [this] { return m_shortcuts.borrowedKeys(); },
+                                 .giveBack = [this] { m_shortcuts.giveBack(); }})};
 }
 
 std::unique_ptr<Feature> makeHotkeysFeature(Foundation& foundation, Ports& ports)

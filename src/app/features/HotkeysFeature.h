@@ -22,7 +22,7 @@ public:
     HotkeysFeature(Foundation& foundation, Ports& ports);
 
     void start(const Launch& launch) override;
-    std::vector<SettingsPage> settingsPages() const override;
+    std::vector<SettingsPage> settingsPages() override;
     void finishPending(std::chrono::milliseconds deadline, std::function<void()> done) override;
     void prepareToEnd() override;
 
@@ -34,6 +34,7 @@ private:
     bool isSignedIn() const;
     void takeKeys();
     void tellRefusals();
+    std::optional<QString> reasonOf(HotkeyAction action) const;
 
     Foundation& m_foundation;
     const Ports& m_ports;

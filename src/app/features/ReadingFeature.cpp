@@ -4,6 +4,7 @@
 #include "app/foundation/CommandJob.h"
 #include "platform/plugins/PluginTextRecogniser.h"
 #include "recognition/text/PatientRecogniser.h"
+#include "settings/pages/TextPage.h"
 
 #include <QCoreApplication>
 
@@ -48,10 +49,10 @@ std::vector<CommandHandler> ReadingFeature::commands()
     };
 }
 
-std::vector<SettingsPage> ReadingFeature::settingsPages() const
+std::vector<SettingsPage> ReadingFeature::settingsPages()
 {
-    using namespace Settings;
-    return {{.title = QCoreApplication::translate("SettingsPage", "Text"), .keys = {textLanguages.name}}};
+    return {TextPage::make(m_foundation.preferences,
+                           [this](const Reply<QStringList>& reply) { m_recognition.installedLanguages(reply); })};
 }
 
 std::unique_ptr<Feature> makeReadingFeature(Foundation& foundation, Ports& ports)

@@ -17,7 +17,7 @@ public:
     ReadingFeature(Foundation& foundation, Ports& ports);
 
     std::vector<CommandHandler> commands() override;
-    std::vector<SettingsPage> settingsPages() const override;
+    std::vector<SettingsPage> settingsPages() override;
 
 private:
     Foundation& m_foundation;

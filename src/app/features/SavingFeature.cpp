@@ -4,6 +4,7 @@
 #include "platform/files/HiddenFile.h"
 #include "platform/files/PrivateFolder.h"
 #include "saving/DragFiles.h"
+#include "settings/pages/SavingPage.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -56,12 +57,10 @@ void SavingFeature::finishPending(std::chrono::milliseconds deadline, std::funct
     });
 }
 
-std::vector<SettingsPage> SavingFeature::settingsPages() const
+std::vector<SettingsPage> SavingFeature::settingsPages()
 {
-    using namespace Settings;
-    return {{.title = QCoreApplication::translate("SettingsPage", "Saving"),
-             .keys = {afterCaptureActions.name, saveLocationBookmark.name, fileNameTemplate.name, imageFormat.name,
-                      saveFormatAuto.name, jpegQuality.name, retinaDownscale.name}}};
+    return SavingPage::make(
+        {m_foundation.loop, m_foundation.workers, m_foundation.desktop->filePanel(), m_foundation.preferences});
 }
 
 std::unique_ptr<Feature> makeSavingFeature(Foundation& foundation, Ports& ports)

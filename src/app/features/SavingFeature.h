@@ -14,7 +14,7 @@ class SavingFeature : public Feature {
 public:
     SavingFeature(Foundation& foundation, Ports& ports);
 
-    std::vector<SettingsPage> settingsPages() const override;
+    std::vector<SettingsPage> settingsPages() override;
     void start(const Launch& launch) override;
     void finishPending(std::chrono::milliseconds deadline, std::function<void()> done) override;
 

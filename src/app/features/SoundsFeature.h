@@ -11,9 +11,10 @@ namespace Kovrel {
 class SoundsFeature : public Feature {
 public:
     SoundsFeature(Foundation& foundation, Ports& ports);
-    std::vector<SettingsPage> settingsPages() const override;
+    std::vector<SettingsPage> settingsPages() override;
 
 private:
+    Preferences& m_preferences;
     CaptureSounds m_sounds;
 };
 

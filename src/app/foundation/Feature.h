@@ -2,8 +2,8 @@
 
 #include "app/foundation/CommandHandler.h"
 #include "app/foundation/Launch.h"
-#include "app/foundation/SettingsPage.h"
 #include "app/foundation/UrlHandler.h"
+#include "settings/rows/SettingsPage.h"
 
 #include <chrono>
 #include <functional>
@@ -23,7 +23,8 @@ public:
 
     virtual std::vector<UrlHandler> urlHandlers() { return {}; }
 
-    virtual std::vector<SettingsPage> settingsPages() const { return {}; }
+    // What users may change of it. Asked when the settings are to be seen; what is handed out lives as long as it does.
+    virtual std::vector<SettingsPage> settingsPages() { return {}; }
 
     virtual void start(const Launch&) {}
 

@@ -3,7 +3,7 @@
 #include "editorwindow/backdrop/AlignmentPad.h"
 #include "editorwindow/backdrop/LightPad.h"
 #include "editorwindow/tools/ChoiceButton.h"
-#include "editorwindow/tools/ColorWell.h"
+#include "ui/controls/ColorWell.h"
 #include "ui/Label.h"
 #include "ui/tokens/Metrics.h"
 

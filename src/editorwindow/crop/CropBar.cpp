@@ -4,7 +4,7 @@
 #include "editor/crop/CropShapes.h"
 #include "editorwindow/crop/CropSizeMenu.h"
 #include "editorwindow/tools/ChoiceButton.h"
-#include "editorwindow/tools/SymbolButton.h"
+#include "ui/controls/SymbolButton.h"
 #include "ui/PrimaryButton.h"
 #include "ui/RowButton.h"
 #include "ui/tokens/Metrics.h"

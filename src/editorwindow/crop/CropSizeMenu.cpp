@@ -1,7 +1,7 @@
 #include "editorwindow/crop/CropSizeMenu.h"
 
 #include "editor/crop/CropSizes.h"
-#include "editorwindow/tools/SymbolButton.h"
+#include "ui/controls/SymbolButton.h"
 #include "ui/Ground.h"
 #include "ui/Label.h"
 #include "ui/RowButton.h"

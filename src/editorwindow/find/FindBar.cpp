@@ -1,7 +1,7 @@
 #include "editorwindow/find/FindBar.h"
 
 #include "editorwindow/tools/ChoiceButton.h"
-#include "editorwindow/tools/SymbolButton.h"
+#include "ui/controls/SymbolButton.h"
 #include "ui/Label.h"
 #include "ui/PrimaryButton.h"
 #include "ui/Symbols.h"

@@ -1,12 +1,12 @@
 #include "editorwindow/tools/AmountSlider.h"
 
+#include "ui/controls/Slider.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Typography.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
-#include <QSlider>
 
 #include <cmath>
 
@@ -33,7 +33,7 @@ QLabel* makeLabel(const QString& text)
 } // namespace
 
 AmountSlider::AmountSlider(const QString& name, Range range, std::function<QString(double)> format)
-    : m_range(range), m_format(std::move(format)), m_name(makeLabel(name)), m_slider(new QSlider(Qt::Horizontal))
+    : m_range(range), m_format(std::move(format)), m_name(makeLabel(name)), m_slider(new Slider)
 {
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -42,7 +42,7 @@ AmountSlider::AmountSlider(const QString& name, Range range, std::function<QStri
     layout->addWidget(m_slider, 1);
     m_slider->setRange(stepsOf(range.least, range.step), stepsOf(range.most, range.step));
     m_slider->setMinimumWidth(m_format ? shortestLength : usualLength);
-    m_slider->setFocusPolicy(Qt::TabFocus);
+    m_slider->setFocusPolicy(Qt::TabFocus); // clicks leave the keyboard where it is
     m_slider->setAccessibleName(name);
     if (m_format) {
         m_value = makeLabel({});
@@ -51,11 +51,11 @@ AmountSlider::AmountSlider(const QString& name, Range range, std::function<QStri
         m_value->setMinimumWidth(m_value->fontMetrics().horizontalAdvance(widestValue));
         layout->addWidget(m_value);
     }
-    connect(m_slider, &QSlider::valueChanged, this, [this](int steps) {
+    connect(m_slider, &Slider::valueChanged, this, [this](int steps) {
         showValue();
         Q_EMIT amountChosen(steps * m_range.step);
     });
-    connect(m_slider, &QSlider::sliderReleased, this, &AmountSlider::finished);
+    connect(m_slider, &Slider::sliderReleased, this, &AmountSlider::finished);
     showValue();
 }
 

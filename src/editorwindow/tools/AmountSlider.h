@@ -5,9 +5,10 @@
 #include <functional>
 
 class QLabel;
-class QSlider;
 
 namespace Kovrel {
+
+class Slider;
 
 // An amount to be chosen: its name, a slider, and, where a format is given, what it says. Clicks leave the keyboard to
 // whoever has it. Main thread.
@@ -44,7 +45,7 @@ private:
     Range m_range;
     std::function<QString(double)> m_format;
     QLabel* m_name;
-    QSlider* m_slider;
+    Slider* m_slider;
     QLabel* m_value = nullptr;
 };
 

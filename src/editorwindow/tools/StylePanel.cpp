@@ -1,7 +1,7 @@
 #include "editorwindow/tools/StylePanel.h"
 
-#include "editorwindow/tools/ColorWell.h"
-#include "editorwindow/tools/SymbolButton.h"
+#include "ui/controls/ColorWell.h"
+#include "ui/controls/SymbolButton.h"
 #include "ui/tokens/Metrics.h"
 
 #include <QHBoxLayout>

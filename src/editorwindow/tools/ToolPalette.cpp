@@ -1,8 +1,8 @@
 #include "editorwindow/tools/ToolPalette.h"
 
-#include "editorwindow/tools/SymbolButton.h"
 #include "editorwindow/tools/TabStop.h"
 #include "editorwindow/tools/ToolKeys.h"
+#include "ui/controls/SymbolButton.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 

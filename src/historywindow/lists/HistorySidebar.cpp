@@ -100,6 +100,7 @@ void HistorySidebar::fillTimelineMenu(QMenu& menu)
     menu.addSeparator();
     menu.addAction(tr("Delete All That Is in No List\u2026"), this, &HistorySidebar::clearingWanted);
     menu.addAction(tr("Turn Off History\u2026"), this, &HistorySidebar::turningOffWanted);
+    menu.addAction(tr("History Settings\u2026"), this, &HistorySidebar::settingsWanted);
 }
 
 void HistorySidebar::fillListMenu(QMenu& menu, QUuid list)

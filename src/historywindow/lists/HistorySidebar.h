@@ -32,6 +32,7 @@ Q_SIGNALS:
     // All that is in no list.
     void clearingWanted();
     void turningOffWanted();
+    void settingsWanted();
 
 private:
     void showMenu(const QPoint& position);

@@ -22,6 +22,11 @@ TextRecogniser::Outcome PluginTextRecogniser::recognise(const QImage& picture, c
                   : std::unexpected(Failure{loaded.error(), Failure::Reason::notInstalled});
 }
 
+QStringList PluginTextRecogniser::installedLanguages()
+{
+    return load() ? m_recogniser->installedLanguages() : QStringList();
+}
+
 void PluginTextRecogniser::releaseMemory()
 {
     if (m_recogniser)

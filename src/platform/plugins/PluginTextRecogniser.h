@@ -11,6 +11,7 @@ namespace Kovrel {
 class PluginTextRecogniser : public TextRecogniser {
 public:
     Outcome recognise(const QImage& picture, const Request& request) override;
+    QStringList installedLanguages() override;
     void releaseMemory() override;
 
     // What the plugin exports, as `kovrelMakeTextRecogniser`.

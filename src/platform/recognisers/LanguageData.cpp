@@ -1,5 +1,7 @@
 #include "platform/recognisers/LanguageData.h"
 
+#include "model/RecogniserLanguage.h"
+
 #include <QDir>
 #include <QLocale>
 
@@ -89,25 +91,12 @@ QString builtInFolder()
     return QString::fromUtf8(library.GetDatapath());
 }
 
-// The name of the model for a language, "de-AT" or "deu" say.
-QString modelName(const QString& language)
-{
-    QString tag = language.trimmed();
-    tag.replace('_', '-');
-    const QString code = tag.section('-', 0, 0).toLower();
-    if (code == "zh")
-        return tag.contains("TW") || tag.contains("HK") || tag.contains("Hant") ? "chi_tra" : "chi_sim";
-    if (code == "nb" || code == "nn" || code == "no")
-        return "nor";
-    const QString threeLetters = QLocale::languageToCode(QLocale::codeToLanguage(code), QLocale::ISO639Part2T);
-    return code.size() == 2 && !threeLetters.isEmpty() ? threeLetters : language.trimmed();
-}
-
 QStringList modelsOf(const QStringList& languages, const QStringList& available)
 {
     QStringList models;
     for (const QString& language : languages)
-        if (const QString model = modelName(language); available.contains(model) && !models.contains(model))
+        if (const QString model = RecogniserLanguage::model(language);
+            available.contains(model) && !models.contains(model))
             models << model;
     return models;
 }

@@ -313,6 +313,11 @@ TextRecogniser::Outcome TesseractRecogniser::recognise(const QImage& picture, co
 }
 
 // The models are made of small pieces, which the allocator would keep: 80 MB of a program of 36, instead of 46.
+QStringList TesseractRecogniser::installedLanguages()
+{
+    return LanguageData::installed();
+}
+
 void TesseractRecogniser::releaseMemory()
 {
     m_engines.clear();

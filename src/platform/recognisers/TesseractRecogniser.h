@@ -10,6 +10,8 @@ class TesseractRecogniser : public TextRecogniser {
 public:
     Outcome recognise(const QImage& picture, const Request& request) override;
 
+    QStringList installedLanguages() override;
+
     void releaseMemory() override;
 
 private:

@@ -1,5 +1,6 @@
 #include "platform/session/X11Desktop.h"
 
+#include "platform/desktop/AutostartEntry.h"
 #include "platform/desktop/DesktopShortcuts.h"
 #include "platform/plugins/PluginFileOpener.h"
 #include "platform/wallpaper/WallpaperSettings.h"
@@ -54,6 +55,11 @@ X11Desktop::X11Desktop(MainLoop& loop, Workers& workers, const std::shared_ptr<X
 std::shared_ptr<ShortcutSwitches> X11Desktop::shortcuts()
 {
     return DesktopShortcuts::find();
+}
+
+std::shared_ptr<LoginItem> X11Desktop::loginItem()
+{
+    return std::make_shared<AutostartEntry>(AutostartEntry::usualPath(), AutostartEntry::thisProgram());
 }
 
 // The X server tells of displays that come, go and move; their scale is Qt's to know.

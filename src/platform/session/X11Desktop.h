@@ -3,7 +3,7 @@
 #include "platform/Desktop.h"
 #include "platform/desktop/DBusFileManager.h"
 #include "platform/desktop/DBusScreenLock.h"
-#include "platform/desktop/QtSavePanel.h"
+#include "platform/desktop/QtFilePanel.h"
 #include "platform/desktop/SpawnedToolProcess.h"
 #include "platform/desktop/WorkerFilePrograms.h"
 #include "platform/x11/X11Clipboard.h"
@@ -52,11 +52,12 @@ public:
 
     FilePrograms& programs() override { return m_programs; }
 
-    SavePanel& savePanel() override { return m_savePanel; }
+    FilePanel& filePanel() override { return m_filePanel; }
 
     ToolProcess& tools() override { return m_tools; }
 
     std::shared_ptr<ShortcutSwitches> shortcuts() override;
+    std::shared_ptr<LoginItem> loginItem() override;
 
 private:
     // The connection is that of the capture lane.
@@ -78,7 +79,7 @@ private:
     X11Clipboard m_clipboard;
     DBusFileManager m_fileManager;
     WorkerFilePrograms m_programs;
-    QtSavePanel m_savePanel;
+    QtFilePanel m_filePanel;
     SpawnedToolProcess m_tools;
     QObject m_context; // of connections to what outlives us
 };

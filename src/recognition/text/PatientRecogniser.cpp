@@ -104,6 +104,13 @@ TextRecogniser::Outcome PatientRecogniser::recognise(const QImage& picture, cons
                 request.stop.stop_requested() ? Failure::Reason::cancelled : Failure::Reason::failed});
 }
 
+QStringList PatientRecogniser::installedLanguages()
+{
+    if (!m_recogniser)
+        m_recogniser = m_make();
+    return m_recogniser->installedLanguages();
+}
+
 void PatientRecogniser::releaseMemory()
 {
     if (m_recogniser)

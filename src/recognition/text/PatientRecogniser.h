@@ -25,6 +25,7 @@ public:
     PatientRecogniser(Make make, Patience patience) : m_make(std::move(make)), m_patience(patience) {}
 
     Outcome recognise(const QImage& picture, const Request& request) override;
+    QStringList installedLanguages() override;
     void releaseMemory() override;
 
 private:

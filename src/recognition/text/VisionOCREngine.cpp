@@ -1,6 +1,7 @@
 #include "recognition/text/VisionOCREngine.h"
 
 #include "platform/Guarded.h"
+#include "platform/ReplyFromWorker.h"
 #include "recognition/text/TextObservations.h"
 
 #include <QLoggingCategory>
@@ -55,6 +56,13 @@ VisionOCREngine::~VisionOCREngine()
 {
     m_loop.cancel(m_rest);
     m_end.request_stop();
+}
+
+void VisionOCREngine::installedLanguages(Reply<QStringList> reply)
+{
+    replyFromWorker<QStringList>(
+        m_loop, m_workers, Lane::visionOCR,
+        [recogniser = m_recogniser]() noexcept { return recogniser->installedLanguages(); }, std::move(reply));
 }
 
 void VisionOCREngine::prewarm()

@@ -16,6 +16,9 @@ public:
                     std::function<QStringList()> languages);
     ~VisionOCREngine();
 
+    // See TextRecogniser; asked behind what is being read.
+    void installedLanguages(Reply<QStringList> reply);
+
     // Loads the recogniser's models, by reading a picture without text.
     void prewarm();
 

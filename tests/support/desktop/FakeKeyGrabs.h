@@ -31,6 +31,19 @@ public:
             onRequest("release " + released.mapped().first.text());
     }
 
+    std::expected<Subscription, Status> listen(std::function<void(Typed)> typed) override
+    {
+        if (isHeldByAnother)
+            return std::unexpected(1);
+        return m_listeners.add(std::move(typed));
+    }
+
+    bool isHeldByAnother = false; // the whole keyboard
+
+    bool isListenedTo() const { return !m_listeners.isEmpty(); }
+
+    void type(quint32 modifiers, std::optional<quint32> keyCode) { m_listeners.notify({modifiers, keyCode}); }
+
     Subscription onModifiersHeld(std::function<void()>) override { return {}; }
 
     Subscription onLayoutChange(std::function<void()> callback) override
@@ -78,6 +91,7 @@ private:
 
     std::map<GrabID, std::pair<KeyCombo, Handlers>> m_grabs;
     GrabID m_last = 0;
+    Observers<Typed> m_listeners;
     Observers<> m_layoutObservers;
     Observers<> m_takeoverObservers;
 };

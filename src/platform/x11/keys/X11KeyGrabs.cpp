@@ -15,6 +15,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "com.kovrel.desktop")
 
+constexpr KeyGrabs::GrabID noGrab = 0;
+
 constexpr auto keyboard = XCB_XKB_ID_USE_CORE_KBD;
 
 constexpr std::array everyModifier{KeyCombo::command, KeyCombo::shift, KeyCombo::option, KeyCombo::control};
@@ -43,6 +45,7 @@ uint8_t agreeOnRawKeys(const X11Connection& connection)
 X11KeyGrabs::X11KeyGrabs(MainLoop& loop, std::unique_ptr<X11Connection> connection)
     : m_connection(std::move(connection)),
       m_keyboard(*m_connection),
+      m_listening(*m_connection, m_keyboard),
       m_takeovers(loop, *m_connection,
                   {.ownKeys = [this] { return ownKeys(); }, .eventsMayWait = [this] { handleLater(); }})
 {
@@ -175,8 +178,10 @@ std::expected<KeyGrabs::GrabID, KeyGrabs::Status> X11KeyGrabs::grab(KeyCombo com
 {
     if (!m_notifier || !m_connection->isAlive())
         return std::unexpected(XCB_CONN_ERROR);
-    if (m_grabs.empty())
+    if (m_grabs.empty()) {
+        m_held.clear(); // nothing has told of their release
         listen(true);
+    }
     const GrabID id = ++m_lastGrab;
     Grab& grab = m_grabs.emplace(id, Grab{combo, modifiers, std::move(handlers)}).first->second;
     const Status status = take(id, grab);
@@ -198,6 +203,16 @@ void X11KeyGrabs::release(GrabID grab)
         return;
     listen(false);
     m_held.clear(); // nothing tells of their release any more
+}
+
+std::expected<Subscription, KeyGrabs::Status> X11KeyGrabs::listen(std::function<void(Typed)> typed)
+{
+    if (!m_notifier || !m_connection->isAlive())
+        return std::unexpected(XCB_CONN_ERROR);
+    m_held.clear(); // the listener hears of their release
+    auto listening = m_listening.listen(std::move(typed));
+    handleLater();
+    return listening;
 }
 
 // Grabs whose keys are the same on the new layout stay as they are.
@@ -267,16 +282,28 @@ void X11KeyGrabs::handleGrabbedKey(const xcb_generic_event_t& event)
 {
     const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event); // a release has the same layout
     m_time = key.time;
+    if (m_listening.isOn())
+        return handleListenedKey(key);
     if ((event.response_type & 0x7f) == XCB_KEY_PRESS)
         reported(key.detail);
     else
         released(key.detail);
 }
 
+// A key that is still down when the listener has gone is no new press of a hotkey.
+void X11KeyGrabs::handleListenedKey(const xcb_key_press_event_t& key)
+{
+    if ((key.response_type & 0x7f) == XCB_KEY_PRESS)
+        m_held.try_emplace(key.detail, HeldKey{noGrab});
+    else
+        m_held.erase(key.detail);
+    m_listening.handle(key);
+}
+
 void X11KeyGrabs::handleRawKey(const xcb_generic_event_t& event)
 {
     const auto& raw = reinterpret_cast<const xcb_input_raw_key_press_event_t&>(event);
-    if (raw.extension != m_rawKeyOpcode)
+    if (raw.extension != m_rawKeyOpcode || m_listening.isOn())
         return;
     m_time = raw.time;
     if (raw.event_type == XCB_INPUT_RAW_KEY_PRESS)

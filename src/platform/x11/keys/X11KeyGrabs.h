@@ -2,6 +2,7 @@
 
 #include "platform/KeyGrabs.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/keys/X11KeyListening.h"
 #include "platform/x11/keys/X11Keyboard.h"
 #include "platform/x11/keys/X11TakeoverWatch.h"
 
@@ -31,6 +32,7 @@ public:
     std::expected<GrabID, Status> grab(KeyCombo combo, Handlers handlers,
                                        Modifiers modifiers = Modifiers::exact) override;
     void release(GrabID grab) override;
+    std::expected<Subscription, Status> listen(std::function<void(Typed)> typed) override;
 
     Subscription onModifiersHeld(std::function<void()> callback) override
     {
@@ -80,6 +82,7 @@ private:
     void handleLater();
     void handle(const xcb_generic_event_t& event);
     void handleGrabbedKey(const xcb_generic_event_t& event);
+    void handleListenedKey(const xcb_key_press_event_t& key);
     void handleRawKey(const xcb_generic_event_t& event);
     void handleKeyboardChange(const xcb_generic_event_t& event);
     void followLayout();
@@ -92,6 +95,7 @@ private:
 
     std::unique_ptr<X11Connection> m_connection;
     X11Keyboard m_keyboard;
+    X11KeyListening m_listening;
     uint8_t m_rawKeyOpcode = 0;
     uint8_t m_modifiers = 0; // that are down or locked now
     std::map<GrabID, Grab> m_grabs;

@@ -98,6 +98,7 @@ void X11Keyboard::readModifiers()
     for (int index = 0; index < 8 * answer->keycodes_per_modifier; ++index)
         keyModifiers[keys[index]] |= uint8_t(1 << (index / answer->keycodes_per_modifier));
     keyModifiers[0] = 0; // an empty place
+    m_keyModifiers = keyModifiers;
     const auto orUsual = [](uint8_t bit, uint8_t usual) { return bit ? bit : usual; };
     m_alt = orUsual(modifierOf(keyModifiers, {XKB_KEY_Alt_L, XKB_KEY_Alt_R}), XCB_MOD_MASK_1);
     m_super = orUsual(modifierOf(keyModifiers, {XKB_KEY_Super_L, XKB_KEY_Super_R}), XCB_MOD_MASK_4);
@@ -132,6 +133,16 @@ std::vector<xcb_keycode_t> X11Keyboard::keysFor(quint32 virtualKeyCode) const
         return bearing;
     const xkb_keycode_t inPlace = xkb_keymap_key_by_name(m_keymap.get(), known->place);
     return inPlace <= lastKey ? std::vector{xcb_keycode_t(inPlace)} : std::vector<xcb_keycode_t>();
+}
+
+std::optional<quint32> X11Keyboard::virtualKeyCode(xcb_keycode_t key) const
+{
+    if (modifierBits(key))
+        return std::nullopt;
+    for (const X11VirtualKey& known : X11VirtualKeys::all())
+        if (const auto keys = keysFor(known.code); std::ranges::find(keys, key) != keys.end())
+            return known.code;
+    return key < xOfLinuxKey ? std::nullopt : std::optional(KeyCombo::firstLinuxKey + key - xOfLinuxKey);
 }
 
 std::vector<xcb_keycode_t> X11Keyboard::keysBearing(xkb_keysym_t symbol) const

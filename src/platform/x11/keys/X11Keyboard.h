@@ -24,6 +24,13 @@ public:
     // name theirs.
     std::vector<xcb_keycode_t> keysFor(quint32 virtualKeyCode) const;
 
+    // What a combination calls the key that was pressed: the first virtual key that `keysFor` finds there, letters and
+    // digits before others. None for a modifier.
+    std::optional<quint32> virtualKeyCode(xcb_keycode_t key) const;
+
+    // The modifier bits that a key sets while it is down.
+    uint8_t modifierBits(xcb_keycode_t key) const { return m_keyModifiers[key]; }
+
     // KeyCombo's modifiers as modifier bits of the server, and the other way.
     uint8_t mask(quint32 modifiers) const;
     quint32 modifiers(uint8_t mask) const;
@@ -61,6 +68,7 @@ private:
     uint8_t m_alt = XCB_MOD_MASK_1;
     uint8_t m_super = XCB_MOD_MASK_4;
     std::vector<uint8_t> m_lockStates{0};
+    std::vector<uint8_t> m_keyModifiers = std::vector<uint8_t>(256); // the bits that each key sets
 };
 
 } // namespace Kovrel

@@ -1,6 +1,6 @@
 // save_panel SUGGESTED accept|reject: asks for a file name, answers as a user would and prints what the program gets.
 
-#include "platform/desktop/QtSavePanel.h"
+#include "platform/desktop/QtFilePanel.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -13,7 +13,7 @@ using namespace Kovrel;
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    QtSavePanel panel;
+    QtFilePanel panel;
     bool isInsideAsk = true;
     panel.ask(application.arguments().at(1), nullptr, [&](const std::optional<QString>& path) {
         std::printf("%s%s\n", isInsideAsk ? "too early " : "", path ? qPrintable(*path) : "cancelled");

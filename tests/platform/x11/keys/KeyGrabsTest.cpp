@@ -1,4 +1,6 @@
 #include "platform/x11/keys/X11KeyGrabs.h"
+
+#include "model/VirtualKeys.h"
 #include "tests/support/EventLoop.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/TestKeyboard.h"
@@ -103,16 +105,19 @@ TEST_F(KeyGrabsTest, AHeldKeyTellsThatItRepeats)
     EXPECT_THAT(takeLog(), ElementsAre("escape", "escape up"));
 }
 
-TEST_F(KeyGrabsTest, CombinationsAreTheKeysThatBearTheirSymbols)
-{
-    struct Case {
-        QStringList layout;
-        const char* combo;
-        std::vector<xcb_keycode_t> keys;
-    };
+namespace {
 
+struct Case {
+    QStringList layout;
+    const char* combo;
+    std::vector<xcb_keycode_t> keys;
+};
+
+// Combinations and the keys that are pressed for them.
+std::vector<Case> cases()
+{
     using enum TestKeyboard::Key;
-    const Case cases[] = {
+    return {
         {{"us"}, "Super+Shift+4", {super, shift, digit4}},
         {{"fr"}, "Super+Shift+4", {super, shift, digit4}}, // Shift is what types the 4 there
         {{"fr"}, "Super+4", {super, digit4}},
@@ -128,7 +133,13 @@ TEST_F(KeyGrabsTest, CombinationsAreTheKeysThatBearTheirSymbols)
         {{"us"}, "MediaPlay", {172}},
         {{"us"}, "#473", {225}}, // KEY_SEARCH
     };
-    for (const Case& c : cases) {
+}
+
+} // namespace
+
+TEST_F(KeyGrabsTest, CombinationsAreTheKeysThatBearTheirSymbols)
+{
+    for (const Case& c : cases()) {
         keyboard.setLayout(QStringList{"-layout"} + c.layout);
         X11KeyGrabs fresh(loop, std::make_unique<X11Connection>(server.name()));
         int presses = 0;
@@ -290,6 +301,82 @@ TEST_F(KeyGrabsTest, TheModifiersOfACombinationTellThatItsKeyMayFollow)
     EXPECT_EQ(takeLog(), Log()) << "of no combination with Super";
     keyboard.type({TestKeyboard::super, TestKeyboard::shift, TestKeyboard::digit4});
     EXPECT_EQ(takeLog(), (Log{"held", "area", "area up"}));
+}
+
+namespace {
+
+// Logs "Super+Shift+4", and "Super+Shift" while the key is missing.
+struct ListenedTest : KeyGrabsTest {
+    std::vector<std::string> typed;
+
+    std::expected<Subscription, KeyGrabs::Status> listen(X11KeyGrabs& to)
+    {
+        return to.listen([this](KeyGrabs::Typed keys) {
+            const QString text = KeyCombo{keys.keyCode.value_or(VirtualKeys::f20), keys.modifiers}.text();
+            typed.push_back((keys.keyCode ? text : text.chopped(std::min<qsizetype>(4, text.size()))).toStdString());
+        });
+    }
+};
+
+} // namespace
+
+TEST_F(ListenedTest, WhoListensHearsAllKeysAndNobodyElseAny)
+{
+    const std::vector<xcb_keycode_t> keys{TestKeyboard::super, TestKeyboard::shift, TestKeyboard::digit4};
+    ASSERT_TRUE(grab(area, "area"));
+    auto listening = listen(grabs);
+    ASSERT_TRUE(listening);
+    EXPECT_FALSE(keyboard.holdKeyboard()) << "it is ours";
+    keyboard.type(keys);
+    ASSERT_TRUE(waitFor([&] { return typed.size() >= 6; }));
+    EXPECT_THAT(typed, ElementsAre("Super", "Super+Shift", "Super+Shift+4", "Super+Shift", "Super", ""));
+    EXPECT_EQ(log, Log()) << "the hotkey";
+
+    *listening = Subscription();
+    EXPECT_TRUE(keyboard.holdKeyboard()) << "given back";
+    EXPECT_FALSE(listen(grabs)) << "another program has it";
+    keyboard.letKeyboardGo();
+    keyboard.type(keys);
+    EXPECT_EQ(takeLog(), once) << "a hotkey again";
+}
+
+TEST_F(ListenedTest, AKeyThatIsStillHeldPressesNoHotkeyThatWasMadeOfIt)
+{
+    using enum TestKeyboard::Key;
+    ASSERT_TRUE(grab(color, "color"));
+    std::optional<Subscription> listening;
+    auto begun = grabs.listen([&](KeyGrabs::Typed keys) {
+        if (keys.keyCode && listening) {
+            listening.reset();
+            EXPECT_TRUE(grab(area, "area"));
+        }
+    });
+    ASSERT_TRUE(begun);
+    listening = std::move(*begun);
+    for (const xcb_keycode_t key : {super, shift, digit4})
+        keyboard.press(key);
+    ASSERT_TRUE(waitFor([&] { return !listening; }));
+    keyboard.press(digit4); // as it repeats
+    keyboard.press(digit4);
+    for (const xcb_keycode_t key : {digit4, shift, super})
+        keyboard.release(key);
+    EXPECT_EQ(takeLog(), Log());
+    keyboard.type({super, shift, digit4});
+    EXPECT_EQ(takeLog(), once);
+}
+
+TEST_F(ListenedTest, KeysAreCalledAsTheCombinationsThatGrabThem)
+{
+    for (const Case& c : cases()) {
+        keyboard.setLayout(QStringList{"-layout"} + c.layout);
+        X11KeyGrabs fresh(loop, std::make_unique<X11Connection>(server.name()));
+        const auto listening = listen(fresh);
+        ASSERT_TRUE(listening);
+        typed.clear();
+        keyboard.type(c.keys);
+        ASSERT_TRUE(waitFor([&] { return typed.size() >= 2 * c.keys.size(); })) << c.combo;
+        EXPECT_EQ(typed[c.keys.size() - 1], c.combo) << qPrintable(c.layout.join(' '));
+    }
 }
 
 } // namespace Kovrel

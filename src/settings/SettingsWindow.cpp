@@ -1,0 +1,156 @@
+#include "settings/SettingsWindow.h"
+
+#include "settings/SettingsPageView.h"
+#include "settings/SettingsSidebar.h"
+#include "ui/Label.h"
+#include "ui/Notice.h"
+#include "ui/tokens/Metrics.h"
+#include "ui/tokens/Typography.h"
+
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QScrollArea>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr QSize usualSize(880, 640);
+
+std::vector<SettingsTab> tabsOf(const SettingsCatalog& catalog)
+{
+    std::vector<SettingsTab> tabs;
+    for (const SettingsPage& page : catalog.pages())
+        tabs.push_back(page.tab);
+    return tabs;
+}
+
+} // namespace
+
+SettingsWindow::SettingsWindow(Preferences& preferences, const std::vector<SettingsPage>& pages)
+    : m_preferences(preferences), m_catalog(pages)
+{
+    setWindowTitle(tr("Kovrel Settings"));
+    setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
+    m_sidebar = new SettingsSidebar(tabsOf(m_catalog));
+    m_notice = new Notice;
+    m_area = new QScrollArea;
+    m_area->setWidgetResizable(true);
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_area->setFocusPolicy(Qt::NoFocus);
+    m_noticePlace = new QWidget;
+    auto* const notice = new QVBoxLayout(m_noticePlace);
+    notice->setContentsMargins(Spacing::window, Spacing::window, Spacing::window, 0);
+    notice->addWidget(m_notice);
+    m_noticePlace->hide();
+    auto* const content = new QVBoxLayout;
+    content->setSpacing(0);
+    content->addWidget(m_noticePlace);
+    content->addWidget(m_area, 1);
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_sidebar);
+    layout->addLayout(content, 1);
+    connect(m_sidebar, &SettingsSidebar::tabChosen, this, &SettingsWindow::showTab);
+    connect(m_sidebar, &SettingsSidebar::searched, this, &SettingsWindow::search);
+    connect(m_sidebar, &SettingsSidebar::committed, this, [this] {
+        if (m_view)
+            m_view->takeFocus();
+    });
+    m_changes = m_preferences.defaults().onChange([this](const QString&) { refresh(); });
+    resize((QSizeF(usualSize) * Typography::scale()).toSize());
+}
+
+void SettingsWindow::present(std::optional<SettingsTab> tab)
+{
+    const SettingsTab wanted = tab ? *tab : lastTab().value_or(SettingsTab::general);
+    if (m_catalog.page(wanted)) {
+        m_sidebar->select(wanted);
+        showTab(wanted);
+    }
+    showNormal();
+    raise();
+    activateWindow();
+    m_sidebar->focusSearch();
+}
+
+std::optional<SettingsTab> SettingsWindow::lastTab() const
+{
+    const auto tab = fromRawString<SettingsTab>(m_preferences.get(Settings::settingsSelectedTab));
+    return tab && m_catalog.page(*tab) ? tab : std::nullopt;
+}
+
+void SettingsWindow::showNotice(const QString& text, bool isWarning)
+{
+    m_notice->show(isWarning ? Notice::Kind::warning : Notice::Kind::information, text);
+    m_noticePlace->show();
+}
+
+// Ends a search, which shows the tab by itself.
+void SettingsWindow::showTab(SettingsTab tab)
+{
+    const bool isShown = m_view && tab == m_tab;
+    m_tab = tab;
+    if (!m_sidebar->clearSearch() && !isShown)
+        showPage();
+    if (m_preferences.get(Settings::settingsSelectedTab) != rawString(tab))
+        m_preferences.set(Settings::settingsSelectedTab, rawString(tab));
+}
+
+void SettingsWindow::showPage()
+{
+    m_noticePlace->hide();
+    show(new SettingsPageView({*m_catalog.page(m_tab)}, SettingsPageView::Kind::tab));
+}
+
+void SettingsWindow::search(const QString& query)
+{
+    if (query.trimmed().isEmpty()) {
+        showPage();
+        return;
+    }
+    const auto found = m_catalog.matching(query);
+    if (!found.empty()) {
+        show(new SettingsPageView(found, SettingsPageView::Kind::found));
+        return;
+    }
+    m_view = nullptr;
+    m_area->setWidget(makeEmptyResult(query));
+}
+
+void SettingsWindow::show(SettingsPageView* view)
+{
+    m_view = view;
+    m_area->setWidget(view); // the one before goes
+}
+
+QWidget* SettingsWindow::makeEmptyResult(const QString& query) const
+{
+    auto* const label = new Label(TextStyle::body, Label::Role::secondary);
+    label->setText(tr("No setting is called “%1”.").arg(query.trimmed()));
+    label->setAlignment(Qt::AlignHCenter);
+    label->setContentsMargins(Spacing::window, 3 * Spacing::window, Spacing::window, Spacing::window);
+    return label;
+}
+
+void SettingsWindow::refresh()
+{
+    if (m_view)
+        m_view->refresh();
+}
+
+// Ends a search, then the window.
+void SettingsWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Find))
+        m_sidebar->focusSearch();
+    else if (event->key() != Qt::Key_Escape && !event->matches(QKeySequence::Close))
+        AppWindow::keyPressEvent(event);
+    else if (event->key() != Qt::Key_Escape || !m_sidebar->clearSearch())
+        close();
+}
+
+} // namespace Kovrel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "settings/controls/SettingField.h"
+
+namespace Kovrel {
+
+class ColorWell;
+class Label;
+
+class ColorField : public SettingField {
+    Q_OBJECT
+
+public:
+    ColorField();
+
+    void setValue(const QVariant& value) override;
+    void setTexts(const QString& name, const QString& description) override;
+
+private:
+    Label* m_hex;
+    ColorWell* m_well;
+};
+
+} // namespace Kovrel

@@ -1,0 +1,71 @@
+#include "ui/controls/ChoiceBox.h"
+
+#include "ui/LookChanges.h"
+#include "ui/Symbols.h"
+#include "ui/tokens/Metrics.h"
+#include "ui/tokens/Theme.h"
+#include "ui/tokens/Typography.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QWheelEvent>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr QSize padding(12, 7);
+constexpr int chevronSide = 9;
+constexpr int chevronGap = 10;
+
+} // namespace
+
+ChoiceBox::ChoiceBox()
+{
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    takeLook();
+    connect(&LookChanges::shared(), &LookChanges::changed, this, &ChoiceBox::takeLook);
+}
+
+void ChoiceBox::takeLook()
+{
+    setFont(Typography::font(TextStyle::control));
+    updateGeometry();
+}
+
+QSize ChoiceBox::sizeHint() const
+{
+    int width = 0;
+    for (int index = 0; index < count(); ++index)
+        width = std::max(width, fontMetrics().horizontalAdvance(itemText(index)));
+    return QSize(width + chevronGap + chevronSide, fontMetrics().height()) + 2 * padding;
+}
+
+void ChoiceBox::paintEvent(QPaintEvent*)
+{
+    const Theme& theme = Theme::current();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double stroke = hasFocus() ? Stroke::focusRing : Stroke::hairline;
+    painter.setPen(QPen(hasFocus() ? theme.focusRing : theme.separator, stroke));
+    painter.setBrush(isEnabled() && underMouse() ? theme.hoverGround : theme.card);
+    const double inset = stroke / 2;
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), Radius::control, Radius::control);
+    const QColor color = isEnabled() ? theme.text : theme.disabledText;
+    painter.setPen(color);
+    const QRect line = rect().adjusted(padding.width(), 0, -padding.width(), 0);
+    painter.drawText(line, int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)),
+                     currentText());
+    const QRect chevron =
+        QStyle::alignedRect(layoutDirection(), Qt::AlignRight | Qt::AlignVCenter, {chevronSide, chevronSide}, line);
+    Symbols::paint(painter, "chevron.down", chevron, color);
+}
+
+void ChoiceBox::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
+}
+
+} // namespace Kovrel

@@ -1,0 +1,53 @@
+#include "ui/controls/LineField.h"
+
+#include "ui/LookChanges.h"
+#include "ui/tokens/Metrics.h"
+#include "ui/tokens/Theme.h"
+#include "ui/tokens/Typography.h"
+
+#include <QPainter>
+
+namespace Kovrel {
+
+namespace {
+
+constexpr int padding = 7;
+
+} // namespace
+
+LineField::LineField()
+{
+    setFrame(false);
+    setTextMargins(padding, padding, padding, padding);
+    takeLook();
+    connect(&LookChanges::shared(), &LookChanges::changed, this, &LineField::takeLook);
+}
+
+void LineField::takeLook()
+{
+    setFont(Typography::font(TextStyle::control));
+    QPalette palette = Theme::current().palette();
+    palette.setColor(QPalette::Base, Qt::transparent);
+    setPalette(palette);
+}
+
+QSize LineField::sizeHint() const
+{
+    return {QLineEdit::sizeHint().width(), fontMetrics().height() + 2 * padding};
+}
+
+void LineField::paintEvent(QPaintEvent* event)
+{
+    const Theme& theme = Theme::current();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double stroke = hasFocus() ? Stroke::focusRing : Stroke::hairline;
+    painter.setPen(QPen(hasFocus() ? theme.focusRing : theme.separator, stroke));
+    painter.setBrush(isReadOnly() ? theme.window : theme.card);
+    const double inset = stroke / 2;
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), Radius::control, Radius::control);
+    painter.end();
+    QLineEdit::paintEvent(event);
+}
+
+} // namespace Kovrel
