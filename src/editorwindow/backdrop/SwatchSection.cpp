@@ -46,6 +46,7 @@ void SwatchSection::setUnfolded(bool isUnfolded)
 void SwatchSection::setSwatches(const std::vector<Swatch>& swatches)
 {
     std::vector<Item> items;
+    items.reserve(swatches.size());
     for (const Swatch& swatch : swatches)
         items.push_back({swatch, buttonFor(swatch)});
     const bool isSame = std::ranges::equal(items, m_items, {}, &Item::button, &Item::button);
@@ -91,9 +92,11 @@ void SwatchSection::arrange()
 // One of them is a stop of the Tab key: the one that has the keyboard, else what is chosen, else the first.
 void SwatchSection::chooseStop()
 {
-    QWidget* stop = nullptr;
+    if (m_items.empty())
+        return;
+    QWidget* stop = m_items.front().button;
     for (const auto& [swatch, button] : m_items)
-        if (!stop || button->hasFocus() || (swatch.isChosen && !button->isHidden() && !stop->hasFocus()))
+        if (button->hasFocus() || (swatch.isChosen && !button->isHidden() && !stop->hasFocus()))
             stop = button;
     TabStop::setOnly(stop, m_items | std::views::transform(&Item::button));
 }
