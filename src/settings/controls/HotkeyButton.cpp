@@ -86,6 +86,7 @@ void HotkeyButton::stop()
     m_patience.stop();
     m_listening.reset();
     m_isRefused = false;
+    setAccessibleDescription({});
     update();
 }
 
