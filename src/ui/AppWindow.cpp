@@ -3,6 +3,8 @@
 #include "ui/LookChanges.h"
 #include "ui/tokens/Theme.h"
 
+#include <QCursor>
+#include <QGuiApplication>
 #include <QHideEvent>
 #include <QPalette>
 #include <QRegularExpression>
@@ -16,12 +18,22 @@ AppWindow::AppWindow()
     connect(&LookChanges::shared(), &LookChanges::changed, this, &AppWindow::takeColors);
 }
 
+// Desktops place windows well on one screen; of several, not all take the one on which somebody is at work.
+void AppWindow::placeWherePointerIs(QSize size)
+{
+    const QScreen* const pointed = QGuiApplication::screenAt(QCursor::pos());
+    const QRect room = (pointed ? pointed : screen())->availableGeometry();
+    QRect place({}, size.boundedTo(room.size()));
+    place.moveCenter(room.center());
+    QGuiApplication::screens().size() > 1 ? setGeometry(place) : resize(place.size());
+}
+
 void AppWindow::rememberSize(Preferences& preferences, const SettingKey<QString>& key, QSize usual)
 {
     static const QRegularExpression form("^([1-9][0-9]{1,4})x([1-9][0-9]{1,4})( maximized)?$");
     const auto kept = form.match(preferences.get(key));
     const QSize size = kept.hasMatch() ? QSize(kept.captured(1).toInt(), kept.captured(2).toInt()) : usual;
-    resize(size.boundedTo(screen()->availableSize()));
+    placeWherePointerIs(size);
     if (kept.hasCaptured(3))
         setWindowState(Qt::WindowMaximized);
     m_keepSize = [&preferences, &key](const QString& text) { preferences.set(key, text); };

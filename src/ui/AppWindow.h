@@ -15,12 +15,13 @@ public:
 
 protected:
     // The window is as large as it was when it was hidden last, maximized or not; `usual` where it never was. Never
-    // larger than its screen. Before it is shown; `preferences` outlives it.
+    // larger than its screen, which is the one where the pointer is. Before it is shown; `preferences` outlives it.
     void rememberSize(Preferences& preferences, const SettingKey<QString>& key, QSize usual);
 
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void placeWherePointerIs(QSize size);
     void takeColors();
 
     std::function<void(const QString&)> m_keepSize;
