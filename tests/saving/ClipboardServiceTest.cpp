@@ -20,7 +20,7 @@ namespace {
 struct ClipboardServiceTest : testing::Test {
     Testing::FakeMainLoop loop;
     Testing::FakeWorkers workers;
-    Testing::FakeClipboard clipboard;
+    Testing::FakeClipboard clipboard{loop};
     std::optional<ClipboardService> service{std::in_place, loop, workers, clipboard};
     Testing::TempFolder folder;
     QImage image = Testing::testPicture({20, 10}, Testing::Texture::noise);
