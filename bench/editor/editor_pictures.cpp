@@ -8,6 +8,7 @@
 #include "editorwindow/crop/CropBar.h"
 #include "editorwindow/crop/CropSizeMenu.h"
 #include "editorwindow/find/FindBar.h"
+#include "platform/Clipboard.h"
 #include "platform/SavePanel.h"
 #include "platform/desktop/QtMainLoop.h"
 #include "ports/TextReader.h"
@@ -37,6 +38,16 @@ struct WorkersAtOnce : Workers {
 
 struct NoSavePanel : SavePanel {
     void ask(const QString&, QWindow*, Reply<std::optional<QString>> reply) override { reply({}); }
+};
+
+struct NoClipboard : Clipboard {
+    void put(std::vector<ClipboardOffer>) override {}
+
+    void putText(const QString&) override {}
+
+    void read(QStringList, Reply<std::optional<ClipboardContent>> reply) override { reply({}); }
+
+    void readText(Reply<std::optional<QString>> reply) override { reply({}); }
 };
 
 QFont pageFont()
@@ -102,8 +113,9 @@ struct Rig {
     QtMainLoop loop;
     WorkersAtOnce workers;
     NoSavePanel savePanel;
+    NoClipboard clipboard;
     Ports ports;
-    EditorServices services{loop, workers, preferences, savePanel, ports};
+    EditorServices services{loop, workers, preferences, savePanel, clipboard, ports};
 };
 
 struct Look {

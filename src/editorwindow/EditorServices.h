@@ -4,6 +4,7 @@
 
 namespace Kovrel {
 
+class Clipboard;
 class FilePrograms;
 class MainLoop;
 class Preferences;
@@ -16,6 +17,7 @@ struct EditorServices {
     Workers& workers;
     Preferences& preferences;
     SavePanel& savePanel;
+    Clipboard& clipboard;
     Ports& ports;
     FilePrograms* programs = nullptr; // without them nobody is asked about the program for pictures
 };

@@ -2,6 +2,7 @@
 
 #include "editorwindow/DefaultEditorOffer.h"
 #include "editorwindow/EditorClipboard.h"
+#include "editorwindow/EditorToasts.h"
 #include "editorwindow/EditorTopBar.h"
 #include "editorwindow/backdrop/BackdropPanel.h"
 #include "editorwindow/crop/CropBar.h"
@@ -40,6 +41,7 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
       m_lines(services, m_session.capture()),
       m_canvas(new AnnotationCanvasView(m_session, services.preferences.get(Settings::measureUnit))),
       m_sources(services, m_session, *m_canvas),
+      m_intake(services, m_session, *m_canvas),
       m_top(new EditorTopBar(m_session, services.preferences)),
       m_tools(new ToolPalette),
       m_middle(new QHBoxLayout),
@@ -102,6 +104,7 @@ void EditorWindow::connectParts()
     connect(m_crop, &CropBar::aspectChosen, this,
             [this](std::optional<double> aspect) { m_canvas->pointing().setCropAspect(aspect); });
     connect(m_canvas, &AnnotationCanvasView::contextMenuWanted, this, &EditorWindow::showMenu);
+    connect(m_canvas, &AnnotationCanvasView::textWanted, this, [this] { m_intake.paste(); });
     m_canvas->pointing().setLineHeightAt([this](Point at) {
         const bool isWanted = m_services.preferences.get(Settings::highlighterAutoSize);
         return isWanted ? m_lines.heightAt(at) : std::nullopt;
@@ -121,7 +124,7 @@ void EditorWindow::addCommands()
     add(QKeySequence::Redo, [this] { redo(); });
     add(Qt::CTRL | Qt::Key_Y, [this] { redo(); });
     add(QKeySequence::Copy, [this] { copy(); });
-    add(QKeySequence::Paste, [this] { paste(); });
+    add(QKeySequence::Paste, [this] { m_intake.paste(); });
     add(QKeySequence::SelectAll, [this] { m_session.selectAll(); });
     add(QKeySequence::Save, [this] { save(); });
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { saveAs(); });
@@ -198,19 +201,11 @@ void EditorWindow::redo()
 void EditorWindow::copy()
 {
     if (!m_session.selection().empty()) {
-        EditorClipboard::shared().set(m_session.selectedMarks());
+        EditorClipboard::shared().copy(m_session.selectedMarks(), m_services.clipboard);
         return;
     }
     m_canvas->stopWriting();
-    m_keeping.copy([this] {
-        m_services.ports.toasts.tell(&Toasts::present, ToastContent{.message = tr("Copied"), .copied = true},
-                                     std::nullopt, true);
-    });
-}
-
-void EditorWindow::paste()
-{
-    m_session.paste(EditorClipboard::shared().marks(), {12, -12});
+    m_keeping.copy([this] { EditorToasts::sayCopied(m_services.ports, tr("Copied")); });
 }
 
 void EditorWindow::save()
@@ -232,15 +227,10 @@ void EditorWindow::saveAs()
 
 void EditorWindow::tellSaved(const SaveOutcome& outcome)
 {
-    const auto& toasts = m_services.ports.toasts;
     if (outcome)
-        toasts.tell(&Toasts::showSaved, *outcome, std::nullopt);
+        m_services.ports.toasts.tell(&Toasts::showSaved, *outcome, std::nullopt);
     else
-        toasts.tell(&Toasts::present,
-                    ToastContent{.message = tr("Not saved"),
-                                 .subtitle = outcome.error().message,
-                                 .icon = "exclamationmark.triangle"},
-                    std::nullopt, false);
+        EditorToasts::warn(m_services.ports, tr("Not saved"), outcome.error().message);
 }
 
 void EditorWindow::toggleBackdrop()
@@ -317,7 +307,7 @@ void EditorWindow::showMenu(QPoint globalPosition)
         return entry;
     };
     add(tr("Copy"), QKeySequence::Copy, [this] { copy(); })->setEnabled(true);
-    add(tr("Paste"), QKeySequence::Paste, [this] { paste(); })->setEnabled(true);
+    add(tr("Paste"), QKeySequence::Paste, [this] { m_intake.paste(); })->setEnabled(true);
     add(tr("Duplicate"), Qt::CTRL | Qt::Key_D, [this] { m_session.duplicateSelected(); });
     add(tr("Delete"), QKeySequence::Delete, [this] { m_session.removeSelected(); });
     menu->addSeparator();

@@ -2,6 +2,7 @@
 
 #include "editorwindow/CanvasSources.h"
 #include "editorwindow/CaptureLines.h"
+#include "editorwindow/EditorIntake.h"
 #include "editorwindow/EditorKeeping.h"
 #include "editorwindow/canvas/AnnotationCanvasView.h"
 #include "ui/AppWindow.h"
@@ -54,7 +55,6 @@ private:
     void undo();
     void redo();
     void copy();
-    void paste();
     void save();
     void saveAs();
     void tellSaved(const SaveOutcome& outcome);
@@ -75,6 +75,7 @@ private:
     CaptureLines m_lines;
     AnnotationCanvasView* m_canvas;
     CanvasSources m_sources;
+    EditorIntake m_intake;
     EditorTopBar* m_top;
     ToolPalette* m_tools;
     QHBoxLayout* m_middle;               // what stands beside the canvas

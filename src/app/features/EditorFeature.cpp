@@ -5,8 +5,8 @@
 namespace Kovrel {
 
 EditorFeature::EditorFeature(Foundation& foundation, Ports& ports)
-    : m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->savePanel(), ports,
-                 &foundation.desktop->programs()})
+    : m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->savePanel(),
+                 foundation.desktop->clipboard(), ports, &foundation.desktop->programs()})
 {
     ports.editors.offer(m_windows);
 }
