@@ -115,7 +115,7 @@ struct Rig {
     NoSavePanel savePanel;
     NoClipboard clipboard;
     Ports ports;
-    EditorServices services{loop, workers, preferences, savePanel, clipboard, ports};
+    EditorServices services{loop, workers, preferences, savePanel, clipboard, ports, QDir::tempPath()};
 };
 
 struct Look {

@@ -2,6 +2,8 @@
 
 #include "ports/Ports.h"
 
+#include <QString>
+
 namespace Kovrel {
 
 class Clipboard;
@@ -19,6 +21,7 @@ struct EditorServices {
     SavePanel& savePanel;
     Clipboard& clipboard;
     Ports& ports;
+    QString temporaryFolder;          // the user's own
     FilePrograms* programs = nullptr; // without them nobody is asked about the program for pictures
 };
 

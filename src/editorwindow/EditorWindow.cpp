@@ -42,6 +42,7 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
       m_canvas(new AnnotationCanvasView(m_session, services.preferences.get(Settings::measureUnit))),
       m_sources(services, m_session, *m_canvas),
       m_intake(services, m_session, *m_canvas),
+      m_handout(services, m_session, m_keeping),
       m_top(new EditorTopBar(m_session, services.preferences)),
       m_tools(new ToolPalette),
       m_middle(new QHBoxLayout),
@@ -55,7 +56,7 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
     addCommands();
     connectParts();
     connectFind();
-    m_changes = m_session.onChange([this] { follow(); });
+    m_changes.push_back(m_session.onChange([this] { follow(); }));
     follow();
     rememberSize(services.preferences, Settings::editorWindowSize,
                  (QSizeF(screen()->availableSize()) * screenShare).toSize());
@@ -93,6 +94,11 @@ void EditorWindow::connectParts()
     connect(m_top, &EditorTopBar::findWanted, this, &EditorWindow::openFind);
     connect(m_top, &EditorTopBar::backdropWanted, this, &EditorWindow::toggleBackdrop);
     connect(m_top, &EditorTopBar::copyWanted, this, &EditorWindow::copy);
+    connect(m_top, &EditorTopBar::handlePressed, this, [this] {
+        m_canvas->stopWriting();
+        m_handout.prepareDrag();
+    });
+    connect(m_top, &EditorTopBar::handleDragged, this, [this](QWidget& handle) { m_handout.drag(handle); });
     connect(m_top, &EditorTopBar::saveWanted, this, &EditorWindow::save);
     connect(m_top, &EditorTopBar::doneWanted, this, &EditorWindow::close);
     connect(m_tools, &ToolPalette::toolChosen, this, [this](EditorTool tool) {
@@ -124,6 +130,7 @@ void EditorWindow::addCommands()
     add(QKeySequence::Redo, [this] { redo(); });
     add(Qt::CTRL | Qt::Key_Y, [this] { redo(); });
     add(QKeySequence::Copy, [this] { copy(); });
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] { copyAsFile(); });
     add(QKeySequence::Paste, [this] { m_intake.paste(); });
     add(QKeySequence::SelectAll, [this] { m_session.selectAll(); });
     add(QKeySequence::Save, [this] { save(); });
@@ -208,6 +215,12 @@ void EditorWindow::copy()
     m_keeping.copy([this] { EditorToasts::sayCopied(m_services.ports, tr("Copied")); });
 }
 
+void EditorWindow::copyAsFile()
+{
+    m_canvas->stopWriting();
+    m_handout.copyAsFile();
+}
+
 void EditorWindow::save()
 {
     m_canvas->stopWriting();
@@ -250,7 +263,7 @@ void EditorWindow::connectFind()
 {
     connect(m_find, &FindBar::changed, this, &EditorWindow::showFound);
     connect(m_find, &FindBar::closed, this, &EditorWindow::closeFind);
-    m_linesChanges = m_lines.onChange([this] { takeLines(); });
+    m_changes.push_back(m_lines.onChange([this] { takeLines(); }));
 }
 
 void EditorWindow::openFind()
@@ -307,6 +320,7 @@ void EditorWindow::showMenu(QPoint globalPosition)
         return entry;
     };
     add(tr("Copy"), QKeySequence::Copy, [this] { copy(); })->setEnabled(true);
+    add(tr("Copy as File"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] { copyAsFile(); })->setEnabled(true);
     add(tr("Paste"), QKeySequence::Paste, [this] { m_intake.paste(); })->setEnabled(true);
     add(tr("Duplicate"), Qt::CTRL | Qt::Key_D, [this] { m_session.duplicateSelected(); });
     add(tr("Delete"), QKeySequence::Delete, [this] { m_session.removeSelected(); });

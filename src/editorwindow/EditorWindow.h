@@ -2,6 +2,7 @@
 
 #include "editorwindow/CanvasSources.h"
 #include "editorwindow/CaptureLines.h"
+#include "editorwindow/EditorHandout.h"
 #include "editorwindow/EditorIntake.h"
 #include "editorwindow/EditorKeeping.h"
 #include "editorwindow/canvas/AnnotationCanvasView.h"
@@ -55,6 +56,7 @@ private:
     void undo();
     void redo();
     void copy();
+    void copyAsFile();
     void save();
     void saveAs();
     void tellSaved(const SaveOutcome& outcome);
@@ -76,14 +78,14 @@ private:
     AnnotationCanvasView* m_canvas;
     CanvasSources m_sources;
     EditorIntake m_intake;
+    EditorHandout m_handout;
     EditorTopBar* m_top;
     ToolPalette* m_tools;
     QHBoxLayout* m_middle;               // what stands beside the canvas
     BackdropPanel* m_backdrop = nullptr; // made when it is opened first
     CropBar* m_crop;
     FindBar* m_find;
-    Subscription m_linesChanges;
-    Subscription m_changes;
+    std::vector<Subscription> m_changes;
 };
 
 } // namespace Kovrel

@@ -1,6 +1,9 @@
 #include "editorwindow/EditorWindow.h"
 
 #include "editorwindow/DefaultEditorOffer.h"
+#include "platform/ImageCodec.h"
+#include "ports/CaptureDelivery.h"
+#include "ports/CaptureFiles.h"
 #include "ports/Toasts.h"
 #include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeMainLoop.h"
@@ -12,6 +15,7 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QFile>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMimeData>
@@ -30,6 +34,8 @@ struct EditorWindowTest : testing::Test {
     {
         Preferences::registerDefaults(defaults);
         ports.toasts.offer(toasts);
+        ports.files.offer(files);
+        ports.delivery.offer(delivery);
     }
 
     EditorWindow& open(EditorDocument document = {})
@@ -152,8 +158,39 @@ struct EditorWindowTest : testing::Test {
         QStringList subtitles;
     } toasts;
 
+    struct : CaptureFiles {
+        void file(QUuid, Reply<std::optional<QString>> reply) override { reply(path); }
+
+        QString path;
+    } files;
+
+    struct : CaptureDelivery {
+        std::shared_ptr<CaptureSave> save(CaptureResult, std::optional<QString>, std::shared_ptr<EncodedPng>) override
+        {
+            return {};
+        }
+
+        void copy(CaptureResult, std::shared_ptr<EncodedPng>) override {}
+
+        void copyAsFile(const QString& path, std::shared_ptr<EncodedPng> encoded) override
+        {
+            file = path;
+            png = std::move(encoded);
+        }
+
+        void copyText(const QString&) override {}
+
+        void reveal(const QString&) override {}
+
+        void openLink(const QUrl&) override {}
+
+        QString file;
+        std::shared_ptr<EncodedPng> png;
+    } delivery;
+
     Ports ports;
-    EditorServices services{loop, workers, preferences, desktop.savePanel(), desktop.clipboard(), ports};
+    EditorServices services{
+        loop, workers, preferences, desktop.savePanel(), desktop.clipboard(), ports, folder / "temporary"};
     std::unique_ptr<EditorWindow> window;
 };
 
@@ -318,6 +355,34 @@ TEST_F(EditorWindowTest, FilesAreDroppedWhereThePointerIsAndWhatIsNoPictureIsSai
     const Point corner = marks().front().boundingRect().centre();
     EXPECT_NEAR(corner.x, 0, 1e-6) << "it is on the capture";
     EXPECT_NEAR(corner.y, 600, 1e-6);
+}
+
+// The file that looks as the picture does now, else a short-lived one.
+TEST_F(EditorWindowTest, ThePictureIsCopiedAsAFile)
+{
+    files.path = pictureFile("kept.png", {800, 600});
+    open();
+    useShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
+    EXPECT_EQ(delivery.file, files.path);
+    EXPECT_EQ(ImageCodec::decode(delivery.png->bytes().value())->size(), QSize(800, 600));
+
+    EditorDocument marked;
+    marked.marks.push_back({.kind = Annotation::Kind::blackout, .points = {{0, 0}, {800, 600}}});
+    window->session().change(marked);
+    useShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
+    EXPECT_TRUE(QFileInfo(delivery.file).fileName().startsWith("Screenshot ")) << qUtf8Printable(delivery.file);
+    EXPECT_EQ(QImage(delivery.file).pixelColor(400, 300), Qt::black);
+
+    EditorDocument cropped;
+    cropped.composition.crop = Rect{0, 0, 40, 30};
+    open(cropped);
+    useShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
+    EXPECT_EQ(QImage(delivery.file).size(), QSize(40, 30)) << "the history has all of it";
+    QFile::remove(files.path);
+    open();
+    useShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
+    EXPECT_EQ(QImage(delivery.file).size(), QSize(800, 600));
+    EXPECT_EQ(toasts.messages, QStringList(4, "Copied as a file"));
 }
 
 } // namespace Kovrel

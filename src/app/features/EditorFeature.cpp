@@ -1,12 +1,14 @@
 #include "app/features/EditorFeature.h"
 
+#include "app/foundation/AppPaths.h"
+
 #include <QCoreApplication>
 
 namespace Kovrel {
 
 EditorFeature::EditorFeature(Foundation& foundation, Ports& ports)
     : m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->savePanel(),
-                 foundation.desktop->clipboard(), ports, &foundation.desktop->programs()})
+                 foundation.desktop->clipboard(), ports, AppPaths::temporaryFolder(), &foundation.desktop->programs()})
 {
     ports.editors.offer(m_windows);
 }

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "editorwindow/EditorKeeping.h"
+#include "saving/DragFiles.h"
+#include "saving/EncodedPng.h"
+
+#include <QPointer>
+
+class QWidget;
+
+namespace Kovrel {
+
+// The picture of an editor, as it looks now, on its way to other programs: dragged out or copied as a file. It is made
+// in the background. Main thread.
+class EditorHandout {
+    Q_DECLARE_TR_FUNCTIONS(Kovrel::EditorHandout)
+
+public:
+    // All of them outlive it.
+    EditorHandout(EditorServices& services, EditorSession& session, EditorKeeping& keeping);
+
+    // What may be dragged in a moment is made.
+    void prepareDrag();
+    // Drags what was prepared, once it is there and while the button is held. Events are handled meanwhile.
+    void drag(QWidget& handle);
+
+    void copyAsFile();
+
+private:
+    struct Made {
+        std::optional<QString> file; // the one that there is, else a short-lived one
+        std::shared_ptr<EncodedPng> png;
+        QImage face; // small
+    };
+
+    QCoro::Task<Made> make();
+    QCoro::Task<> prepare(quint64 round);
+    QCoro::Task<> copyWhenMade();
+    void runDrag();
+    SaveSettings settings() const;
+
+    EditorServices& m_services;
+    EditorSession& m_session;
+    EditorKeeping& m_keeping;
+    DragFiles m_files;
+    quint64 m_round = 0;        // of what is prepared
+    std::optional<Made> m_made; // for the drag
+    QPointer<QWidget> m_handle; // is dragged, while what it drags is not made yet
+    Scope m_scope;
+};
+
+} // namespace Kovrel
