@@ -2,6 +2,7 @@
 
 #include "editorwindow/EditorToasts.h"
 #include "platform/Guarded.h"
+#include "platform/PicturePrinter.h"
 #include "platform/Workers.h"
 #include "ports/CaptureDelivery.h"
 #include "preferences/Preferences.h"
@@ -10,6 +11,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QWidget>
+#include <QWindow>
 
 namespace Kovrel {
 
@@ -113,6 +115,24 @@ QCoro::Task<> EditorHandout::copyWhenMade()
         co_return;
     delivery->copyAsFile(*made.file, made.png);
     EditorToasts::sayCopied(m_services.ports, tr("Copied as a file"));
+}
+
+// --- Printed
+
+void EditorHandout::print(const QString& title, QWindow* parent)
+{
+    Scope::start(printWhenMade(title, parent), "printing a picture");
+}
+
+QCoro::Task<> EditorHandout::printWhenMade(QString title, QPointer<QWindow> parent)
+{
+    const QImage picture = co_await m_scope.reply<QImage>([this](auto done) { m_keeping.render(std::move(done)); });
+    PicturePrinter::Outcome outcome = std::unexpected(tr("The picture can't be made."));
+    if (!picture.isNull() && m_services.printer)
+        outcome = co_await m_scope.reply<PicturePrinter::Outcome>(
+            [&](auto done) { m_services.printer->print(picture, title, parent, std::move(done)); });
+    if (!outcome)
+        EditorToasts::warn(m_services.ports, tr("Not printed"), outcome.error());
 }
 
 } // namespace Kovrel

@@ -7,11 +7,12 @@
 #include <QPointer>
 
 class QWidget;
+class QWindow;
 
 namespace Kovrel {
 
-// The picture of an editor, as it looks now, on its way to other programs: dragged out or copied as a file. It is made
-// in the background. Main thread.
+// The picture of an editor, as it looks now, on its way to other programs: dragged out, copied as a file, or printed.
+// It is made in the background. Main thread.
 class EditorHandout {
     Q_DECLARE_TR_FUNCTIONS(Kovrel::EditorHandout)
 
@@ -25,6 +26,8 @@ public:
     void drag(QWidget& handle);
 
     void copyAsFile();
+    // `parent`: above which the user is asked how.
+    void print(const QString& title, QWindow* parent);
 
 private:
     struct Made {
@@ -36,6 +39,7 @@ private:
     QCoro::Task<Made> make();
     QCoro::Task<> prepare(quint64 round);
     QCoro::Task<> copyWhenMade();
+    QCoro::Task<> printWhenMade(QString title, QPointer<QWindow> parent);
     void runDrag();
     SaveSettings settings() const;
 

@@ -9,6 +9,7 @@ namespace Kovrel {
 class Clipboard;
 class FilePrograms;
 class MainLoop;
+class PicturePrinter;
 class Preferences;
 class SavePanel;
 class Workers;
@@ -21,8 +22,9 @@ struct EditorServices {
     SavePanel& savePanel;
     Clipboard& clipboard;
     Ports& ports;
-    QString temporaryFolder;          // the user's own
-    FilePrograms* programs = nullptr; // without them nobody is asked about the program for pictures
+    QString temporaryFolder;           // the user's own
+    PicturePrinter* printer = nullptr; // without one nothing is printed
+    FilePrograms* programs = nullptr;  // without them nobody is asked about the program for pictures
 };
 
 } // namespace Kovrel

@@ -133,6 +133,7 @@ void EditorWindow::addCommands()
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] { copyAsFile(); });
     add(QKeySequence::Paste, [this] { m_intake.paste(); });
     add(QKeySequence::SelectAll, [this] { m_session.selectAll(); });
+    add(QKeySequence::Print, [this] { print(); });
     add(QKeySequence::Save, [this] { save(); });
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { saveAs(); });
     add(QKeySequence::Close, [this] { close(); });
@@ -219,6 +220,12 @@ void EditorWindow::copyAsFile()
 {
     m_canvas->stopWriting();
     m_handout.copyAsFile();
+}
+
+void EditorWindow::print()
+{
+    m_canvas->stopWriting();
+    m_handout.print(windowTitle(), windowHandle());
 }
 
 void EditorWindow::save()
@@ -334,6 +341,8 @@ void EditorWindow::showMenu(QPoint globalPosition)
     add(tr("Output Size…"), QKeySequence(), [this, globalPosition] {
         m_crop->offerSizes(globalPosition);
     })->setEnabled(true);
+    menu->addSeparator();
+    add(tr("Print…"), QKeySequence::Print, [this] { print(); })->setEnabled(true);
     menu->popup(globalPosition);
 }
 

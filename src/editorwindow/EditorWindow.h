@@ -57,6 +57,7 @@ private:
     void redo();
     void copy();
     void copyAsFile();
+    void print();
     void save();
     void saveAs();
     void tellSaved(const SaveOutcome& outcome);

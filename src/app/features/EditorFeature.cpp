@@ -7,8 +7,10 @@
 namespace Kovrel {
 
 EditorFeature::EditorFeature(Foundation& foundation, Ports& ports)
-    : m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->savePanel(),
-                 foundation.desktop->clipboard(), ports, AppPaths::temporaryFolder(), &foundation.desktop->programs()})
+    : m_printer(foundation.loop, foundation.workers),
+      m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->savePanel(),
+                 foundation.desktop->clipboard(), ports, AppPaths::temporaryFolder(), &m_printer,
+                 &foundation.desktop->programs()})
 {
     ports.editors.offer(m_windows);
 }

@@ -3,6 +3,7 @@
 #include "app/foundation/Feature.h"
 #include "app/foundation/Foundation.h"
 #include "editorwindow/EditorWindows.h"
+#include "platform/plugins/PluginPicturePrinter.h"
 #include "ports/Ports.h"
 
 namespace Kovrel {
@@ -16,6 +17,7 @@ public:
     void finishPending(std::chrono::milliseconds deadline, std::function<void()> done) override;
 
 private:
+    PluginPicturePrinter m_printer;
     EditorWindows m_windows;
 };
 
