@@ -41,25 +41,35 @@ SaveSettings EditorHandout::settings() const
             .fileNameTemplate = preferences.get(Settings::fileNameTemplate)};
 }
 
-QCoro::Task<EditorHandout::Made> EditorHandout::make()
+// A file that looks as the document does now.
+QCoro::Task<Path> EditorHandout::find()
 {
     const EditorDocument document = m_session.document();
-    Path kept = co_await m_scope.reply<Path>([this](auto done) { m_keeping.file(std::move(done)); });
+    const Path kept = co_await m_scope.reply<Path>([this](auto done) { m_keeping.file(std::move(done)); });
     if (m_session.document() != document)
-        kept.reset();
+        co_return std::nullopt;
+    co_return !kept && m_written && m_written->first == document ? m_written->second : kept;
+}
+
+QCoro::Task<EditorHandout::Made> EditorHandout::make()
+{
+    const Path known = co_await find();
+    const EditorDocument document = m_session.document();
     const QImage picture = co_await m_scope.reply<QImage>([this](auto done) { m_keeping.render(std::move(done)); });
-    if (picture.isNull())
-        co_return Made();
-    const auto job = [kept, picture, files = m_files, settings = settings(), date = m_services.loop.date()] {
-        const bool isThere = kept && QFileInfo(*kept).isFile();
+    const auto job = [known, picture, files = m_files, settings = settings(), date = m_services.loop.date()] {
+        if (picture.isNull())
+            return Made();
+        const bool isThere = known && QFileInfo(*known).isFile();
         const auto png = std::make_shared<EncodedPng>(picture);
         png->bytes();
-        return Made{isThere ? kept : files.writeTempImage(settings, picture, date), png,
+        return Made{isThere ? known : files.writeTempImage(settings, picture, date), png,
                     picture.scaled(faceSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)};
     };
     Made made = co_await m_scope.onWorker(Lane::editorSave, Guarded::orElse(job, Made()));
     if (!made.file)
         EditorToasts::warn(m_services.ports, tr("The picture can't be handed out"), tr("Its file can't be written."));
+    else if (made.file != known)
+        m_written = {document, *made.file};
     co_return made;
 }
 

@@ -36,6 +36,7 @@ private:
         QImage face; // small
     };
 
+    QCoro::Task<std::optional<QString>> find();
     QCoro::Task<Made> make();
     QCoro::Task<> prepare(quint64 round);
     QCoro::Task<> copyWhenMade();
@@ -47,9 +48,10 @@ private:
     EditorSession& m_session;
     EditorKeeping& m_keeping;
     DragFiles m_files;
-    quint64 m_round = 0;        // of what is prepared
-    std::optional<Made> m_made; // for the drag
-    QPointer<QWidget> m_handle; // is dragged, while what it drags is not made yet
+    std::optional<std::pair<EditorDocument, QString>> m_written; // the last short-lived file, and what it shows
+    quint64 m_round = 0;                                         // of what is prepared
+    std::optional<Made> m_made;                                  // for the drag
+    QPointer<QWidget> m_handle;                                  // is dragged, while what it drags is not made yet
     Scope m_scope;
 };
 
