@@ -1,12 +1,14 @@
 #pragma once
 
 #include "editorwindow/EditorWindow.h"
+#include "platform/Clipboard.h"
 #include "platform/FilePanel.h"
 #include "platform/desktop/QtMainLoop.h"
 #include "preferences/Preferences.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QDir>
 
 #include <memory>
 
@@ -18,6 +20,16 @@ struct NoFilePanel : FilePanel {
     void askForFolder(const QString&, QWindow*, Reply<std::optional<QString>> reply) override { reply({}); }
 
     void askForFile(const QString&, QWindow*, Reply<std::optional<QString>> reply) override { reply({}); }
+};
+
+struct NoClipboard : Clipboard {
+    void put(std::vector<ClipboardOffer>) override {}
+
+    void putText(const QString&) override {}
+
+    void read(QStringList, Reply<std::optional<ClipboardContent>> reply) override { reply({}); }
+
+    void readText(Reply<std::optional<QString>> reply) override { reply({}); }
 };
 
 // An editor's window, with settings of its own in a folder.
@@ -55,8 +67,9 @@ struct EditorRig {
     QtMainLoop loop;
     Workers& workers;
     NoFilePanel filePanel;
+    NoClipboard clipboard;
     Ports ports;
-    EditorServices services{loop, workers, preferences, filePanel, ports};
+    EditorServices services{loop, workers, preferences, filePanel, clipboard, ports, QDir::tempPath()};
 };
 
 } // namespace Kovrel::Bench

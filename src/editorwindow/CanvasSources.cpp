@@ -2,10 +2,10 @@
 
 #include "editor/OwnBackdropPicture.h"
 #include "editor/marks/RedactionSources.h"
+#include "editorwindow/EditorToasts.h"
 #include "editorwindow/canvas/AnnotationCanvasView.h"
 #include "platform/Guarded.h"
 #include "platform/Workers.h"
-#include "ports/Toasts.h"
 
 #include <QFileInfo>
 
@@ -65,12 +65,8 @@ QCoro::Task<> CanvasSources::readPicture(BackdropFill fill)
         co_return;
     m_canvas.setBackdropPicture(fill.value, picture);
     if (picture.isNull())
-        m_services.ports.toasts.tell(
-            &Toasts::present,
-            ToastContent{.message = tr("The picture is not shown"),
-                         .subtitle = tr("%1 is no picture that can be read.").arg(QFileInfo(fill.value).fileName()),
-                         .icon = "exclamationmark.triangle"},
-            std::nullopt, false);
+        EditorToasts::warn(m_services.ports, tr("The picture is not shown"),
+                           tr("%1 is no picture that can be read.").arg(QFileInfo(fill.value).fileName()));
 }
 
 } // namespace Kovrel

@@ -1,16 +1,10 @@
 #include "editorwindow/EditorClipboard.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QMimeData>
+#include "platform/Clipboard.h"
+
+#include <QUuid>
 
 namespace Kovrel {
-
-namespace {
-
-const QString marksType = "application/x-kovrel-marks";
-
-} // namespace
 
 EditorClipboard& EditorClipboard::shared()
 {
@@ -18,19 +12,16 @@ EditorClipboard& EditorClipboard::shared()
     return clipboard;
 }
 
-// The desktop's clipboard only says that they are the last that was copied.
-void EditorClipboard::set(std::vector<Annotation> marks)
+void EditorClipboard::copy(std::vector<Annotation> marks, Clipboard& clipboard)
 {
     m_marks = std::move(marks);
-    auto* const data = new QMimeData;
-    data->setData(marksType, "1");
-    QGuiApplication::clipboard()->setMimeData(data);
+    m_token = QUuid::createUuid().toByteArray();
+    clipboard.put({{mimeType, [token = m_token] { return token; }}});
 }
 
-std::vector<Annotation> EditorClipboard::marks() const
+std::vector<Annotation> EditorClipboard::marks(const QByteArray& token) const
 {
-    const bool isOurs = QGuiApplication::clipboard()->ownsClipboard();
-    return isOurs ? m_marks : std::vector<Annotation>();
+    return token == m_token ? m_marks : std::vector<Annotation>();
 }
 
 } // namespace Kovrel

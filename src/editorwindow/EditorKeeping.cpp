@@ -5,6 +5,7 @@
 #include "platform/Guarded.h"
 #include "platform/Workers.h"
 #include "ports/CaptureDelivery.h"
+#include "ports/CaptureFiles.h"
 #include "preferences/Preferences.h"
 
 #include <QLoggingCategory>
@@ -96,6 +97,17 @@ QCoro::Task<> EditorKeeping::keep(EditorDocument document, bool isForGood, Reply
 }
 
 // --- Files and the clipboard
+
+// What is noted in the history is not cropped yet.
+void EditorKeeping::file(Reply<std::optional<QString>> reply) const
+{
+    const auto& files = m_services.ports.files;
+    const bool isNotedAsItLooks = m_isNoted && !m_session.document().composition.crop;
+    if (!isChanged() && isNotedAsItLooks && files)
+        return files->file(m_session.capture().id, std::move(reply));
+    const auto path = isChanged() || m_isNoted ? std::nullopt : m_savedPath;
+    m_services.loop.post([reply = std::move(reply), path] { reply(path); });
+}
 
 void EditorKeeping::render(Reply<QImage> reply)
 {

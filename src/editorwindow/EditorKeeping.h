@@ -40,6 +40,8 @@ public:
 
     // As it looks now; null where memory is short.
     void render(Reply<QImage> reply);
+    // A file that looks as it does now; nothing where there is none yet.
+    void file(Reply<std::optional<QString>> reply) const;
     // The crop is carried out; nothing can be edited after this.
     void keepForGood(Reply<Kept> reply);
     // Into the file that it has, else the save folder, or to `path`. Null when the picture can't be made.

@@ -2,10 +2,14 @@
 
 #include "ports/Ports.h"
 
+#include <QString>
+
 namespace Kovrel {
 
+class Clipboard;
 class FilePrograms;
 class MainLoop;
+class PicturePrinter;
 class Preferences;
 class FilePanel;
 class Workers;
@@ -16,8 +20,11 @@ struct EditorServices {
     Workers& workers;
     Preferences& preferences;
     FilePanel& filePanel;
+    Clipboard& clipboard;
     Ports& ports;
-    FilePrograms* programs = nullptr; // without them nobody is asked about the program for pictures
+    QString temporaryFolder;           // the user's own
+    PicturePrinter* printer = nullptr; // without one nothing is printed
+    FilePrograms* programs = nullptr;  // without them nobody is asked about the program for pictures
 };
 
 } // namespace Kovrel

@@ -1,5 +1,6 @@
 #include "editorwindow/EditorTopBar.h"
 
+#include "editorwindow/tools/DragHandle.h"
 #include "editorwindow/tools/StylePanel.h"
 #include "ui/controls/SymbolButton.h"
 #include "ui/PrimaryButton.h"
@@ -52,6 +53,7 @@ EditorTopBar::EditorTopBar(EditorSession& session, Preferences& preferences)
     m_backdrop->setCheckable(true);
     m_layout->addSpacing(Spacing::medium);
     addButton("doc.on.doc", tr("Copy (Ctrl+C)"), &EditorTopBar::copyWanted);
+    addHandle();
     addButton("square.and.arrow.down", tr("Save (Ctrl+S)"), &EditorTopBar::saveWanted);
     m_layout->addSpacing(Spacing::small);
     auto* const done = new PrimaryButton(tr("Done"));
@@ -66,6 +68,14 @@ SymbolButton* EditorTopBar::addButton(const QString& symbol, const QString& name
     connect(button, &SymbolButton::clicked, this, wanted);
     m_layout->addWidget(button);
     return button;
+}
+
+void EditorTopBar::addHandle()
+{
+    auto* const handle = new DragHandle("square.and.arrow.up.right", tr("Drag the Picture Out"));
+    connect(handle, &DragHandle::pressed, this, &EditorTopBar::handlePressed);
+    connect(handle, &DragHandle::dragged, this, [this, handle] { Q_EMIT handleDragged(*handle); });
+    m_layout->addWidget(handle);
 }
 
 void EditorTopBar::follow()

@@ -33,10 +33,14 @@ Q_SIGNALS:
     void findWanted();
     void backdropWanted();
     void copyWanted();
+    // The handle is pressed, and then dragged.
+    void handlePressed();
+    void handleDragged(QWidget& handle);
     void saveWanted();
     void doneWanted();
 
 private:
+    void addHandle();
     SymbolButton* addButton(const QString& symbol, const QString& name, void (EditorTopBar::*wanted)());
 
     EditorSession& m_session;

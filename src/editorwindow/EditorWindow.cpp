@@ -2,6 +2,7 @@
 
 #include "editorwindow/DefaultEditorOffer.h"
 #include "editorwindow/EditorClipboard.h"
+#include "editorwindow/EditorToasts.h"
 #include "editorwindow/EditorTopBar.h"
 #include "editorwindow/backdrop/BackdropPanel.h"
 #include "editorwindow/crop/CropBar.h"
@@ -41,6 +42,8 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
       m_lines(services, m_session.capture()),
       m_canvas(new AnnotationCanvasView(m_session, services.preferences.get(Settings::measureUnit))),
       m_sources(services, m_session, *m_canvas),
+      m_intake(services, m_session, *m_canvas),
+      m_handout(services, m_session, m_keeping),
       m_top(new EditorTopBar(m_session, services.preferences)),
       m_tools(new ToolPalette),
       m_middle(new QHBoxLayout),
@@ -54,7 +57,7 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
     addCommands();
     connectParts();
     connectFind();
-    m_changes = m_session.onChange([this] { follow(); });
+    m_changes.push_back(m_session.onChange([this] { follow(); }));
     follow();
     rememberSize(services.preferences, Settings::editorWindowSize,
                  (QSizeF(screen()->availableSize()) * screenShare).toSize());
@@ -92,6 +95,11 @@ void EditorWindow::connectParts()
     connect(m_top, &EditorTopBar::findWanted, this, &EditorWindow::openFind);
     connect(m_top, &EditorTopBar::backdropWanted, this, &EditorWindow::toggleBackdrop);
     connect(m_top, &EditorTopBar::copyWanted, this, &EditorWindow::copy);
+    connect(m_top, &EditorTopBar::handlePressed, this, [this] {
+        m_canvas->stopWriting();
+        m_handout.prepareDrag();
+    });
+    connect(m_top, &EditorTopBar::handleDragged, this, [this](QWidget& handle) { m_handout.drag(handle); });
     connect(m_top, &EditorTopBar::saveWanted, this, &EditorWindow::save);
     connect(m_top, &EditorTopBar::doneWanted, this, &EditorWindow::close);
     connect(m_tools, &ToolPalette::toolChosen, this, [this](EditorTool tool) {
@@ -103,6 +111,7 @@ void EditorWindow::connectParts()
     connect(m_crop, &CropBar::aspectChosen, this,
             [this](std::optional<double> aspect) { m_canvas->pointing().setCropAspect(aspect); });
     connect(m_canvas, &AnnotationCanvasView::contextMenuWanted, this, &EditorWindow::showMenu);
+    connect(m_canvas, &AnnotationCanvasView::textWanted, this, [this] { m_intake.paste(); });
     m_canvas->pointing().setLineHeightAt([this](Point at) {
         const bool isWanted = m_services.preferences.get(Settings::highlighterAutoSize);
         return isWanted ? m_lines.heightAt(at) : std::nullopt;
@@ -122,8 +131,10 @@ void EditorWindow::addCommands()
     add(QKeySequence::Redo, [this] { redo(); });
     add(Qt::CTRL | Qt::Key_Y, [this] { redo(); });
     add(QKeySequence::Copy, [this] { copy(); });
-    add(QKeySequence::Paste, [this] { paste(); });
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] { copyAsFile(); });
+    add(QKeySequence::Paste, [this] { m_intake.paste(); });
     add(QKeySequence::SelectAll, [this] { m_session.selectAll(); });
+    add(QKeySequence::Print, [this] { print(); });
     add(QKeySequence::Save, [this] { save(); });
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { saveAs(); });
     add(QKeySequence::Close, [this] { close(); });
@@ -199,19 +210,23 @@ void EditorWindow::redo()
 void EditorWindow::copy()
 {
     if (!m_session.selection().empty()) {
-        EditorClipboard::shared().set(m_session.selectedMarks());
+        EditorClipboard::shared().copy(m_session.selectedMarks(), m_services.clipboard);
         return;
     }
     m_canvas->stopWriting();
-    m_keeping.copy([this] {
-        m_services.ports.toasts.tell(&Toasts::present, ToastContent{.message = tr("Copied"), .copied = true},
-                                     std::nullopt, true);
-    });
+    m_keeping.copy([this] { EditorToasts::sayCopied(m_services.ports, tr("Copied")); });
 }
 
-void EditorWindow::paste()
+void EditorWindow::copyAsFile()
 {
-    m_session.paste(EditorClipboard::shared().marks(), {12, -12});
+    m_canvas->stopWriting();
+    m_handout.copyAsFile();
+}
+
+void EditorWindow::print()
+{
+    m_canvas->stopWriting();
+    m_handout.print(windowTitle(), windowHandle());
 }
 
 void EditorWindow::save()
@@ -233,15 +248,10 @@ void EditorWindow::saveAs()
 
 void EditorWindow::tellSaved(const SaveOutcome& outcome)
 {
-    const auto& toasts = m_services.ports.toasts;
     if (outcome)
-        toasts.tell(&Toasts::showSaved, *outcome, std::nullopt);
+        m_services.ports.toasts.tell(&Toasts::showSaved, *outcome, std::nullopt);
     else
-        toasts.tell(&Toasts::present,
-                    ToastContent{.message = tr("Not saved"),
-                                 .subtitle = outcome.error().message,
-                                 .icon = "exclamationmark.triangle"},
-                    std::nullopt, false);
+        EditorToasts::warn(m_services.ports, tr("Not saved"), outcome.error().message);
 }
 
 void EditorWindow::toggleBackdrop()
@@ -261,7 +271,7 @@ void EditorWindow::connectFind()
 {
     connect(m_find, &FindBar::changed, this, &EditorWindow::showFound);
     connect(m_find, &FindBar::closed, this, &EditorWindow::closeFind);
-    m_linesChanges = m_lines.onChange([this] { takeLines(); });
+    m_changes.push_back(m_lines.onChange([this] { takeLines(); }));
 }
 
 void EditorWindow::openFind()
@@ -318,7 +328,8 @@ void EditorWindow::showMenu(QPoint globalPosition)
         return entry;
     };
     add(tr("Copy"), QKeySequence::Copy, [this] { copy(); })->setEnabled(true);
-    add(tr("Paste"), QKeySequence::Paste, [this] { paste(); })->setEnabled(true);
+    add(tr("Copy as File"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] { copyAsFile(); })->setEnabled(true);
+    add(tr("Paste"), QKeySequence::Paste, [this] { m_intake.paste(); })->setEnabled(true);
     add(tr("Duplicate"), Qt::CTRL | Qt::Key_D, [this] { m_session.duplicateSelected(); });
     add(tr("Delete"), QKeySequence::Delete, [this] { m_session.removeSelected(); });
     menu->addSeparator();
@@ -331,6 +342,8 @@ void EditorWindow::showMenu(QPoint globalPosition)
     add(tr("Output Size…"), QKeySequence(), [this, globalPosition] {
         m_crop->offerSizes(globalPosition);
     })->setEnabled(true);
+    menu->addSeparator();
+    add(tr("Print…"), QKeySequence::Print, [this] { print(); })->setEnabled(true);
     menu->popup(globalPosition);
 }
 

@@ -2,6 +2,8 @@
 
 #include "editorwindow/CanvasSources.h"
 #include "editorwindow/CaptureLines.h"
+#include "editorwindow/EditorHandout.h"
+#include "editorwindow/EditorIntake.h"
 #include "editorwindow/EditorKeeping.h"
 #include "editorwindow/canvas/AnnotationCanvasView.h"
 #include "ui/AppWindow.h"
@@ -54,7 +56,8 @@ private:
     void undo();
     void redo();
     void copy();
-    void paste();
+    void copyAsFile();
+    void print();
     void save();
     void saveAs();
     void tellSaved(const SaveOutcome& outcome);
@@ -75,14 +78,15 @@ private:
     CaptureLines m_lines;
     AnnotationCanvasView* m_canvas;
     CanvasSources m_sources;
+    EditorIntake m_intake;
+    EditorHandout m_handout;
     EditorTopBar* m_top;
     ToolPalette* m_tools;
     QHBoxLayout* m_middle;               // what stands beside the canvas
     BackdropPanel* m_backdrop = nullptr; // made when it is opened first
     CropBar* m_crop;
     FindBar* m_find;
-    Subscription m_linesChanges;
-    Subscription m_changes;
+    std::vector<Subscription> m_changes;
 };
 
 } // namespace Kovrel

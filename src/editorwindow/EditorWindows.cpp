@@ -1,10 +1,10 @@
 #include "editorwindow/EditorWindows.h"
 
+#include "editorwindow/EditorToasts.h"
 #include "platform/Guarded.h"
 #include "platform/ImageCodec.h"
 #include "platform/Workers.h"
 #include "ports/CaptureDelivery.h"
-#include "ports/Toasts.h"
 
 #include <QFileInfo>
 
@@ -49,10 +49,7 @@ QCoro::Task<> EditorWindows::openCapture(CaptureResult result)
     if (!opened && !result.image.isNull())
         opened = EditedCaptures::Opened{{result.id, result.image, result.pixelScale, result.subject}, {}, {}};
     if (!opened) {
-        m_services.ports.toasts.tell(
-            &Toasts::present,
-            ToastContent{.message = tr("This capture is not there any more"), .icon = "exclamationmark.triangle"},
-            std::nullopt, false);
+        EditorToasts::warn(m_services.ports, tr("This capture is not there any more"));
         co_return;
     }
     if (!bringForward(result.id))
@@ -72,12 +69,8 @@ QCoro::Task<> EditorWindows::openFile(QString path)
     const auto decoded = co_await m_scope.onWorker(Lane::utility, QualityOfService::userInteractive,
                                                    Guarded::orElse(job, decltype(job())()));
     if (!decoded) {
-        m_services.ports.toasts.tell(
-            &Toasts::present,
-            ToastContent{.message = tr("Not opened"),
-                         .subtitle = tr("%1 is no picture that can be read.").arg(QFileInfo(path).fileName()),
-                         .icon = "exclamationmark.triangle"},
-            std::nullopt, false);
+        EditorToasts::warn(m_services.ports, tr("Not opened"),
+                           tr("%1 is no picture that can be read.").arg(QFileInfo(path).fileName()));
         co_return;
     }
     const QUuid id = QUuid::createUuid();
@@ -133,11 +126,8 @@ void EditorWindows::kept(EditorWindow* window, const EditorKeeping::Kept& outcom
 void EditorWindows::rescue(EditorWindow* window)
 {
     window->keeping().saveCopy([this, window](const SaveOutcome& saved) {
-        m_services.ports.toasts.tell(&Toasts::present,
-                                     ToastContent{.message = tr("The edit was saved as a file of its own"),
-                                                  .subtitle = saved ? *saved : saved.error().message,
-                                                  .icon = "exclamationmark.triangle"},
-                                     std::nullopt, false);
+        EditorToasts::warn(m_services.ports, tr("The edit was saved as a file of its own"),
+                           saved ? *saved : saved.error().message);
         ended(window);
     });
 }

@@ -9,6 +9,7 @@ enum class Lane {
     capture,     // pixels of the screen, and what a waiting user needs next
     save,        // encoding and writing files
     clipboard,   // what is read and made for the clipboard
+    paste,       // what other programs have on the clipboard; they may hang
     editorSave,  // "com.kovrel.editor-save"
     shutter,     // "com.kovrel.shutter"
     codes,       // codes in a picture, while somebody waits

@@ -19,6 +19,8 @@ public:
     virtual std::shared_ptr<CaptureSave> save(CaptureResult result, std::optional<QString> outputPath,
                                               std::shared_ptr<EncodedPng> png) = 0;
     virtual void copy(CaptureResult result, std::shared_ptr<EncodedPng> png) = 0;
+    // A file of the picture for programs that take files, and the picture for all others.
+    virtual void copyAsFile(const QString& path, std::shared_ptr<EncodedPng> png) = 0;
     virtual void copyText(const QString& text) = 0;
     // Shows a file in the desktop's file manager.
     virtual void reveal(const QString& path) = 0;

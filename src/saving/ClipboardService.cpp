@@ -44,6 +44,21 @@ ClipboardOffer known(const QString& type, const QByteArray& bytes)
     return {type, [bytes] { return bytes; }};
 }
 
+QByteArray uriOf(const QString& path)
+{
+    return QUrl::fromLocalFile(path).toEncoded();
+}
+
+ClipboardOffer uriListOf(const QString& path)
+{
+    return known("text/uri-list", uriOf(path) + "\r\n");
+}
+
+ClipboardOffer pngOf(const std::shared_ptr<EncodedPng>& png)
+{
+    return {pngType, [png] { return png->bytes().value_or(QByteArray()); }};
+}
+
 std::optional<QByteArray> contentOf(const QString& path)
 {
     QFile file(path);
@@ -77,7 +92,7 @@ void ClipboardService::copy(const QImage& image, std::shared_ptr<EncodedPng> png
 
 void ClipboardService::putImage(const QImage& image, const std::shared_ptr<EncodedPng>& png)
 {
-    m_clipboard.put({{pngType, [png] { return png->bytes().value_or(QByteArray()); }}, tiffOf(image)});
+    m_clipboard.put({pngOf(png), tiffOf(image)});
 }
 
 void ClipboardService::copyFile(const QString& path, int generation, bool force, Reply<bool> copied)
@@ -97,10 +112,17 @@ QCoro::Task<> ClipboardService::readAndPut(QString path, QString type, int gener
         co_return;
     }
     if (generation == m_copyGeneration) {
-        const QByteArray uri = QUrl::fromLocalFile(path).toEncoded() + "\r\n";
-        m_clipboard.put({known(type, *bytes), known("text/uri-list", uri)});
+        m_clipboard.put({known(type, *bytes), uriListOf(path)});
     }
     copied(true);
+}
+
+// File managers of several desktops paste files only where they are told that these are copied, not cut.
+void ClipboardService::copyAsFile(const QString& path, std::shared_ptr<EncodedPng> png)
+{
+    ++m_copyGeneration;
+    m_clipboard.put(
+        {uriListOf(path), known("x-special/gnome-copied-files", "copy\n" + uriOf(path)), pngOf(std::move(png))});
 }
 
 void ClipboardService::copyInBackground(const QImage& image, MakeBytes png, int generation)

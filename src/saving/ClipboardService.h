@@ -31,6 +31,9 @@ public:
     // set, since this call, which then counts as a copy itself.
     void copyFile(const QString& path, int generation, bool force, Reply<bool> copied);
 
+    // A file, for programs that take files, and the picture in it for all others.
+    void copyAsFile(const QString& path, std::shared_ptr<EncodedPng> png);
+
     using MakeBytes = std::function<std::optional<QByteArray>()>; // runs on a worker
 
     // Makes the bytes first, PNG by `png`, else TIFF, and offers them unless something was copied since `generation`.

@@ -45,6 +45,14 @@ QPainterPath arrowUpRight()
     return path;
 }
 
+QPainterPath outOfFrame()
+{
+    QPainterPath path = lines({{0.46, 0.16}, {0.06, 0.16}, {0.06, 0.94}, {0.84, 0.94}, {0.84, 0.54}});
+    path.addPath(lines({{0.4, 0.6}, {0.96, 0.04}}));
+    path.addPath(lines({{0.64, 0.04}, {0.96, 0.04}, {0.96, 0.36}}));
+    return path;
+}
+
 QPainterPath diagonal()
 {
     return lines({{0.04, 0.96}, {0.96, 0.04}});
@@ -289,6 +297,7 @@ constexpr Drawing drawings[] = {
     {"cursorarrow", pointerArrow},
     {"crop", cropMarks},
     {"arrow.up.right", arrowUpRight},
+    {"square.and.arrow.up.right", outOfFrame},
     {"line.diagonal", diagonal},
     {"scribble.variable", scribble},
     {"highlighter", marker},

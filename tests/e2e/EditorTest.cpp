@@ -4,7 +4,9 @@
 #include "tests/support/TestKeyboard.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -23,6 +25,7 @@ constexpr QColor paper(120, 200, 140);
 constexpr xcb_keycode_t keyF = 41;
 constexpr xcb_keycode_t keyK = 45;
 constexpr xcb_keycode_t keyS = 39;
+constexpr xcb_keycode_t keyV = 55;
 constexpr xcb_keycode_t keyW = 25;
 constexpr xcb_keycode_t keyZ = 52;
 
@@ -182,6 +185,57 @@ TEST_F(EditorTest, WhatWasUndoneAfterItWasNotedDoesNotStay)
     type({TestKeyboard::control, keyZ});
     type({TestKeyboard::control, keyW});
     EXPECT_TRUE(UserSession::eventually([&] { return noted() == "[]"; })) << noted().constData();
+}
+
+// What another program has copied is laid on the picture, and what is made of that goes back as a file.
+TEST_F(EditorTest, PicturesComeFromTheClipboardAndGoBackAsFiles)
+{
+    const auto clipboard = [&](const QString& type) {
+        return session->run("xclip", {"-selection", "clipboard", "-t", type, "-o"}).output;
+    };
+    session->prepare();
+    QImage red({60, 40}, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    red.save(session->path("red.png"));
+    session->start("xclip", {"-quiet", "-selection", "clipboard", "-t", "image/png", "-i", session->path("red.png")});
+    ASSERT_TRUE(UserSession::eventually([&] { return clipboard("TARGETS").contains("image/png"); }));
+    ASSERT_EQ(session->kovrel({"open", picture({400, 300})}).exitCode, 0);
+    const QPoint middle = waitForPicture({400, 300}).center();
+    type({TestKeyboard::control, keyV});
+    const auto isRed = [&] { return screen->pixelAt(middle + QPoint(8, 8)) == (QColor(Qt::red).rgb() & RGB_MASK); };
+    ASSERT_TRUE(UserSession::eventually(isRed));
+
+    type({TestKeyboard::control, TestKeyboard::shift, TestKeyboard::placeOfC});
+    QString copied;
+    ASSERT_TRUE(UserSession::eventually([&] {
+        copied = QUrl(QString::fromUtf8(clipboard("text/uri-list")).trimmed()).toLocalFile();
+        return !copied.isEmpty();
+    }));
+    const QImage made(copied);
+    ASSERT_EQ(made.size(), QSize(400, 300)) << qUtf8Printable(copied);
+    EXPECT_EQ(made.pixelColor(200, 150), Qt::red);
+    EXPECT_EQ(made.pixelColor(165, 150), paper);
+    EXPECT_TRUE(Testing::sameColors(QImage::fromData(clipboard("image/png")).convertToFormat(QImage::Format_RGB32),
+                                    made.convertToFormat(QImage::Format_RGB32)));
+}
+
+// Where there is no printer, into a file.
+TEST_F(EditorTest, ThePictureIsPrinted)
+{
+    session->prepare();
+    ASSERT_EQ(session->kovrel({"open", picture({400, 300})}).exitCode, 0);
+    waitForPicture({400, 300});
+    type({TestKeyboard::control, TestKeyboard::placeOfP});
+    ASSERT_TRUE(UserSession::eventually(
+        [&] { return !session->run("xdotool", {"search", "--onlyvisible", "--name", "^Print$"}).output.isEmpty(); }));
+    type({TestKeyboard::enter});
+    EXPECT_TRUE(UserSession::eventually([&] {
+        for (QDirIterator files(session->path("."), {"*.pdf"}, QDir::Files, QDirIterator::Subdirectories);
+             files.hasNext();)
+            if (QFile pdf(files.next()); pdf.open(QIODevice::ReadOnly) && pdf.readAll().trimmed().endsWith("%%EOF"))
+                return true;
+        return false;
+    }));
 }
 
 } // namespace Kovrel

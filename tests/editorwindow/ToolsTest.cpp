@@ -1,3 +1,4 @@
+#include "editorwindow/tools/DragHandle.h"
 #include "editorwindow/tools/StylePanel.h"
 #include "editorwindow/tools/ToolKeys.h"
 #include "editorwindow/tools/ToolPalette.h"
@@ -5,6 +6,7 @@
 #include "ui/controls/SymbolButton.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QSlider>
 
 #include <gtest/gtest.h>
@@ -89,6 +91,30 @@ TEST_F(StylePanelTest, OffersWhatThereIsAndTellsOnlyWhatWasChanged)
         }
     }
     EXPECT_EQ(chosen.size(), 4u);
+}
+
+// Once for each press, and not for a trembling hand or another button.
+TEST(DragHandleTest, IsDraggedOnceThePointerHasGoneFarEnough)
+{
+    const std::tuple<Qt::MouseButton, std::vector<QPoint>, int> cases[] = {
+        {Qt::LeftButton, {{11, 10}, {12, 12}}, 0},
+        {Qt::LeftButton, {{11, 10}, {80, 90}, {200, 90}}, 1},
+        {Qt::RightButton, {{80, 90}}, 0},
+    };
+    for (const auto& [button, way, expected] : cases) {
+        DragHandle handle("plus", "Handle");
+        handle.show();
+        int drags = 0;
+        QObject::connect(&handle, &DragHandle::dragged, [&drags] { ++drags; });
+        const auto send = [&](QEvent::Type type, Qt::MouseButton changed, QPointF at) {
+            QMouseEvent event(type, at, handle.mapToGlobal(at), changed, button, {});
+            QCoreApplication::sendEvent(&handle, &event);
+        };
+        send(QEvent::MouseButtonPress, button, {10, 10});
+        for (const QPoint at : way)
+            send(QEvent::MouseMove, Qt::NoButton, at);
+        EXPECT_EQ(drags, expected);
+    }
 }
 
 } // namespace Kovrel

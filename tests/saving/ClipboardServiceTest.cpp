@@ -20,7 +20,7 @@ namespace {
 struct ClipboardServiceTest : testing::Test {
     Testing::FakeMainLoop loop;
     Testing::FakeWorkers workers;
-    Testing::FakeClipboard clipboard;
+    Testing::FakeClipboard clipboard{loop};
     std::optional<ClipboardService> service{std::in_place, loop, workers, clipboard};
     Testing::TempFolder folder;
     QImage image = Testing::testPicture({20, 10}, Testing::Texture::noise);
@@ -159,6 +159,20 @@ TEST_F(ClipboardServiceTest, NothingIsPutOnceTheServiceHasGone)
     service.reset();
     finish();
     EXPECT_EQ(clipboard.puts, 0);
+}
+
+// What asks for it decides what it gets; a copy that began before does not replace it.
+TEST_F(ClipboardServiceTest, AFileIsCopiedWithThePictureInIt)
+{
+    const int before = service->copyGeneration();
+    service->copyAsFile("/a b.jpg", std::make_shared<EncodedPng>(image));
+    EXPECT_EQ(clipboard.types(), (QStringList{"text/uri-list", "x-special/gnome-copied-files", "image/png"}));
+    EXPECT_EQ(clipboard.bytes("text/uri-list"), "file:///a%20b.jpg\r\n");
+    EXPECT_EQ(clipboard.bytes("x-special/gnome-copied-files"), "copy\nfile:///a%20b.jpg");
+    EXPECT_EQ(clipboard.bytes("image/png"), png);
+    service->copyInBackground(image, {}, before);
+    finish();
+    EXPECT_EQ(clipboard.puts, 1);
 }
 
 } // namespace Kovrel

@@ -292,6 +292,8 @@ struct FakeCaptureServices {
 
         void copy(CaptureResult, std::shared_ptr<EncodedPng>) override { fake.say("copy"); }
 
+        void copyAsFile(const QString& path, std::shared_ptr<EncodedPng>) override { fake.say("copy as file " + path); }
+
         void copyText(const QString& text) override { fake.say("copy text " + text); }
 
         void reveal(const QString& path) override { fake.say("reveal " + path); }

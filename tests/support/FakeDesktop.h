@@ -31,6 +31,7 @@ public:
           m_overlay(loop, m_displays, m_pixels),
           m_windows(loop),
           m_picture(loop),
+          m_clipboard(loop),
           m_programs(loop),
           m_filePanel(loop),
           m_secrets(loop),

@@ -1,5 +1,6 @@
 #include "app/features/EditorFeature.h"
 
+#include "app/foundation/AppPaths.h"
 #include "settings/pages/EditorPage.h"
 
 #include <QCoreApplication>
@@ -8,7 +9,9 @@ namespace Kovrel {
 
 EditorFeature::EditorFeature(Foundation& foundation, Ports& ports)
     : m_foundation(foundation),
-      m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->filePanel(), ports,
+      m_printer(foundation.loop, foundation.workers),
+      m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->filePanel(),
+                 foundation.desktop->clipboard(), ports, AppPaths::temporaryFolder(), &m_printer,
                  &foundation.desktop->programs()})
 {
     ports.editors.offer(m_windows);

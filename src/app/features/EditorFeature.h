@@ -3,6 +3,7 @@
 #include "app/foundation/Feature.h"
 #include "app/foundation/Foundation.h"
 #include "editorwindow/EditorWindows.h"
+#include "platform/plugins/PluginPicturePrinter.h"
 #include "ports/Ports.h"
 
 namespace Kovrel {
@@ -17,6 +18,7 @@ public:
 
 private:
     Foundation& m_foundation;
+    PluginPicturePrinter m_printer;
     EditorWindows m_windows;
 };
 

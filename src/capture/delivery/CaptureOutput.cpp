@@ -161,6 +161,11 @@ void CaptureOutput::copy(CaptureResult result, std::shared_ptr<EncodedPng> png)
     m_clipboard.copy(result.image, std::move(png));
 }
 
+void CaptureOutput::copyAsFile(const QString& path, std::shared_ptr<EncodedPng> png)
+{
+    m_clipboard.copyAsFile(path, std::move(png));
+}
+
 void CaptureOutput::copyText(const QString& text)
 {
     m_clipboard.copyText(text);

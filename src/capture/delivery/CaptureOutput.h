@@ -26,6 +26,7 @@ public:
     std::shared_ptr<CaptureSave> save(CaptureResult result, std::optional<QString> outputPath,
                                       std::shared_ptr<EncodedPng> png) override;
     void copy(CaptureResult result, std::shared_ptr<EncodedPng> png) override;
+    void copyAsFile(const QString& path, std::shared_ptr<EncodedPng> png) override;
     void copyText(const QString& text) override;
 
     void reveal(const QString& path) override { m_fileManager.reveal(path); }

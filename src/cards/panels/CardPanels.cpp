@@ -1,8 +1,8 @@
 #include "cards/panels/CardPanels.h"
 
 #include "cards/QuickAccessController.h"
-#include "cards/panels/CardDrag.h"
 #include "cards/panels/CodeMenu.h"
+#include "ui/FileDrag.h"
 #include "ui/tokens/Motion.h"
 
 #include <QPointer>
@@ -279,7 +279,7 @@ void CardPanels::dragOut(QUuid card)
     const CardLook look = panel.look();
     const double scale = panel.display().scale;
     m_controller->setDragged(card, true);
-    CardDrag::run(*this, *look.dragFile, look.face, scale);
+    FileDrag::run(*this, {*look.dragFile, {}}, look.face, scale);
     m_controller->setDragged(card, false);
 }
 

@@ -310,10 +310,15 @@ bool AnnotationCanvasView::event(QEvent* event)
 
 // --- Pointer
 
+Point AnnotationCanvasView::imagePoint(QPointF widgetPoint) const
+{
+    return m_viewport.toImage(inView(widgetPoint));
+}
+
 CanvasPointer AnnotationCanvasView::pointer(const QMouseEvent& event, int clicks) const
 {
     const Qt::KeyboardModifiers keys = event.modifiers();
-    return {.at = m_viewport.toImage(inView(event.position())),
+    return {.at = imagePoint(event.position()),
             .pixel = m_viewport.imagePointsPerScreenPoint(),
             .shift = keys.testFlag(Qt::ShiftModifier),
             .alt = keys.testFlag(Qt::AltModifier),
@@ -424,6 +429,17 @@ void AnnotationCanvasView::write(QUuid label)
     updateOverlay();
 }
 
+std::optional<QUuid> AnnotationCanvasView::written() const
+{
+    return m_writing ? std::optional(m_writing->id()) : std::nullopt;
+}
+
+void AnnotationCanvasView::insertText(const QString& text)
+{
+    if (m_writing)
+        m_writing->insert(text);
+}
+
 void AnnotationCanvasView::stopWriting()
 {
     if (!m_writing)
@@ -480,6 +496,10 @@ bool AnnotationCanvasView::writeKey(const QKeyEvent& event)
     if (event.key() == Qt::Key_Escape ||
         (event.key() == Qt::Key_Return && event.modifiers().testFlag(Qt::ControlModifier))) {
         stopWriting();
+        return true;
+    }
+    if (event.matches(QKeySequence::Paste)) {
+        Q_EMIT textWanted();
         return true;
     }
     return WritingKeys::press(*m_writing, event);

@@ -37,9 +37,16 @@ public:
     void zoomOut();
     void fit();
 
+    // In image points.
+    Point imagePoint(QPointF widgetPoint) const;
+
     bool isWriting() const { return m_writing.has_value(); }
 
+    // The label that is being written.
+    std::optional<QUuid> written() const;
     void write(QUuid label);
+    // At the caret, while somebody writes.
+    void insertText(const QString& text);
     // Ends what is being written, dragged or selected, the first of them that there is. False: there is nothing.
     bool escape();
     void stopWriting();
@@ -49,6 +56,8 @@ Q_SIGNALS:
     // The tool says no more of it: a click elsewhere has ended writing, or begun it.
     void writingChanged();
     void contextMenuWanted(QPoint globalPosition);
+    // What is on the clipboard, to be inserted.
+    void textWanted();
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -74,19 +74,15 @@ bool erases(LabelEditing& editing, const QKeyEvent& event)
     return true;
 }
 
-bool usesClipboard(LabelEditing& editing, const QKeyEvent& event)
+bool copies(LabelEditing& editing, const QKeyEvent& event)
 {
     const bool cuts = event.matches(QKeySequence::Cut);
-    if (cuts || event.matches(QKeySequence::Copy)) {
-        if (!editing.selectedText().isEmpty())
-            QGuiApplication::clipboard()->setText(editing.selectedText());
-        if (cuts && !editing.selectedText().isEmpty())
-            editing.erase(Move::left);
-        return true;
-    }
-    if (!event.matches(QKeySequence::Paste))
+    if (!cuts && !event.matches(QKeySequence::Copy))
         return false;
-    editing.insert(QGuiApplication::clipboard()->text());
+    if (!editing.selectedText().isEmpty())
+        QGuiApplication::clipboard()->setText(editing.selectedText());
+    if (cuts && !editing.selectedText().isEmpty())
+        editing.erase(Move::left);
     return true;
 }
 
@@ -107,7 +103,7 @@ bool goesBack(LabelEditing& editing, const QKeyEvent& event)
 
 bool WritingKeys::press(LabelEditing& editing, const QKeyEvent& event)
 {
-    if (moves(editing, event) || erases(editing, event) || usesClipboard(editing, event) || goesBack(editing, event))
+    if (moves(editing, event) || erases(editing, event) || copies(editing, event) || goesBack(editing, event))
         return true;
     if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
         editing.insert("\n");

@@ -6,7 +6,8 @@ namespace Kovrel {
 
 class LabelEditing;
 
-// What keys do to a text that is being written, as in every text field of the desktop. Main thread.
+// What keys do to a text that is being written, as in every text field of the desktop, but for pasting: that takes its
+// time. Main thread.
 namespace WritingKeys {
 
 // False: the key means nothing here.

@@ -21,6 +21,8 @@ const char* threadName(Lane lane)
         return "kovrel.save";
     case Lane::clipboard:
         return "kovrel.copy";
+    case Lane::paste:
+        return "kovrel.paste";
     case Lane::editorSave:
         return "kovrel.editsave";
     case Lane::shutter:

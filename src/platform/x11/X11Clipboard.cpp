@@ -1,6 +1,8 @@
 #include "platform/x11/X11Clipboard.h"
 
 #include "platform/Guarded.h"
+#include "platform/ReplyFromWorker.h"
+#include "platform/x11/X11ClipboardReader.h"
 #include "platform/x11/X11Property.h"
 
 #include <QString>
@@ -14,6 +16,8 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto handOverPatience = 3s;
+constexpr X11ClipboardReader::Limits readLimits{.patience = 5s, .bytes = Clipboard::mostBytes};
+constexpr const char* plainText = "STRING"; // in Latin-1, from old programs
 constexpr uint8_t sentEvent = 0x80;
 
 template <class Event>
@@ -22,9 +26,19 @@ const Event& as(const xcb_generic_event_t& event)
     return reinterpret_cast<const Event&>(event);
 }
 
+std::optional<QString> readTextNow()
+{
+    const QStringList types{"text/plain;charset=utf-8", "UTF8_STRING", "text/plain", plainText};
+    const auto content = X11ClipboardReader({}, readLimits).read(types);
+    if (!content)
+        return std::nullopt;
+    return content->mimeType == plainText ? QString::fromLatin1(content->bytes) : QString::fromUtf8(content->bytes);
+}
+
 } // namespace
 
-X11Clipboard::X11Clipboard(std::unique_ptr<X11Connection> connection) : m_connection(std::move(connection))
+X11Clipboard::X11Clipboard(MainLoop& loop, Workers& workers, std::unique_ptr<X11Connection> connection)
+    : m_loop(loop), m_workers(workers), m_connection(std::move(connection))
 {
     if (!m_connection->isAlive())
         return;
@@ -70,8 +84,21 @@ void X11Clipboard::putText(const QString& text)
     std::vector<ClipboardOffer> offers;
     for (const char* type : {"UTF8_STRING", "text/plain;charset=utf-8", "text/plain"})
         offers.push_back({type, [text] { return text.toUtf8(); }});
-    offers.push_back({"STRING", [text] { return text.toLatin1(); }});
+    offers.push_back({plainText, [text] { return text.toLatin1(); }});
     put(std::move(offers));
+}
+
+void X11Clipboard::read(QStringList mimeTypes, Reply<std::optional<ClipboardContent>> reply)
+{
+    const auto job = [mimeTypes] { return X11ClipboardReader({}, readLimits).read(mimeTypes); };
+    replyFromWorker<std::optional<ClipboardContent>>(m_loop, m_workers, Lane::paste, Guarded::orElse(job, std::nullopt),
+                                                     std::move(reply));
+}
+
+void X11Clipboard::readText(Reply<std::optional<QString>> reply)
+{
+    replyFromWorker<std::optional<QString>>(m_loop, m_workers, Lane::paste, Guarded::orElse(readTextNow, std::nullopt),
+                                            std::move(reply));
 }
 
 void X11Clipboard::serve()

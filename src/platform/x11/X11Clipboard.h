@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/Clipboard.h"
+#include "platform/MainLoop.h"
+#include "platform/Workers.h"
 #include "platform/x11/X11Transfer.h"
 
 #include <atomic>
@@ -15,7 +17,7 @@ namespace Kovrel {
 // handed over in pieces. When it goes, a clipboard manager may take what is there, for some seconds at most.
 class X11Clipboard : public Clipboard {
 public:
-    explicit X11Clipboard(std::unique_ptr<X11Connection> connection);
+    X11Clipboard(MainLoop& loop, Workers& workers, std::unique_ptr<X11Connection> connection);
     ~X11Clipboard() override;
     X11Clipboard(const X11Clipboard&) = delete;
     X11Clipboard& operator=(const X11Clipboard&) = delete;
@@ -23,6 +25,8 @@ public:
     // Ours once this returns: whoever asks the server afterwards gets it.
     void put(std::vector<ClipboardOffer> offers) override;
     void putText(const QString& text) override;
+    void read(QStringList mimeTypes, Reply<std::optional<ClipboardContent>> reply) override;
+    void readText(Reply<std::optional<QString>> reply) override;
 
 private:
     using Offers = std::shared_ptr<const std::vector<ClipboardOffer>>;
@@ -42,6 +46,8 @@ private:
     void handOver();
     Offers offers();
 
+    MainLoop& m_loop;
+    Workers& m_workers;
     std::unique_ptr<X11Connection> m_connection;
     xcb_window_t m_window = XCB_NONE;
     xcb_atom_t m_selection = XCB_NONE;

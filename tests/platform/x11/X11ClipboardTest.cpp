@@ -1,5 +1,5 @@
 #include "platform/ImageCodec.h"
-#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11ClipboardReader.h"
 #include "tests/support/PictureDifference.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/VirtualDisplay.h"
@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 
 #include <gtest/gtest.h>
+
+#include <csignal>
 
 namespace Kovrel {
 
@@ -44,6 +46,8 @@ public:
 
     // The owner ends as soon as it may.
     void letGo() { m_owner.closeWriteChannel(); }
+
+    void signalOwner(int number) { ::kill(pid_t(m_owner.processId()), number); }
 
     // Ends the owner; what it said of the bytes that it made.
     QByteArray finish()
@@ -141,6 +145,52 @@ TEST_F(X11ClipboardTest, WhatIsCopiedElsewhereReplacesIt)
     other.closeWriteChannel();
     other.waitForFinished();
     EXPECT_EQ(paste("UTF8_STRING"), "another");
+}
+
+// In pieces from a program of ours and from another one, the first type that there is.
+TEST_F(X11ClipboardTest, WhatOthersHaveIsRead)
+{
+    copy("picture");
+    const auto read = [this](const QStringList& types, qsizetype most = Clipboard::mostBytes) {
+        return X11ClipboardReader(m_display.name(), {10s, most}).read(types);
+    };
+    const auto content = read({"image/jpeg", "image/png", "image/tiff"});
+    ASSERT_TRUE(content);
+    EXPECT_EQ(content->mimeType, "image/png");
+    const auto picture = ImageCodec::decode(content->bytes);
+    ASSERT_TRUE(picture);
+    EXPECT_TRUE(Testing::samePicture(*picture, Testing::testPicture({900, 700}, Testing::Texture::noise)));
+    EXPECT_FALSE(read({"image/jpeg"})) << "it is not there";
+    EXPECT_FALSE(read({"image/png"}, 300'000)) << "it is too much";
+
+    QProcess other;
+    other.setProcessEnvironment(m_display.environment());
+    other.start("xclip", {"-selection", "clipboard", "-t", "text/uri-list"});
+    const QByteArray many(2'000'000, 'x');
+    other.write(many);
+    other.closeWriteChannel();
+    other.waitForFinished();
+    std::optional<ClipboardContent> files; // it is not there at once
+    for (int tries = 0; !files && tries < 1000; ++tries)
+        files = read({"text/uri-list", "text/plain"});
+    ASSERT_TRUE(files);
+    EXPECT_EQ(files->mimeType, "text/uri-list");
+    EXPECT_TRUE(files->bytes == many) << files->bytes.size();
+    EXPECT_FALSE(read({"text/uri-list"}, 1000)) << "it is too much";
+}
+
+// Before it has said what there is, while it makes what was asked for, or where there is nobody at all.
+TEST_F(X11ClipboardTest, AProgramThatHangsIsGivenUp)
+{
+    const auto read = [this](std::chrono::milliseconds patience) {
+        return X11ClipboardReader(m_display.name(), {patience, Clipboard::mostBytes}).read({"image/png"});
+    };
+    EXPECT_FALSE(read(24h)) << "nobody has anything";
+    copy("nothing, ever");
+    EXPECT_FALSE(read(50ms));
+    signalOwner(SIGSTOP);
+    EXPECT_FALSE(read(50ms));
+    signalOwner(SIGKILL);
 }
 
 TEST_F(X11ClipboardTest, TextComesOutAsItWentIn)

@@ -1,14 +1,15 @@
 #pragma once
 
 #include "platform/Clipboard.h"
-
-#include <QStringList>
+#include "tests/support/desktop/FakeAnswers.h"
 
 namespace Kovrel::Testing {
 
-// Remembers what was put last, and how often something was.
+// Remembers what was put last, and how often something was; that is what is read, too, if it is not refused.
 class FakeClipboard : public Clipboard {
 public:
+    explicit FakeClipboard(MainLoop& loop) : answers(loop) {}
+
     void put(std::vector<ClipboardOffer> newOffers) override
     {
         ++puts;
@@ -21,6 +22,21 @@ public:
         ++puts;
         offers.clear();
         text = newText;
+    }
+
+    void read(QStringList mimeTypes, Reply<std::optional<ClipboardContent>> reply) override
+    {
+        answers.give(std::move(reply), [this, mimeTypes]() -> std::optional<ClipboardContent> {
+            for (const QString& type : mimeTypes)
+                if (!refuses && types().contains(type))
+                    return ClipboardContent{type, bytes(type)};
+            return std::nullopt;
+        });
+    }
+
+    void readText(Reply<std::optional<QString>> reply) override
+    {
+        answers.give(std::move(reply), [this] { return refuses ? std::nullopt : std::optional(text); });
     }
 
     QStringList types() const
@@ -42,6 +58,8 @@ public:
     int puts = 0;
     std::vector<ClipboardOffer> offers;
     QString text;
+    bool refuses = false;
+    FakeAnswers answers;
 };
 
 } // namespace Kovrel::Testing

@@ -1,5 +1,5 @@
-// Copies a picture, says "ready", and then says on standard error which types were made, each time one is, while its
-// main thread does nothing but wait for the end of standard input.
+// Copies a picture, or what its argument names, says "ready", and then says on standard error which types were made,
+// each time one is, while its main thread does nothing but wait for the end of standard input.
 
 #include "platform/x11/X11Clipboard.h"
 #include "saving/ClipboardService.h"
@@ -8,6 +8,7 @@
 #include "tests/support/TestPictures.h"
 
 #include <cstdio>
+#include <future>
 #include <string_view>
 
 using namespace Kovrel;
@@ -36,10 +37,15 @@ int main(int argc, char** argv)
 {
     Testing::FakeMainLoop loop;
     Testing::FakeWorkers workers;
-    TellingClipboard clipboard(std::make_unique<X11Connection>());
+    TellingClipboard clipboard(loop, workers, std::make_unique<X11Connection>());
     ClipboardService service(loop, workers, clipboard);
     if (argc > 1 && std::string_view(argv[1]) == "text")
         service.copyText(QString::fromUtf8("grün 😀"));
+    else if (argc > 1 && std::string_view(argv[1]) == "nothing, ever")
+        clipboard.put({{"image/png", []() -> QByteArray {
+                            std::promise<QByteArray>().get_future().wait();
+                            return {};
+                        }}});
     else
         service.copy(Testing::testPicture({900, 700}, Testing::Texture::noise));
     std::puts("ready");

@@ -1,4 +1,4 @@
-#include "cards/panels/CardDrag.h"
+#include "ui/FileDrag.h"
 
 #include <QDrag>
 #include <QMimeData>
@@ -21,10 +21,12 @@ QPixmap shown(const QImage& face, double scale)
 
 } // namespace
 
-void CardDrag::run(QObject& source, const QString& file, const QImage& face, double scale)
+void FileDrag::run(QObject& source, const Content& content, const QImage& face, double scale)
 {
     auto* data = new QMimeData;
-    data->setUrls({QUrl::fromLocalFile(file)});
+    data->setUrls({QUrl::fromLocalFile(content.file)});
+    if (!content.png.isEmpty())
+        data->setData("image/png", content.png);
     auto* drag = new QDrag(&source);
     drag->setMimeData(data);
     if (!face.isNull()) {
