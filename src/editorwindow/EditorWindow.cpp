@@ -13,6 +13,7 @@
 #include "ports/CaptureDelivery.h"
 #include "ports/Toasts.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>

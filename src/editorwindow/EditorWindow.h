@@ -8,6 +8,8 @@
 #include "editorwindow/canvas/AnnotationCanvasView.h"
 #include "ui/AppWindow.h"
 
+#include <vector>
+
 class QHBoxLayout;
 
 namespace Kovrel {

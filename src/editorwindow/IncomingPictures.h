@@ -2,7 +2,10 @@
 
 #include "editor/document/EditorCapture.h"
 
+#include <QByteArray>
 #include <QStringList>
+
+#include <vector>
 
 class QMimeData;
 

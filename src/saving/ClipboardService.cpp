@@ -54,9 +54,9 @@ ClipboardOffer uriListOf(const QString& path)
     return known("text/uri-list", uriOf(path) + "\r\n");
 }
 
-ClipboardOffer pngOf(const std::shared_ptr<EncodedPng>& png)
+ClipboardOffer pngOf(std::shared_ptr<EncodedPng> png)
 {
-    return {pngType, [png] { return png->bytes().value_or(QByteArray()); }};
+    return {pngType, [png = std::move(png)] { return png->bytes().value_or(QByteArray()); }};
 }
 
 std::optional<QByteArray> contentOf(const QString& path)

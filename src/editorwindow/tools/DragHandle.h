@@ -2,6 +2,10 @@
 
 #include "ui/controls/SymbolButton.h"
 
+#include <QPoint>
+
+#include <optional>
+
 namespace Kovrel {
 
 // A button from which something is dragged. The keyboard does not stop at it: there is nothing that it could do there.

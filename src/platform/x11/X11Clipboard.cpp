@@ -90,7 +90,7 @@ void X11Clipboard::putText(const QString& text)
 
 void X11Clipboard::read(QStringList mimeTypes, Reply<std::optional<ClipboardContent>> reply)
 {
-    const auto job = [mimeTypes] { return X11ClipboardReader({}, readLimits).read(mimeTypes); };
+    const auto job = [mimeTypes = std::move(mimeTypes)] { return X11ClipboardReader({}, readLimits).read(mimeTypes); };
     replyFromWorker<std::optional<ClipboardContent>>(m_loop, m_workers, Lane::paste, Guarded::orElse(job, std::nullopt),
                                                      std::move(reply));
 }
