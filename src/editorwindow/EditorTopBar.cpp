@@ -2,8 +2,8 @@
 
 #include "editorwindow/tools/DragHandle.h"
 #include "editorwindow/tools/StylePanel.h"
-#include "ui/controls/SymbolButton.h"
 #include "ui/PrimaryButton.h"
+#include "ui/controls/SymbolButton.h"
 #include "ui/tokens/Metrics.h"
 
 #include <QHBoxLayout>

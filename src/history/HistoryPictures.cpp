@@ -2,7 +2,7 @@
 
 #include "editor/json/AnnotationJson.h"
 #include "platform/ImageCodec.h"
-#include "platform/RegularFile.h"
+#include "platform/files/RegularFile.h"
 
 #include <QFile>
 

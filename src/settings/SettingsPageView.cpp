@@ -1,8 +1,8 @@
 #include "settings/SettingsPageView.h"
 
 #include "settings/SettingRowView.h"
-#include "ui/Card.h"
 #include "ui/Label.h"
+#include "ui/controls/Card.h"
 #include "ui/controls/Hairline.h"
 #include "ui/controls/PlainButton.h"
 #include "ui/tokens/Metrics.h"

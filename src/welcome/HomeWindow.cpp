@@ -1,7 +1,6 @@
 #include "welcome/HomeWindow.h"
 
 #include "hotkeys/HotkeySettings.h"
-#include "ui/Card.h"
 #include "ui/Label.h"
 #include "ui/LookChanges.h"
 #include "ui/MenuTitle.h"
@@ -9,6 +8,7 @@
 #include "ui/PrimaryButton.h"
 #include "ui/ProgramIcon.h"
 #include "ui/RowButton.h"
+#include "ui/controls/Card.h"
 #include "ui/tokens/Metrics.h"
 
 #include <QGridLayout>

@@ -4,7 +4,7 @@
 #include "editor/OwnBackdropPicture.h"
 #include "editor/json/AnnotationJson.h"
 #include "platform/ImageCodec.h"
-#include "platform/RegularFile.h"
+#include "platform/files/RegularFile.h"
 #include "saving/SaveService.h"
 
 namespace Kovrel {

@@ -3,8 +3,8 @@
 #include "editorwindow/backdrop/AlignmentPad.h"
 #include "editorwindow/backdrop/LightPad.h"
 #include "editorwindow/tools/ChoiceButton.h"
-#include "ui/controls/ColorWell.h"
 #include "ui/Label.h"
+#include "ui/controls/ColorWell.h"
 #include "ui/tokens/Metrics.h"
 
 #include <QCheckBox>

@@ -4,9 +4,9 @@
 #include "editor/crop/CropShapes.h"
 #include "editorwindow/crop/CropSizeMenu.h"
 #include "editorwindow/tools/ChoiceButton.h"
-#include "ui/controls/SymbolButton.h"
 #include "ui/PrimaryButton.h"
 #include "ui/RowButton.h"
+#include "ui/controls/SymbolButton.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 

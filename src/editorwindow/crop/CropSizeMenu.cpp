@@ -1,10 +1,10 @@
 #include "editorwindow/crop/CropSizeMenu.h"
 
 #include "editor/crop/CropSizes.h"
-#include "ui/controls/SymbolButton.h"
 #include "ui/Ground.h"
 #include "ui/Label.h"
 #include "ui/RowButton.h"
+#include "ui/controls/SymbolButton.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 

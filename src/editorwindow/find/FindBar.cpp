@@ -1,10 +1,10 @@
 #include "editorwindow/find/FindBar.h"
 
 #include "editorwindow/tools/ChoiceButton.h"
-#include "ui/controls/SymbolButton.h"
 #include "ui/Label.h"
 #include "ui/PrimaryButton.h"
 #include "ui/Symbols.h"
+#include "ui/controls/SymbolButton.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 

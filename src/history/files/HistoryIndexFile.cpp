@@ -5,9 +5,9 @@
 #include "history/files/Quarantine.h"
 #include "history/records/HistoryLists.h"
 #include "history/records/HistoryMerge.h"
-#include "platform/RegularFile.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/files/PrivateFolder.h"
+#include "platform/files/RegularFile.h"
 
 #include <QCoreApplication>
 #include <QFile>

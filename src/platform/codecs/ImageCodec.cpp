@@ -1,12 +1,12 @@
 #include "platform/ImageCodec.h"
 
-#include "platform/RegularFile.h"
 #include "platform/codecs/CodecLimits.h"
 #include "platform/codecs/HeifCodec.h"
 #include "platform/codecs/JpegEncoder.h"
 #include "platform/codecs/PngDecoder.h"
 #include "platform/codecs/PngEncoder.h"
 #include "platform/codecs/TiffEncoder.h"
+#include "platform/files/RegularFile.h"
 #include "platform/plugins/Plugins.h"
 
 #include <QBuffer>

@@ -1,10 +1,10 @@
 #include "platform/desktop/FileTokenStore.h"
 
 #include "platform/Guarded.h"
-#include "platform/RegularFile.h"
 #include "platform/ReplyFromWorker.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/files/PrivateFolder.h"
+#include "platform/files/RegularFile.h"
 
 #include <QDir>
 #include <QFile>

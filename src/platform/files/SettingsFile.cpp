@@ -1,8 +1,8 @@
 #include "platform/files/SettingsFile.h"
 
-#include "platform/RegularFile.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/files/PrivateFolder.h"
+#include "platform/files/RegularFile.h"
 
 #include <QDateTime>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "ui/Card.h"
+#include "ui/controls/Card.h"
 
 #include "ui/Ground.h"
 #include "ui/tokens/Metrics.h"
