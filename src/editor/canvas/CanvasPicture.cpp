@@ -11,6 +11,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <ranges>
 
 namespace Kovrel {
 
@@ -179,15 +180,12 @@ QRegion CanvasPicture::setDocument(const EditorDocument& document)
 // A mark that changes for the second time is likely to be dragged. What changes the capture lies below all others.
 void CanvasPicture::keepBelow(const std::vector<Annotation>& before)
 {
-    const auto [was, is] = std::ranges::mismatch(before, m_document.marks);
-    const auto first = size_t(is - m_document.marks.begin());
-    if (was == before.end() && is == m_document.marks.end())
+    const std::vector<Annotation>& after = m_document.marks;
+    const auto first = size_t(std::ranges::mismatch(before, after).in2 - after.begin());
+    if (first == before.size() && first == after.size())
         return;
-    const bool isOther = first != m_below.firstChanged;
-    const bool isOfCapture =
-        (was != before.end() && isOnCapture(*was)) || (is != m_document.marks.end() && isOnCapture(*is));
-    m_below.firstChanged = first;
-    if (isOther || isOfCapture)
+    const auto onCapture = std::views::filter(isOnCapture);
+    if (first != m_below.firstChanged || !std::ranges::equal(before | onCapture, after | onCapture))
         m_below = {.firstChanged = first};
     else if (m_below.count == 0)
         m_below.count = first;

@@ -144,6 +144,33 @@ TEST(CanvasPictureTest, WhatIsDrawnAnewIsEnough)
     }
 }
 
+// What is dragged changes again and again, and what lies below it is kept meanwhile.
+TEST(CanvasPictureTest, WhatIsDraggedIsDrawnAsIfItWereDrawnAtOnce)
+{
+    const EditorCapture capture = captureAt(1);
+    const auto redactions = redactionsOf(capture);
+    for (unsigned seed = 0; seed < 40; ++seed) {
+        Testing::RandomMarks random(seed, size, capture.image.copy(0, 0, 20, 30));
+        CanvasPicture picture(capture);
+        picture.setRedactions(redactions);
+        EditorDocument document = documentWith(random.some(), seed % 3 == 0);
+        picture.setDocument(document);
+        const int dragged = 1 + random.below(255); // a bit for each mark
+        for (int round = 0; round < 6; ++round) {
+            for (size_t index = 0; index < document.marks.size(); ++index)
+                if (dragged >> index & 1)
+                    document.marks[index] = MarkFrame::translated(document.marks[index], {5, 3});
+            picture.setDocument(document);
+            picture.picture();
+            CanvasPicture fresh(capture);
+            fresh.setRedactions(redactions);
+            fresh.setDocument(document);
+            ASSERT_TRUE(Testing::identicalPicture(picture.picture(), fresh.picture()))
+                << "seed " << seed << ", round " << round;
+        }
+    }
+}
+
 TEST(CanvasPictureTest, WhatIsToBeHiddenIsHiddenBeforeItsPictureIsMade)
 {
     using Kind = Annotation::Kind;
