@@ -67,10 +67,17 @@ public:
         connect(&m_callers, &QDBusServiceWatcher::serviceUnregistered, this, &Service::callerVanished);
     }
 
+    // What comes now is for the next instance: whoever asked is told that there is none.
+    void release() { m_isReleased = true; }
+
     QString introspect(const QString&) const override { return introspection; }
 
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
     {
+        if (m_isReleased) {
+            connection.send(message.createErrorReply(QDBusError::ServiceUnknown, "Kovrel is about to end"));
+            return true;
+        }
         if (!hasExpectedTypes(message)) {
             connection.send(message.createErrorReply(QDBusError::InvalidArgs, "the arguments are of other types"));
             return true;
@@ -144,6 +151,7 @@ private:
     QDBusServiceWatcher m_callers;
     QHash<quint64, QString> m_waiting; // request to the caller's unique name
     quint64 m_lastRequest = 0;
+    bool m_isReleased = false;
 };
 
 InstanceBus::InstanceBus() = default;
@@ -171,8 +179,10 @@ InstanceBus::Claim InstanceBus::claim(Handlers handlers)
 
 void InstanceBus::release()
 {
-    if (m_service)
-        QDBusConnection::sessionBus().unregisterService(busName);
+    if (!m_service)
+        return;
+    m_service->release();
+    QDBusConnection::sessionBus().unregisterService(busName);
 }
 
 void InstanceBus::activateOwner()
