@@ -48,7 +48,13 @@ struct EditorPanelsTest : testing::Test {
                      {"-size", "640x200", "xc:" + paper.name(), "-font", "DejaVu-Sans", "-pointsize", "32", "-annotate",
                       "+60+140", "secret", "-annotate", "+300+140", "and open", "-depth", "8", path});
         EXPECT_EQ(session->kovrel({"open", path}).exitCode, 0);
-        EXPECT_TRUE(UserSession::eventually([this] { return isShown(); }));
+        EXPECT_TRUE(UserSession::eventually([this] { return isShown() && hasKeyboard(); }));
+    }
+
+    // Windows are shown before they are given the keyboard.
+    bool hasKeyboard()
+    {
+        return session->run("xdotool", {"getactivewindow", "getwindowname"}).output.contains("page.png");
     }
 
     static QRect secret() { return {60, 100, 120, 50}; }
