@@ -43,6 +43,7 @@ bool isOnCapture(const Annotation& mark)
 }
 
 constexpr double sketched = 4; // pixels of the canvas to one of its sketch
+constexpr int mostPieces = 24; // each costs more than its pixels: many are drawn as one
 constexpr int tile = 256;      // pixels, a power of two
 
 // From pixels, y down from the upper left corner of a picture, to target points, y up from the lower left corner of a
@@ -226,8 +227,9 @@ void CanvasPicture::drawAll()
 }
 
 // What changes the capture first: all that lies above it is laid on that.
-void CanvasPicture::redraw(const QRegion& region)
+void CanvasPicture::redraw(const QRegion& changed)
 {
+    const QRegion region = changed.rectCount() > mostPieces ? QRegion(changed.boundingRect()) : changed;
     for (const QRect& rect : region& captureArea())
         redrawMarked(rect);
     for (const QRect& rect : region& area())

@@ -93,7 +93,7 @@ private:
     std::optional<BackdropLayout> layoutAt(double scale) const;
     QRegion pixelsOf(const std::vector<QRectF>& areas) const;
     void drawAll();
-    void redraw(const QRegion& region);
+    void redraw(const QRegion& changed);
     void redrawMarked(const QRect& rect);
     void redrawPicture(const QRect& rect);
     void keepBelow(const std::vector<Annotation>& before);
