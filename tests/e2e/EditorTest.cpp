@@ -154,7 +154,7 @@ TEST_F(EditorTest, AQuitSavesWhatWasMadeOfAFile)
     session->kovrel({"quit"});
     ASSERT_TRUE(UserSession::eventually([&] { return session->instancePid() == 0; }));
     EXPECT_EQ(QImage(path).pixelColor(100, 80), paper) << "the file is as it was";
-    ASSERT_EQ(session->savedFiles().size(), 1);
+    ASSERT_TRUE(UserSession::eventually([&] { return session->savedFiles().size() == 1; }));
     const QImage saved(session->saveFolder() + '/' + session->savedFiles().first());
     EXPECT_EQ(saved.pixelColor(100, 80), QColor("#FF3B30"));
 }
