@@ -80,9 +80,11 @@ void AnnotationCanvasView::setFound(std::vector<Rect> boxes, std::vector<Rect> n
 void AnnotationCanvasView::follow()
 {
     const QRect area = m_picture.area();
-    if (std::exchange(m_shownBackdrop, shownDocument().composition.backdrop) != m_shownBackdrop)
+    const EditorDocument shown = shownDocument();
+    if (shown.composition.backdrop != m_shownBackdrop)
         sketchBackdrop();
-    const QRegion changed = m_picture.setDocument(shownDocument());
+    m_shownBackdrop = shown.composition.backdrop;
+    const QRegion changed = m_picture.setDocument(shown);
     if (m_picture.area() != area)
         takeView();
     if (std::exchange(m_shownCrop, hidingCrop()) != hidingCrop())
