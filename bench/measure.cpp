@@ -1,6 +1,6 @@
 // measure: bench_measure [FOLDER] measures how long a run through a line of 3840 pixels takes beside a bare loop that
-// compares the same bytes, and how well borders are found that are too faint to end a run by their colour: of cards drawn
-// on grounds of several kinds, and on the flat places of the pictures in FOLDER.
+// compares the same bytes, and how well borders are found that are too faint to end a run by their colour: of cards
+// drawn on grounds of several kinds, and on the flat places of the pictures in FOLDER.
 
 #include "bench/BenchPictures.h"
 #include "bench/Samples.h"
@@ -89,7 +89,8 @@ struct Score {
     void add(const MeasureSampler& sampler, Axis axis, int start, int cross, double border)
     {
         const bool isRow = axis == Axis::horizontal;
-        const double ours = sampler.span(isRow ? start : cross, isRow ? cross : start, axis, tolerance, edgeFloor)->upper + 1;
+        const double ours =
+            sampler.span(isRow ? start : cross, isRow ? cross : start, axis, tolerance, edgeFloor)->upper + 1;
         const double steep = firstSteep(sampler, axis, start, cross).value_or(1e9);
         ++borders;
         found += std::abs(ours - border) <= 1.5;
@@ -160,7 +161,8 @@ private:
 QImage flatGround(Cards& cards)
 {
     QImage image(320, 260, QImage::Format_RGB32);
-    image.fill(QColor::fromHsvF(float(cards.between(0, 0.99)), float(cards.between(0, 0.5)), float(cards.between(0.1, 1))));
+    image.fill(
+        QColor::fromHsvF(float(cards.between(0, 0.99)), float(cards.between(0, 0.5)), float(cards.between(0.1, 1))));
     return image;
 }
 
@@ -180,7 +182,9 @@ QImage noisyGround(Cards& cards)
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             const QColor color = image.pixelColor(x, y);
-            const auto off = [&](int value) { return std::clamp(value + int(std::lround(cards.between(-1.5, 1.5))), 0, 255); };
+            const auto off = [&](int value) {
+                return std::clamp(value + int(std::lround(cards.between(-1.5, 1.5))), 0, 255);
+            };
             image.setPixel(x, y, qRgb(off(color.red()), off(color.green()), off(color.blue())));
         }
     }
@@ -197,10 +201,10 @@ void measureDrawnBorders()
     };
 
     constexpr Kind kinds[] = {
-        {"antialiased, flat", flatGround, 0, false},      {"blurred by 1, flat", flatGround, 1, false},
-        {"blurred by 2, flat", flatGround, 2, false},     {"antialiased, gradient", gradientGround, 0, false},
+        {"antialiased, flat", flatGround, 0, false},          {"blurred by 1, flat", flatGround, 1, false},
+        {"blurred by 2, flat", flatGround, 2, false},         {"antialiased, gradient", gradientGround, 0, false},
         {"blurred by 1, gradient", gradientGround, 1, false}, {"antialiased, noise", noisyGround, 0, false},
-        {"antialiased, JPEG", flatGround, 0, true},       {"blurred by 1, JPEG", flatGround, 1, true},
+        {"antialiased, JPEG", flatGround, 0, true},           {"blurred by 1, JPEG", flatGround, 1, true},
     };
     Cards cards;
     printHeader("cards drawn");

@@ -57,8 +57,8 @@ int largestDifference(const uchar* a, const uchar* b)
 
 bool differs(const uchar* pixel, const uchar* reference, int tolerance)
 {
-    return std::abs(pixel[0] - reference[0]) > tolerance || std::abs(pixel[1] - reference[1]) > tolerance
-        || std::abs(pixel[2] - reference[2]) > tolerance;
+    return std::abs(pixel[0] - reference[0]) > tolerance || std::abs(pixel[1] - reference[1]) > tolerance ||
+           std::abs(pixel[2] - reference[2]) > tolerance;
 }
 
 // Boundaries with steps of one sign, the first and the last of them.
@@ -146,8 +146,8 @@ MeasureSampler::Run runThrough(const Line& line, int start, int tolerance, Ends 
     MeasureSampler::Run run{start, start};
     while (run.lower >= 1 && !differs(line.pixel(run.lower - 1), reference, tolerance) && !endsAt(run.lower))
         --run.lower;
-    while (run.upper + 1 < line.length && !differs(line.pixel(run.upper + 1), reference, tolerance)
-           && !endsAt(run.upper + 1))
+    while (run.upper + 1 < line.length && !differs(line.pixel(run.upper + 1), reference, tolerance) &&
+           !endsAt(run.upper + 1))
         ++run.upper;
     return run;
 }
@@ -168,10 +168,7 @@ struct Candidate {
 
 } // namespace
 
-MeasureSampler::MeasureSampler(const QImage& source)
-    : m_pixels(source.convertToFormat(QImage::Format_RGBA8888))
-{
-}
+MeasureSampler::MeasureSampler(const QImage& source) : m_pixels(source.convertToFormat(QImage::Format_RGBA8888)) {}
 
 std::optional<MeasureSampler::Run> MeasureSampler::span(int x, int y, Axis axis, int tolerance,
                                                         std::optional<int> edgeFloor) const

@@ -35,22 +35,23 @@ public:
 
     int length(Axis axis) const { return axis == Axis::horizontal ? width() : height(); }
 
-    // The run of like pixels through one: no channel is off by more than the tolerance from that pixel itself, so a slow
-    // gradient is followed until it has drifted as far. With a floor it ends at edges within the tolerance, too. Nothing
-    // outside the picture.
+    // The run of like pixels through one: no channel is off by more than the tolerance from that pixel itself, so a
+    // slow gradient is followed until it has drifted as far. With a floor it ends at edges within the tolerance, too.
+    // Nothing outside the picture.
     std::optional<Run> span(int x, int y, Axis axis, int tolerance, std::optional<int> edgeFloor = std::nullopt) const;
 
     // The change of red, green and blue together across a boundary, positive when it gets brighter. Nothing at the
     // borders of the picture and beyond.
     std::optional<int> signedStep(Axis along, int at, int cross) const;
 
-    // Whether a boundary is an edge that people see, though its step may be small: neighbouring steps of one sign are one
-    // ramp, as an antialiased or blurred border is. The ramp is an edge when it rises by more than the floor above what
-    // its surroundings do anyway, and its steepest boundary is where the edge is. A gradient is none: it has no end.
+    // Whether a boundary is an edge that people see, though its step may be small: neighbouring steps of one sign are
+    // one ramp, as an antialiased or blurred border is. The ramp is an edge when it rises by more than the floor above
+    // what its surroundings do anyway, and its steepest boundary is where the edge is. A gradient is none: it has no
+    // end.
     bool qualifiesAsEdge(Axis along, int at, int cross, int floor) const;
 
-    // The boundary within reach of a place that is the nearest edge; of two as near the sharper one, else the lower one.
-    // The picture's borders are edges. Nothing where there is none.
+    // The boundary within reach of a place that is the nearest edge; of two as near the sharper one, else the lower
+    // one. The picture's borders are edges. Nothing where there is none.
     std::optional<int> sharpestEdge(Axis along, double near, int cross, double reach, int floor) const;
 
 private:

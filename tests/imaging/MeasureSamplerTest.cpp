@@ -42,7 +42,7 @@ std::vector<int> edgesOf(const std::vector<int>& values, Axis axis, int floor)
 }
 
 std::optional<Pixels> runOf(const std::vector<int>& values, Axis axis, int start, int tolerance,
-                         std::optional<int> edgeFloor = std::nullopt)
+                            std::optional<int> edgeFloor = std::nullopt)
 {
     const MeasureSampler sampler(greys(values, axis));
     return axis == Axis::horizontal ? sampler.span(start, 1, axis, tolerance, edgeFloor)
@@ -61,15 +61,10 @@ TEST(MeasureSamplerTest, ARunGoesAsFarAsPixelsAreLikeTheOneThatWasPointedAt)
     };
 
     const Case cases[] = {
-        {{9, 9, 9, 9}, 2, 0, {0, 3}},
-        {{9, 9, 50, 9, 9, 9}, 3, 0, {3, 5}}, // a line just left of it
-        {{9, 9, 9, 50, 9}, 2, 0, {0, 2}},
-        {{9, 10, 9}, 1, 0, {1, 1}},
-        {{9, 10, 9}, 1, 1, {0, 2}},
+        {{9, 9, 9, 9}, 2, 0, {0, 3}},      {{9, 9, 50, 9, 9, 9}, 3, 0, {3, 5}}, // a line just left of it
+        {{9, 9, 9, 50, 9}, 2, 0, {0, 2}},  {{9, 10, 9}, 1, 0, {1, 1}},          {{9, 10, 9}, 1, 1, {0, 2}},
         {{0, 4, 8, 12, 16}, 2, 4, {1, 3}}, // compared with the start, not with the neighbour
-        {{50, 9, 9}, 0, 5, {0, 0}},
-        {{9, 9, 50}, 2, 5, {2, 2}},
-        {{9}, 0, 0, {0, 0}},
+        {{50, 9, 9}, 0, 5, {0, 0}},        {{9, 9, 50}, 2, 5, {2, 2}},          {{9}, 0, 0, {0, 0}},
     };
     for (const Axis axis : axes) {
         for (const Case& each : cases)
@@ -98,7 +93,8 @@ TEST(MeasureSamplerTest, NothingLiesOutsideThePicture)
         for (const Axis axis : axes)
             EXPECT_FALSE(sampler.span(outside.x(), outside.y(), axis, 0));
     }
-    for (const auto& [at, cross] : {std::pair(0, 0), std::pair(4, 0), std::pair(-1, 0), std::pair(2, -1), std::pair(2, 3)}) {
+    for (const auto& [at, cross] :
+         {std::pair(0, 0), std::pair(4, 0), std::pair(-1, 0), std::pair(2, -1), std::pair(2, 3)}) {
         EXPECT_FALSE(sampler.signedStep(Axis::horizontal, at, cross));
         EXPECT_FALSE(sampler.qualifiesAsEdge(Axis::horizontal, at, cross, -1000));
     }
@@ -159,22 +155,15 @@ TEST(MeasureSamplerTest, TheNearestEdgeIsFoundAndOfTwoAsNearTheSharperOne)
     };
 
     const Case cases[] = {
-        {5.5, 3, 4},        {6, 3, 8},
-        {6.00004, 3, 8},    {5.9999, 3, 4},
-        {5.5, 1, {}},       {5.5, 1.5, 4},
-        {2, 2, 0},          {1.9, 3, 0},
-        {10, 3, 12},        {11, 0.5, {}},
-        {13, 1, 12},        {-1, 1, 0},
-        {-3, 1, {}},        {20, 1, {}},
-        {5, -1, {}},        {4, 0, 4},
-        {nan, 3, {}},       {5, nan, {}},
-        {6, infinity, 8},   {infinity, 5, {}},
-        {1e300, 1, {}},
+        {5.5, 3, 4}, {6, 3, 8},   {6.00004, 3, 8}, {5.9999, 3, 4}, {5.5, 1, {}},     {5.5, 1.5, 4},     {2, 2, 0},
+        {1.9, 3, 0}, {10, 3, 12}, {11, 0.5, {}},   {13, 1, 12},    {-1, 1, 0},       {-3, 1, {}},       {20, 1, {}},
+        {5, -1, {}}, {4, 0, 4},   {nan, 3, {}},    {5, nan, {}},   {6, infinity, 8}, {infinity, 5, {}}, {1e300, 1, {}},
     };
     for (const Axis axis : axes) {
         const MeasureSampler sampler(greys(values, axis));
         for (const Case& each : cases)
-            EXPECT_EQ(sampler.sharpestEdge(axis, each.near, 1, each.reach, 12), each.edge) << each.near << ' ' << each.reach;
+            EXPECT_EQ(sampler.sharpestEdge(axis, each.near, 1, each.reach, 12), each.edge)
+                << each.near << ' ' << each.reach;
         EXPECT_FALSE(sampler.sharpestEdge(axis, 4, -1, 3, 12));
         EXPECT_FALSE(sampler.sharpestEdge(axis, 4, 3, 3, 12));
     }
