@@ -15,8 +15,8 @@ struct Keys {
     bool control = false;
 };
 
-// A capture of 400 x 300 image points at two pixels each, with a button that is a little darker than the page: its sides
-// are at 100 and 220, its upper and lower ones at 200 and 160, y up.
+// A capture of 400 x 300 image points at two pixels each, with a button that is a little darker than the page: its
+// sides are at 100 and 220, its upper and lower ones at 200 and 160, y up.
 struct MeasuringTest : testing::Test {
     MeasuringTest()
     {
