@@ -135,7 +135,6 @@ const std::pair<const char*, const char*> withoutRow[] = {
 const std::pair<const char*, const char*> unread[] = {
     {"declinedMoveToApplications", "another desktop's: there is no such folder here"},
     {"measureHintSeen", "measuring on the screen is not there yet"},
-    {"liveTextHintSeen", "text on cards can't be selected yet"},
 };
 
 template <class List>
