@@ -8,7 +8,8 @@ namespace Kovrel {
 class EditorSession;
 class FindBar;
 
-// What an editor does with the text in its capture: finds it, lets it be selected, fits highlighters to it. Main thread.
+// What an editor does with the text in its capture: finds it, lets it be selected, fits highlighters to it. Main
+// thread.
 class EditorText : public QObject {
     Q_OBJECT
 

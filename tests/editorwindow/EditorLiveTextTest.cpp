@@ -61,13 +61,9 @@ struct EditorLiveTextTest : testing::Test {
     }
 
     Testing::FakeCaptureServices fake;
-    EditorServices services{fake.loop,
-                            fake.workers,
-                            fake.preferences,
-                            fake.desktop.filePanel(),
-                            fake.desktop.clipboard(),
-                            fake.ports,
-                            fake.folder / "tmp"};
+    EditorServices services{
+        fake.loop,  fake.workers,       fake.preferences, fake.desktop.filePanel(), fake.desktop.clipboard(),
+        fake.ports, fake.folder / "tmp"};
     std::unique_ptr<EditorWindow> window;
 };
 

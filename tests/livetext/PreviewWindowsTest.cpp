@@ -40,8 +40,7 @@ struct PreviewWindowsTest : testing::Test {
 
     Testing::FakeCaptureServices fake;
     QString file = fake.folder / "mine.png";
-    PreviewWindows previews{
-        {fake.loop, fake.workers, fake.preferences, fake.desktop.programs(), fake.ports}};
+    PreviewWindows previews{{fake.loop, fake.workers, fake.preferences, fake.desktop.programs(), fake.ports}};
 };
 
 } // namespace

@@ -3,8 +3,7 @@
 namespace Kovrel {
 
 PreviewFeature::PreviewFeature(Foundation& foundation, Ports& ports)
-    : m_windows(
-          {foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->programs(), ports})
+    : m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->programs(), ports})
 {
     ports.previews.offer(m_windows);
 }

@@ -39,8 +39,8 @@ QSize PreviewWindow::usualSize() const
 {
     const QSizeF room = QSizeF(screen()->availableSize()) * screenShare;
     const QSizeF own = QSizeF(m_picture.size()) / devicePixelRatioF();
-    const QSizeF shown = own.width() > room.width() || own.height() > room.height() ? own.scaled(room, Qt::KeepAspectRatio)
-                                                                                    : own;
+    const QSizeF shown =
+        own.width() > room.width() || own.height() > room.height() ? own.scaled(room, Qt::KeepAspectRatio) : own;
     return shown.toSize().expandedTo(smallest);
 }
 
@@ -65,7 +65,8 @@ QRectF PreviewWindow::place() const
     const QSizeF room = size();
     const bool fits = own.width() <= room.width() && own.height() <= room.height();
     const QSizeF shown = ((fits ? own : own.scaled(room, Qt::KeepAspectRatio)) * ratio).toSize();
-    const QPointF corner = QPointF((room.width() * ratio - shown.width()) / 2, (room.height() * ratio - shown.height()) / 2);
+    const QPointF corner =
+        QPointF((room.width() * ratio - shown.width()) / 2, (room.height() * ratio - shown.height()) / 2);
     return {QPointF(corner.toPoint()) / ratio, shown / ratio};
 }
 

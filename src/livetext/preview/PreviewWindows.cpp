@@ -34,8 +34,8 @@ void PreviewWindows::show(const QString& path)
 
 QCoro::Task<> PreviewWindows::open(QString path)
 {
-    const auto picture = co_await m_scope.onWorker(
-        Lane::capture, Guarded::orReason([path] { return ImageCodec::decodeFile(path); }));
+    const auto picture =
+        co_await m_scope.onWorker(Lane::capture, Guarded::orReason([path] { return ImageCodec::decodeFile(path); }));
     if (!picture) {
         m_services.programs.open(path);
         co_return;
