@@ -2,6 +2,7 @@
 // scale 1 and 2, with a usual font and with one that is half as large again.
 //
 //     QT_QPA_PLATFORM=offscreen bench_window_pictures FOLDER
+#include "app/Translations.h"
 #include "bench/SettingsPictures.h"
 #include "capture/selection/SelectionScene.h"
 #include "cards/CardFace.h"
@@ -407,6 +408,7 @@ void takeAll(const QString& folder)
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
+    Translations::install(application);
     if (argc < 2)
         return 2;
     Kovrel::Motion::shared().setReduced(true);

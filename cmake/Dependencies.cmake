@@ -1,4 +1,4 @@
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus PrintSupport Svg)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus LinguistTools PrintSupport Svg)
 find_package(QCoro6 REQUIRED COMPONENTS Core)
 find_package(Qt6Keychain REQUIRED)
 find_package(nlohmann_json REQUIRED)

@@ -2,7 +2,7 @@
 
 build_packages="
   cmake ninja-build ccache pkg-config clang-19 lld-19
-  qt6-base-dev qt6-base-private-dev qt6-svg-dev qcoro-qt6-dev qtkeychain-qt6-dev nlohmann-json3-dev libsimdjson-dev libsystemd-dev libglib2.0-dev
+  qt6-base-dev qt6-base-private-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qcoro-qt6-dev qtkeychain-qt6-dev nlohmann-json3-dev libsimdjson-dev libsystemd-dev libglib2.0-dev
   libxcb1-dev libxcb-shm0-dev libxcb-image0-dev libxcb-composite0-dev libxcb-xfixes0-dev libxcb-randr0-dev
   libxcb-damage0-dev libxcb-shape0-dev libxcb-render0-dev libxcb-xtest0-dev libxcb-xinput-dev libxcb-xkb-dev
   libxkbcommon-x11-dev x11proto-dev

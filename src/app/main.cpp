@@ -3,6 +3,7 @@
 #include "app/LibraryMessages.h"
 #include "app/StartDeadline.h"
 #include "app/SturdyApplication.h"
+#include "app/Translations.h"
 #include "commandline/CommandLine.h"
 #include "commandline/CommandTable.h"
 #include "platform/Guarded.h"
@@ -104,6 +105,7 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName("Kovrel");
     QApplication::setDesktopFileName("com.kovrel.Kovrel");
+    Translations::install(*application);
     return application;
 }
 

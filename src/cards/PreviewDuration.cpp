@@ -11,10 +11,9 @@ namespace {
 constexpr double longest = 86400; // seconds; a setting may say anything
 constexpr double kept = -1;
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("PreviewDuration", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(PreviewDuration)
+};
 
 } // namespace
 
@@ -33,7 +32,7 @@ std::vector<PreviewDuration> PreviewDuration::choices()
 
 QString PreviewDuration::helpText(const QString& reopenKeys)
 {
-    return tr("A preview closes on its own once this runs out. Hovering one holds its countdown, and %1 brings back "
+    return Texts::tr("A preview closes on its own once this runs out. Hovering one holds its countdown, and %1 brings back "
               "the last one that closed.")
         .arg(reopenKeys);
 }
@@ -45,7 +44,7 @@ double PreviewDuration::seconds() const
 
 QString PreviewDuration::title() const
 {
-    return m_time ? tr("Close after %1 seconds").arg(seconds()) : tr("Keep previews until I close them");
+    return m_time ? Texts::tr("Close after %1 seconds").arg(seconds()) : Texts::tr("Keep previews until I close them");
 }
 
 } // namespace Kovrel

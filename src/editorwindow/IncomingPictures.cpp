@@ -20,10 +20,9 @@ const QString uriList = "text/uri-list";
 const QStringList imageTypes{"image/png",  "image/tiff", "image/bmp",  "image/x-bmp", "image/jpeg",
                              "image/webp", "image/heic", "image/heif", "image/avif",  "image/gif"};
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("IncomingPictures", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(IncomingPictures)
+};
 
 QStringList localFiles(const QMimeData& data)
 {
@@ -64,11 +63,11 @@ IncomingPictures::Decoded IncomingPictures::decoded(const EditorCapture& capture
             result.refused = refusal;
     };
     if (files.isEmpty())
-        take(ImageCodec::decode(bytes), tr("This is no picture that can be read."));
+        take(ImageCodec::decode(bytes), Texts::tr("This is no picture that can be read."));
     for (const QString& file : files.first(std::min(files.size(), mostFiles)))
-        take(ImageCodec::decodeFile(file), tr("%1 is no picture that can be read.").arg(QFileInfo(file).fileName()));
+        take(ImageCodec::decodeFile(file), Texts::tr("%1 is no picture that can be read.").arg(QFileInfo(file).fileName()));
     if (files.size() > mostFiles)
-        result.refused = tr("These are more than %1 pictures; the others were left out.").arg(mostFiles);
+        result.refused = Texts::tr("These are more than %1 pictures; the others were left out.").arg(mostFiles);
     return result;
 }
 

@@ -50,6 +50,13 @@ std::optional<QColor> colorOf(const HistoryFacetOptions::Option& option)
     return option.colorHex ? std::optional(QColor(*option.colorHex)) : std::nullopt;
 }
 
+// Translated as long as nobody has given it another name.
+QString allName(const Preferences& preferences)
+{
+    const QString name = preferences.get(Settings::historyAllName);
+    return name == "All" ? HistoryWindow::tr("All") : name;
+}
+
 } // namespace
 
 HistoryWindow::HistoryWindow(HistoryViewServices services)
@@ -203,7 +210,7 @@ void HistoryWindow::refresh()
 void HistoryWindow::refreshLists()
 {
     const ListsModel::Timeline timeline{
-        .name = m_services.preferences.get(Settings::historyAllName),
+        .name = allName(m_services.preferences),
         .count = int(std::ranges::count_if(m_services.store.entries(), &HistoryEntry::isInTimeline))};
     m_sidebar->set(timeline, m_services.store.lists());
     m_sidebar->select(m_browser.list());

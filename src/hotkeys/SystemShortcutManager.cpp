@@ -225,7 +225,7 @@ QStringList SystemShortcutManager::borrowedKeys() const
     QStringList keys;
     for (const Chord& chord : chords)
         if (borrowed.contains(chord.symbolicHotKey))
-            keys << chord.combo.text();
+            keys << chord.combo.title();
     return keys;
 }
 
@@ -233,7 +233,7 @@ void SystemShortcutManager::giveBack()
 {
     const QStringList borrowed = borrowedKeys();
     for (const MenuEntry& command : CommandTable::menuInHotkeyOrder())
-        if (const auto combo = HotkeySettings::combo(m_preferences, command); combo && borrowed.contains(combo->text()))
+        if (const auto combo = HotkeySettings::combo(m_preferences, command); combo && borrowed.contains(combo->title()))
             m_preferences.set(HotkeySettings::keyOf(*command.hotkey), std::nullopt);
 }
 

@@ -2,6 +2,7 @@
 
 #include "model/VirtualKeys.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
@@ -64,22 +65,22 @@ constexpr std::array keyNames{
     Named{VirtualKeys::slash, "/"},
     Named{VirtualKeys::backslash, "\\"},
     Named{VirtualKeys::grave, "`"},
-    Named{VirtualKeys::returnKey, "Return"},
-    Named{VirtualKeys::tab, "Tab"},
-    Named{VirtualKeys::space, "Space"},
-    Named{VirtualKeys::backspace, "Backspace"},
-    Named{VirtualKeys::escape, "Escape"},
-    Named{VirtualKeys::enter, "Enter"},
-    Named{VirtualKeys::deleteKey, "Delete"},
-    Named{VirtualKeys::insert, "Insert"},
-    Named{VirtualKeys::home, "Home"},
-    Named{VirtualKeys::end, "End"},
-    Named{VirtualKeys::pageUp, "PageUp"},
-    Named{VirtualKeys::pageDown, "PageDown"},
-    Named{VirtualKeys::left, "Left"},
-    Named{VirtualKeys::right, "Right"},
-    Named{VirtualKeys::down, "Down"},
-    Named{VirtualKeys::up, "Up"},
+    Named{VirtualKeys::returnKey, QT_TRANSLATE_NOOP("KeyCombo", "Return")},
+    Named{VirtualKeys::tab, QT_TRANSLATE_NOOP("KeyCombo", "Tab")},
+    Named{VirtualKeys::space, QT_TRANSLATE_NOOP("KeyCombo", "Space")},
+    Named{VirtualKeys::backspace, QT_TRANSLATE_NOOP("KeyCombo", "Backspace")},
+    Named{VirtualKeys::escape, QT_TRANSLATE_NOOP("KeyCombo", "Escape")},
+    Named{VirtualKeys::enter, QT_TRANSLATE_NOOP("KeyCombo", "Enter")},
+    Named{VirtualKeys::deleteKey, QT_TRANSLATE_NOOP("KeyCombo", "Delete")},
+    Named{VirtualKeys::insert, QT_TRANSLATE_NOOP("KeyCombo", "Insert")},
+    Named{VirtualKeys::home, QT_TRANSLATE_NOOP("KeyCombo", "Home")},
+    Named{VirtualKeys::end, QT_TRANSLATE_NOOP("KeyCombo", "End")},
+    Named{VirtualKeys::pageUp, QT_TRANSLATE_NOOP("KeyCombo", "PageUp")},
+    Named{VirtualKeys::pageDown, QT_TRANSLATE_NOOP("KeyCombo", "PageDown")},
+    Named{VirtualKeys::left, QT_TRANSLATE_NOOP("KeyCombo", "Left")},
+    Named{VirtualKeys::right, QT_TRANSLATE_NOOP("KeyCombo", "Right")},
+    Named{VirtualKeys::down, QT_TRANSLATE_NOOP("KeyCombo", "Down")},
+    Named{VirtualKeys::up, QT_TRANSLATE_NOOP("KeyCombo", "Up")},
     Named{VirtualKeys::f1, "F1"},
     Named{VirtualKeys::f2, "F2"},
     Named{VirtualKeys::f3, "F3"},
@@ -92,11 +93,11 @@ constexpr std::array keyNames{
     Named{VirtualKeys::f10, "F10"},
     Named{VirtualKeys::f11, "F11"},
     Named{VirtualKeys::f12, "F12"},
-    Named{VirtualKeys::print, "Print"},
+    Named{VirtualKeys::print, QT_TRANSLATE_NOOP("KeyCombo", "Print")},
     Named{VirtualKeys::less, "<"},
-    Named{VirtualKeys::scrollLock, "ScrollLock"},
-    Named{VirtualKeys::pause, "Pause"},
-    Named{VirtualKeys::menu, "Menu"},
+    Named{VirtualKeys::scrollLock, QT_TRANSLATE_NOOP("KeyCombo", "ScrollLock")},
+    Named{VirtualKeys::pause, QT_TRANSLATE_NOOP("KeyCombo", "Pause")},
+    Named{VirtualKeys::menu, QT_TRANSLATE_NOOP("KeyCombo", "Menu")},
     Named{VirtualKeys::f13, "F13"},
     Named{VirtualKeys::f14, "F14"},
     Named{VirtualKeys::f15, "F15"},
@@ -125,20 +126,20 @@ constexpr std::array keyNames{
     Named{VirtualKeys::keypadSubtract, "KPSubtract"},
     Named{VirtualKeys::keypadDivide, "KPDivide"},
     Named{VirtualKeys::keypadEqual, "KPEqual"},
-    Named{VirtualKeys::volumeUp, "VolumeUp"},
-    Named{VirtualKeys::volumeDown, "VolumeDown"},
-    Named{VirtualKeys::volumeMute, "VolumeMute"},
-    Named{VirtualKeys::mediaPlay, "MediaPlay"},
-    Named{VirtualKeys::mediaStop, "MediaStop"},
-    Named{VirtualKeys::mediaNext, "MediaNext"},
-    Named{VirtualKeys::mediaPrevious, "MediaPrevious"},
+    Named{VirtualKeys::volumeUp, QT_TRANSLATE_NOOP("KeyCombo", "VolumeUp")},
+    Named{VirtualKeys::volumeDown, QT_TRANSLATE_NOOP("KeyCombo", "VolumeDown")},
+    Named{VirtualKeys::volumeMute, QT_TRANSLATE_NOOP("KeyCombo", "VolumeMute")},
+    Named{VirtualKeys::mediaPlay, QT_TRANSLATE_NOOP("KeyCombo", "MediaPlay")},
+    Named{VirtualKeys::mediaStop, QT_TRANSLATE_NOOP("KeyCombo", "MediaStop")},
+    Named{VirtualKeys::mediaNext, QT_TRANSLATE_NOOP("KeyCombo", "MediaNext")},
+    Named{VirtualKeys::mediaPrevious, QT_TRANSLATE_NOOP("KeyCombo", "MediaPrevious")},
 };
 
 constexpr std::array modifierNames{
-    Named{KeyCombo::control, "Ctrl"},
-    Named{KeyCombo::option, "Alt"},
-    Named{KeyCombo::shift, "Shift"},
-    Named{KeyCombo::command, "Super"},
+    Named{KeyCombo::control, QT_TRANSLATE_NOOP("KeyCombo", "Ctrl")},
+    Named{KeyCombo::option, QT_TRANSLATE_NOOP("KeyCombo", "Alt")},
+    Named{KeyCombo::shift, QT_TRANSLATE_NOOP("KeyCombo", "Shift")},
+    Named{KeyCombo::command, QT_TRANSLATE_NOOP("KeyCombo", "Super")},
 };
 
 // "Super" first, as it is said: Super+Ctrl+Alt+Shift+key.
@@ -154,12 +155,24 @@ std::optional<quint32> codeNamed(const Table& table, QStringView name)
 }
 
 template <class Table>
-QString nameOf(const Table& table, quint32 code)
+const char* nameOf(const Table& table, quint32 code)
 {
     for (const Named& entry : table)
         if (entry.code == code)
-            return QString::fromLatin1(entry.name);
-    return {};
+            return entry.name;
+    return nullptr;
+}
+
+// Each name as `say` has it.
+QString joined(const KeyCombo& combo, QString (*say)(const char*))
+{
+    QStringList parts;
+    for (const quint32 modifier : spokenOrder)
+        if (combo.modifiers & modifier)
+            parts << say(nameOf(modifierNames, modifier));
+    const char* const key = nameOf(keyNames, combo.keyCode);
+    parts << (key ? say(key) : QString("#%1").arg(combo.keyCode));
+    return parts.join('+');
 }
 
 } // namespace
@@ -173,13 +186,12 @@ std::optional<KeyCombo> KeyCombo::fromStored(qint64 value)
 
 QString KeyCombo::text() const
 {
-    QStringList parts;
-    for (const quint32 modifier : spokenOrder)
-        if (modifiers & modifier)
-            parts << nameOf(modifierNames, modifier);
-    const QString key = nameOf(keyNames, keyCode);
-    parts << (key.isEmpty() ? QString("#%1").arg(keyCode) : key);
-    return parts.join('+');
+    return joined(*this, [](const char* name) { return QString::fromLatin1(name); });
+}
+
+QString KeyCombo::title() const
+{
+    return joined(*this, [](const char* name) { return QCoreApplication::translate("KeyCombo", name); });
 }
 
 bool KeyCombo::canBeHotkey() const

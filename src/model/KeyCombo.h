@@ -29,8 +29,10 @@ struct KeyCombo {
 
     static std::optional<KeyCombo> fromStored(qint64 value);
 
-    // As people write it: "Super+Shift+4".
+    // As it is written in commands and files: "Super+Shift+4".
     QString text() const;
+    // As people read it, in their language.
+    QString title() const;
     static std::optional<KeyCombo> fromText(const QString& text);
 
     // Whether it leaves typing alone: it has a modifier, or its key types nothing (Print, a function or media key).

@@ -29,7 +29,7 @@ void ToastController::prewarm()
     const DisplayList displays = m_displays.all();
     if (displays.empty())
         return;
-    ToastPanel panel({.message = "Saved"}, displays.front(), m_shapes, m_displays.isComposited());
+    ToastPanel panel({.message = "\u2026"}, displays.front(), m_shapes, m_displays.isComposited());
     panel.grab();
 }
 

@@ -14,16 +14,15 @@ namespace Kovrel {
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("CardsFeature", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(CardsFeature)
+};
 
 CommandAnswer answer(bool hasCome)
 {
     if (hasCome)
         return {};
-    return {.exitCode = CommandLine::nothingThere, .error = tr("There is no closed card that could come back")};
+    return {.exitCode = CommandLine::nothingThere, .error = Texts::tr("There is no closed card that could come back")};
 }
 
 } // namespace
@@ -74,7 +73,7 @@ QString CardsFeature::reopenKeys() const
 {
     const MenuEntry& entry = CommandTable::entryOf(HotkeyAction::reopenClosedCapture);
     const auto keys = HotkeySettings::combo(m_foundation.preferences, entry);
-    return keys ? keys->text() : tr(entry.label);
+    return keys ? keys->title() : QCoreApplication::translate("CommandTable", entry.label);
 }
 
 std::vector<SettingsPage> CardsFeature::settingsPages()
@@ -96,7 +95,7 @@ void CardsFeature::copyText(const QString& text)
         return;
     m_ports.delivery->copyText(text);
     m_ports.toasts.tell(&Toasts::present,
-                        ToastContent{.message = tr("Text copied"), .icon = "doc.on.clipboard.fill", .copied = true},
+                        ToastContent{.message = Texts::tr("Text copied"), .icon = "doc.on.clipboard.fill", .copied = true},
                         std::nullopt, true);
 }
 

@@ -22,15 +22,14 @@ namespace {
 
 constexpr double failureDwell = 6; // seconds
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("HistoryFeature", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(HistoryFeature)
+};
 
 ToastContent notRecorded(const QString& reason, const SaveOutcome& kept)
 {
-    const QString place = kept ? tr("kept as %1").arg(*kept) : kept.error().message;
-    return {.message = tr("The capture could not be kept in the history"),
+    const QString place = kept ? Texts::tr("kept as %1").arg(*kept) : kept.error().message;
+    return {.message = Texts::tr("The capture could not be kept in the history"),
             .subtitle = reason + "; " + place,
             .icon = "exclamationmark.triangle",
             .dwell = failureDwell};
@@ -96,7 +95,7 @@ void HistoryFeature::makeWindows()
 QString HistoryFeature::captureKeys() const
 {
     const auto keys = HotkeySettings::combo(m_foundation.preferences, CommandTable::entryOf(HotkeyAction::area));
-    return keys ? keys->text() : QString();
+    return keys ? keys->title() : QString();
 }
 
 void HistoryFeature::prepareDragFiles(const QList<QUuid>& ids)
@@ -214,7 +213,7 @@ QCoro::Task<OCROutcome> HistoryFeature::recognize(QImage image, QualityOfService
                                                   std::stop_token stop)
 {
     if (!m_ports.textReader)
-        co_return std::unexpected(RecognitionFailure{tr("This program can't read text.")});
+        co_return std::unexpected(RecognitionFailure{Texts::tr("This program can't read text.")});
     OCROutcome outcome = co_await m_scope.reply<OCROutcome>(
         [&](auto done) { m_ports.textReader->readText(image, qos, corrected, stop, done); });
     co_return outcome;

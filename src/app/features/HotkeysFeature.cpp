@@ -65,8 +65,8 @@ std::optional<QString> HotkeysFeature::reasonOf(HotkeyAction action) const
         HotkeySettings::combo(m_foundation.preferences, CommandTable::entryOf(action)).value_or(KeyCombo());
     if (const auto rival = m_hotkeys.rival(action))
         return tr("%1 belongs to “%2” already")
-            .arg(keys.text(), QCoreApplication::translate("CommandTable", CommandTable::entryOf(*rival).label));
-    return tr("%1 belongs to another program; it is tried again when that lets it go").arg(keys.text());
+            .arg(keys.title(), QCoreApplication::translate("CommandTable", CommandTable::entryOf(*rival).label));
+    return tr("%1 belongs to another program; it is tried again when that lets it go").arg(keys.title());
 }
 
 // Each once: who presses the key would wait for a capture that never comes.
@@ -75,7 +75,7 @@ void HotkeysFeature::tellRefusals()
     QStringList combos;
     for (const MenuEntry& entry : CommandTable::menuInHotkeyOrder())
         if (m_hotkeys.isRefused(*entry.hotkey) && m_toldRefusals.insert(*entry.hotkey).second)
-            combos << HotkeySettings::combo(m_foundation.preferences, entry).value_or(KeyCombo()).text();
+            combos << HotkeySettings::combo(m_foundation.preferences, entry).value_or(KeyCombo()).title();
     if (combos.isEmpty())
         return;
     const ToastContent toast{.message = tr("Another program has %1").arg(combos.join(", ")),

@@ -68,7 +68,7 @@ void CardQuickActionsMenu::add(CardQuickAction action, const Card& card)
         return;
     }
     const std::optional<KeyCombo> keys = card.keysOf(action);
-    const QString title = titleOf(action, card.isSaved) + (keys ? '\t' + keys->text() : QString());
+    const QString title = titleOf(action, card.isSaved) + (keys ? '\t' + keys->title() : QString());
     addAction(Symbols::icon(entryOf(action).symbol), title, this, [this, action] { Q_EMIT chosen(action); });
 }
 

@@ -24,45 +24,45 @@ BackdropGradient soft(const char* id, const char* name, double angleDegrees, std
 std::vector<BackdropGradient> madeGradients()
 {
     return {
-        soft("lagoon", "Lagoon", 45, {"#2F6BFF", "#37C8E6"},
+        soft("lagoon", QT_TRANSLATE_NOOP("BackdropCatalogue", "Lagoon"), 45, {"#2F6BFF", "#37C8E6"},
              {{"#7B5CFF", 0.05, 0.95, 0.93, 0.75}, {"#8FF3DF", 0.95, 0.9, 0.85, 0.7}}),
-        soft("dawn", "Dawn", 60, {"#FF9A8B", "#FFC3A0", "#FFE3C2"},
+        soft("dawn", QT_TRANSLATE_NOOP("BackdropCatalogue", "Dawn"), 60, {"#FF9A8B", "#FFC3A0", "#FFE3C2"},
              {{"#FF6A95", 0.0, 0.1, 0.93, 0.7}, {"#FFF3DE", 0.9, 0.95, 0.78, 0.8}}),
-        soft("dusk", "Dusk", 270, {"#2B1B5A", "#7A3A8C", "#F2786B"},
+        soft("dusk", QT_TRANSLATE_NOOP("BackdropCatalogue", "Dusk"), 270, {"#2B1B5A", "#7A3A8C", "#F2786B"},
              {{"#FFB27A", 0.8, 0.0, 0.85, 0.75}, {"#1A1240", 0.1, 0.95, 0.85, 0.7}}),
-        soft("orchid", "Orchid", 30, {"#8A4DFF", "#E36BD6"},
+        soft("orchid", QT_TRANSLATE_NOOP("BackdropCatalogue", "Orchid"), 30, {"#8A4DFF", "#E36BD6"},
              {{"#FF9BC7", 0.95, 0.85, 0.85, 0.8}, {"#5030D8", 0.0, 0.1, 0.93, 0.7}}),
-        soft("meadow", "Meadow", 60, {"#3FB27F", "#B5E38A"},
+        soft("meadow", QT_TRANSLATE_NOOP("BackdropCatalogue", "Meadow"), 60, {"#3FB27F", "#B5E38A"},
              {{"#F4F3A8", 0.9, 0.9, 0.78, 0.7}, {"#1E8A7A", 0.05, 0.15, 0.93, 0.7}}),
-        soft("glacier", "Glacier", 70, {"#BFD9F2", "#EAF4FB"},
+        soft("glacier", QT_TRANSLATE_NOOP("BackdropCatalogue", "Glacier"), 70, {"#BFD9F2", "#EAF4FB"},
              {{"#A6C4F0", 0.05, 0.1, 0.93, 0.7}, {"#FFFFFF", 0.85, 0.9, 0.78, 0.8}}),
-        soft("ember", "Ember", 35, {"#D7263D", "#F46036", "#F9A03F"},
+        soft("ember", QT_TRANSLATE_NOOP("BackdropCatalogue", "Ember"), 35, {"#D7263D", "#F46036", "#F9A03F"},
              {{"#FFD37A", 0.95, 0.95, 0.78, 0.8}, {"#8C1C4B", 0.0, 0.0, 0.85, 0.75}}),
-        soft("peach", "Peach", 120, {"#FFB199", "#FFD9C0"},
+        soft("peach", QT_TRANSLATE_NOOP("BackdropCatalogue", "Peach"), 120, {"#FFB199", "#FFD9C0"},
              {{"#FF8FA3", 0.9, 0.1, 0.85, 0.65}, {"#FFF1DB", 0.15, 0.9, 0.78, 0.8}}),
-        soft("lavender", "Lavender", 50, {"#B9A7F5", "#E9D9FB"},
+        soft("lavender", QT_TRANSLATE_NOOP("BackdropCatalogue", "Lavender"), 50, {"#B9A7F5", "#E9D9FB"},
              {{"#8FB4FF", 0.0, 0.9, 0.85, 0.7}, {"#FBD3EC", 0.95, 0.2, 0.78, 0.75}}),
-        soft("indigo", "Indigo", 45, {"#1B1F6B", "#4049D9"},
+        soft("indigo", QT_TRANSLATE_NOOP("BackdropCatalogue", "Indigo"), 45, {"#1B1F6B", "#4049D9"},
              {{"#7C6CFF", 0.9, 0.9, 0.85, 0.75}, {"#0C1040", 0.05, 0.05, 0.85, 0.7}}),
-        soft("midnight", "Midnight", 60, {"#0B1020", "#1E2A4A"},
+        soft("midnight", QT_TRANSLATE_NOOP("BackdropCatalogue", "Midnight"), 60, {"#0B1020", "#1E2A4A"},
              {{"#3A4F8F", 0.85, 0.95, 0.85, 0.7}, {"#2A1E52", 0.05, 0.5, 0.78, 0.6}}),
-        soft("aurora", "Northern light", 80, {"#0B2B40", "#136F63"},
+        soft("aurora", QT_TRANSLATE_NOOP("BackdropCatalogue", "Northern light"), 80, {"#0B2B40", "#136F63"},
              {{"#4BE3A4", 0.7, 0.9, 0.78, 0.65}, {"#6A5AE0", 0.05, 0.75, 0.85, 0.7}}),
-        soft("coral", "Coral reef", 20, {"#FF6F61", "#FF9E7A"},
+        soft("coral", QT_TRANSLATE_NOOP("BackdropCatalogue", "Coral reef"), 20, {"#FF6F61", "#FF9E7A"},
              {{"#FFC79A", 0.9, 0.95, 0.78, 0.75}, {"#E0457B", 0.0, 0.1, 0.93, 0.75}}),
-        soft("mint", "Mint", 60, {"#A8E6CF", "#E3F9EC"},
+        soft("mint", QT_TRANSLATE_NOOP("BackdropCatalogue", "Mint"), 60, {"#A8E6CF", "#E3F9EC"},
              {{"#7AD7D0", 0.05, 0.1, 0.93, 0.7}, {"#FBFFE8", 0.9, 0.9, 0.78, 0.7}}),
-        soft("honey", "Honey", 55, {"#F6B73C", "#FFE29A"},
+        soft("honey", QT_TRANSLATE_NOOP("BackdropCatalogue", "Honey"), 55, {"#F6B73C", "#FFE29A"},
              {{"#F08A3C", 0.0, 0.1, 0.85, 0.7}, {"#FFF6D6", 0.9, 0.9, 0.78, 0.75}}),
-        soft("berry", "Berry", 40, {"#5B1160", "#B0256F", "#F0567A"},
+        soft("berry", QT_TRANSLATE_NOOP("BackdropCatalogue", "Berry"), 40, {"#5B1160", "#B0256F", "#F0567A"},
              {{"#FF9A8F", 0.98, 0.95, 0.7, 0.7}, {"#2E0B52", 0.0, 0.05, 0.85, 0.7}}),
-        soft("iris", "Iris", 315, {"#5566F5", "#A27BF2", "#F3A6C8"},
+        soft("iris", QT_TRANSLATE_NOOP("BackdropCatalogue", "Iris"), 315, {"#5566F5", "#A27BF2", "#F3A6C8"},
              {{"#FFD6C9", 0.95, 0.05, 0.78, 0.8}, {"#3FA9F5", 0.05, 0.95, 0.78, 0.7}}),
-        soft("sand", "Sand", 60, {"#E6D5B8", "#F7EEDD"},
+        soft("sand", QT_TRANSLATE_NOOP("BackdropCatalogue", "Sand"), 60, {"#E6D5B8", "#F7EEDD"},
              {{"#D9BFA0", 0.05, 0.1, 0.85, 0.65}, {"#FFFBF2", 0.9, 0.95, 0.78, 0.8}}),
-        soft("fog", "Fog", 75, {"#C9D0D8", "#EEF1F4"},
+        soft("fog", QT_TRANSLATE_NOOP("BackdropCatalogue", "Fog"), 75, {"#C9D0D8", "#EEF1F4"},
              {{"#B4BFCC", 0.05, 0.1, 0.93, 0.7}, {"#FFFFFF", 0.85, 0.95, 0.78, 0.7}}),
-        soft("graphite", "Graphite", 60, {"#1D1F24", "#3B3F47"},
+        soft("graphite", QT_TRANSLATE_NOOP("BackdropCatalogue", "Graphite"), 60, {"#1D1F24", "#3B3F47"},
              {{"#5A606B", 0.9, 0.95, 0.78, 0.6}, {"#121317", 0.05, 0.05, 0.78, 0.6}}),
     };
 }
@@ -83,7 +83,7 @@ Picture::Ridge dune(double level, double slope, double phase, const char* crest,
 Picture dunes()
 {
     return {"dunes",
-            "Dunes",
+            QT_TRANSLATE_NOOP("BackdropCatalogue", "Dunes"),
             {"", "", {{"#F7D9B8", 0}, {"#F2B999", 0.5}, {"#C98FA0", 1}}, 90, {{"#FFF0D0", 0.7, 0.62, 0.35, 0.9}}},
             {dune(0.52, 0.06, 0.1, "#E9A983", "#D98E75", 0), dune(0.42, -0.12, 0.45, "#E0946E", "#C4735F"),
              dune(0.24, 0.16, 0.8, "#CC7A5C", "#9E5450"), dune(0.14, -0.16, 0.25, "#A95B4E", "#6E3744")}};
@@ -104,7 +104,7 @@ Picture::Ridge sheet(double level, double phase, const char* crest, const char* 
 Picture paper()
 {
     return {"paper",
-            "Paper",
+            QT_TRANSLATE_NOOP("BackdropCatalogue", "Paper"),
             {"", "", {{"#FDF6EC", 0}, {"#F7E7D8", 1}}, 60, {}},
             {sheet(0.72, 0.0, "#F6D9CB", "#F2CBBB"), sheet(0.53, 0.35, "#EDB7AC", "#E8A79E"),
              sheet(0.35, 0.7, "#C98F9B", "#BE8292"), sheet(0.17, 0.1, "#8F7391", "#806585"),
@@ -126,7 +126,7 @@ Picture::Ridge wave(double level, double phase, const char* crest, const char* f
 Picture waves()
 {
     return {"waves",
-            "Waves",
+            QT_TRANSLATE_NOOP("BackdropCatalogue", "Waves"),
             {"", "", {{"#CFEFF3", 0}, {"#F3FBF6", 1}}, 90, {{"#FFE9C9", 0.75, 0.95, 0.4, 0.8}}},
             {wave(0.66, 0.0, "#B3E5EA", "#8FD3DE", 0), wave(0.53, 0.3, "#82CBDB", "#5DB4CE"),
              wave(0.39, 0.65, "#4FA6C8", "#3589B4"), wave(0.25, 0.15, "#2C7BAA", "#1F5F92"),
@@ -148,7 +148,7 @@ Picture::Ridge mountain(double level, double phase, const char* crest, const cha
 Picture mist()
 {
     return {"mist",
-            "Mist",
+            QT_TRANSLATE_NOOP("BackdropCatalogue", "Mist"),
             {"", "", {{"#F3EDE6", 0}, {"#DCE4EC", 0.5}, {"#B7C7DB", 1}}, 90, {{"#FFF7E8", 0.3, 0.75, 0.4, 0.8}}},
             {mountain(0.58, 0.1, "#A9BDD3", "#DCE6EE"), mountain(0.44, 0.6, "#86A0BD", "#C6D5E2"),
              mountain(0.29, 0.35, "#5F7E9F", "#A5BBCF"), mountain(0.13, 0.85, "#3A587A", "#7E9AB4")}};
@@ -169,7 +169,7 @@ Picture::Ridge curtain(double level, double slope, double phase, const char* cre
 Picture aurora()
 {
     return {"aurora",
-            "Aurora",
+            QT_TRANSLATE_NOOP("BackdropCatalogue", "Aurora"),
             {"", "", {{"#0A1A2F", 0}, {"#071022", 1}}, 90, {{"#27406F", 0.5, 0.1, 0.6, 0.6}}},
             {curtain(0.78, 0.1, 0.2, "#7C5CFFA0", "#7C5CFF00"),
              curtain(0.62, -0.14, 0.55, "#2FD6B4B0", "#2FD6B400"),
@@ -197,7 +197,7 @@ Picture::Ridge fold(double level, double phase, const char* crest, const char* f
 Picture silk()
 {
     return {"silk",
-            "Silk",
+            QT_TRANSLATE_NOOP("BackdropCatalogue", "Silk"),
             {"", "", {{"#4B2E83", 0}, {"#7E57C2", 1}}, 60, {{"#B794F6", 0.2, 0.9, 0.5, 0.7}}},
             {fold(0.62, 0.1, "#A98BEA", "#5E3BA6"), fold(0.38, 0.35, "#C1A5F7", "#6C44B8"),
              fold(0.12, 0.62, "#E3B5F2", "#8A4FC0"), fold(-0.16, 0.9, "#F5C6E6", "#B25CB8")}};
@@ -206,7 +206,7 @@ Picture silk()
 Picture mesh()
 {
     return {"mesh",
-            "Mesh",
+            QT_TRANSLATE_NOOP("BackdropCatalogue", "Mesh"),
             {"",
              "",
              {{"#F6E7FF", 0}, {"#DDEBFF", 1}},
@@ -222,7 +222,7 @@ Picture mesh()
 Picture horizon()
 {
     return {"horizon",
-            "Horizon",
+            QT_TRANSLATE_NOOP("BackdropCatalogue", "Horizon"),
             {"",
              "",
              {{"#FFC97A", 0}, {"#FF8A6B", 0.35}, {"#B4539A", 0.7}, {"#3B2C7A", 1}},
@@ -266,11 +266,11 @@ const std::vector<BackdropPicture>& BackdropCatalogue::pictures()
 const std::vector<BackdropColor>& BackdropCatalogue::colors()
 {
     static const std::vector<BackdropColor> colors{
-        {"white", "White", "#FFFFFF"},   {"pearl", "Pearl", "#F1F2F4"},       {"silver", "Silver", "#C5C9D0"},
-        {"slate", "Slate", "#5B6472"},   {"charcoal", "Charcoal", "#24272D"}, {"black", "Black", "#000000"},
-        {"coral", "Coral", "#FF7A6B"},   {"apricot", "Apricot", "#FFC38F"},   {"butter", "Butter", "#FBE6A2"},
-        {"sage", "Sage", "#B4D2B0"},     {"teal", "Teal", "#3FA7A3"},         {"sky", "Sky", "#9CCBF5"},
-        {"indigo", "Indigo", "#5661D6"}, {"lilac", "Lilac", "#CDB9F0"},
+        {"white", QT_TRANSLATE_NOOP("BackdropCatalogue", "White"), "#FFFFFF"},   {"pearl", QT_TRANSLATE_NOOP("BackdropCatalogue", "Pearl"), "#F1F2F4"},       {"silver", QT_TRANSLATE_NOOP("BackdropCatalogue", "Silver"), "#C5C9D0"},
+        {"slate", QT_TRANSLATE_NOOP("BackdropCatalogue", "Slate"), "#5B6472"},   {"charcoal", QT_TRANSLATE_NOOP("BackdropCatalogue", "Charcoal"), "#24272D"}, {"black", QT_TRANSLATE_NOOP("BackdropCatalogue", "Black"), "#000000"},
+        {"coral", QT_TRANSLATE_NOOP("BackdropCatalogue", "Coral"), "#FF7A6B"},   {"apricot", QT_TRANSLATE_NOOP("BackdropCatalogue", "Apricot"), "#FFC38F"},   {"butter", QT_TRANSLATE_NOOP("BackdropCatalogue", "Butter"), "#FBE6A2"},
+        {"sage", QT_TRANSLATE_NOOP("BackdropCatalogue", "Sage"), "#B4D2B0"},     {"teal", QT_TRANSLATE_NOOP("BackdropCatalogue", "Teal"), "#3FA7A3"},         {"sky", QT_TRANSLATE_NOOP("BackdropCatalogue", "Sky"), "#9CCBF5"},
+        {"indigo", QT_TRANSLATE_NOOP("BackdropCatalogue", "Indigo"), "#5661D6"}, {"lilac", QT_TRANSLATE_NOOP("BackdropCatalogue", "Lilac"), "#CDB9F0"},
     };
     return colors;
 }

@@ -31,6 +31,11 @@ Swatch addingSwatch(const QString& name)
     return {.id = addition, .name = name, .symbol = "plus", .isMovable = false};
 }
 
+QString translatedLook(const QString& name)
+{
+    return QCoreApplication::translate("BackdropLooks", name.toUtf8());
+}
+
 // The whole backdrop behind an id of the looks.
 std::optional<BackdropPreset> lookOf(const QString& id, const Preferences& preferences)
 {
@@ -100,9 +105,10 @@ void BackdropFills::refreshLooks(const EditorBackdrop& shown)
     std::vector<Swatch> swatches{
         {.id = nothing, .name = tr("No Backdrop"), .symbol = "nosign", .isMovable = false, .isChosen = shown.isNone()}};
     const auto add = [&](const std::vector<BackdropPreset>& looks, QLatin1String prefix) {
+        const bool isOwn = prefix == ownPrefix;
         for (const BackdropPreset& look : looks)
             swatches.push_back({.id = prefix + look.name,
-                                .name = look.name,
+                                .name = isOwn ? look.name : translatedLook(look.name),
                                 .picture = [this, backdrop = look.backdrop](
                                                QSize pixels) { return m_swatches.look(backdrop, pixels); },
                                 .isMovable = false,

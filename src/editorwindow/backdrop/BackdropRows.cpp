@@ -3,6 +3,7 @@
 #include "editor/backdrop/BackdropCatalogue.h"
 #include "model/HexColor.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -14,21 +15,26 @@ namespace {
 using Kind = BackdropFill::Kind;
 using Chips = std::vector<BackdropChip>;
 
+QString translated(const QString& name)
+{
+    return QCoreApplication::translate("BackdropCatalogue", name.toUtf8());
+}
+
 Chips catalogueOf(BackdropChips row)
 {
     Chips chips;
     switch (row) {
     case BackdropChips::pictures:
         for (const auto& [id, name, ground, ridges] : BackdropCatalogue::pictures())
-            chips.push_back({id, name, {Kind::picture, id}});
+            chips.push_back({id, translated(name), {Kind::picture, id}});
         break;
     case BackdropChips::gradients:
         for (const auto& gradient : BackdropCatalogue::gradients())
-            chips.push_back({gradient.id, gradient.name, {Kind::gradient, gradient.id}});
+            chips.push_back({gradient.id, translated(gradient.name), {Kind::gradient, gradient.id}});
         break;
     case BackdropChips::colors:
         for (const auto& [id, name, hex] : BackdropCatalogue::colors())
-            chips.push_back({id, name, {Kind::color, hex}});
+            chips.push_back({id, translated(name), {Kind::color, hex}});
         break;
     }
     return chips;

@@ -62,18 +62,15 @@ Options filed(const std::vector<HistoryList>& lists)
 
 QString title(HistoryDateRange::Kind range)
 {
-    const auto text = [](const char* words) {
-        return QCoreApplication::translate("Kovrel::HistoryFacetOptions", words);
-    };
     switch (range) {
     case HistoryDateRange::Kind::today:
-        return text("Today");
+        return QCoreApplication::translate("Kovrel::HistoryFacetOptions", "Today");
     case HistoryDateRange::Kind::yesterday:
-        return text("Yesterday");
+        return QCoreApplication::translate("Kovrel::HistoryFacetOptions", "Yesterday");
     case HistoryDateRange::Kind::last7Days:
-        return text("Last 7 Days");
+        return QCoreApplication::translate("Kovrel::HistoryFacetOptions", "Last 7 Days");
     default:
-        return text("Last 30 Days");
+        return QCoreApplication::translate("Kovrel::HistoryFacetOptions", "Last 30 Days");
     }
 }
 

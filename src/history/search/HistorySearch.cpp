@@ -4,6 +4,8 @@
 #include "history/search/SearchTerm.h"
 #include "model/text/TextFolding.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -18,12 +20,12 @@ constexpr int mostForShortness = 8;
 constexpr int mostScore = 40;
 
 constexpr std::array labels{
-    std::pair{CaptureMode::area, "Area"},
-    std::pair{CaptureMode::window, "Window"},
-    std::pair{CaptureMode::fullScreen, "Full Screen"},
-    std::pair{CaptureMode::lastArea, "Last Area"},
-    std::pair{CaptureMode::ocrRegion, "Extracted Text"},
-    std::pair{CaptureMode::timed, "Self-Timer"},
+    std::pair{CaptureMode::area, QT_TRANSLATE_NOOP("HistorySearch", "Area")},
+    std::pair{CaptureMode::window, QT_TRANSLATE_NOOP("HistorySearch", "Window")},
+    std::pair{CaptureMode::fullScreen, QT_TRANSLATE_NOOP("HistorySearch", "Full Screen")},
+    std::pair{CaptureMode::lastArea, QT_TRANSLATE_NOOP("HistorySearch", "Last Area")},
+    std::pair{CaptureMode::ocrRegion, QT_TRANSLATE_NOOP("HistorySearch", "Extracted Text")},
+    std::pair{CaptureMode::timed, QT_TRANSLATE_NOOP("HistorySearch", "Self-Timer")},
 };
 
 bool isWordStart(const std::u32string& text, size_t place)
@@ -83,7 +85,7 @@ std::optional<QString> HistorySearch::label(const QString& mode)
     const auto known = fromRawString<CaptureMode>(mode);
     for (const auto& [candidate, text] : labels)
         if (known == candidate)
-            return QString::fromLatin1(text);
+            return QCoreApplication::translate("HistorySearch", text);
     return std::nullopt;
 }
 

@@ -9,10 +9,9 @@ namespace Kovrel {
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("EntryTexts", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(EntryTexts)
+};
 
 } // namespace
 
@@ -24,7 +23,7 @@ QString EntryTexts::title(const HistoryEntry& entry)
         return QFileInfo(*entry.savedPath).completeBaseName();
     if (entry.sourceAppName && !entry.sourceAppName->isEmpty())
         return *entry.sourceAppName;
-    return HistorySearch::label(entry.mode).value_or(tr("Capture"));
+    return HistorySearch::label(entry.mode).value_or(Texts::tr("Capture"));
 }
 
 QString EntryTexts::moment(const QDateTime& date, const QDateTime& now, const QLocale& locale)
@@ -33,9 +32,9 @@ QString EntryTexts::moment(const QDateTime& date, const QDateTime& now, const QL
     const QString time = locale.toString(local.time(), QLocale::ShortFormat);
     const qint64 days = local.date().daysTo(now.toLocalTime().date());
     if (days == 0)
-        return tr("Today %1").arg(time);
+        return Texts::tr("Today %1").arg(time);
     if (days == 1)
-        return tr("Yesterday %1").arg(time);
+        return Texts::tr("Yesterday %1").arg(time);
     if (days > 1 && days < 7)
         return QString("%1 %2").arg(locale.dayName(local.date().dayOfWeek()), time);
     return QString("%1 %2").arg(locale.toString(local.date(), QLocale::ShortFormat), time);

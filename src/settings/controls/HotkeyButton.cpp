@@ -16,7 +16,7 @@ constexpr int usualWidth = 190;
 // "Super+Shift+" while the key is missing.
 QString textOf(quint32 modifiers)
 {
-    const QString combo = KeyCombo{0, modifiers}.text();
+    const QString combo = KeyCombo{0, modifiers}.title();
     return combo.left(combo.lastIndexOf('+') + 1);
 }
 
@@ -33,7 +33,7 @@ HotkeyButton::HotkeyButton(SettingControls::Hotkey kind) : PlainButton(QString()
 void HotkeyButton::setCombo(std::optional<KeyCombo> combo)
 {
     m_combo = combo;
-    setText(combo ? combo->text() : tr("None"));
+    setText(combo ? combo->title() : tr("None"));
 }
 
 QSize HotkeyButton::sizeHint() const
