@@ -13,6 +13,9 @@ class AppWindow : public QWidget {
 public:
     AppWindow();
 
+    // Shows it where it is hidden or minimized, before all others and with the keyboard.
+    void comeForward();
+
 protected:
     // The window is as large as it was when it was hidden last, maximized or not; `usual` where it never was. Never
     // larger than its screen, which is the one where the pointer is. Before it is shown; `preferences` outlives it.
