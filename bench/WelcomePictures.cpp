@@ -1,5 +1,7 @@
 #include "bench/WelcomePictures.h"
 
+#include "feedback/FeedbackReport.h"
+#include "feedback/FeedbackWindow.h"
 #include "ui/RowButton.h"
 #include "welcome/FirstRunWindow.h"
 #include "welcome/HomeWindow.h"
@@ -7,6 +9,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPlainTextEdit>
 
 namespace Kovrel {
 
@@ -105,6 +108,28 @@ void permission(const Save& save)
     save("permission-still", window);
 }
 
+void feedback(const Save& save)
+{
+    FeedbackWindow window({.save = [](const auto&, auto*) {}, .copy = [](const auto&) {}, .mail = [](const auto&) {}});
+    FeedbackReport::Facts facts{
+        .version = "1.2 (build 3)",
+        .system = "Debian GNU/Linux 12 (bookworm), linux 6.1.0-18-amd64, x86_64",
+        .desktop = "KDE",
+        .sessionType = "x11",
+        .isComposited = true,
+        .displays = {{.name = "DP-1", .pixelRect = {0, 0, 3840, 2160}, .scale = 1.5, .isPrimary = true}},
+        .libraries = {"Qt 6.4.2 on xcb", "libspng.so.0.7.3"},
+        .settings = {"imageFormat = jpeg", "fileNameTemplate is set"},
+        .log = {"09:07:03 warning com.kovrel.save: ~/Documents/Kovrel: No space left on device"}};
+    window.present(FeedbackReport::text(facts, PersonalTraces("/home/me", "me")));
+    QApplication::setActiveWindow(&window);
+    window.setMinimumSize(window.size());
+    save("feedback", window);
+    window.findChildren<QPlainTextEdit*>().first()->setPlainText("The window was black where a video played.");
+    window.showNotice("Saved as /home/me/Kovrel feedback.txt.", false);
+    save("feedback-saved", window);
+}
+
 } // namespace
 
 void WelcomePictures::take(Preferences& preferences, const Save& save)
@@ -112,6 +137,7 @@ void WelcomePictures::take(Preferences& preferences, const Save& save)
     home(preferences, save);
     firstRun(preferences, save);
     permission(save);
+    feedback(save);
 }
 
 } // namespace Kovrel

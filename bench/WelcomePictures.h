@@ -9,7 +9,7 @@
 namespace Kovrel {
 
 // The program's own windows in every state: home, each page of the first run, and what is shown where nothing can be
-// captured. Each is handed over shown.
+// captured, and the one for feedback. Each is handed over shown.
 namespace WelcomePictures {
 
 void take(Preferences& preferences, const std::function<void(const QString& name, QWidget& window)>& save);
