@@ -30,6 +30,9 @@ void home(Preferences& preferences, const Save& save)
                                   .signIn = [] {},
                                   .signOut = [] {},
                                   .obstacle = [=] { return isBlocked ? obstacle : QString(); },
+                                  .newerVersion = [=]() -> std::optional<QString> {
+                                      return isSignedIn ? std::optional<QString>("1.3") : std::nullopt;
+                                  },
                                   .isEnabled = [](const auto& entry) { return entry.arguments.front() == "capture"; },
                                   .perform = [](const auto&) {},
                               });

@@ -7,8 +7,8 @@
 
 namespace Kovrel {
 
-// Takes out of a text what tells who wrote it: the home folder, the user's name, addresses, and whatever a token may look
-// like. Any thread.
+// Takes out of a text what tells who wrote it: the home folder, the user's name, addresses, and whatever a token may
+// look like. Any thread.
 class PersonalTraces {
 public:
     // `home` as a path. An empty name stands in no text.

@@ -165,6 +165,8 @@ const auto Settings::takenDesktopShortcuts =
 const auto Settings::editorWindowSize = unregistered<QString>("editorWindowSize", "last size of the editor");
 const auto Settings::historyWindowSize =
     unregistered<QString>("historyWindowSize", "last size of the window of recent captures");
+const auto Settings::checksForUpdates =
+    row("checksForUpdates", true, "ask the package manager once a day whether there is a newer Kovrel");
 
 // --- Looking things up
 

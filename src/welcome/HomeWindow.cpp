@@ -31,6 +31,7 @@ HomeWindow::HomeWindow(Preferences& preferences, QString version, Handlers handl
       m_content(new QWidget),
       m_header(new WindowHeader),
       m_notice(new Notice),
+      m_update(new Notice),
       m_signIn(new PrimaryButton(tr("Use Kovrel on This Computer")))
 {
     setWindowTitle("Kovrel");
@@ -40,7 +41,8 @@ HomeWindow::HomeWindow(Preferences& preferences, QString version, Handlers handl
     auto* content = new QVBoxLayout(m_content);
     content->setContentsMargins(0, 0, 0, 0);
     content->setSpacing(Spacing::large);
-    for (QWidget* part : std::initializer_list<QWidget*>{m_header, m_notice, m_signIn, makeCommands(), makeFooter()})
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{m_header, m_notice, m_update, m_signIn, makeCommands(), makeFooter()})
         content->addWidget(part);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(Spacing::window, Spacing::window, Spacing::window, Spacing::large);
@@ -93,6 +95,7 @@ void HomeWindow::refresh()
                                   : tr("Captures, kept and found again. Everything stays on this computer."));
     if (!obstacle.isEmpty())
         m_notice->show(Notice::Kind::warning, obstacle);
+    refreshUpdate();
     m_signIn->setVisible(!isSignedIn && obstacle.isEmpty());
     m_commandList->setVisible(isSignedIn && obstacle.isEmpty());
     for (const auto& [row, entry] : m_commands) {
@@ -101,6 +104,15 @@ void HomeWindow::refresh()
         row->setKeys(combo ? combo->text() : QString(entry.windowKeys));
     }
     refreshFooter();
+}
+
+void HomeWindow::refreshUpdate()
+{
+    const auto version = m_handlers.newerVersion();
+    m_update->setVisible(version.has_value());
+    if (version)
+        m_update->show(Notice::Kind::information,
+                       tr("Kovrel %1 is available from your package manager.").arg(*version));
 }
 
 void HomeWindow::refreshFooter()

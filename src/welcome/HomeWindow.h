@@ -27,6 +27,8 @@ public:
         std::function<void()> signOut;
         // Why nothing can be captured on this desktop; empty where it can.
         std::function<QString()> obstacle;
+        // That the package manager has; no value where none is known.
+        std::function<std::optional<QString>()> newerVersion;
         std::function<bool(const MenuEntry&)> isEnabled;
         std::function<void(const MenuEntry&)> perform;
     };
@@ -41,6 +43,7 @@ public:
 private:
     QWidget* makeCommands();
     QWidget* makeFooter();
+    void refreshUpdate();
     void refreshFooter();
     QString accountText() const;
     void askToSignOut();
@@ -52,6 +55,7 @@ private:
     QWidget* m_content;
     WindowHeader* m_header;
     Notice* m_notice;
+    Notice* m_update;
     PrimaryButton* m_signIn;
     QWidget* m_commandList = nullptr;
     std::vector<std::pair<RowButton*, MenuEntry>> m_commands;

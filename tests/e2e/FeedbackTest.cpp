@@ -14,7 +14,8 @@ TEST(Feedback, AFileSaysWhatIsKnownAndNothingOfTheUser)
 {
     Testing::VirtualDisplay display({1280, 800});
     UserSession session(&display);
-    session.prepare({"jpegQuality=0.35", "fileNameTemplate=secretplan", "saveLocationBookmark=" + session.path("gone")});
+    session.prepare(
+        {"jpegQuality=0.35", "fileNameTemplate=secretplan", "saveLocationBookmark=" + session.path("gone")});
     session.kovrel({"kovrel://elsewhere?token=0815"});
     session.kovrel({"kovrel://auth-callback?state=4711&token=0815"});
     const QString file = session.path("home/report.txt");

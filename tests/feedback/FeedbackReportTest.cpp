@@ -54,16 +54,16 @@ TEST(FeedbackReport, SettingsThatWereChangedAreToldWithoutWhatSomebodyTyped)
 TEST(FeedbackReport, SaysWhatIsKnownLineByLine)
 {
     const PersonalTraces traces("/home/zoe", "zoe");
-    FeedbackReport::Facts facts{.version = "1.2 (build 3)",
-                                .system = "Debian 12, linux 6.1, x86_64",
-                                .desktop = "KDE",
-                                .sessionType = "x11",
-                                .isComposited = true,
-                                .displays = {{.name = "DP-1", .pixelRect = {0, 0, 3840, 2160}, .scale = 1.5,
-                                              .isPrimary = true}},
-                                .libraries = {"Qt 6.4.2 on xcb"},
-                                .settings = {"jpegQuality = 0.5"},
-                                .log = {"09:07:03 warning com.kovrel.save: /home/zoe/a.png: full"}};
+    FeedbackReport::Facts facts{
+        .version = "1.2 (build 3)",
+        .system = "Debian 12, linux 6.1, x86_64",
+        .desktop = "KDE",
+        .sessionType = "x11",
+        .isComposited = true,
+        .displays = {{.name = "DP-1", .pixelRect = {0, 0, 3840, 2160}, .scale = 1.5, .isPrimary = true}},
+        .libraries = {"Qt 6.4.2 on xcb"},
+        .settings = {"jpegQuality = 0.5"},
+        .log = {"09:07:03 warning com.kovrel.save: /home/zoe/a.png: full"}};
     EXPECT_EQ(FeedbackReport::text(facts, traces), "Kovrel 1.2 (build 3)\n"
                                                    "System: Debian 12, linux 6.1, x86_64\n"
                                                    "Desktop: KDE, x11 session, composited\n"

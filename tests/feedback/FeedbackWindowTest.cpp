@@ -18,9 +18,10 @@ struct FeedbackWindowTest : testing::Test {
 
     void open(bool hasMail)
     {
-        FeedbackWindow::Services services{.save = [this](const QString& text, QWindow*) { handedOn << "save: " + text; },
-                                          .copy = [this](const QString& text) { handedOn << "copy: " + text; },
-                                          .mail = {}};
+        FeedbackWindow::Services services{
+            .save = [this](const QString& text, QWindow*) { handedOn << "save: " + text; },
+            .copy = [this](const QString& text) { handedOn << "copy: " + text; },
+            .mail = {}};
         if (hasMail)
             services.mail = [this](const QString& text) { handedOn << "mail: " + text; };
         window.emplace(services);

@@ -27,6 +27,7 @@ struct HomeWindowTest : testing::Test {
     int signIns = 0;
     QStringList performed;
     int signOuts = 0;
+    std::optional<QString> newerVersion;
     HomeWindow window{preferences,
                       "1.2",
                       {
@@ -35,6 +36,7 @@ struct HomeWindowTest : testing::Test {
                           .signIn = [this] { ++signIns; },
                           .signOut = [this] { ++signOuts; },
                           .obstacle = [] { return QString(); },
+                          .newerVersion = [this] { return newerVersion; },
                           .isEnabled = [](const auto& entry) { return entry.arguments.front() == "capture"; },
                           .perform = [this](const auto& entry) { performed << entry.label; },
                       }};
@@ -103,6 +105,22 @@ TEST_F(HomeWindowTest, SigningOutIsAskedAboutFirst)
     }
 }
 
+TEST_F(HomeWindowTest, ANewerVersionIsToldAsLongAsItIsKnown)
+{
+    const auto tells = [this] {
+        for (const auto* label : window.findChildren<QLabel*>())
+            if (label->isVisible() && label->text().contains("1.3"))
+                return true;
+        return false;
+    };
+    show();
+    for (const char* version : {"", "1.3", ""}) {
+        newerVersion = *version ? std::optional<QString>(version) : std::nullopt;
+        window.refresh();
+        EXPECT_EQ(tells(), bool(*version));
+    }
+}
+
 TEST_F(HomeWindowTest, RowsTellTheirKeys)
 {
     show();
@@ -121,6 +139,7 @@ TEST_F(HomeWindowTest, SpeaksTheLanguageOfTheUser)
                            .signIn = [] {},
                            .signOut = [] {},
                            .obstacle = [] { return QString(); },
+                           .newerVersion = [] { return std::optional<QString>("2"); },
                            .isEnabled = [](const auto&) { return true; },
                            .perform = [](const auto&) {}});
     translated.refresh();

@@ -24,9 +24,9 @@ namespace Kovrel {
 namespace {
 
 // Those by which faults differ.
-const QStringList libraries{"libQt6Core", "libQt6Gui",   "libQt6Widgets", "libQt6DBus", "libqxcb",  "libxcb.so",
-                            "libc.so",    "libstdc++",   "libspng",       "libdeflate", "libjpeg",  "libturbojpeg",
-                            "libheif",    "libtesseract", "libZXing",     "libzbar",    "libpulse.so"};
+const QStringList libraries{"libQt6Core", "libQt6Gui",    "libQt6Widgets", "libQt6DBus", "libqxcb",    "libxcb.so",
+                            "libc.so",    "libstdc++",    "libspng",       "libdeflate", "libjpeg",    "libturbojpeg",
+                            "libheif",    "libtesseract", "libZXing",      "libzbar",    "libpulse.so"};
 
 QString sessionType()
 {
@@ -144,16 +144,15 @@ void FeedbackFeature::write(const QString& path, const QString& text, Reply<Writ
 void FeedbackFeature::save(const QString& text, QWindow* parent)
 {
     const auto told = [this](const QString& path, const Written& written) {
-        m_window->showNotice(written ? tr("Saved as %1.").arg(path) : tr("It could not be saved: %1").arg(written.error()),
-                             !written);
+        m_window->showNotice(
+            written ? tr("Saved as %1.").arg(path) : tr("It could not be saved: %1").arg(written.error()), !written);
     };
-    m_foundation.desktop->filePanel().ask(QDir::home().filePath(tr("Kovrel feedback") + ".txt"), parent,
-                                          m_lifeline.guard([this, text, told](const std::optional<QString>& path) {
-                                              if (path)
-                                                  write(*path, text, [told, path = *path](const Written& written) {
-                                                      told(path, written);
-                                                  });
-                                          }));
+    m_foundation.desktop->filePanel().ask(
+        QDir::home().filePath(tr("Kovrel feedback") + ".txt"), parent,
+        m_lifeline.guard([this, text, told](const std::optional<QString>& path) {
+            if (path)
+                write(*path, text, [told, path = *path](const Written& written) { told(path, written); });
+        }));
 }
 
 // As a file, since not every mail program takes a text.

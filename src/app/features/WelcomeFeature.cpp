@@ -7,6 +7,7 @@
 #include "ports/CardPile.h"
 #include "ports/HotkeyStatus.h"
 #include "ports/ProgramCommands.h"
+#include "ports/UpdateStatus.h"
 #include "tray/TrayMenu.h"
 
 namespace Kovrel {
@@ -35,6 +36,8 @@ void WelcomeFeature::start(const Launch& launch)
         }));
     if (m_ports.hotkeys)
         m_subscriptions.push_back(m_ports.hotkeys->onRefusals([this] { refresh(); }));
+    if (m_ports.updates)
+        m_subscriptions.push_back(m_ports.updates->onChange([this] { refresh(); }));
     m_subscriptions.push_back(m_login.onChange([this] { refresh(); }));
 }
 
@@ -93,6 +96,7 @@ HomeWindow::Handlers WelcomeFeature::homeHandlers()
         .signIn = [this] { m_ports.account.tell(&AccountStatus::signInOnThisComputer); },
         .signOut = [this] { m_ports.account.tell(&AccountStatus::signOut); },
         .obstacle = [] { return DesktopSession::obstacle(); },
+        .newerVersion = [this] { return m_ports.updates ? m_ports.updates->newerVersion() : std::nullopt; },
         .isEnabled = [this](const MenuEntry& entry) { return m_ports.commands && m_ports.commands->isEnabled(entry); },
         .perform = [this](const MenuEntry& entry) { perform(entry); },
     };
