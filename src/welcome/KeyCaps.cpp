@@ -1,6 +1,7 @@
 #include "welcome/KeyCaps.h"
 
 #include "ui/LookChanges.h"
+#include "ui/controls/AccessibleRole.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
@@ -34,6 +35,7 @@ int capWidth(const QFont& font, const QString& key)
 KeyCaps::KeyCaps()
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    AccessibleRole::set(*this, QAccessible::StaticText);
     takeLook();
     connect(&LookChanges::shared(), &LookChanges::changed, this, &KeyCaps::takeLook);
 }

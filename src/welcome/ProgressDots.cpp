@@ -1,5 +1,6 @@
 #include "welcome/ProgressDots.h"
 
+#include "ui/controls/AccessibleRole.h"
 #include "ui/tokens/Theme.h"
 
 #include <QPainter>
@@ -16,6 +17,7 @@ constexpr int pitch = 16;
 ProgressDots::ProgressDots()
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    AccessibleRole::set(*this, QAccessible::StaticText);
 }
 
 void ProgressDots::setProgress(size_t index, size_t count)

@@ -35,7 +35,8 @@ std::vector<Walk> walks()
         {"Feedback", "Kovrel Feedback", {"feedback"}},
         {"Editor", "shot.png", {"open", "shot.png"}},
     };
-    for (const char* tab : {"general", "capture", "after", "saving", "editor", "shortcuts", "history", "text", "sounds"})
+    for (const char* tab :
+         {"general", "capture", "after", "saving", "editor", "shortcuts", "history", "text", "sounds"})
         walks.push_back({tab, "Kovrel Settings", {"settings", tab}});
     return walks;
 }

@@ -41,14 +41,29 @@ TEST(Feedback, AFileSaysWhatIsKnownAndNothingOfTheUser)
     EXPECT_TRUE(refused.error.contains("/nowhere/at")) << refused.error.constData();
 }
 
-TEST(Feedback, TheWindowComesFromTheCommandLine)
+TEST(Feedback, WhatStandsInTheWindowGoesToTheMailProgram)
 {
     Testing::VirtualDisplay display({1280, 800});
+    display.run("openbox", {"--sm-disable"}, "WM_S0");
     UserSession session(&display);
+    QFile mailer(session.path("home/xdg-email"));
+    ASSERT_TRUE(mailer.open(QIODevice::WriteOnly));
+    mailer.write("#!/bin/sh\ncp -p \"$2\" \"" + session.path("home/mailed").toUtf8() + "\"\n");
+    mailer.close();
+    mailer.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    session.setVariable("PATH", session.path("home") + ':' + qEnvironmentVariable("PATH"));
     session.prepare();
+    session.kovrel({"capture", "area", "--rect", "0,0,9,9", "--wait"}); // it runs, and knows of the mail program
     EXPECT_EQ(session.kovrel({"feedback"}).exitCode, 0);
-    EXPECT_TRUE(UserSession::eventually(
-        [&] { return session.run("xwininfo", {"-root", "-tree"}).output.contains("\"Kovrel Feedback\""); }));
+    session.run("xdotool",
+                {"search", "--sync", "--onlyvisible", "--name", "Kovrel Feedback", "windowactivate", "--sync"});
+    session.run("xdotool", {"type", "it flickers"});
+    session.run("xdotool", {"key", "Tab", "Tab", "space"});
+    QFile mailed(session.path("home/mailed"));
+    ASSERT_TRUE(UserSession::eventually([&] { return mailed.size() > 0; }));
+    EXPECT_FALSE(mailed.permissions() & QFile::ReadOther);
+    ASSERT_TRUE(mailed.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(mailed.readAll().startsWith("it flickers\n\nKovrel 0."));
 }
 
 } // namespace Kovrel

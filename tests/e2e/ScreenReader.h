@@ -40,7 +40,8 @@ public:
 
 private:
     std::vector<Item> children(const Item& item) const;
-    QVariant call(const Item& item, const char* interface, const char* method, const QVariantList& arguments = {}) const;
+    QVariant call(const Item& item, const char* interface, const char* method,
+                  const QVariantList& arguments = {}) const;
     void collect(const Item& item, std::vector<Item>& into) const;
 
     QDBusConnection m_bus{QString()}; // of accessibility
