@@ -15,8 +15,7 @@ SettingsPage UpdatesPage::make(const Services& services)
                         .rows = {{.label = tr("Tell me of newer versions"),
                                   .control = SettingControls::Toggle(),
                                   .binding = std::move(binding),
-                                  .hint = tr("Once a day Kovrel asks the package manager of this system. It installs "
-                                             "nothing."),
+                                  .hint = tr("Once a day Kovrel asks the package manager; it installs nothing."),
                                   .keywords = tr("upgrade new release version check"),
                                   .remark = remark}}}}};
 }
