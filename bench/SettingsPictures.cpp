@@ -16,6 +16,7 @@
 #include "settings/pages/ShortcutsPage.h"
 #include "settings/pages/SoundsPage.h"
 #include "settings/pages/TextPage.h"
+#include "settings/pages/UpdatesPage.h"
 #include "ui/controls/LineField.h"
 
 #include <QApplication>
@@ -73,6 +74,9 @@ struct Parts {
     {
         std::vector<SettingsPage> pages = SavingPage::make({loop, workers, panel, preferences});
         pages.push_back(GeneralPage::make(preferences, {.loginItem = {.read = [] { return true; }}}));
+        pages.push_back(UpdatesPage::make({.preferences = preferences,
+                                           .newerVersion = [] { return std::optional<QString>("1.3"); },
+                                           .onChange = [](auto) { return Subscription(); }}));
         pages.push_back(CapturePage::make(preferences));
         pages.push_back(CardsPage::make(preferences, PreviewDuration::helpText("Ctrl+Alt+Z")));
         pages.push_back(EditorPage::make(preferences));

@@ -4,6 +4,7 @@
 //     QT_QPA_PLATFORM=offscreen bench_window_pictures FOLDER
 #include "app/Translations.h"
 #include "bench/SettingsPictures.h"
+#include "bench/WelcomePictures.h"
 #include "capture/selection/SelectionScene.h"
 #include "cards/CardFace.h"
 #include "cards/chords/CardChord.h"
@@ -14,11 +15,9 @@
 #include "pins/PinPanel.h"
 #include "platform/desktop/QtMainLoop.h"
 #include "toasts/ToastPanel.h"
-#include "ui/RowButton.h"
 #include "ui/tokens/Motion.h"
 #include "ui/tokens/SoftShadow.h"
 #include "ui/tokens/Theme.h"
-#include "welcome/HomeWindow.h"
 
 #include <QApplication>
 #include <QDir>
@@ -70,35 +69,6 @@ struct Pictures {
         save(name, picture);
     }
 };
-
-void homeWindows(const Pictures& pictures, Preferences& preferences)
-{
-    for (const bool isSignedIn : {false, true})
-        for (const bool isBlocked : {false, true}) {
-            const QString obstacle =
-                "Kovrel can't capture a Wayland session yet. Log out, choose an X11 (Xorg) session "
-                "at the login screen and start Kovrel there.";
-            HomeWindow window(preferences,
-                              {
-                                  .isSignedIn = [=] { return isSignedIn; },
-                                  .signIn = [] {},
-                                  .obstacle = [=] { return isBlocked ? obstacle : QString(); },
-                                  .isEnabled = [](const auto& entry) { return entry.arguments.front() == "capture"; },
-                                  .perform = [](const auto&) {},
-                              });
-            window.refresh();
-            const QString name =
-                QString("home-%1%2").arg(isSignedIn ? "commands" : "welcome", isBlocked ? "-blocked" : "");
-            pictures.save(name, window);
-            if (isBlocked)
-                continue;
-            window.showNotice("Kovrel was updated to version 1.2.");
-            window.present();
-            QApplication::setActiveWindow(&window);
-            window.findChildren<RowButton*>().at(1)->setDown(true);
-            pictures.save(name + "-focused", window);
-        }
-}
 
 void settings(const Pictures& pictures)
 {
@@ -389,7 +359,8 @@ void takeAll(const QString& folder)
                 font.setPixelSize(hasLargeFont ? 20 : 13);
                 QApplication::setFont(font);
                 QApplication::setPalette(Theme::of(scheme).palette());
-                homeWindows(pictures, preferences);
+                WelcomePictures::take(preferences,
+                                      [&](const QString& name, QWidget& window) { pictures.save(name, window); });
                 toasts(pictures);
                 pins(pictures);
                 menus(pictures);

@@ -14,7 +14,7 @@ display_packages="xvfb openbox hsetroot xterm xdotool dbus-daemon x11-utils x11-
 test_packages="
   xserver-xorg-core xserver-xorg-video-dummy x11-utils x11-xkb-utils xclip tint2 xfce4-clipman picom imagemagick
   libclang-rt-19-dev python3-dbus python3-gi libglib2.0-bin gnome-keyring libsecret-tools
-  qrencode
+  qrencode at-spi2-core
   pulseaudio pulseaudio-utils
   desktop-file-utils appstream groff-base bash-completion fish zsh"
 check_packages="clang-format-19 clang-tidy-19 universal-ctags python3"

@@ -23,14 +23,15 @@ Account::Account(TokenStore& local, TokenStore& secrets) : m_local(local), m_sec
 void Account::restore()
 {
     const int generation = m_generation;
-    const auto settleIfCurrent = [this, generation](bool isSignedIn) {
+    const auto settleIfCurrent = [this, generation](AccountKind kind) {
         if (generation == m_generation)
-            settle(isSignedIn);
+            settle(kind);
     };
-    const auto fromSecrets = m_lifeline.guard([settleIfCurrent](Token token) { settleIfCurrent(token.has_value()); });
+    const auto fromSecrets = m_lifeline.guard(
+        [settleIfCurrent](Token token) { settleIfCurrent(token ? AccountKind::web : AccountKind::none); });
     m_local.read(tokenKey, m_lifeline.guard([this, settleIfCurrent, fromSecrets](Token token) {
         if (token)
-            settleIfCurrent(true);
+            settleIfCurrent(AccountKind::thisComputer);
         else
             readFromKeychain(fromSecrets);
     }));
@@ -56,11 +57,11 @@ void Account::whenKnown(std::function<void()> work)
         m_waiting.push_back(std::move(work));
 }
 
-void Account::settle(bool isSignedIn)
+void Account::settle(AccountKind kind)
 {
     ++m_generation;
-    const bool isChange = m_isKnown && isSignedIn != m_isSignedIn;
-    m_isSignedIn = isSignedIn;
+    const bool isChange = m_isKnown && kind != m_kind;
+    m_kind = kind;
     m_isKnown = true;
     for (const auto& work : std::exchange(m_waiting, {}))
         work();
@@ -73,7 +74,7 @@ void Account::signInLocally(Reply<TokenStore::Stored> reply)
     const QString token = QUuid::createUuid().toString(QUuid::WithoutBraces);
     m_local.write(tokenKey, token, m_lifeline.guard([this, reply](const TokenStore::Stored& stored) {
         if (stored)
-            settle(true);
+            settle(AccountKind::thisComputer);
         reply(stored);
     }));
 }
@@ -82,7 +83,7 @@ void Account::signOut(Reply<bool> reply)
 {
     const auto removed = [this, reply](bool localIsGone, bool secretIsGone) {
         if (localIsGone && secretIsGone)
-            settle(false);
+            settle(AccountKind::none);
         reply(localIsGone && secretIsGone);
     };
     m_local.remove(tokenKey, m_lifeline.guard([this, removed](bool localIsGone) {
@@ -124,7 +125,7 @@ void Account::handleCallback(const QUrl& url, Reply<bool> reply)
     m_expectedState.clear();
     writeToKeychain(token, m_lifeline.guard([this, reply](const TokenStore::Stored& stored) {
         if (stored)
-            settle(true);
+            settle(AccountKind::web);
         reply(stored.has_value());
     }));
 }

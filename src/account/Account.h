@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/AccountKind.h"
 #include "platform/Lifeline.h"
 #include "platform/MainLoop.h"
 #include "platform/Observers.h"
@@ -23,7 +24,9 @@ public:
     // Runs at once when the answer is known already.
     void whenKnown(std::function<void()> work);
 
-    bool isSignedIn() const { return m_isSignedIn; }
+    AccountKind kind() const { return m_kind; }
+
+    bool isSignedIn() const { return m_kind != AccountKind::none; }
 
     void signInLocally(Reply<TokenStore::Stored> reply);
     void signOut(Reply<bool> reply);
@@ -36,7 +39,7 @@ public:
     Subscription onChange(std::function<void()> observer);
 
 private:
-    void settle(bool isSignedIn);
+    void settle(AccountKind kind);
     void readFromKeychain(Reply<std::optional<QString>> reply);
     void removeFromKeychain(Reply<bool> reply);
     void writeToKeychain(const QString& token, Reply<TokenStore::Stored> reply);
@@ -45,7 +48,7 @@ private:
     TokenStore& m_secrets;
     int m_generation = 0; // of what is known: a late answer must not undo a sign-in
     bool m_isKnown = false;
-    bool m_isSignedIn = false;
+    AccountKind m_kind = AccountKind::none;
     QString m_expectedState;
     std::vector<std::function<void()>> m_waiting;
     Observers<> m_observers;

@@ -6,7 +6,7 @@ namespace Kovrel {
 // standard error or the log; what went wrong is answered by what we asked of them.
 namespace LibraryMessages {
 
-// From now on only Kovrel's own categories are heard.
+// From now on only Kovrel's own categories are heard, and kept in the RecentLog.
 void silence();
 
 } // namespace LibraryMessages

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "cards/Countdown.h"
-#include "cards/CountdownHold.h"
 #include "cards/PreviewDuration.h"
+#include "model/CountdownHold.h"
 #include "platform/MainLoop.h"
 #include "preferences/Preferences.h"
 

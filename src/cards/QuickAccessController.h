@@ -54,7 +54,7 @@ public:
     // --- Countdowns
 
     void setHover(bool on, quint32 pile, PileHover::Reason reason);
-    void holdCountdowns(CountdownHold hold, bool on);
+    void holdCountdowns(CountdownHold hold, bool on) override;
     void toggleFreeze(QUuid card);
     void refreshTimersForPreferenceChange();
     void autoSaveBeforeClose(QUuid card);

@@ -182,6 +182,14 @@ CommandSpec settingsCommand()
             {QT_TRANSLATE_NOOP("CommandTable", "Settings…"), "settings", {"settings"}, std::nullopt, true, "Ctrl+,"}}};
 }
 
+CommandSpec feedbackCommand()
+{
+    return {.name = "feedback",
+            .meaning = "a window that puts together what helps to find a fault; nothing is sent",
+            .options = {{.name = "output", .value = "FILE", .meaning = "write it into FILE instead", .isPath = true}},
+            .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Feedback…"), "feedback", {"feedback"}}}};
+}
+
 const std::vector<CommandSpec>& table()
 {
     static const std::vector<CommandSpec> all{
@@ -221,6 +229,7 @@ const std::vector<CommandSpec>& table()
          .menu =
              {{QT_TRANSLATE_NOOP("CommandTable", "Reopen Closed Capture"), "reopen", {"reopen"}, reopenClosedCapture}}},
         settingsCommand(),
+        feedbackCommand(),
     };
     return all;
 }

@@ -12,6 +12,7 @@
 #include "platform/FilePanel.h"
 #include "ports/CaptureDelivery.h"
 #include "ports/Toasts.h"
+#include "ui/controls/AccessibleRole.h"
 
 #include <QAbstractButton>
 #include <QCloseEvent>
@@ -53,6 +54,7 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
     setWindowTitle(title);
     setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
     setMinimumSize(smallest);
+    AccessibleRole::set(*m_canvas, QAccessible::Canvas);
     arrange();
     addCommands();
     connectParts();

@@ -31,19 +31,11 @@ void HistoryWindows::toggleStrip(const Display& display)
 
 bool HistoryWindows::setHiddenForCapture(bool isHidden)
 {
-    if (!m_window)
-        return false;
-    if (!isHidden) {
-        m_window->setVisible(m_wasVisible || m_window->isVisible());
-        return std::exchange(m_wasVisible, false);
-    }
-    const bool wasStripVisible = m_strip && m_strip->isVisible();
-    if (wasStripVisible)
+    const bool hidesStrip = isHidden && m_strip && m_strip->isVisible();
+    if (hidesStrip)
         m_strip->hide();
-    m_wasVisible = m_window->isVisible() && !m_window->isMinimized();
-    if (m_wasVisible)
-        m_window->hide();
-    return m_wasVisible || wasStripVisible;
+    const bool changesWindow = m_window && m_aside.set(*m_window, isHidden);
+    return changesWindow || hidesStrip;
 }
 
 } // namespace Kovrel

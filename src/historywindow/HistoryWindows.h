@@ -3,6 +3,7 @@
 #include "historywindow/HistoryStrip.h"
 #include "historywindow/HistoryWindow.h"
 #include "ports/CaptureChrome.h"
+#include "ui/Aside.h"
 
 #include <memory>
 
@@ -27,7 +28,7 @@ private:
     HistoryViewServices m_services;
     std::unique_ptr<HistoryWindow> m_window;
     std::unique_ptr<HistoryStrip> m_strip;
-    bool m_wasVisible = false; // the window, before the capture
+    Aside m_aside; // where the window is while a capture runs
 };
 
 } // namespace Kovrel

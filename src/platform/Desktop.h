@@ -12,6 +12,7 @@ class FilePrograms;
 class KeyGrabs;
 class LoginItem;
 class OverlaySurfaces;
+class PackageManager;
 class PanelShapes;
 class Pointer;
 class FilePanel;
@@ -49,6 +50,9 @@ public:
 
     // Jobs on workers share it.
     virtual std::shared_ptr<LoginItem> loginItem() = 0;
+
+    // Jobs on workers share it.
+    virtual std::shared_ptr<PackageManager> packages() = 0;
 };
 
 } // namespace Kovrel

@@ -21,6 +21,7 @@ enum class Lane {
     search,      // what somebody types to find captures
     searchIndex, // the file of their words
     cardFace,    // "com.kovrel.card-face"
+    packages,    // what the package manager is asked; it may hang
 };
 
 // Who waits for a job; of those that wait in a lane the most urgent is run first.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/CaptureResult.h"
+#include "model/CountdownHold.h"
 #include "ports/CaptureChrome.h"
 #include "ports/CaptureHistory.h"
 #include "ports/CaptureSave.h"
@@ -35,6 +36,9 @@ public:
     // Out of the way until the next capture, or until this takes it back.
     virtual void setTemporarilyHidden(bool isHidden) = 0;
     virtual bool isTemporarilyHidden() const = 0;
+
+    // No card closes by itself while there is a reason for it.
+    virtual void holdCountdowns(CountdownHold hold, bool isHeld) = 0;
 };
 
 } // namespace Kovrel

@@ -26,6 +26,7 @@ class ReopenLedger;
 class SettingsPages;
 class TextReader;
 class Toasts;
+class UpdateStatus;
 
 // How the parts of the program meet. A part offers its port before anything is captured; what it offers lives as long
 // as the program runs.
@@ -36,6 +37,7 @@ struct Ports {
     Port<HotkeyStatus> hotkeys;
     Port<SettingsPages> settings;
     Port<ColorPicking> colorPicking;
+    Port<UpdateStatus> updates;
 
     Port<Captures> captures;
     Port<CaptureDelivery> delivery;

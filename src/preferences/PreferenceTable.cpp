@@ -165,6 +165,8 @@ const auto Settings::takenDesktopShortcuts =
 const auto Settings::editorWindowSize = unregistered<QString>("editorWindowSize", "last size of the editor");
 const auto Settings::historyWindowSize =
     unregistered<QString>("historyWindowSize", "last size of the window of recent captures");
+const auto Settings::checksForUpdates =
+    row("checksForUpdates", true, "ask the package manager once a day whether there is a newer Kovrel");
 
 // --- Looking things up
 
@@ -198,6 +200,62 @@ std::optional<Setting> PreferenceTable::find(const QString& key)
         }
     }
     return std::nullopt;
+}
+
+QStringList PreferenceTable::keys()
+{
+    QStringList keys;
+    for (const Setting& setting : table()) {
+        const QString key = QString::fromLatin1(setting.key);
+        keys << key;
+        if (isPerTool(key))
+            for (const auto& [tool, name] : RawStrings<EditorTool>::table)
+                keys << key + '.' + QLatin1StringView(name);
+    }
+    return keys;
+}
+
+QVariant PreferenceTable::value(const UserDefaults& defaults, const QString& key, SettingType type)
+{
+    switch (type) {
+    case SettingType::boolean:
+        return defaults.boolean(key);
+    case SettingType::integer:
+    case SettingType::keyCombo:
+        return defaults.integer(key);
+    case SettingType::real:
+        return defaults.real(key);
+    case SettingType::text:
+        return defaults.text(key);
+    case SettingType::data:
+        return defaults.data(key);
+    case SettingType::textList:
+        return defaults.textList(key);
+    }
+    return {};
+}
+
+QString PreferenceTable::text(const QVariant& value, SettingType type)
+{
+    switch (type) {
+    case SettingType::boolean:
+        return value.toBool() ? "true" : "false";
+    case SettingType::integer:
+        return QString::number(value.toLongLong());
+    case SettingType::real:
+        return QString::number(value.toDouble());
+    case SettingType::text:
+        return value.toString();
+    case SettingType::data:
+        return QString::fromUtf8(value.toByteArray());
+    case SettingType::textList:
+        return value.toStringList().join(", ");
+    case SettingType::keyCombo: {
+        const auto combo = KeyCombo::fromStored(value.toLongLong());
+        return combo ? combo->text() : "none";
+    }
+    }
+    return {};
 }
 
 QHash<QString, QVariant> PreferenceTable::registeredDefaults()

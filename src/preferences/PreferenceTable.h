@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/files/UserDefaults.h"
 #include "preferences/SettingValue.h"
 
 #include <QHash>
@@ -26,6 +27,13 @@ std::span<const Setting> settings();
 // The setting of a key; for "annotationColorHex.arrow" and the like that of the tool's own value, which is typed and
 // chosen as the global one and has nothing registered. No setting for an unknown key.
 std::optional<Setting> find(const QString& key);
+
+// Those of `settings`, and those of tools.
+QStringList keys();
+
+// What a setting is now, of its type, and as people read such a value.
+QVariant value(const UserDefaults& defaults, const QString& key, SettingType type);
+QString text(const QVariant& value, SettingType type);
 
 QHash<QString, QVariant> registeredDefaults();
 

@@ -88,6 +88,7 @@ extern const SettingKey<QStringList> disabledNativeHotkeys;
 extern const SettingKey<QByteArray> takenDesktopShortcuts;
 extern const SettingKey<QString> editorWindowSize;
 extern const SettingKey<QString> historyWindowSize;
+extern const SettingKey<bool> checksForUpdates;
 
 } // namespace Settings
 

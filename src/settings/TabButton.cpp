@@ -21,6 +21,7 @@ constexpr int symbolGap = 10;
 TabButton::TabButton(const QString& symbol, const QString& title) : Button(title), m_symbol(symbol)
 {
     setCheckable(true);
+    setAutoExclusive(true); // one of several, also for screen readers
 }
 
 QSize TabButton::sizeHint() const

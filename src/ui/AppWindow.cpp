@@ -18,6 +18,13 @@ AppWindow::AppWindow()
     connect(&LookChanges::shared(), &LookChanges::changed, this, &AppWindow::takeColors);
 }
 
+void AppWindow::comeForward()
+{
+    showNormal();
+    raise();
+    activateWindow();
+}
+
 // Desktops place windows well on one screen; of several, not all take the one on which somebody is at work.
 void AppWindow::placeWherePointerIs(QSize size)
 {

@@ -13,6 +13,9 @@ class AppWindow : public QWidget {
 public:
     AppWindow();
 
+    // Shows it where it is hidden or minimized, before all others and with the keyboard.
+    void comeForward();
+
 protected:
     // Before it is shown; never larger than its screen, which is the one where the pointer is.
     void placeWherePointerIs(QSize size);

@@ -6,12 +6,14 @@
 #include "ui/MenuTitle.h"
 #include "ui/Notice.h"
 #include "ui/PrimaryButton.h"
-#include "ui/ProgramIcon.h"
+#include "ui/Questions.h"
 #include "ui/RowButton.h"
 #include "ui/controls/Card.h"
+#include "ui/controls/PlainButton.h"
+#include "ui/controls/WindowHeader.h"
 #include "ui/tokens/Metrics.h"
 
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QIcon>
 
 namespace Kovrel {
@@ -22,39 +24,32 @@ constexpr int contentWidth = 420;
 
 } // namespace
 
-HomeWindow::HomeWindow(Preferences& preferences, Handlers handlers)
-    : m_preferences(preferences), m_handlers(std::move(handlers))
+HomeWindow::HomeWindow(Preferences& preferences, QString version, Handlers handlers)
+    : m_preferences(preferences),
+      m_version(std::move(version)),
+      m_handlers(std::move(handlers)),
+      m_content(new QWidget),
+      m_header(new WindowHeader),
+      m_notice(new Notice),
+      m_update(new Notice),
+      m_signIn(new PrimaryButton(tr("Use Kovrel on This Computer")))
 {
     setWindowTitle("Kovrel");
     setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
-    m_notice = new Notice;
     m_notice->hide();
-    m_signIn = new PrimaryButton(tr("Use Kovrel on this computer"));
     connect(m_signIn, &QPushButton::clicked, this, [this] { m_handlers.signIn(); });
+    auto* content = new QVBoxLayout(m_content);
+    content->setContentsMargins(0, 0, 0, 0);
+    content->setSpacing(Spacing::large);
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{m_header, m_notice, m_update, m_signIn, makeCommands(), makeFooter()})
+        content->addWidget(part);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(Spacing::window, Spacing::window, Spacing::window, Spacing::window);
-    layout->setSpacing(Spacing::large);
+    layout->setContentsMargins(Spacing::window, Spacing::window, Spacing::window, Spacing::large);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    for (QWidget* part : std::initializer_list<QWidget*>{makeHeader(), m_notice, m_signIn, makeCommands()})
-        layout->addWidget(part);
+    layout->addWidget(m_content);
     setWidths();
     connect(&LookChanges::shared(), &LookChanges::changed, this, &HomeWindow::setWidths);
-}
-
-QWidget* HomeWindow::makeHeader()
-{
-    m_header = new QWidget;
-    m_title = new Label(TextStyle::headline);
-    m_subtitle = new Label(TextStyle::body, Label::Role::secondary);
-    auto* layout = new QGridLayout(m_header);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setHorizontalSpacing(Spacing::medium);
-    layout->setVerticalSpacing(Spacing::tight);
-    layout->addWidget(new ProgramIcon, 0, 0, 2, 1, Qt::AlignTop);
-    layout->addWidget(m_title, 0, 1, Qt::AlignBottom);
-    layout->addWidget(m_subtitle, 1, 1, Qt::AlignTop);
-    layout->setColumnStretch(1, 1);
-    return m_header;
 }
 
 QWidget* HomeWindow::makeCommands()
@@ -72,22 +67,35 @@ QWidget* HomeWindow::makeCommands()
     return m_commandList;
 }
 
+QWidget* HomeWindow::makeFooter()
+{
+    auto* const footer = new QWidget;
+    m_facts = new Label(TextStyle::caption, Label::Role::secondary);
+    m_signOut = new PlainButton(tr("Sign Out…"));
+    connect(m_signOut, &QPushButton::clicked, this, &HomeWindow::askToSignOut);
+    auto* const layout = new QHBoxLayout(footer);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Spacing::medium);
+    layout->addWidget(m_facts, 1);
+    layout->addWidget(m_signOut);
+    return footer;
+}
+
 void HomeWindow::setWidths()
 {
-    const int width = int(contentWidth * Typography::scale());
-    for (QWidget* part : std::initializer_list<QWidget*>{m_header, m_notice, m_signIn, m_commandList})
-        part->setFixedWidth(width);
+    m_content->setFixedWidth(int(contentWidth * Typography::scale()));
 }
 
 void HomeWindow::refresh()
 {
     const bool isSignedIn = m_handlers.isSignedIn();
     const QString obstacle = m_handlers.obstacle();
-    m_title->setText(isSignedIn ? QString("Kovrel") : tr("Welcome to Kovrel"));
-    m_subtitle->setText(isSignedIn ? tr("Capture from here, from the tray or from the command line.")
-                                   : tr("Captures, kept and found again. Everything stays on this computer."));
+    m_header->setTexts(isSignedIn ? QString("Kovrel") : tr("Welcome to Kovrel"),
+                       isSignedIn ? tr("Capture from here, from the tray or from the command line.")
+                                  : tr("Captures, kept and found again. Everything stays on this computer."));
     if (!obstacle.isEmpty())
         m_notice->show(Notice::Kind::warning, obstacle);
+    refreshUpdate();
     m_signIn->setVisible(!isSignedIn && obstacle.isEmpty());
     m_commandList->setVisible(isSignedIn && obstacle.isEmpty());
     for (const auto& [row, entry] : m_commands) {
@@ -95,6 +103,47 @@ void HomeWindow::refresh()
         const auto combo = HotkeySettings::combo(m_preferences, entry);
         row->setKeys(combo ? combo->text() : QString(entry.windowKeys));
     }
+    refreshFooter();
+}
+
+void HomeWindow::refreshUpdate()
+{
+    const auto version = m_handlers.newerVersion();
+    m_update->setVisible(version.has_value());
+    if (version)
+        m_update->show(Notice::Kind::information,
+                       tr("Kovrel %1 is available from your package manager.").arg(*version));
+}
+
+void HomeWindow::refreshFooter()
+{
+    const QString account = accountText();
+    const QString version = tr("Version %1").arg(m_version);
+    m_facts->setText(account.isEmpty() ? version : account + '\n' + version);
+    m_signOut->setVisible(m_handlers.account() != AccountKind::none);
+}
+
+QString HomeWindow::accountText() const
+{
+    switch (m_handlers.account()) {
+    case AccountKind::none:
+        return {};
+    case AccountKind::thisComputer:
+        return tr("Signed in with the account on this computer");
+    case AccountKind::web:
+        return tr("Signed in with your account on the web");
+    }
+    Q_UNREACHABLE();
+}
+
+void HomeWindow::askToSignOut()
+{
+    Questions::ask(*this,
+                   {.text = tr("Sign out of Kovrel?"),
+                    .explanation = tr("Nothing can be captured until somebody signs in again. Captures and settings "
+                                      "stay where they are."),
+                    .answer = tr("Sign Out")},
+                   [this] { m_handlers.signOut(); });
 }
 
 void HomeWindow::showNotice(const QString& text)
@@ -105,9 +154,7 @@ void HomeWindow::showNotice(const QString& text)
 void HomeWindow::present()
 {
     refresh();
-    showNormal();
-    raise();
-    activateWindow();
+    comeForward();
 }
 
 } // namespace Kovrel

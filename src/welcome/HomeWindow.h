@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commandline/CommandTable.h"
+#include "model/AccountKind.h"
 #include "preferences/Preferences.h"
 #include "ui/AppWindow.h"
 
@@ -8,25 +9,31 @@ namespace Kovrel {
 
 class Label;
 class Notice;
+class PlainButton;
 class PrimaryButton;
 class RowButton;
+class WindowHeader;
 
-// The program's own window: first steps, what stands in the way of capturing, and every command with its keys, for
+// The program's own window: who is signed in, what stands in the way of capturing, and every command with its keys, for
 // desktops without a tray too. Main thread.
 class HomeWindow : public AppWindow {
     Q_OBJECT
 
 public:
     struct Handlers {
-        std::function<bool()> isSignedIn;
+        std::function<bool()> isSignedIn; // or nobody has to be
+        std::function<AccountKind()> account;
         std::function<void()> signIn;
+        std::function<void()> signOut;
         // Why nothing can be captured on this desktop; empty where it can.
         std::function<QString()> obstacle;
+        // That the package manager has; no value where none is known.
+        std::function<std::optional<QString>()> newerVersion;
         std::function<bool(const MenuEntry&)> isEnabled;
         std::function<void(const MenuEntry&)> perform;
     };
 
-    HomeWindow(Preferences& preferences, Handlers handlers);
+    HomeWindow(Preferences& preferences, QString version, Handlers handlers);
 
     // Shows the state as it is now and comes to the front.
     void present();
@@ -34,19 +41,26 @@ public:
     void showNotice(const QString& text);
 
 private:
-    QWidget* makeHeader();
     QWidget* makeCommands();
+    QWidget* makeFooter();
+    void refreshUpdate();
+    void refreshFooter();
+    QString accountText() const;
+    void askToSignOut();
     void setWidths();
 
     Preferences& m_preferences;
+    QString m_version;
     Handlers m_handlers;
-    QWidget* m_header = nullptr;
-    Label* m_title = nullptr;
-    Label* m_subtitle = nullptr;
-    Notice* m_notice = nullptr;
-    PrimaryButton* m_signIn = nullptr;
+    QWidget* m_content;
+    WindowHeader* m_header;
+    Notice* m_notice;
+    Notice* m_update;
+    PrimaryButton* m_signIn;
     QWidget* m_commandList = nullptr;
     std::vector<std::pair<RowButton*, MenuEntry>> m_commands;
+    Label* m_facts = nullptr;
+    PlainButton* m_signOut = nullptr;
 };
 
 } // namespace Kovrel

@@ -55,7 +55,7 @@ struct LoggedParts : AccountStatus, HelpWindows, CaptureEditors {
 
     Log takeLog() { return std::exchange(log, {}); }
 
-    bool isSignedIn() const override { return signedIn; }
+    AccountKind kind() const override { return signedIn ? AccountKind::thisComputer : AccountKind::none; }
 
     void whenKnown(std::function<void()> work) override { work(); }
 
@@ -66,6 +66,8 @@ struct LoggedParts : AccountStatus, HelpWindows, CaptureEditors {
     }
 
     void signInOnThisComputer() override {}
+
+    void signOut() override {}
 
     void refreshCredentials(std::chrono::seconds) override {}
 

@@ -86,6 +86,7 @@ TEST_P(LeftOutTest, TheOthersWorkAndWhatIsAbsentSaysSo)
     Testing::pattern({80, 60}).save(shot);
     expect({"pin", shot}, {"Pins"});
     expect({"settings"}, {"Settings"});
+    expect({"feedback"}, {"Feedback"});
     expect({"annotate", shot, "--output", marked}, {"Annotating"});
     EXPECT_EQ(run({"codes", shot}).exitCode, GetParam() == "Reading" ? CommandLine::failed : CommandLine::nothingThere);
     expect({"sign-out"}, {"Account"});

@@ -231,7 +231,7 @@ TEST(PreferenceTable, KnowsEachKeyOnceAndTheToolsOwn)
         if (setting.registered.isValid() && !setting.choices.isEmpty())
             EXPECT_TRUE(setting.choices.contains(setting.registered.toString())) << setting.key;
     }
-    EXPECT_EQ(PreferenceTable::registeredDefaults().size(), 50);
+    EXPECT_EQ(PreferenceTable::registeredDefaults().size(), 51);
     EXPECT_TRUE(PreferenceTable::find("annotationFillStyle.rectangle"));
     EXPECT_FALSE(PreferenceTable::find("annotationFillStyle.spoon"));
     EXPECT_FALSE(PreferenceTable::find("jpegQuality.arrow"));

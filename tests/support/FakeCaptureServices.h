@@ -153,6 +153,8 @@ struct FakeCaptureServices {
 
         bool isTemporarilyHidden() const override { return false; }
 
+        void holdCountdowns(CountdownHold, bool) override {}
+
         FakeCaptureServices& fake;
     } cards{*this};
 
@@ -263,13 +265,15 @@ struct FakeCaptureServices {
     struct Access : AccountStatus, HelpWindows {
         explicit Access(FakeCaptureServices& f) : fake(f) {}
 
-        bool isSignedIn() const override { return fake.isSignedIn; }
+        AccountKind kind() const override { return fake.isSignedIn ? AccountKind::thisComputer : AccountKind::none; }
 
         void whenKnown(std::function<void()> work) override { work(); }
 
         Subscription onChange(std::function<void()>) override { return {}; }
 
         void signInOnThisComputer() override {}
+
+        void signOut() override {}
 
         void refreshCredentials(std::chrono::seconds) override {}
 

@@ -11,6 +11,7 @@
 #include "tests/support/desktop/FakeKeyGrabs.h"
 #include "tests/support/desktop/FakeLoginItem.h"
 #include "tests/support/desktop/FakeOverlaySurfaces.h"
+#include "tests/support/desktop/FakePackageManager.h"
 #include "tests/support/desktop/FakePanelShapes.h"
 #include "tests/support/desktop/FakePointer.h"
 #include "tests/support/desktop/FakeScreenLock.h"
@@ -73,7 +74,10 @@ public:
 
     std::shared_ptr<LoginItem> loginItem() override { return login; }
 
+    std::shared_ptr<PackageManager> packages() override { return packageManager; }
+
     std::shared_ptr<ShortcutSwitches> switches;
+    std::shared_ptr<FakePackageManager> packageManager = std::make_shared<FakePackageManager>();
     std::shared_ptr<FakeLoginItem> login = std::make_shared<FakeLoginItem>();
 
 private:

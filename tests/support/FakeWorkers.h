@@ -47,9 +47,10 @@ public:
     size_t runAll()
     {
         size_t count = 0;
-        for (const Lane lane : {Lane::capture, Lane::save, Lane::clipboard, Lane::paste, Lane::editorSave,
-                                Lane::shutter, Lane::codes, Lane::utility, Lane::visionOCR, Lane::ocrFiles,
-                                Lane::history, Lane::thumbnails, Lane::search, Lane::searchIndex, Lane::cardFace})
+        for (const Lane lane :
+             {Lane::capture, Lane::save, Lane::clipboard, Lane::paste, Lane::editorSave, Lane::shutter, Lane::codes,
+              Lane::utility, Lane::visionOCR, Lane::ocrFiles, Lane::history, Lane::thumbnails, Lane::search,
+              Lane::searchIndex, Lane::cardFace, Lane::packages})
             count += run(lane);
         return count;
     }

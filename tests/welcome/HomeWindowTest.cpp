@@ -1,19 +1,21 @@
 #include "welcome/HomeWindow.h"
 
 #include "tests/support/TempFolder.h"
+#include "tests/support/WindowWalk.h"
 #include "ui/RowButton.h"
+#include "ui/controls/PlainButton.h"
 #include "ui/tokens/Theme.h"
 
-#include <QAccessible>
 #include <QApplication>
-#include <QKeyEvent>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPalette>
-#include <QTranslator>
 
 #include <gtest/gtest.h>
 
 namespace Kovrel {
+
+namespace WindowWalk = Testing::WindowWalk;
 
 namespace {
 
@@ -24,11 +26,17 @@ struct HomeWindowTest : testing::Test {
     bool isSignedIn = true;
     int signIns = 0;
     QStringList performed;
+    int signOuts = 0;
+    std::optional<QString> newerVersion;
     HomeWindow window{preferences,
+                      "1.2",
                       {
                           .isSignedIn = [this] { return isSignedIn; },
+                          .account = [this] { return isSignedIn ? AccountKind::thisComputer : AccountKind::none; },
                           .signIn = [this] { ++signIns; },
+                          .signOut = [this] { ++signOuts; },
                           .obstacle = [] { return QString(); },
+                          .newerVersion = [this] { return newerVersion; },
                           .isEnabled = [](const auto& entry) { return entry.arguments.front() == "capture"; },
                           .perform = [this](const auto& entry) { performed << entry.label; },
                       }};
@@ -40,51 +48,7 @@ struct HomeWindowTest : testing::Test {
         window.present();
         QApplication::setActiveWindow(&window);
     }
-
-    static void press(Qt::Key key)
-    {
-        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, key, Qt::NoModifier);
-            QApplication::sendEvent(QApplication::focusWidget(), &event);
-        }
-    }
-
-    // What the tabulator visits until it comes back to where it began.
-    static QWidgetList tabChain()
-    {
-        QWidgetList chain;
-        for (QWidget* focus = QApplication::focusWidget(); focus && !chain.contains(focus);
-             focus = QApplication::focusWidget()) {
-            chain << focus;
-            press(Qt::Key_Tab);
-        }
-        return chain;
-    }
-
-    QWidgetList usableButtons() const
-    {
-        QWidgetList buttons;
-        for (auto* button : window.findChildren<QAbstractButton*>())
-            if (button->isVisible() && button->isEnabled())
-                buttons << button;
-        return buttons;
-    }
 };
-
-// Every text in another language, of a kind.
-struct Bracketed : QTranslator {
-    bool isEmpty() const override { return false; }
-
-    QString translate(const char*, const char* text, const char*, int) const override
-    {
-        return '[' + QString::fromUtf8(text) + ']';
-    }
-};
-
-QString accessibleText(QWidget* widget, QAccessible::Text kind)
-{
-    return QAccessible::queryAccessibleInterface(widget)->text(kind);
-}
 
 } // namespace
 
@@ -93,12 +57,12 @@ TEST_F(HomeWindowTest, TheKeyboardReachesEveryControlAndEachHasAName)
     for (const bool signedIn : {false, true}) {
         isSignedIn = signedIn;
         show();
-        const QWidgetList chain = tabChain();
-        EXPECT_EQ(QSet<QWidget*>(chain.begin(), chain.end()).size(), signedIn ? 6 : 1);
-        for (QWidget* button : usableButtons())
-            EXPECT_TRUE(chain.contains(button)) << qPrintable(accessibleText(button, QAccessible::Name));
+        const QWidgetList chain = WindowWalk::tabChain();
+        EXPECT_EQ(QSet<QWidget*>(chain.begin(), chain.end()).size(), signedIn ? 7 : 1);
+        for (QWidget* button : WindowWalk::usableButtons(window))
+            EXPECT_TRUE(chain.contains(button)) << qPrintable(WindowWalk::text(button, QAccessible::Name));
         for (QWidget* control : chain) {
-            EXPECT_FALSE(accessibleText(control, QAccessible::Name).isEmpty());
+            EXPECT_FALSE(WindowWalk::text(control, QAccessible::Name).isEmpty());
             EXPECT_EQ(QAccessible::queryAccessibleInterface(control)->role(), QAccessible::Button);
         }
         window.hide();
@@ -109,17 +73,52 @@ TEST_F(HomeWindowTest, ThePressedControlDoesWhatItSays)
 {
     isSignedIn = false;
     show();
-    press(Qt::Key_Space);
+    WindowWalk::press(Qt::Key_Space);
     EXPECT_EQ(signIns, 1);
 
     isSignedIn = true;
     window.refresh();
-    for (QWidget* button : usableButtons()) {
+    for (QWidget* button : window.findChildren<RowButton*>()) {
+        if (!button->isEnabled())
+            continue;
         button->setFocus();
-        press(Qt::Key_Space);
-        EXPECT_EQ(performed.value(performed.size() - 1), accessibleText(button, QAccessible::Name));
+        WindowWalk::press(Qt::Key_Space);
+        EXPECT_EQ(performed.value(performed.size() - 1), WindowWalk::text(button, QAccessible::Name));
     }
     EXPECT_EQ(performed.size(), 6);
+}
+
+TEST_F(HomeWindowTest, SigningOutIsAskedAboutFirst)
+{
+    show();
+    for (const bool isWanted : {false, true}) {
+        window.findChild<PlainButton*>()->click();
+        auto* const question = window.findChild<QMessageBox*>();
+        ASSERT_TRUE(question);
+        for (QAbstractButton* button : question->buttons())
+            if ((button->text() == "Sign Out") == isWanted) {
+                button->click();
+                break;
+            }
+        EXPECT_EQ(signOuts, isWanted ? 1 : 0);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+TEST_F(HomeWindowTest, ANewerVersionIsToldAsLongAsItIsKnown)
+{
+    const auto tells = [this] {
+        for (const auto* label : window.findChildren<QLabel*>())
+            if (label->isVisible() && label->text().contains("1.3"))
+                return true;
+        return false;
+    };
+    show();
+    for (const char* version : {"", "1.3", ""}) {
+        newerVersion = *version ? std::optional<QString>(version) : std::nullopt;
+        window.refresh();
+        EXPECT_EQ(tells(), bool(*version));
+    }
 }
 
 TEST_F(HomeWindowTest, RowsTellTheirKeys)
@@ -127,18 +126,22 @@ TEST_F(HomeWindowTest, RowsTellTheirKeys)
     show();
     const auto rows = window.findChildren<RowButton*>();
     ASSERT_EQ(size_t(rows.size()), CommandTable::menu().size());
-    EXPECT_EQ(accessibleText(rows.first(), QAccessible::Description), preferences.get(Settings::hotkeyArea)->text());
+    EXPECT_EQ(WindowWalk::text(rows.first(), QAccessible::Description), preferences.get(Settings::hotkeyArea)->text());
 }
 
 TEST_F(HomeWindowTest, SpeaksTheLanguageOfTheUser)
 {
-    Bracketed language;
+    WindowWalk::Bracketed language;
     QCoreApplication::installTranslator(&language);
-    HomeWindow translated(preferences, {.isSignedIn = [] { return false; },
-                                        .signIn = [] {},
-                                        .obstacle = [] { return QString(); },
-                                        .isEnabled = [](const auto&) { return true; },
-                                        .perform = [](const auto&) {}});
+    HomeWindow translated(preferences, "1.2",
+                          {.isSignedIn = [] { return false; },
+                           .account = [] { return AccountKind::web; },
+                           .signIn = [] {},
+                           .signOut = [] {},
+                           .obstacle = [] { return QString(); },
+                           .newerVersion = [] { return std::optional<QString>("2"); },
+                           .isEnabled = [](const auto&) { return true; },
+                           .perform = [](const auto&) {}});
     translated.refresh();
     for (const auto* button : translated.findChildren<QAbstractButton*>())
         EXPECT_TRUE(button->text().startsWith('[')) << qPrintable(button->text());
@@ -165,8 +168,8 @@ TEST_F(HomeWindowTest, NoTextIsCutOffWithALargerFont)
                 EXPECT_TRUE(window.rect().contains(QRect(widget->mapTo(&window, QPoint()), widget->size())));
                 if (qobject_cast<const QAbstractButton*>(widget))
                     EXPECT_GE(widget->width(), widget->sizeHint().width()) << pixelSize;
-                const int height = qobject_cast<const QLabel*>(widget) ? widget->heightForWidth(widget->width())
-                                                                       : widget->sizeHint().height();
+                const int height =
+                    widget->hasHeightForWidth() ? widget->heightForWidth(widget->width()) : widget->sizeHint().height();
                 EXPECT_GE(widget->height(), height) << pixelSize;
             }
             window.hide();

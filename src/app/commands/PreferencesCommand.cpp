@@ -16,25 +16,7 @@ namespace {
 
 QString shown(const UserDefaults& defaults, const QString& key, SettingType type)
 {
-    switch (type) {
-    case SettingType::boolean:
-        return defaults.boolean(key) ? "true" : "false";
-    case SettingType::integer:
-        return QString::number(defaults.integer(key));
-    case SettingType::real:
-        return QString::number(defaults.real(key));
-    case SettingType::text:
-        return defaults.text(key);
-    case SettingType::data:
-        return QString::fromUtf8(defaults.data(key));
-    case SettingType::textList:
-        return defaults.textList(key).join(", ");
-    case SettingType::keyCombo: {
-        const auto combo = KeyCombo::fromStored(defaults.integer(key));
-        return combo ? combo->text() : "none";
-    }
-    }
-    return {};
+    return PreferenceTable::text(PreferenceTable::value(defaults, key, type), type);
 }
 
 std::expected<QVariant, QString> parsedNumber(const QString& text, SettingType type)

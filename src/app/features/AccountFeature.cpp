@@ -44,7 +44,7 @@ std::vector<UrlHandler> AccountFeature::urlHandlers()
     return {{"auth-callback", [this](const QUrl& url) {
                  m_account.handleCallback(url, [this](bool isSignedIn) {
                      if (!isSignedIn)
-                         tellFailure(tr("The answer does not fit, or could not be stored"));
+                         tellFailure(tr("Signing in failed"), tr("The answer does not fit, or could not be stored"));
                  });
              }}};
 }
@@ -64,14 +64,21 @@ void AccountFeature::signInOnThisComputer()
 {
     signIn([this](const CommandAnswer& answer) {
         if (answer.exitCode != CommandLine::done)
-            tellFailure(answer.error);
+            tellFailure(tr("Signing in failed"), answer.error);
     });
 }
 
-void AccountFeature::tellFailure(const QString& reason)
+void AccountFeature::signOut()
 {
-    const ToastContent toast{
-        .message = tr("Signing in failed"), .subtitle = reason, .icon = "exclamationmark.triangle"};
+    signOut([this](const CommandAnswer& answer) {
+        if (answer.exitCode != CommandLine::done)
+            tellFailure(tr("Signing out failed"), answer.error);
+    });
+}
+
+void AccountFeature::tellFailure(const QString& what, const QString& reason)
+{
+    const ToastContent toast{.message = what, .subtitle = reason, .icon = "exclamationmark.triangle"};
     m_ports.toasts.tell(&Toasts::present, toast, std::nullopt, true);
 }
 

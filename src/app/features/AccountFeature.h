@@ -25,20 +25,21 @@ public:
 
 private:
     // AccountStatus
-    bool isSignedIn() const override { return m_account.isSignedIn(); }
+    AccountKind kind() const override { return m_account.kind(); }
 
     void whenKnown(std::function<void()> work) override { m_account.whenKnown(std::move(work)); }
 
     Subscription onChange(std::function<void()> observer) override { return m_account.onChange(std::move(observer)); }
 
     void signInOnThisComputer() override;
+    void signOut() override;
 
     void refreshCredentials(std::chrono::seconds) override {}
 
     void signIn(const Reply<CommandAnswer>& reply);
     void signOut(const Reply<CommandAnswer>& reply);
 
-    void tellFailure(const QString& reason);
+    void tellFailure(const QString& what, const QString& reason);
 
     Foundation& m_foundation;
     const Ports& m_ports;

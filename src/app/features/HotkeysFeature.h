@@ -27,7 +27,12 @@ public:
     void prepareToEnd() override;
 
 private:
+    // HotkeyStatus
     std::optional<QString> refusal(const QString& setting) const override;
+
+    Subscription onRefusals(std::function<void()> observer) override { return m_hotkeys.onPass(std::move(observer)); }
+
+    QStringList borrowedKeys() const override { return m_shortcuts.borrowedKeys(); }
 
     GlobalHotkeyManager::Handlers handlers();
     void perform(const MenuEntry& entry);

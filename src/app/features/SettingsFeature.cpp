@@ -11,7 +11,10 @@
 
 namespace Kovrel {
 
-SettingsFeature::SettingsFeature(Foundation& foundation, Ports& ports) : m_foundation(foundation), m_ports(ports) {}
+SettingsFeature::SettingsFeature(Foundation& foundation, Ports& ports)
+    : m_foundation(foundation), m_ports(ports), m_login(foundation)
+{
+}
 
 SettingsFeature::~SettingsFeature()
 {
@@ -38,7 +41,7 @@ void SettingsFeature::show(std::optional<SettingsTab> tab)
 {
     const auto present = [this, tab] {
         if (!m_window || !m_window->isVisible()) {
-            readLogin();
+            m_login.read();
             m_window = new SettingsWindow(m_foundation.preferences, m_ports.settings->settingsPages());
             m_window->setAttribute(Qt::WA_DeleteOnClose);
         }
@@ -52,46 +55,11 @@ void SettingsFeature::show(std::optional<SettingsTab> tab)
 
 std::vector<SettingsPage> SettingsFeature::settingsPages()
 {
-    return {
-        GeneralPage::make(m_foundation.preferences,
-                          {.loginItem = loginBinding(),
-                           .loginRemark = [this](const Reply<SettingRemark>& reply) { reply({m_login.failure, true}); },
-                           .exportSettings = [this](QWindow* parent) { exportTo(parent); },
-                           .importSettings = [this](QWindow* parent) { importFrom(parent); }})};
-}
-
-// --- Starting with the session
-
-SettingBinding SettingsFeature::loginBinding()
-{
-    return {.read = [this] { return m_login.isOn; },
-            .write = [this](const QVariant& isOn) { setLogin(isOn.toBool()); },
-            .observe = [this](std::function<void()> changed) { return m_loginChanges.add(std::move(changed)); }};
-}
-
-void SettingsFeature::readLogin()
-{
-    replyFromWorker<Login>(
-        m_foundation.loop, m_foundation.workers, Lane::utility,
-        [item = m_foundation.desktop->loginItem()]() noexcept { return Login{.isOn = item->isOn()}; },
-        m_lifeline.guard([this](const Login& login) { landLogin(login); }));
-}
-
-void SettingsFeature::setLogin(bool isOn)
-{
-    replyFromWorker<Login>(
-        m_foundation.loop, m_foundation.workers, Lane::utility,
-        [item = m_foundation.desktop->loginItem(), isOn]() noexcept {
-            const auto done = item->set(isOn);
-            return Login{.isOn = item->isOn(), .failure = done ? QString() : done.error()};
-        },
-        m_lifeline.guard([this](const Login& login) { landLogin(login); }));
-}
-
-void SettingsFeature::landLogin(const Login& login)
-{
-    m_login = login;
-    m_loginChanges.notify();
+    return {GeneralPage::make(m_foundation.preferences,
+                              {.loginItem = m_login.binding(),
+                               .loginRemark = [this](const Reply<SettingRemark>& reply) { reply(m_login.remark()); },
+                               .exportSettings = [this](QWindow* parent) { exportTo(parent); },
+                               .importSettings = [this](QWindow* parent) { importFrom(parent); }})};
 }
 
 // --- The settings as a file

@@ -2,8 +2,8 @@
 
 #include "app/foundation/Feature.h"
 #include "app/foundation/Foundation.h"
+#include "app/foundation/LoginSwitch.h"
 #include "platform/Lifeline.h"
-#include "platform/LoginItem.h"
 #include "ports/Ports.h"
 #include "settings/SettingsShortcut.h"
 #include "settings/SettingsWindow.h"
@@ -28,17 +28,7 @@ public:
     void start(const Launch& launch) override;
 
 private:
-    // As far as it is known: what is on the disk is asked for when it is to be seen.
-    struct Login {
-        bool isOn = false;
-        QString failure = {};
-    };
-
     void show(std::optional<SettingsTab> tab);
-    SettingBinding loginBinding();
-    void readLogin();
-    void setLogin(bool isOn);
-    void landLogin(const Login& login);
     void exportTo(QWindow* parent);
     void importFrom(QWindow* parent);
     void write(const QString& path);
@@ -47,8 +37,7 @@ private:
 
     Foundation& m_foundation;
     const Ports& m_ports;
-    Login m_login;
-    Observers<> m_loginChanges;
+    LoginSwitch m_login;
     QPointer<SettingsWindow> m_window;            // while it is open; then it deletes itself
     std::unique_ptr<SettingsShortcut> m_shortcut; // from `start` on
     Lifeline m_lifeline;

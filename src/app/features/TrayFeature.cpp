@@ -28,11 +28,15 @@ void TrayFeature::start(const Launch& launch)
         helpWithoutTray();
 }
 
-// The window is the way in then.
+// The window is the way in then. Whoever starts for the first time has another one.
 void TrayFeature::helpWithoutTray()
 {
     qCInfo(log, "This desktop has no tray; Kovrel is reached by its window and by its command line");
-    const auto showHome = [this] { m_ports.help.tell(&HelpWindows::showHome); };
+    const auto showHome = [this] {
+        const bool isKnown = m_ports.account && m_ports.account->isSignedIn();
+        if (isKnown || m_foundation.preferences.get(Settings::hasCompletedOnboarding))
+            m_ports.help.tell(&HelpWindows::showHome);
+    };
     if (m_ports.account)
         m_ports.account->whenKnown(showHome);
     else

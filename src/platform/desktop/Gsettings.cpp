@@ -1,26 +1,19 @@
 #include "platform/desktop/Gsettings.h"
 
-#include <QProcess>
+#include "platform/processes/ProgramOutput.h"
 
 namespace Kovrel {
 
 namespace {
 
-constexpr int patienceMilliseconds = 5000;
+constexpr auto patience = std::chrono::seconds(5);
 
 } // namespace
 
 std::optional<QString> Gsettings::run(const QStringList& arguments)
 {
-    QProcess program;
-    program.start("gsettings", arguments);
-    if (!program.waitForFinished(patienceMilliseconds) || program.exitStatus() != QProcess::NormalExit ||
-        program.exitCode() != 0) {
-        program.kill();
-        program.waitForFinished();
-        return std::nullopt;
-    }
-    return QString::fromUtf8(program.readAllStandardOutput());
+    const auto output = ProgramOutput::of("gsettings", arguments, patience);
+    return output ? std::optional(QString::fromUtf8(*output)) : std::nullopt;
 }
 
 } // namespace Kovrel

@@ -45,6 +45,8 @@ const char* threadName(Lane lane)
         return "kovrel.words";
     case Lane::cardFace:
         return "kovrel.cardface";
+    case Lane::packages:
+        return "kovrel.packages";
     }
     return "kovrel.worker";
 }

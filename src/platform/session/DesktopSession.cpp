@@ -8,6 +8,26 @@
 
 namespace Kovrel {
 
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("DesktopSession", text);
+}
+
+// What login screens call the session on an X server.
+QString x11Session()
+{
+    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").toUpper().split(':');
+    if (desktops.contains("KDE"))
+        return tr("“Plasma (X11)”");
+    if (desktops.contains("UBUNTU"))
+        return tr("“Ubuntu on Xorg”");
+    return desktops.contains("GNOME") ? tr("“GNOME on Xorg”") : tr("one with “X11” or “Xorg” in its name");
+}
+
+} // namespace
+
 DesktopSession::Kind DesktopSession::kind()
 {
     // X programs on a Wayland desktop see only each other, and the screen as black.
@@ -29,11 +49,22 @@ std::shared_ptr<void> DesktopSession::reachDisplay()
 
 QString DesktopSession::obstacle()
 {
-    if (kind() == Kind::wayland)
-        return QCoreApplication::translate(
-            "DesktopSession", "Kovrel can't capture a Wayland session yet. Log out, choose an X11 (Xorg) session at "
-                              "the login screen and start Kovrel there.");
-    return {};
+    const QString reason = obstacleReason();
+    if (reason.isEmpty())
+        return {};
+    return reason + ' ' + tr("Log out, choose an X11 (Xorg) session at the login screen and start Kovrel there.");
+}
+
+QString DesktopSession::obstacleReason()
+{
+    return kind() == Kind::wayland ? tr("Kovrel can't capture a Wayland session yet.") : QString();
+}
+
+QStringList DesktopSession::obstacleRemedy()
+{
+    return {tr("Log out of this session."),
+            tr("At the login screen, choose %1 from the list of sessions.").arg(x11Session()),
+            tr("Log in, and start Kovrel again.")};
 }
 
 } // namespace Kovrel

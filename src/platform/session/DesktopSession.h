@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -19,6 +19,9 @@ std::shared_ptr<void> reachDisplay();
 
 // Why nothing can be captured on this desktop, and what to do about it; empty where it can.
 QString obstacle();
+// The same apart: why, and what to do one thing after the other.
+QString obstacleReason();
+QStringList obstacleRemedy();
 
 } // namespace DesktopSession
 

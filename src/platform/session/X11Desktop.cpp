@@ -3,6 +3,7 @@
 #include "platform/desktop/AutostartEntry.h"
 #include "platform/desktop/DesktopShortcuts.h"
 #include "platform/plugins/PluginFileOpener.h"
+#include "platform/processes/SystemPackages.h"
 #include "platform/wallpaper/WallpaperSettings.h"
 
 #include <QGuiApplication>
@@ -11,6 +12,9 @@
 namespace Kovrel {
 
 namespace {
+
+// Package managers read large files before they answer, and may be started for it.
+constexpr auto packagePatience = std::chrono::seconds(30);
 
 double scaleOfScreen(const QString& name)
 {
@@ -60,6 +64,11 @@ std::shared_ptr<ShortcutSwitches> X11Desktop::shortcuts()
 std::shared_ptr<LoginItem> X11Desktop::loginItem()
 {
     return std::make_shared<AutostartEntry>(AutostartEntry::usualPath(), AutostartEntry::thisProgram());
+}
+
+std::shared_ptr<PackageManager> X11Desktop::packages()
+{
+    return std::make_shared<SystemPackages>(packagePatience);
 }
 
 // The X server tells of displays that come, go and move; their scale is Qt's to know.

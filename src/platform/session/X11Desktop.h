@@ -58,6 +58,7 @@ public:
 
     std::shared_ptr<ShortcutSwitches> shortcuts() override;
     std::shared_ptr<LoginItem> loginItem() override;
+    std::shared_ptr<PackageManager> packages() override;
 
 private:
     // The connection is that of the capture lane.

@@ -28,22 +28,9 @@ bool staysHere(const QString& key)
 
 QJsonValue jsonOf(const UserDefaults& defaults, const QString& key, SettingType type)
 {
-    switch (type) {
-    case SettingType::boolean:
-        return defaults.boolean(key);
-    case SettingType::integer:
-    case SettingType::keyCombo:
-        return defaults.integer(key);
-    case SettingType::real:
-        return defaults.real(key);
-    case SettingType::text:
-        return defaults.text(key);
-    case SettingType::data:
-        return QString::fromUtf8(defaults.data(key));
-    case SettingType::textList:
-        return QJsonArray::fromStringList(defaults.textList(key));
-    }
-    return {};
+    const QVariant value = PreferenceTable::value(defaults, key, type);
+    return type == SettingType::data ? QJsonValue(QString::fromUtf8(value.toByteArray()))
+                                     : QJsonValue::fromVariant(value);
 }
 
 bool isInteger(const QJsonValue& value)
@@ -82,19 +69,10 @@ std::optional<QVariant> valueOf(const QJsonValue& json, const Setting& setting)
 
 } // namespace
 
-// Those of tools too.
-std::vector<QString> SettingsTransfer::keys()
+QStringList SettingsTransfer::keys()
 {
-    std::vector<QString> keys;
-    for (const Setting& setting : PreferenceTable::settings()) {
-        const QString key = QString::fromLatin1(setting.key);
-        if (staysHere(key))
-            continue;
-        keys.push_back(key);
-        for (const auto& [tool, name] : RawStrings<EditorTool>::table)
-            if (const QString ofTool = key + '.' + QLatin1StringView(name); PreferenceTable::find(ofTool))
-                keys.push_back(ofTool);
-    }
+    QStringList keys = PreferenceTable::keys();
+    keys.removeIf(staysHere);
     return keys;
 }
 
@@ -120,9 +98,9 @@ std::expected<SettingsTransfer::Content, QString> SettingsTransfer::fromJson(con
         return std::unexpected(tr("This file of settings is from another version of Kovrel."));
     Content content;
     const QJsonObject values = document["settings"].toObject();
-    const std::vector<QString> known = keys();
+    const QStringList known = keys();
     for (auto entry = values.begin(); entry != values.end(); ++entry) {
-        if (std::ranges::find(known, entry.key()) == known.end()) {
+        if (!known.contains(entry.key())) {
             content.unknown << entry.key();
             continue;
         }

@@ -32,7 +32,7 @@ public:
     static std::expected<Content, QString> read(const QString& path);
 
 private:
-    static std::vector<QString> keys();
+    static QStringList keys();
 };
 
 } // namespace Kovrel

@@ -2,6 +2,7 @@
 
 #include "ui/LookChanges.h"
 #include "ui/Symbols.h"
+#include "ui/controls/ChoiceBoxAccessible.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
@@ -25,6 +26,7 @@ ChoiceBox::ChoiceBox()
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    ChoiceBoxAccessible::serve(*this);
     takeLook();
     connect(&LookChanges::shared(), &LookChanges::changed, this, &ChoiceBox::takeLook);
 }

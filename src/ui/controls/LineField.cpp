@@ -1,7 +1,7 @@
 #include "ui/controls/LineField.h"
 
 #include "ui/LookChanges.h"
-#include "ui/tokens/Metrics.h"
+#include "ui/controls/FieldGround.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
 
@@ -40,12 +40,7 @@ void LineField::paintEvent(QPaintEvent* event)
 {
     const Theme& theme = Theme::current();
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const double stroke = hasFocus() ? Stroke::focusRing : Stroke::hairline;
-    painter.setPen(QPen(hasFocus() ? theme.focusRing : theme.separator, stroke));
-    painter.setBrush(isReadOnly() ? theme.window : theme.card);
-    const double inset = stroke / 2;
-    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), Radius::control, Radius::control);
+    FieldGround::paint(painter, rect(), isReadOnly() ? theme.window : theme.card, hasFocus());
     painter.end();
     QLineEdit::paintEvent(event);
 }
