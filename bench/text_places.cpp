@@ -1,6 +1,6 @@
-// text_places SEED LINES: draws so many lines of text of known places, reads them, and tells how far from its true place
-// the middle of each character is taken to be, in widths of an average character of its line; and of pointers that are
-// put between two characters, how many find just that place. Lines that are read wrongly do not count.
+// text_places SEED LINES: draws so many lines of text of known places, reads them, and tells how far from its true
+// place the middle of each character is taken to be, in widths of an average character of its line; and of pointers
+// that are put between two characters, how many find just that place. Lines that are read wrongly do not count.
 
 #include "bench/pages/RandomText.h"
 #include "livetext/SelectableText.h"
@@ -83,10 +83,11 @@ public:
             return;
         std::ranges::sort(m_errors);
         const auto part = [&](double share) { return m_errors[size_t(share * double(m_errors.size() - 1))]; };
-        std::printf("%-18s %4d of %4d  median %.2f  95 %% %.2f  99 %% %.2f  worst %.2f   pointers: right %.1f %%, or next "
-                    "%.1f %%\n",
-                    name, lines, drawnLines, part(0.5), part(0.95), part(0.99), m_errors.back(),
-                    100.0 * m_hits / m_pointers, 100.0 * m_near / m_pointers);
+        std::printf(
+            "%-18s %4d of %4d  median %.2f  95 %% %.2f  99 %% %.2f  worst %.2f   pointers: right %.1f %%, or next "
+            "%.1f %%\n",
+            name, lines, drawnLines, part(0.5), part(0.95), part(0.99), m_errors.back(), 100.0 * m_hits / m_pointers,
+            100.0 * m_near / m_pointers);
     }
 
 private:

@@ -32,8 +32,9 @@ std::vector<PreviewDuration> PreviewDuration::choices()
 
 QString PreviewDuration::helpText(const QString& reopenKeys)
 {
-    return Texts::tr("A preview closes on its own once this runs out. Hovering one holds its countdown, and %1 brings back "
-              "the last one that closed.")
+    return Texts::tr(
+               "A preview closes on its own once this runs out. Hovering one holds its countdown, and %1 brings back "
+               "the last one that closed.")
         .arg(reopenKeys);
 }
 

@@ -65,7 +65,8 @@ IncomingPictures::Decoded IncomingPictures::decoded(const EditorCapture& capture
     if (files.isEmpty())
         take(ImageCodec::decode(bytes), Texts::tr("This is no picture that can be read."));
     for (const QString& file : files.first(std::min(files.size(), mostFiles)))
-        take(ImageCodec::decodeFile(file), Texts::tr("%1 is no picture that can be read.").arg(QFileInfo(file).fileName()));
+        take(ImageCodec::decodeFile(file),
+             Texts::tr("%1 is no picture that can be read.").arg(QFileInfo(file).fileName()));
     if (files.size() > mostFiles)
         result.refused = Texts::tr("These are more than %1 pictures; the others were left out.").arg(mostFiles);
     return result;

@@ -233,7 +233,8 @@ void SystemShortcutManager::giveBack()
 {
     const QStringList borrowed = borrowedKeys();
     for (const MenuEntry& command : CommandTable::menuInHotkeyOrder())
-        if (const auto combo = HotkeySettings::combo(m_preferences, command); combo && borrowed.contains(combo->title()))
+        if (const auto combo = HotkeySettings::combo(m_preferences, command);
+            combo && borrowed.contains(combo->title()))
             m_preferences.set(HotkeySettings::keyOf(*command.hotkey), std::nullopt);
 }
 

@@ -18,9 +18,15 @@ struct HistoryList {
     };
 
     static constexpr std::array palette{
-        PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Blue"), "#2F6BFF"},     PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Cyan"), "#5AC8FA"},   PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Teal"), "#40C8C0"},
-        PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Green"), "#34C759"},    PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Yellow"), "#FFD60A"}, PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Orange"), "#FF9F0A"},
-        PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Red"), "#FF453A"},      PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Pink"), "#FF375F"},   PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Purple"), "#BF5AF2"},
+        PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Blue"), "#2F6BFF"},
+        PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Cyan"), "#5AC8FA"},
+        PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Teal"), "#40C8C0"},
+        PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Green"), "#34C759"},
+        PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Yellow"), "#FFD60A"},
+        PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Orange"), "#FF9F0A"},
+        PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Red"), "#FF453A"},
+        PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Pink"), "#FF375F"},
+        PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Purple"), "#BF5AF2"},
         PaletteColor{QT_TRANSLATE_NOOP("HistoryList", "Graphite"), "#98989D"},
     };
 

@@ -94,9 +94,10 @@ void CardsFeature::copyText(const QString& text)
     if (!m_ports.delivery)
         return;
     m_ports.delivery->copyText(text);
-    m_ports.toasts.tell(&Toasts::present,
-                        ToastContent{.message = Texts::tr("Text copied"), .icon = "doc.on.clipboard.fill", .copied = true},
-                        std::nullopt, true);
+    m_ports.toasts.tell(
+        &Toasts::present,
+        ToastContent{.message = Texts::tr("Text copied"), .icon = "doc.on.clipboard.fill", .copied = true},
+        std::nullopt, true);
 }
 
 std::unique_ptr<Feature> makeCardsFeature(Foundation& foundation, Ports& ports)

@@ -427,12 +427,48 @@
         <source>Reopen Closed Capture</source>
         <translation>إعادة فتح اللقطة المغلقة</translation>
     </message>
+    <message>
+        <source>Feedback…</source>
+        <translation>ملاحظات…</translation>
+    </message>
 </context>
 <context>
     <name>DesktopSession</name>
     <message>
-        <source>Kovrel can&apos;t capture a Wayland session yet. Log out, choose an X11 (Xorg) session at the login screen and start Kovrel there.</source>
-        <translation>لا يستطيع Kovrel الالتقاط في جلسة Wayland بعد. سجّل الخروج، واختر جلسة X11 (Xorg) في شاشة تسجيل الدخول، ثم شغّل Kovrel فيها.</translation>
+        <source>“Plasma (X11)”</source>
+        <translation>«Plasma (X11)»</translation>
+    </message>
+    <message>
+        <source>“Ubuntu on Xorg”</source>
+        <translation>«Ubuntu on Xorg»</translation>
+    </message>
+    <message>
+        <source>“GNOME on Xorg”</source>
+        <translation>«GNOME on Xorg»</translation>
+    </message>
+    <message>
+        <source>one with “X11” or “Xorg” in its name</source>
+        <translation>جلسة في اسمها «X11» أو «Xorg»</translation>
+    </message>
+    <message>
+        <source>Log out, choose an X11 (Xorg) session at the login screen and start Kovrel there.</source>
+        <translation>سجّل الخروج، واختر جلسة X11 (Xorg) في شاشة الدخول، وشغّل Kovrel هناك.</translation>
+    </message>
+    <message>
+        <source>Kovrel can&apos;t capture a Wayland session yet.</source>
+        <translation>لا يستطيع Kovrel الالتقاط في جلسة Wayland بعد.</translation>
+    </message>
+    <message>
+        <source>Log out of this session.</source>
+        <translation>سجّل الخروج من هذه الجلسة.</translation>
+    </message>
+    <message>
+        <source>At the login screen, choose %1 from the list of sessions.</source>
+        <translation>في شاشة الدخول، اختر %1 من قائمة الجلسات.</translation>
+    </message>
+    <message>
+        <source>Log in, and start Kovrel again.</source>
+        <translation>سجّل الدخول وشغّل Kovrel من جديد.</translation>
     </message>
 </context>
 <context>
@@ -760,6 +796,10 @@
     <message>
         <source>Signing in failed</source>
         <translation>فشل تسجيل الدخول</translation>
+    </message>
+    <message>
+        <source>Signing out failed</source>
+        <translation>تعذّر تسجيل الخروج</translation>
     </message>
 </context>
 <context>
@@ -1329,6 +1369,25 @@
     </message>
 </context>
 <context>
+    <name>Kovrel::DonePage</name>
+    <message>
+        <source>You are all set</source>
+        <translation>كل شيء جاهز</translation>
+    </message>
+    <message>
+        <source>Kovrel waits in the tray: everything it can do is in its menu there.</source>
+        <translation>ينتظر Kovrel في صينية النظام: كل ما يستطيعه تجده في قائمته هناك.</translation>
+    </message>
+    <message>
+        <source>This desktop has no tray. Start Kovrel again whenever you want its window; its keys work all the time.</source>
+        <translation>لا صينية نظام في سطح المكتب هذا. شغّل Kovrel من جديد متى أردت نافذته؛ أما مفاتيحه فتعمل دائمًا.</translation>
+    </message>
+    <message>
+        <source>Start Kovrel at login</source>
+        <translation>تشغيل Kovrel عند تسجيل الدخول</translation>
+    </message>
+</context>
+<context>
     <name>Kovrel::EditorHandout</name>
     <message>
         <source>The picture can&apos;t be handed out</source>
@@ -1673,6 +1732,68 @@
     </message>
 </context>
 <context>
+    <name>Kovrel::FeedbackFeature</name>
+    <message>
+        <source>Saved as %1.</source>
+        <translation>حُفظ باسم %1.</translation>
+    </message>
+    <message>
+        <source>It could not be saved: %1</source>
+        <translation>تعذّر الحفظ: %1</translation>
+    </message>
+    <message>
+        <source>Kovrel feedback</source>
+        <translation>ملاحظات على Kovrel</translation>
+    </message>
+    <message>
+        <source>It could not be handed to the mail program: %1</source>
+        <translation>تعذّر تسليمها إلى برنامج البريد: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Kovrel::FeedbackWindow</name>
+    <message>
+        <source>Your words</source>
+        <translation>كلماتك</translation>
+    </message>
+    <message>
+        <source>What goes with them</source>
+        <translation>ما يُرفق بها</translation>
+    </message>
+    <message>
+        <source>Kovrel Feedback</source>
+        <translation>ملاحظات على Kovrel</translation>
+    </message>
+    <message>
+        <source>Feedback</source>
+        <translation>ملاحظات</translation>
+    </message>
+    <message>
+        <source>Kovrel sends nothing by itself. What stands here is all there is: read it, change it or take out what you like, and hand it on yourself.</source>
+        <translation>لا يرسل Kovrel شيئًا من تلقاء نفسه. ما تراه هنا هو كل شيء: اقرأه، وغيّره أو احذف منه ما تشاء، ثم سلّمه بنفسك.</translation>
+    </message>
+    <message>
+        <source>What happened, and what did you expect?</source>
+        <translation>ماذا حدث، وماذا كنت تتوقع؟</translation>
+    </message>
+    <message>
+        <source>Open in Mail…</source>
+        <translation>فتح في البريد…</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>نسخ</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>نُسخ.</translation>
+    </message>
+    <message>
+        <source>Save As…</source>
+        <translation>حفظ باسم…</translation>
+    </message>
+</context>
+<context>
     <name>Kovrel::FilterChip</name>
     <message>
         <source>Remove this filter</source>
@@ -1740,6 +1861,45 @@
     <message>
         <source>Not found</source>
         <translation>لم يُعثر على شيء</translation>
+    </message>
+</context>
+<context>
+    <name>Kovrel::FirstRunWindow</name>
+    <message>
+        <source>Welcome to Kovrel</source>
+        <translation>مرحبًا بك في Kovrel</translation>
+    </message>
+    <message>
+        <source>Your account stays here</source>
+        <translation>حسابك يبقى هنا</translation>
+    </message>
+    <message>
+        <source>Kovrel works with an account that is kept on this computer. There is nothing to fill in, and nothing is sent anywhere.</source>
+        <translation>يعمل Kovrel بحساب محفوظ على هذا الحاسوب. لا شيء تملؤه، ولا شيء يُرسل إلى أي مكان.</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>تخطٍّ</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>رجوع</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>متابعة</translation>
+    </message>
+    <message>
+        <source>Use Kovrel on This Computer</source>
+        <translation>استخدام Kovrel على هذا الحاسوب</translation>
+    </message>
+    <message>
+        <source>Try It Now</source>
+        <translation>جرّب الآن</translation>
+    </message>
+    <message>
+        <source>Start Using Kovrel</source>
+        <translation>البدء باستخدام Kovrel</translation>
     </message>
 </context>
 <context>
@@ -1822,6 +1982,41 @@
     <message>
         <source>debug trace slow problem journal</source>
         <translation>تنقيح تتبع بطء مشكلة سجل</translation>
+    </message>
+</context>
+<context>
+    <name>Kovrel::GreetingPage</name>
+    <message>
+        <source>Welcome to Kovrel</source>
+        <translation>مرحبًا بك في Kovrel</translation>
+    </message>
+    <message>
+        <source>Captures, kept and found again. Everything stays on this computer.</source>
+        <translation>لقطات تُحفظ ويُعثر عليها من جديد. كل شيء يبقى على هذا الحاسوب.</translation>
+    </message>
+    <message>
+        <source>Capture</source>
+        <translation>الالتقاط</translation>
+    </message>
+    <message>
+        <source>An area, a window or the whole screen</source>
+        <translation>منطقة أو نافذة أو الشاشة كاملة</translation>
+    </message>
+    <message>
+        <source>Mark up</source>
+        <translation>التعليق</translation>
+    </message>
+    <message>
+        <source>Arrows, labels, redactions, backdrops</source>
+        <translation>أسهم ونصوص وطمس وخلفيات</translation>
+    </message>
+    <message>
+        <source>Find again</source>
+        <translation>العثور من جديد</translation>
+    </message>
+    <message>
+        <source>By any word that was on the screen</source>
+        <translation>بأي كلمة كانت على الشاشة</translation>
     </message>
 </context>
 <context>
@@ -2199,10 +2394,6 @@
         <translation>تم تحديث Kovrel إلى الإصدار %1.</translation>
     </message>
     <message>
-        <source>Use Kovrel on this computer</source>
-        <translation>استخدام Kovrel على هذا الحاسوب</translation>
-    </message>
-    <message>
         <source>Welcome to Kovrel</source>
         <translation>مرحبًا بك في Kovrel</translation>
     </message>
@@ -2213,6 +2404,42 @@
     <message>
         <source>Captures, kept and found again. Everything stays on this computer.</source>
         <translation>لقطات محفوظة تجدها متى شئت. ويبقى كل شيء على هذا الحاسوب.</translation>
+    </message>
+    <message>
+        <source>Use Kovrel on This Computer</source>
+        <translation>استخدام Kovrel على هذا الحاسوب</translation>
+    </message>
+    <message>
+        <source>Sign Out…</source>
+        <translation>تسجيل الخروج…</translation>
+    </message>
+    <message>
+        <source>Kovrel %1 is available from your package manager.</source>
+        <translation>يتوفر Kovrel %1 في مدير الحزم.</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>الإصدار %1</translation>
+    </message>
+    <message>
+        <source>Signed in with the account on this computer</source>
+        <translation>مسجّل الدخول بالحساب المحفوظ على هذا الحاسوب</translation>
+    </message>
+    <message>
+        <source>Signed in with your account on the web</source>
+        <translation>مسجّل الدخول بحسابك على الويب</translation>
+    </message>
+    <message>
+        <source>Sign out of Kovrel?</source>
+        <translation>أتريد تسجيل الخروج من Kovrel؟</translation>
+    </message>
+    <message>
+        <source>Nothing can be captured until somebody signs in again. Captures and settings stay where they are.</source>
+        <translation>لا يمكن التقاط شيء حتى يُسجَّل الدخول من جديد. تبقى اللقطات والإعدادات في مكانها.</translation>
+    </message>
+    <message>
+        <source>Sign Out</source>
+        <translation>تسجيل الخروج</translation>
     </message>
 </context>
 <context>
@@ -2255,6 +2482,25 @@
     <message>
         <source>It is tried again when that lets it go.</source>
         <translation>ستُعاد المحاولة عندما يتخلى عنه.</translation>
+    </message>
+</context>
+<context>
+    <name>Kovrel::HotkeysPage</name>
+    <message>
+        <source>Capture from anywhere</source>
+        <translation>الالتقاط من أي مكان</translation>
+    </message>
+    <message>
+        <source>These keys work in every program, also while a menu is open.</source>
+        <translation>تعمل هذه المفاتيح في كل برنامج، حتى وقائمةٌ مفتوحة.</translation>
+    </message>
+    <message>
+        <source>Change Keys…</source>
+        <translation>تغيير المفاتيح…</translation>
+    </message>
+    <message>
+        <source>Your desktop takes its own screenshots with %1. Kovrel borrows these keys while it runs, and gives them back when it ends.</source>
+        <translation>يلتقط سطح المكتب لقطاته الخاصة بواسطة %1. يستعير Kovrel هذه المفاتيح ما دام يعمل، ويعيدها حين ينتهي.</translation>
     </message>
 </context>
 <context>
@@ -2329,6 +2575,21 @@
     </message>
 </context>
 <context>
+    <name>Kovrel::PermissionWindow</name>
+    <message>
+        <source>Check Again</source>
+        <translation>تحقق من جديد</translation>
+    </message>
+    <message>
+        <source>Kovrel can&apos;t capture here</source>
+        <translation>لا يستطيع Kovrel الالتقاط هنا</translation>
+    </message>
+    <message>
+        <source>Capturing is still not possible.</source>
+        <translation>ما زال الالتقاط غير ممكن.</translation>
+    </message>
+</context>
+<context>
     <name>Kovrel::PinController</name>
     <message>
         <source>Copied</source>
@@ -2365,6 +2626,13 @@
     <message>
         <source>Text copied</source>
         <translation>تم نسخ النص</translation>
+    </message>
+</context>
+<context>
+    <name>Kovrel::ProgressDots</name>
+    <message>
+        <source>Step %1 of %2</source>
+        <translation>الخطوة %1 من %2</translation>
     </message>
 </context>
 <context>
@@ -2880,10 +3148,60 @@
     </message>
 </context>
 <context>
+    <name>Kovrel::TryOutPage</name>
+    <message>
+        <source>There it is</source>
+        <translation>ها هي ذي</translation>
+    </message>
+    <message>
+        <source>Point at the card in the corner: copy, save, edit or pin the capture from there, or drag it into any program. It waits while you look.</source>
+        <translation>أشر إلى البطاقة في الزاوية: انسخ اللقطة منها أو احفظها أو حرّرها أو ثبّتها، أو اسحبها إلى أي برنامج. وهي تنتظر ما دمت تنظر.</translation>
+    </message>
+    <message>
+        <source>Your capture went where the settings send it, and into Recent Captures.</source>
+        <translation>ذهبت لقطتك إلى حيث ترسلها الإعدادات، وإلى اللقطات الأخيرة.</translation>
+    </message>
+    <message>
+        <source>Try it now</source>
+        <translation>جرّب الآن</translation>
+    </message>
+    <message>
+        <source>This window steps aside. Drag a rectangle around anything; Escape lets it be.</source>
+        <translation>تتنحّى هذه النافذة. اسحب مستطيلًا حول أي شيء؛ ومفتاح Esc يلغي.</translation>
+    </message>
+    <message>
+        <source>Press %1, or the button below. This window steps aside; drag a rectangle around anything. Escape lets it be.</source>
+        <translation>اضغط %1 أو الزر أدناه. تتنحّى هذه النافذة؛ اسحب مستطيلًا حول أي شيء. ومفتاح Esc يلغي.</translation>
+    </message>
+</context>
+<context>
     <name>Kovrel::UndoBar</name>
     <message>
         <source>Undo</source>
         <translation>تراجع</translation>
+    </message>
+</context>
+<context>
+    <name>Kovrel::UpdatesPage</name>
+    <message>
+        <source>Kovrel %1 is available from your package manager.</source>
+        <translation>يتوفر Kovrel %1 في مدير الحزم.</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>التحديثات</translation>
+    </message>
+    <message>
+        <source>Tell me of newer versions</source>
+        <translation>أعلمني بالإصدارات الأحدث</translation>
+    </message>
+    <message>
+        <source>Once a day Kovrel asks the package manager; it installs nothing.</source>
+        <translation>يسأل Kovrel مدير الحزم مرة في اليوم، ولا يثبّت شيئًا.</translation>
+    </message>
+    <message>
+        <source>upgrade new release version check</source>
+        <translation>ترقية تحديث إصدار جديد تحقق</translation>
     </message>
 </context>
 <context>

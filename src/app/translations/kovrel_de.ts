@@ -427,12 +427,48 @@
         <source>Reopen Closed Capture</source>
         <translation>Geschlossene Aufnahme wieder öffnen</translation>
     </message>
+    <message>
+        <source>Feedback…</source>
+        <translation>Rückmeldung…</translation>
+    </message>
 </context>
 <context>
     <name>DesktopSession</name>
     <message>
-        <source>Kovrel can&apos;t capture a Wayland session yet. Log out, choose an X11 (Xorg) session at the login screen and start Kovrel there.</source>
-        <translation>Kovrel kann in einer Wayland-Sitzung noch nichts aufnehmen. Bitte abmelden, am Anmeldebildschirm eine X11-Sitzung (Xorg) wählen und Kovrel dort starten.</translation>
+        <source>“Plasma (X11)”</source>
+        <translation>„Plasma (X11)“</translation>
+    </message>
+    <message>
+        <source>“Ubuntu on Xorg”</source>
+        <translation>„Ubuntu auf Xorg“</translation>
+    </message>
+    <message>
+        <source>“GNOME on Xorg”</source>
+        <translation>„GNOME auf Xorg“</translation>
+    </message>
+    <message>
+        <source>one with “X11” or “Xorg” in its name</source>
+        <translation>eine mit „X11“ oder „Xorg“ im Namen</translation>
+    </message>
+    <message>
+        <source>Log out, choose an X11 (Xorg) session at the login screen and start Kovrel there.</source>
+        <translation>Abmelden, auf dem Anmeldebildschirm eine X11-Sitzung (Xorg) wählen und Kovrel dort starten.</translation>
+    </message>
+    <message>
+        <source>Kovrel can&apos;t capture a Wayland session yet.</source>
+        <translation>Kovrel kann in einer Wayland-Sitzung noch nicht aufnehmen.</translation>
+    </message>
+    <message>
+        <source>Log out of this session.</source>
+        <translation>Von dieser Sitzung abmelden.</translation>
+    </message>
+    <message>
+        <source>At the login screen, choose %1 from the list of sessions.</source>
+        <translation>Auf dem Anmeldebildschirm in der Liste der Sitzungen %1 wählen.</translation>
+    </message>
+    <message>
+        <source>Log in, and start Kovrel again.</source>
+        <translation>Anmelden und Kovrel wieder starten.</translation>
     </message>
 </context>
 <context>
@@ -760,6 +796,10 @@
     <message>
         <source>Signing in failed</source>
         <translation>Anmeldung fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Signing out failed</source>
+        <translation>Abmelden ist fehlgeschlagen</translation>
     </message>
 </context>
 <context>
@@ -1329,6 +1369,25 @@
     </message>
 </context>
 <context>
+    <name>Kovrel::DonePage</name>
+    <message>
+        <source>You are all set</source>
+        <translation>Alles ist bereit</translation>
+    </message>
+    <message>
+        <source>Kovrel waits in the tray: everything it can do is in its menu there.</source>
+        <translation>Kovrel wartet in der Systemleiste: Dort steht alles, was es kann, im Menü.</translation>
+    </message>
+    <message>
+        <source>This desktop has no tray. Start Kovrel again whenever you want its window; its keys work all the time.</source>
+        <translation>Diese Arbeitsumgebung hat keine Systemleiste. Ein weiterer Start von Kovrel zeigt sein Fenster; seine Tasten wirken immer.</translation>
+    </message>
+    <message>
+        <source>Start Kovrel at login</source>
+        <translation>Kovrel bei der Anmeldung starten</translation>
+    </message>
+</context>
+<context>
     <name>Kovrel::EditorHandout</name>
     <message>
         <source>The picture can&apos;t be handed out</source>
@@ -1673,6 +1732,68 @@
     </message>
 </context>
 <context>
+    <name>Kovrel::FeedbackFeature</name>
+    <message>
+        <source>Saved as %1.</source>
+        <translation>Gespeichert als %1.</translation>
+    </message>
+    <message>
+        <source>It could not be saved: %1</source>
+        <translation>Speichern ist fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Kovrel feedback</source>
+        <translation>Rückmeldung zu Kovrel</translation>
+    </message>
+    <message>
+        <source>It could not be handed to the mail program: %1</source>
+        <translation>Das E-Mail-Programm ließ sich nicht öffnen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Kovrel::FeedbackWindow</name>
+    <message>
+        <source>Your words</source>
+        <translation>Mitteilung</translation>
+    </message>
+    <message>
+        <source>What goes with them</source>
+        <translation>Was dazukommt</translation>
+    </message>
+    <message>
+        <source>Kovrel Feedback</source>
+        <translation>Rückmeldung zu Kovrel</translation>
+    </message>
+    <message>
+        <source>Feedback</source>
+        <translation>Rückmeldung</translation>
+    </message>
+    <message>
+        <source>Kovrel sends nothing by itself. What stands here is all there is: read it, change it or take out what you like, and hand it on yourself.</source>
+        <translation>Kovrel sendet nichts von sich aus. Was hier steht, ist alles: Es lässt sich lesen, ändern, kürzen und selbst weitergeben.</translation>
+    </message>
+    <message>
+        <source>What happened, and what did you expect?</source>
+        <translation>Was ist geschehen, und was war zu erwarten?</translation>
+    </message>
+    <message>
+        <source>Open in Mail…</source>
+        <translation>In E-Mail öffnen…</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>Kopiert.</translation>
+    </message>
+    <message>
+        <source>Save As…</source>
+        <translation>Speichern unter…</translation>
+    </message>
+</context>
+<context>
     <name>Kovrel::FilterChip</name>
     <message>
         <source>Remove this filter</source>
@@ -1740,6 +1861,45 @@
     <message>
         <source>Not found</source>
         <translation>Nicht gefunden</translation>
+    </message>
+</context>
+<context>
+    <name>Kovrel::FirstRunWindow</name>
+    <message>
+        <source>Welcome to Kovrel</source>
+        <translation>Willkommen bei Kovrel</translation>
+    </message>
+    <message>
+        <source>Your account stays here</source>
+        <translation>Das Konto bleibt hier</translation>
+    </message>
+    <message>
+        <source>Kovrel works with an account that is kept on this computer. There is nothing to fill in, and nothing is sent anywhere.</source>
+        <translation>Kovrel arbeitet mit einem Konto, das auf diesem Computer bleibt. Es gibt nichts auszufüllen, und nichts wird gesendet.</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Use Kovrel on This Computer</source>
+        <translation>Kovrel auf diesem Computer verwenden</translation>
+    </message>
+    <message>
+        <source>Try It Now</source>
+        <translation>Jetzt ausprobieren</translation>
+    </message>
+    <message>
+        <source>Start Using Kovrel</source>
+        <translation>Mit Kovrel loslegen</translation>
     </message>
 </context>
 <context>
@@ -1822,6 +1982,41 @@
     <message>
         <source>debug trace slow problem journal</source>
         <translation>debuggen verfolgen langsam problem journal protokoll</translation>
+    </message>
+</context>
+<context>
+    <name>Kovrel::GreetingPage</name>
+    <message>
+        <source>Welcome to Kovrel</source>
+        <translation>Willkommen bei Kovrel</translation>
+    </message>
+    <message>
+        <source>Captures, kept and found again. Everything stays on this computer.</source>
+        <translation>Aufnahmen, aufbewahrt und wiedergefunden. Alles bleibt auf diesem Computer.</translation>
+    </message>
+    <message>
+        <source>Capture</source>
+        <translation>Aufnehmen</translation>
+    </message>
+    <message>
+        <source>An area, a window or the whole screen</source>
+        <translation>Ein Bereich, ein Fenster oder der ganze Bildschirm</translation>
+    </message>
+    <message>
+        <source>Mark up</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Arrows, labels, redactions, backdrops</source>
+        <translation>Pfeile, Texte, Schwärzungen, Hintergründe</translation>
+    </message>
+    <message>
+        <source>Find again</source>
+        <translation>Wiederfinden</translation>
+    </message>
+    <message>
+        <source>By any word that was on the screen</source>
+        <translation>Mit jedem Wort, das auf dem Bildschirm stand</translation>
     </message>
 </context>
 <context>
@@ -2191,10 +2386,6 @@
         <translation>Kovrel wurde auf Version %1 aktualisiert.</translation>
     </message>
     <message>
-        <source>Use Kovrel on this computer</source>
-        <translation>Kovrel auf diesem Computer verwenden</translation>
-    </message>
-    <message>
         <source>Welcome to Kovrel</source>
         <translation>Willkommen bei Kovrel</translation>
     </message>
@@ -2205,6 +2396,42 @@
     <message>
         <source>Captures, kept and found again. Everything stays on this computer.</source>
         <translation>Aufnahmen, aufbewahrt und wiedergefunden. Alles bleibt auf diesem Computer.</translation>
+    </message>
+    <message>
+        <source>Use Kovrel on This Computer</source>
+        <translation>Kovrel auf diesem Computer verwenden</translation>
+    </message>
+    <message>
+        <source>Sign Out…</source>
+        <translation>Abmelden…</translation>
+    </message>
+    <message>
+        <source>Kovrel %1 is available from your package manager.</source>
+        <translation>Kovrel %1 ist in der Paketverwaltung verfügbar.</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Signed in with the account on this computer</source>
+        <translation>Angemeldet mit dem Konto auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>Signed in with your account on the web</source>
+        <translation>Angemeldet mit dem Konto im Web</translation>
+    </message>
+    <message>
+        <source>Sign out of Kovrel?</source>
+        <translation>Von Kovrel abmelden?</translation>
+    </message>
+    <message>
+        <source>Nothing can be captured until somebody signs in again. Captures and settings stay where they are.</source>
+        <translation>Bis zur nächsten Anmeldung kann nichts aufgenommen werden. Aufnahmen und Einstellungen bleiben, wo sie sind.</translation>
+    </message>
+    <message>
+        <source>Sign Out</source>
+        <translation>Abmelden</translation>
     </message>
 </context>
 <context>
@@ -2247,6 +2474,25 @@
     <message>
         <source>It is tried again when that lets it go.</source>
         <translation>Nach der Freigabe folgt ein neuer Versuch.</translation>
+    </message>
+</context>
+<context>
+    <name>Kovrel::HotkeysPage</name>
+    <message>
+        <source>Capture from anywhere</source>
+        <translation>Von überall aufnehmen</translation>
+    </message>
+    <message>
+        <source>These keys work in every program, also while a menu is open.</source>
+        <translation>Diese Tasten wirken in jedem Programm, auch bei offenem Menü.</translation>
+    </message>
+    <message>
+        <source>Change Keys…</source>
+        <translation>Tasten ändern…</translation>
+    </message>
+    <message>
+        <source>Your desktop takes its own screenshots with %1. Kovrel borrows these keys while it runs, and gives them back when it ends.</source>
+        <translation>Die Arbeitsumgebung macht mit %1 eigene Bildschirmfotos. Kovrel leiht sich diese Tasten, solange es läuft, und gibt sie danach zurück.</translation>
     </message>
 </context>
 <context>
@@ -2317,6 +2563,21 @@
     </message>
 </context>
 <context>
+    <name>Kovrel::PermissionWindow</name>
+    <message>
+        <source>Check Again</source>
+        <translation>Erneut prüfen</translation>
+    </message>
+    <message>
+        <source>Kovrel can&apos;t capture here</source>
+        <translation>Kovrel kann hier nicht aufnehmen</translation>
+    </message>
+    <message>
+        <source>Capturing is still not possible.</source>
+        <translation>Aufnehmen ist noch immer nicht möglich.</translation>
+    </message>
+</context>
+<context>
     <name>Kovrel::PinController</name>
     <message>
         <source>Copied</source>
@@ -2353,6 +2614,13 @@
     <message>
         <source>Text copied</source>
         <translation>Text kopiert</translation>
+    </message>
+</context>
+<context>
+    <name>Kovrel::ProgressDots</name>
+    <message>
+        <source>Step %1 of %2</source>
+        <translation>Schritt %1 von %2</translation>
     </message>
 </context>
 <context>
@@ -2868,10 +3136,60 @@
     </message>
 </context>
 <context>
+    <name>Kovrel::TryOutPage</name>
+    <message>
+        <source>There it is</source>
+        <translation>Da ist sie</translation>
+    </message>
+    <message>
+        <source>Point at the card in the corner: copy, save, edit or pin the capture from there, or drag it into any program. It waits while you look.</source>
+        <translation>Auf die Karte in der Ecke zeigen: Von dort lässt sich die Aufnahme kopieren, speichern, bearbeiten, anheften oder in ein Programm ziehen. Sie wartet so lange.</translation>
+    </message>
+    <message>
+        <source>Your capture went where the settings send it, and into Recent Captures.</source>
+        <translation>Die Aufnahme ist dort, wohin die Einstellungen sie schicken, und unter „Letzte Aufnahmen“.</translation>
+    </message>
+    <message>
+        <source>Try it now</source>
+        <translation>Jetzt ausprobieren</translation>
+    </message>
+    <message>
+        <source>This window steps aside. Drag a rectangle around anything; Escape lets it be.</source>
+        <translation>Dieses Fenster macht Platz. Ein Rechteck um etwas ziehen; Esc bricht ab.</translation>
+    </message>
+    <message>
+        <source>Press %1, or the button below. This window steps aside; drag a rectangle around anything. Escape lets it be.</source>
+        <translation>%1 drücken oder die Schaltfläche unten. Dieses Fenster macht Platz; ein Rechteck um etwas ziehen. Esc bricht ab.</translation>
+    </message>
+</context>
+<context>
     <name>Kovrel::UndoBar</name>
     <message>
         <source>Undo</source>
         <translation>Rückgängig</translation>
+    </message>
+</context>
+<context>
+    <name>Kovrel::UpdatesPage</name>
+    <message>
+        <source>Kovrel %1 is available from your package manager.</source>
+        <translation>Kovrel %1 ist in der Paketverwaltung verfügbar.</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Aktualisierungen</translation>
+    </message>
+    <message>
+        <source>Tell me of newer versions</source>
+        <translation>Neuere Versionen melden</translation>
+    </message>
+    <message>
+        <source>Once a day Kovrel asks the package manager; it installs nothing.</source>
+        <translation>Einmal am Tag fragt Kovrel die Paketverwaltung; es installiert nichts.</translation>
+    </message>
+    <message>
+        <source>upgrade new release version check</source>
+        <translation>aktualisierung update neue version prüfen</translation>
     </message>
 </context>
 <context>

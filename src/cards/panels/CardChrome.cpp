@@ -62,7 +62,8 @@ CardButton* CardChrome::addButton(CardQuickAction action, double size)
 
 void CardChrome::addMenuButton()
 {
-    auto* button = new CardButton("ellipsis", QCoreApplication::translate("CardChrome", "More"), CardTokens::button, this);
+    auto* button =
+        new CardButton("ellipsis", QCoreApplication::translate("CardChrome", "More"), CardTokens::button, this);
     connect(button, &CardButton::clicked, this,
             [this, button] { Q_EMIT menuWanted(button->mapToGlobal(QPoint(0, button->height()))); });
     m_bar.push_back(button);

@@ -266,11 +266,20 @@ const std::vector<BackdropPicture>& BackdropCatalogue::pictures()
 const std::vector<BackdropColor>& BackdropCatalogue::colors()
 {
     static const std::vector<BackdropColor> colors{
-        {"white", QT_TRANSLATE_NOOP("BackdropCatalogue", "White"), "#FFFFFF"},   {"pearl", QT_TRANSLATE_NOOP("BackdropCatalogue", "Pearl"), "#F1F2F4"},       {"silver", QT_TRANSLATE_NOOP("BackdropCatalogue", "Silver"), "#C5C9D0"},
-        {"slate", QT_TRANSLATE_NOOP("BackdropCatalogue", "Slate"), "#5B6472"},   {"charcoal", QT_TRANSLATE_NOOP("BackdropCatalogue", "Charcoal"), "#24272D"}, {"black", QT_TRANSLATE_NOOP("BackdropCatalogue", "Black"), "#000000"},
-        {"coral", QT_TRANSLATE_NOOP("BackdropCatalogue", "Coral"), "#FF7A6B"},   {"apricot", QT_TRANSLATE_NOOP("BackdropCatalogue", "Apricot"), "#FFC38F"},   {"butter", QT_TRANSLATE_NOOP("BackdropCatalogue", "Butter"), "#FBE6A2"},
-        {"sage", QT_TRANSLATE_NOOP("BackdropCatalogue", "Sage"), "#B4D2B0"},     {"teal", QT_TRANSLATE_NOOP("BackdropCatalogue", "Teal"), "#3FA7A3"},         {"sky", QT_TRANSLATE_NOOP("BackdropCatalogue", "Sky"), "#9CCBF5"},
-        {"indigo", QT_TRANSLATE_NOOP("BackdropCatalogue", "Indigo"), "#5661D6"}, {"lilac", QT_TRANSLATE_NOOP("BackdropCatalogue", "Lilac"), "#CDB9F0"},
+        {"white", QT_TRANSLATE_NOOP("BackdropCatalogue", "White"), "#FFFFFF"},
+        {"pearl", QT_TRANSLATE_NOOP("BackdropCatalogue", "Pearl"), "#F1F2F4"},
+        {"silver", QT_TRANSLATE_NOOP("BackdropCatalogue", "Silver"), "#C5C9D0"},
+        {"slate", QT_TRANSLATE_NOOP("BackdropCatalogue", "Slate"), "#5B6472"},
+        {"charcoal", QT_TRANSLATE_NOOP("BackdropCatalogue", "Charcoal"), "#24272D"},
+        {"black", QT_TRANSLATE_NOOP("BackdropCatalogue", "Black"), "#000000"},
+        {"coral", QT_TRANSLATE_NOOP("BackdropCatalogue", "Coral"), "#FF7A6B"},
+        {"apricot", QT_TRANSLATE_NOOP("BackdropCatalogue", "Apricot"), "#FFC38F"},
+        {"butter", QT_TRANSLATE_NOOP("BackdropCatalogue", "Butter"), "#FBE6A2"},
+        {"sage", QT_TRANSLATE_NOOP("BackdropCatalogue", "Sage"), "#B4D2B0"},
+        {"teal", QT_TRANSLATE_NOOP("BackdropCatalogue", "Teal"), "#3FA7A3"},
+        {"sky", QT_TRANSLATE_NOOP("BackdropCatalogue", "Sky"), "#9CCBF5"},
+        {"indigo", QT_TRANSLATE_NOOP("BackdropCatalogue", "Indigo"), "#5661D6"},
+        {"lilac", QT_TRANSLATE_NOOP("BackdropCatalogue", "Lilac"), "#CDB9F0"},
     };
     return colors;
 }

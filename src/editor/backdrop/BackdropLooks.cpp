@@ -44,8 +44,10 @@ std::vector<BackdropPreset> made()
           .corners = 16,
           .frame = 0.2,
           .frameFollowsPage = true}},
-        {QT_TRANSLATE_NOOP("BackdropLooks", "Slide"), {.fill = {Kind::gradient, "indigo"}, .padding = 0.18, .corners = 12, .aspect = AspectRatio{16, 9}}},
-        {QT_TRANSLATE_NOOP("BackdropLooks", "Square"), {.fill = {Kind::gradient, "dawn"}, .padding = 0.16, .corners = 12, .aspect = AspectRatio{1, 1}}},
+        {QT_TRANSLATE_NOOP("BackdropLooks", "Slide"),
+         {.fill = {Kind::gradient, "indigo"}, .padding = 0.18, .corners = 12, .aspect = AspectRatio{16, 9}}},
+        {QT_TRANSLATE_NOOP("BackdropLooks", "Square"),
+         {.fill = {Kind::gradient, "dawn"}, .padding = 0.16, .corners = 12, .aspect = AspectRatio{1, 1}}},
     };
 }
 

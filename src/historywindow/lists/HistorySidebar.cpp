@@ -108,7 +108,8 @@ void HistorySidebar::fillListMenu(QMenu& menu, QUuid list)
     menu.addAction(tr("Rename"), this, [this, list] { rename(list); });
     QMenu* colors = menu.addMenu(tr("Color"));
     for (const auto& [name, hex] : HistoryList::palette)
-        colors->addAction(dot(hex), QCoreApplication::translate("HistoryList", name), this, [this, list, hex] { Q_EMIT colorChosen(list, hex); });
+        colors->addAction(dot(hex), QCoreApplication::translate("HistoryList", name), this,
+                          [this, list, hex] { Q_EMIT colorChosen(list, hex); });
     menu.addSeparator();
     menu.addAction(tr("Delete List"), this, [this, list] { Q_EMIT listDeleted(list); });
 }

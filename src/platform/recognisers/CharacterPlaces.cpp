@@ -12,7 +12,7 @@ constexpr int darkInk = 128;
 constexpr QChar lastLatin{0x024f};
 // Letters that touch are one piece of ink; more than so many are not told apart.
 constexpr size_t mostTouching = 6;
-constexpr int fewestLooks = 6; // two of them always fit
+constexpr int fewestLooks = 6;        // two of them always fit
 constexpr double middleOffGrid = 0.2; // of a step
 constexpr double sideOffGrid = 0.4;   // narrow letters do not fill theirs
 constexpr double mostOffGrid = 0.15;
@@ -90,8 +90,8 @@ bool giveOut(const std::vector<Piece>& pieces, std::vector<Word>& words)
     return true;
 }
 
-// Whether all characters are equally wide: then words begin and end at multiples of a step, and so do letters that stand
-// alone. Their ink tells little, and the recogniser is right.
+// Whether all characters are equally wide: then words begin and end at multiples of a step, and so do letters that
+// stand alone. Their ink tells little, and the recogniser is right.
 bool isOnGrid(const std::vector<Piece>& pieces, const std::vector<Word>& words, qsizetype length)
 {
     const double start = pieces.front().left;

@@ -10,20 +10,20 @@ namespace Kovrel {
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("DesktopSession", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(DesktopSession)
+};
 
 // What login screens call the session on an X server.
 QString x11Session()
 {
     const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").toUpper().split(':');
     if (desktops.contains("KDE"))
-        return tr("“Plasma (X11)”");
+        return Texts::tr("“Plasma (X11)”");
     if (desktops.contains("UBUNTU"))
-        return tr("“Ubuntu on Xorg”");
-    return desktops.contains("GNOME") ? tr("“GNOME on Xorg”") : tr("one with “X11” or “Xorg” in its name");
+        return Texts::tr("“Ubuntu on Xorg”");
+    return desktops.contains("GNOME") ? Texts::tr("“GNOME on Xorg”")
+                                      : Texts::tr("one with “X11” or “Xorg” in its name");
 }
 
 } // namespace
@@ -52,19 +52,20 @@ QString DesktopSession::obstacle()
     const QString reason = obstacleReason();
     if (reason.isEmpty())
         return {};
-    return reason + ' ' + tr("Log out, choose an X11 (Xorg) session at the login screen and start Kovrel there.");
+    return reason + ' ' +
+           Texts::tr("Log out, choose an X11 (Xorg) session at the login screen and start Kovrel there.");
 }
 
 QString DesktopSession::obstacleReason()
 {
-    return kind() == Kind::wayland ? tr("Kovrel can't capture a Wayland session yet.") : QString();
+    return kind() == Kind::wayland ? Texts::tr("Kovrel can't capture a Wayland session yet.") : QString();
 }
 
 QStringList DesktopSession::obstacleRemedy()
 {
-    return {tr("Log out of this session."),
-            tr("At the login screen, choose %1 from the list of sessions.").arg(x11Session()),
-            tr("Log in, and start Kovrel again.")};
+    return {Texts::tr("Log out of this session."),
+            Texts::tr("At the login screen, choose %1 from the list of sessions.").arg(x11Session()),
+            Texts::tr("Log in, and start Kovrel again.")};
 }
 
 } // namespace Kovrel
