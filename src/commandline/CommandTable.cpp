@@ -22,6 +22,15 @@ std::vector<std::string> pictureModes()
 
 const char* const outputTakes = "a file ending in .png, .jpeg, .heic or .tiff";
 
+// FILE X Y.
+std::optional<std::string> placeError(const Command& command)
+{
+    for (size_t place = 1; place < command.operands.size(); ++place)
+        if (!OptionValues::isWholeNumber(command.operands[place]))
+            return "X and Y are whole numbers, not \"" + command.operands[place] + '"';
+    return std::nullopt;
+}
+
 CommandSpec captureCommand()
 {
     return {
@@ -99,7 +108,7 @@ CommandSpec annotateCommand()
                      .isRequired = true}},
         .minOperands = 1,
         .maxOperands = 1,
-        .operandsArePaths = true,
+        .pathOperands = 1,
         .runs = Runs::drawing,
     };
 }
@@ -113,7 +122,7 @@ CommandSpec textCommand()
                         {.name = "json", .meaning = "print a JSON object instead"}},
             .minOperands = 1,
             .maxOperands = 1,
-            .operandsArePaths = true,
+            .pathOperands = 1,
             .runs = Runs::whereAsked};
 }
 
@@ -125,7 +134,37 @@ CommandSpec codesCommand()
             .options = {{.name = "json", .meaning = "print a JSON array instead"}},
             .minOperands = 1,
             .maxOperands = 1,
-            .operandsArePaths = true,
+            .pathOperands = 1,
+            .runs = Runs::whereAsked};
+}
+
+OptionSpec colorFormat()
+{
+    return {.name = "format",
+            .value = "F",
+            .meaning = "how the colour is written: hex, which is usual, rgb, hsl or oklch",
+            .takes = "hex, rgb, hsl or oklch",
+            .makesSense = OptionValues::isColorFormat};
+}
+
+CommandSpec pickColorCommand()
+{
+    return {.name = "pick-color",
+            .meaning = "the colour that you point at on the screen",
+            .options = {colorFormat()},
+            .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Pick Color"), "pick-color", {"pick-color"}, pickColor, true}}};
+}
+
+CommandSpec colorCommand()
+{
+    return {.name = "color",
+            .operands = "FILE X Y",
+            .meaning = "the colour of a pixel, counted from the top left of a picture",
+            .options = {colorFormat()},
+            .minOperands = 3,
+            .maxOperands = 3,
+            .pathOperands = 1,
+            .operandError = placeError,
             .runs = Runs::whereAsked};
 }
 
@@ -196,22 +235,21 @@ const std::vector<CommandSpec>& table()
          .meaning = "pictures, in the editor",
          .minOperands = 1,
          .maxOperands = 1000,
-         .operandsArePaths = true},
+         .pathOperands = 1000},
         {.name = "pin",
          .operands = "FILE",
          .meaning = "a picture, above all windows",
          .minOperands = 1,
          .maxOperands = 1,
-         .operandsArePaths = true},
+         .pathOperands = 1},
         {.name = "sign-in",
          .meaning = "use the account kept on this computer",
          .options = {{.name = "local", .meaning = "the only account that there is", .isRequired = true}},
          .runs = Runs::whereAsked},
         {.name = "sign-out", .meaning = "forget the account", .runs = Runs::whereAsked},
         {.name = "quit", .meaning = "end the running program"},
-        {.name = "pick-color",
-         .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Pick Color"), "pick-color", {"pick-color"}, pickColor, true}},
-         .isOnCommandLine = false},
+        pickColorCommand(),
+        colorCommand(),
         {.name = "recent",
          .meaning = "the window with recorded captures",
          .options = {{.name = "strip", .meaning = "one row along the edge of the screen instead"}},

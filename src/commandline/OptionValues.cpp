@@ -69,6 +69,17 @@ bool OptionValues::isSubject(const std::string& text)
     return five && (*five)[2] > 0 && (*five)[3] > 0 && (*five)[4] >= 0;
 }
 
+bool OptionValues::isWholeNumber(const std::string& text)
+{
+    const auto one = numbers(text, 1);
+    return one && std::trunc(one->front()) == one->front() && text.find_first_of(".eE") == std::string::npos;
+}
+
+bool OptionValues::isColorFormat(const std::string& text)
+{
+    return text == "hex" || text == "rgb" || text == "hsl" || text == "oklch";
+}
+
 bool OptionValues::isScale(const std::string& text)
 {
     const auto one = numbers(text, 1);

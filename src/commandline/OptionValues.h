@@ -18,7 +18,9 @@ bool isCaptureMode(const std::string& text);
 
 bool isRectangle(const std::string& text); // X,Y,W,H with a width and height above 0
 bool isSubject(const std::string& text);   // the same and a radius
-bool isScale(const std::string& text);     // pixels to a point
+bool isWholeNumber(const std::string& text);
+bool isColorFormat(const std::string& text);
+bool isScale(const std::string& text); // pixels to a point
 // Whether the name ends in a format that can be written.
 bool isPictureFile(const std::string& path);
 
