@@ -15,13 +15,24 @@ namespace Kovrel {
 
 namespace {
 
+using Kind = Annotation::Kind;
+
+bool has(const EditorSession& session, Kind kind)
+{
+    const auto& marks = session.document().marks;
+    return std::ranges::find(marks, kind, &Annotation::kind) != marks.end();
+}
+
 bool needsRedactions(const EditorSession& session)
 {
     const EditorTool tool = session.tool();
-    return tool == EditorTool::blur || tool == EditorTool::pixelate ||
-           std::ranges::any_of(session.document().marks, [](const Annotation& mark) {
-               return mark.kind == Annotation::Kind::blur || mark.kind == Annotation::Kind::pixelate;
-           });
+    return tool == EditorTool::blur || tool == EditorTool::pixelate || has(session, Kind::blur) ||
+           has(session, Kind::pixelate);
+}
+
+bool needsEdges(const EditorSession& session)
+{
+    return session.tool() == EditorTool::measure || has(session, Kind::measure);
 }
 
 } // namespace
@@ -36,6 +47,10 @@ void CanvasSources::follow()
     if (!m_hasRedactions && needsRedactions(m_session)) {
         m_hasRedactions = true;
         Scope::start(makeRedactions(), "preparing redactions");
+    }
+    if (!m_hasEdges && needsEdges(m_session)) {
+        m_hasEdges = true;
+        Scope::start(findEdges(), "finding edges to measure");
     }
     const BackdropFill& fill = m_session.document().composition.backdrop.fill;
     if (const auto path = OwnBackdropPicture::path(fill); path && *path != m_picture) {
@@ -52,6 +67,14 @@ QCoro::Task<> CanvasSources::makeRedactions()
     };
     const auto made = co_await m_scope.onWorker(Lane::editorSave, Guarded::orElse(job, CanvasPicture::Redactions()));
     m_canvas.setRedactions(made);
+}
+
+QCoro::Task<> CanvasSources::findEdges()
+{
+    using Edges = std::shared_ptr<const CaptureEdges>;
+    const auto job = [capture = m_session.capture()] { return Edges(std::make_shared<CaptureEdges>(capture)); };
+    const Edges edges = co_await m_scope.onWorker(Lane::editorSave, Guarded::orElse(job, Edges()));
+    m_canvas.pointing().setEdges(edges);
 }
 
 QCoro::Task<> CanvasSources::readPicture(BackdropFill fill)

@@ -11,7 +11,7 @@ namespace Kovrel {
 class AnnotationCanvasView;
 
 // Has made, in the background, what the canvas needs besides the capture, once it needs it: the capture blurred and
-// pixelated, and a backdrop's picture of the user's own. Main thread.
+// pixelated, its edges, and a backdrop's picture of the user's own. Main thread.
 class CanvasSources {
     Q_DECLARE_TR_FUNCTIONS(Kovrel::CanvasSources)
 
@@ -23,12 +23,14 @@ public:
 
 private:
     QCoro::Task<> makeRedactions();
+    QCoro::Task<> findEdges();
     QCoro::Task<> readPicture(BackdropFill fill);
 
     EditorServices& m_services;
     EditorSession& m_session;
     AnnotationCanvasView& m_canvas;
     bool m_hasRedactions = false;
+    bool m_hasEdges = false;
     QString m_picture; // the path of the one that was asked for
     Scope m_scope;
 };

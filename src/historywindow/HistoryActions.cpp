@@ -74,18 +74,46 @@ void HistoryActions::copyText(QUuid id)
 
 QCoro::Task<> HistoryActions::copyTextNow(QUuid id)
 {
+    const OCROutcome read = co_await text(id, QualityOfService::userInitiated);
+    if (!read || read->fullText.isEmpty()) {
+        tell({.message = tr("No text found"), .icon = "text.viewfinder"});
+        co_return;
+    }
+    copyPart(read->fullText);
+}
+
+void HistoryActions::copyPart(const QString& text)
+{
+    m_services.ports.delivery.tell(&CaptureDelivery::copyText, text);
+    tell({.message = tr("Text copied"), .icon = "doc.on.clipboard.fill", .copied = true});
+}
+
+void HistoryActions::openLink(const QUrl& target)
+{
+    m_services.ports.delivery.tell(&CaptureDelivery::openLink, target);
+}
+
+void HistoryActions::readText(QUuid id, Reply<OCROutcome> reply)
+{
+    Scope::start(readTextNow(id, std::move(reply)), "Reading the text of a capture");
+}
+
+QCoro::Task<> HistoryActions::readTextNow(QUuid id, Reply<OCROutcome> reply)
+{
+    const OCROutcome read = co_await text(id, QualityOfService::utility);
+    reply(read);
+}
+
+// Of the capture as it looks now.
+QCoro::Task<OCROutcome> HistoryActions::text(QUuid id, QualityOfService qos)
+{
     CaptureHistoryStore& store = m_services.store;
     const QString path = co_await m_scope.reply<QString>([&](auto done) { store.fullImageURL(id, std::move(done)); });
     const bool isEdited = path != store.baseImageURL(id);
     const CaptureOCRStore::Key key{id, isEdited ? CaptureOCRStore::Kind::edited : CaptureOCRStore::Kind::base};
-    const OCROutcome text = co_await m_scope.join(store.ocr().text(
-        key, QualityOfService::userInitiated, true, [this, id]() -> QCoro::Task<QImage> { return pixels(id); }));
-    if (!text || text->fullText.isEmpty()) {
-        tell({.message = tr("No text found"), .icon = "text.viewfinder"});
-        co_return;
-    }
-    m_services.ports.delivery.tell(&CaptureDelivery::copyText, text->fullText);
-    tell({.message = tr("Text copied"), .icon = "doc.on.clipboard.fill", .copied = true});
+    const OCROutcome read = co_await m_scope.join(
+        store.ocr().text(key, qos, true, [this, id]() -> QCoro::Task<QImage> { return pixels(id); }));
+    co_return read;
 }
 
 QCoro::Task<QImage> HistoryActions::pixels(QUuid id)

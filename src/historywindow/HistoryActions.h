@@ -32,6 +32,11 @@ public:
     void open(QUuid id);
     void copy(QUuid id);
     void copyText(QUuid id);
+    // For nobody who waits.
+    void readText(QUuid id, Reply<OCROutcome> reply);
+    // What somebody has selected of the text.
+    void copyPart(const QString& text);
+    void openLink(const QUrl& target);
     // Into the save folder. What has been saved already is saved again.
     void save(QList<QUuid> ids);
     // `window` is what the panel belongs to; may be null.
@@ -52,6 +57,8 @@ public:
 private:
     QCoro::Task<> copyNow(QUuid id);
     QCoro::Task<> copyTextNow(QUuid id);
+    QCoro::Task<> readTextNow(QUuid id, Reply<OCROutcome> reply);
+    QCoro::Task<OCROutcome> text(QUuid id, QualityOfService qos);
     QCoro::Task<> saveNow(QList<QUuid> ids);
     QCoro::Task<> saveAsNow(QUuid id, QPointer<QWindow> window);
     QCoro::Task<> revealNow(QUuid id);

@@ -4,13 +4,27 @@
 #include "ui/tokens/Metrics.h"
 
 #include <QGridLayout>
+#include <QTimer>
 
 namespace Kovrel {
 
-HistoryPreview::HistoryPreview(MainLoop& loop, Workers& workers, ThumbnailFeed::Read read)
-    : m_pictures(loop, workers, std::move(read), [this](QUuid) { m_picture->setPicture(m_pictures.picture(m_id)); })
+namespace {
+
+// Who goes through many captures does not wait for their text.
+constexpr std::chrono::milliseconds rest{300};
+
+} // namespace
+
+HistoryPreview::HistoryPreview(Services services)
+    : m_picture(new PreviewPicture(services.preferences, std::move(services.doors))),
+      m_readText(std::move(services.readText)),
+      m_rest(new QTimer(this)),
+      m_pictures(services.loop, services.workers, std::move(services.read),
+                 [this](QUuid) { m_picture->setPicture(m_pictures.picture(m_id)); })
 {
-    m_picture = new PreviewPicture;
+    m_rest->setSingleShot(true);
+    m_rest->setInterval(rest);
+    connect(m_rest, &QTimer::timeout, this, &HistoryPreview::wantText);
     m_title = new Label(TextStyle::emphasis);
     m_title->setTextFormat(Qt::PlainText);
     m_rows = new QGridLayout;
@@ -29,7 +43,10 @@ HistoryPreview::HistoryPreview(MainLoop& loop, Workers& workers, ThumbnailFeed::
 
 void HistoryPreview::show(QUuid id, const Facts& facts, std::vector<Rect> marks)
 {
-    m_id = id;
+    if (std::exchange(m_id, id) != id) {
+        m_picture->clearText();
+        m_rest->start();
+    }
     setFacts(facts);
     m_picture->setVisible(!id.isNull());
     m_picture->setShape(facts.shape);
@@ -41,6 +58,20 @@ void HistoryPreview::forget(QUuid id)
 {
     m_pictures.forget(id);
     wantPicture();
+    if (id == m_id) {
+        m_picture->clearText();
+        m_rest->start();
+    }
+}
+
+void HistoryPreview::wantText()
+{
+    if (m_id.isNull())
+        return;
+    m_readText(m_id, m_lifeline.guard([this, id = m_id](const OCROutcome& text) {
+        if (text && id == m_id)
+            m_picture->setText(*text);
+    }));
 }
 
 // Until the picture is there, the one before stays: a bare ground in between would flicker.

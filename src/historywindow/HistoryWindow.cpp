@@ -91,7 +91,7 @@ QWidget* HistoryWindow::makeContent()
     m_center = new QStackedWidget;
     m_center->addWidget(m_grid);
     m_center->addWidget(m_empty);
-    m_preview = new HistoryPreview(m_services.loop, m_services.workers, m_services.readPicture);
+    m_preview = makePreview();
     auto* content = new QSplitter;
     content->setChildrenCollapsible(false);
     content->setHandleWidth(Spacing::medium);
@@ -100,6 +100,19 @@ QWidget* HistoryWindow::makeContent()
     content->setStretchFactor(1, 1);
     content->setSizes({sidebarWidth, usualSize.width() - sidebarWidth - previewWidth, previewWidth});
     return content;
+}
+
+HistoryPreview* HistoryWindow::makePreview()
+{
+    HistoryActions& actions = m_services.actions;
+    return new HistoryPreview(
+        {.loop = m_services.loop,
+         .workers = m_services.workers,
+         .preferences = m_services.preferences,
+         .read = m_services.readPicture,
+         .readText = [&actions](QUuid id, Reply<OCROutcome> reply) { actions.readText(id, std::move(reply)); },
+         .doors = {.copy = [&actions](const QString& text) { actions.copyPart(text); },
+                   .open = [&actions](const QUrl& target) { actions.openLink(target); }}});
 }
 
 void HistoryWindow::present()

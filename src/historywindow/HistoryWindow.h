@@ -37,6 +37,7 @@ protected:
 
 private:
     QWidget* makeContent();
+    HistoryPreview* makePreview();
     void connectSearch();
     void connectLists();
     void connectGrid();

@@ -22,7 +22,8 @@ constexpr double mostHeight = 1.4; // of the width
 
 } // namespace
 
-PreviewPicture::PreviewPicture()
+PreviewPicture::PreviewPicture(Preferences& preferences, LiveTextLayer::Doors doors)
+    : m_text(new LiveTextLayer(*this, preferences, std::move(doors)))
 {
     setMinimumWidth(leastWidth);
     setAccessibleName(tr("Preview"));
@@ -31,6 +32,7 @@ PreviewPicture::PreviewPicture()
 void PreviewPicture::setPicture(QImage picture)
 {
     m_picture = std::move(picture);
+    placeText();
     update();
 }
 
@@ -54,6 +56,20 @@ void PreviewPicture::setMarks(std::vector<Rect> marks)
 {
     m_marks = std::move(marks);
     update();
+}
+
+void PreviewPicture::setText(const OCRResult& text)
+{
+    m_text->setReading(text, {}, m_shape);
+    placeText();
+}
+
+void PreviewPicture::placeText()
+{
+    const QRectF picture = place();
+    m_text->setPlacement(QTransform()
+                             .translate(picture.x(), picture.y())
+                             .scale(picture.width() / m_shape.width(), picture.height() / m_shape.height()));
 }
 
 QSize PreviewPicture::room() const
@@ -95,6 +111,7 @@ void PreviewPicture::paintEvent(QPaintEvent*)
 void PreviewPicture::resizeEvent(QResizeEvent* event)
 {
     takeHeight();
+    placeText();
     if (event->size().width() != event->oldSize().width())
         Q_EMIT roomChanged();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "livetext/layer/LiveTextLayer.h"
 #include "model/Geometry.h"
 
 #include <QImage>
@@ -10,12 +11,14 @@
 namespace Kovrel {
 
 // A capture as wide as there is room and no higher than its shape asks, with the places that were searched for marked.
+// Text that was read in it can be selected.
 // Main thread.
 class PreviewPicture : public QWidget {
     Q_OBJECT
 
 public:
-    PreviewPicture();
+    // `preferences` outlives it.
+    PreviewPicture(Preferences& preferences, LiveTextLayer::Doors doors);
 
     // Of the capture, in pixels; an empty one where it is not known.
     void setShape(QSize shape);
@@ -23,6 +26,10 @@ public:
     void setPicture(QImage picture);
     // Parts of the picture, each axis from 0 to 1, origin bottom-left.
     void setMarks(std::vector<Rect> marks);
+    void setText(const OCRResult& text);
+
+    void clearText() { m_text->clear(); }
+
     // The room for a picture, in device pixels.
     QSize room() const;
 
@@ -36,10 +43,12 @@ protected:
 private:
     QRectF place() const;
     void takeHeight();
+    void placeText();
 
-    QSize m_shape;
+    QSize m_shape{16, 10};
     QImage m_picture;
     std::vector<Rect> m_marks;
+    LiveTextLayer* m_text;
 };
 
 } // namespace Kovrel

@@ -7,6 +7,7 @@
 #include "editor/session/GroupGesture.h"
 #include "editor/session/HandleGesture.h"
 #include "editor/session/MarqueeGesture.h"
+#include "editor/session/MeasureGesture.h"
 #include "editor/session/MoveGesture.h"
 #include "editor/session/PageTone.h"
 #include "editor/session/StepGesture.h"
@@ -50,6 +51,15 @@ std::optional<Annotation> handled(const EditorSession& session)
 QPoint pixelAt(const EditorCapture& capture, Point at)
 {
     return {int(at.x * capture.scale), int(capture.image.height() - 1 - at.y * capture.scale)};
+}
+
+std::optional<MeasureGesture::Drags> endOf(MarkHandle handle)
+{
+    if (handle == MarkHandle::start)
+        return MeasureGesture::Drags::start;
+    if (handle == MarkHandle::end)
+        return MeasureGesture::Drags::end;
+    return std::nullopt;
 }
 
 bool isLabel(const EditorSession& session, std::optional<QUuid> id)
@@ -144,7 +154,7 @@ std::unique_ptr<EditorGesture> EditorPointing::gestureAt(const CanvasPointer& po
         return std::make_unique<MarqueeGesture>(
             m_session.document(), pointer.shift ? m_session.selection() : std::vector<QUuid>(), pointer.at);
     m_session.select({});
-    return drawing(pointer);
+    return drawing(pointer, target.mark.has_value());
 }
 
 bool EditorPointing::isOnInk(QUuid id, const CanvasPointer& pointer) const
@@ -176,11 +186,16 @@ std::unique_ptr<EditorGesture> EditorPointing::held(const Target& target, const 
     const Size held{place->at.x - pointer.at.x, place->at.y - pointer.at.y};
     if (m_session.selection().size() > 1)
         return std::make_unique<GroupGesture>(m_session.document(), m_session.selection(), *target.handle, held);
-    return std::make_unique<HandleGesture>(m_session.document(), *target.mark, *target.handle, held,
-                                           m_session.capture().canvas());
+    auto dragging = std::make_unique<HandleGesture>(m_session.document(), *target.mark, *target.handle, held,
+                                                    m_session.capture().canvas());
+    const auto drags = endOf(*target.handle);
+    if (!m_edges || !drags || m_session.document().mark(*target.mark)->kind != Kind::measure)
+        return dragging;
+    return std::make_unique<MeasureGesture>(std::move(dragging),
+                                            MeasureGesture::Measure{*target.mark, *drags, m_edges});
 }
 
-std::unique_ptr<EditorGesture> EditorPointing::drawing(const CanvasPointer& pointer) const
+std::unique_ptr<EditorGesture> EditorPointing::drawing(const CanvasPointer& pointer, bool isOnMark) const
 {
     Annotation mark = newMark(pointer);
     switch (mark.kind) {
@@ -189,10 +204,36 @@ std::unique_ptr<EditorGesture> EditorPointing::drawing(const CanvasPointer& poin
         return std::make_unique<StrokeGesture>(m_session.document(), std::move(mark), pointer.at);
     case Kind::step:
         return std::make_unique<StepGesture>(m_session.document(), std::move(mark), pointer.at);
+    case Kind::measure:
+        return measuring(std::move(mark), pointer, isOnMark);
     default:
         return std::make_unique<DrawGesture>(m_session.document(), std::move(mark), pointer.at,
                                              m_session.capture().canvas());
     }
+}
+
+std::unique_ptr<EditorGesture> EditorPointing::measuring(Annotation mark, const CanvasPointer& pointer,
+                                                         bool isOnMark) const
+{
+    auto drawn = std::make_unique<DrawGesture>(m_session.document(), mark, pointer.at, m_session.capture().canvas());
+    if (!m_edges)
+        return drawn;
+    const MeasureGesture::Measure measure{mark.id, MeasureGesture::Drags::both, m_edges};
+    return std::make_unique<MeasureGesture>(std::move(drawn), measure,
+                                            isOnMark ? std::nullopt : measured(std::move(mark), pointer));
+}
+
+// A click measures what is under it: how wide it is, with Shift how high.
+std::optional<EditorDocument> EditorPointing::measured(Annotation mark, const CanvasPointer& pointer) const
+{
+    const auto stretch =
+        m_edges->around(pointer.at, pointer.shift ? CaptureEdges::Axis::vertical : CaptureEdges::Axis::horizontal);
+    if (!stretch)
+        return std::nullopt;
+    EditorDocument next = m_session.document();
+    mark.points = {stretch->from, stretch->to};
+    next.marks.push_back(std::move(mark));
+    return next;
 }
 
 Annotation EditorPointing::newMark(const CanvasPointer& pointer) const

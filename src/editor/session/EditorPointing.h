@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/geometry/MarkHandles.h"
+#include "editor/session/CaptureEdges.h"
 #include "editor/session/EditorGesture.h"
 #include "editor/session/EditorSession.h"
 
@@ -43,11 +44,16 @@ public:
         m_lineHeightAt = std::move(lineHeightAt);
     }
 
+    // What measures go to; nothing while it is not known yet.
+    void setEdges(std::shared_ptr<const CaptureEdges> edges) { m_edges = std::move(edges); }
+
 private:
     std::unique_ptr<EditorGesture> gestureAt(const CanvasPointer& pointer);
     std::unique_ptr<EditorGesture> onMark(QUuid id, const CanvasPointer& pointer);
     std::unique_ptr<EditorGesture> held(const Target& target, const CanvasPointer& pointer) const;
-    std::unique_ptr<EditorGesture> drawing(const CanvasPointer& pointer) const;
+    std::unique_ptr<EditorGesture> drawing(const CanvasPointer& pointer, bool isOnMark) const;
+    std::unique_ptr<EditorGesture> measuring(Annotation mark, const CanvasPointer& pointer, bool isOnMark) const;
+    std::optional<EditorDocument> measured(Annotation mark, const CanvasPointer& pointer) const;
     Annotation newMark(const CanvasPointer& pointer) const;
     void fitHighlighter(Annotation& mark, Point at) const;
     bool isOnInk(QUuid id, const CanvasPointer& pointer) const;
@@ -61,6 +67,7 @@ private:
     bool m_hasMoved = false;
     std::optional<double> m_cropAspect;
     std::function<std::optional<double>(Point)> m_lineHeightAt;
+    std::shared_ptr<const CaptureEdges> m_edges;
 };
 
 } // namespace Kovrel
