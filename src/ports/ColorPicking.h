@@ -1,17 +1,14 @@
 #pragma once
 
-#include <QString>
-
-#include <functional>
-#include <optional>
+#include "model/ColorPick.h"
+#include "ports/Port.h"
 
 namespace Kovrel {
 
 // A colour that is being picked from the screen. Main thread.
 class ColorPicking {
 public:
-    // The colour is "#RRGGBB"; nothing when none was picked.
-    using Completion = std::function<void(std::optional<QString> hex)>;
+    using Completion = ColorCompletion;
 
     virtual ~ColorPicking() = default;
 
@@ -21,6 +18,14 @@ public:
 
     // It would be in the way of a capture: it ends without a colour. Answers whether the screen changes by that.
     virtual bool abandon() = 0;
+
+    // For fields that offer it; empty where nothing lets the user pick.
+    static ColorPick offeredBy(const Port<ColorPicking>& port)
+    {
+        if (!port)
+            return {};
+        return [&picking = *port](ColorCompletion completion) { picking.pick(std::move(completion)); };
+    }
 };
 
 } // namespace Kovrel
