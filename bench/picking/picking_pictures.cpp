@@ -1,11 +1,13 @@
-// Takes pictures of the colour loupe over light and dark pages, at scale 1 and 2, in the middle, at an edge, and in
-// each notation, into a folder, to be looked at.
+// Takes pictures of the colour loupe and of measuring over light and dark pages, at scale 1 and 2, into a folder, to be
+// looked at: in the middle, at edges, in each notation and unit.
 //
 //     bench_picking_pictures FOLDER
 #include "overlay/OverlayView.h"
 #include "picking/ColorLoupeSampler.h"
 #include "picking/ColorText.h"
 #include "picking/LoupeScene.h"
+#include "picking/measure/MeasureAim.h"
+#include "picking/measure/MeasureScene.h"
 #include "tests/support/PaintedSurfaces.h"
 
 #include <QDir>
@@ -64,7 +66,35 @@ public:
                                                          .color = QColor(hex)}));
     }
 
+    void measure(const QString& name, QPointF point, MeasureUnit unit, const QString& hint)
+    {
+        MeasureAim aim = aimed();
+        aim.point((point * m_display.scale).toPoint(), false);
+        show("measure-" + name, aim, unit, hint);
+    }
+
+    void drag(const QString& name, const QRectF& points, MeasureUnit unit)
+    {
+        MeasureAim aim = aimed();
+        aim.press((points.topLeft() * m_display.scale).toPoint());
+        aim.point((points.bottomRight() * m_display.scale).toPoint(), false);
+        show("measure-" + name, aim, unit, {});
+    }
+
 private:
+    MeasureAim aimed() const
+    {
+        MeasureAim aim;
+        aim.add({m_display, std::make_shared<MeasureSampler>(m_screen)});
+        return aim;
+    }
+
+    void show(const QString& name, const MeasureAim& aim, MeasureUnit unit, const QString& hint)
+    {
+        const auto shown = aim.shown();
+        save(name, MeasureScene::of(m_display, {shown->cross, shown->rect, unit, hint}));
+    }
+
     void save(const QString& name, const OverlayScene& scene)
     {
         Testing::PaintedSurfaces surfaces(m_screen, m_display.pixelRect, OverlaySurfaces::Ground::frozen,
@@ -99,6 +129,11 @@ int main(int argc, char** argv)
             album.loupe("text", {35, 95}, LoupeScene::usualZoom, ColorNotation::hex);
             album.loupe("near", {402, 133}, LoupeScene::zooms - 1, ColorNotation::rgb);
             album.loupe("far", {300, 58}, 0, ColorNotation::hsl);
+            album.measure("button", {480, 136}, MeasureUnit::pixels, {});
+            album.measure("page", {540, 250}, MeasureUnit::points, "Tolerance 24");
+            album.measure("letter", {31, 92}, MeasureUnit::pixels, {});
+            album.measure("corner", {2, 358}, MeasureUnit::pixels, {});
+            album.drag("drag", {396, 126, 119, 43}, MeasureUnit::points);
             album.loupe("corner", {559, 359}, LoupeScene::usualZoom, ColorNotation::oklch);
         }
 }

@@ -31,6 +31,15 @@ std::optional<std::string> placeError(const Command& command)
     return std::nullopt;
 }
 
+// [FILE X Y]. Without a file the screen is measured, and the user says the rest there.
+std::optional<std::string> measureError(const Command& command)
+{
+    if (command.operands.empty())
+        return command.options.empty() ? std::nullopt
+                                       : std::optional("--" + command.options.begin()->first + " goes with a file");
+    return command.operands.size() == 3 ? placeError(command) : "measure takes a file, X and Y, or nothing";
+}
+
 CommandSpec captureCommand()
 {
     return {
@@ -168,6 +177,34 @@ CommandSpec colorCommand()
             .runs = Runs::whereAsked};
 }
 
+CommandSpec measureCommand()
+{
+    return {
+        .name = "measure",
+        .operands = "[FILE X Y]",
+        .meaning = "the first and last of the like pixels around one, and how many they are; the screen without a file",
+        .options = {{.name = "axis",
+                     .value = "A",
+                     .meaning = "along which they are: horizontal, which is usual, or vertical",
+                     .takes = "horizontal or vertical",
+                     .makesSense = OptionValues::isAxis},
+                    {.name = "tolerance",
+                     .value = "N",
+                     .meaning = "how far red, green and blue may each be from the pixel's; 24 unless told otherwise",
+                     .takes = "0 to 255",
+                     .makesSense = OptionValues::isTolerance},
+                    {.name = "edge-floor",
+                     .value = "N",
+                     .meaning = "ends also at edges within the tolerance whose step is larger than this",
+                     .takes = "0 to 765",
+                     .makesSense = OptionValues::isEdgeFloor}},
+        .maxOperands = 3,
+        .pathOperands = 1,
+        .operandError = measureError,
+        .runs = Runs::byOperands,
+        .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Measure Screen"), "measure", {"measure"}, measure}}};
+}
+
 CommandSpec historyCommand()
 {
     return {.name = "history",
@@ -250,6 +287,7 @@ const std::vector<CommandSpec>& table()
         {.name = "quit", .meaning = "end the running program"},
         pickColorCommand(),
         colorCommand(),
+        measureCommand(),
         {.name = "recent",
          .meaning = "the window with recorded captures",
          .options = {{.name = "strip", .meaning = "one row along the edge of the screen instead"}},

@@ -25,6 +25,11 @@ std::string fileExtension(const std::string& path)
     return dot == std::string::npos ? std::string() : lower(name.substr(dot + 1));
 }
 
+bool isWholeNumberUpTo(const std::string& text, int most)
+{
+    return OptionValues::isWholeNumber(text) && std::stoi(text) >= 0 && std::stoi(text) <= most;
+}
+
 } // namespace
 
 std::optional<std::vector<double>> OptionValues::numbers(const std::string& text, size_t count)
@@ -78,6 +83,21 @@ bool OptionValues::isWholeNumber(const std::string& text)
 bool OptionValues::isColorFormat(const std::string& text)
 {
     return text == "hex" || text == "rgb" || text == "hsl" || text == "oklch";
+}
+
+bool OptionValues::isAxis(const std::string& text)
+{
+    return text == "horizontal" || text == "vertical";
+}
+
+bool OptionValues::isTolerance(const std::string& text)
+{
+    return isWholeNumberUpTo(text, 255);
+}
+
+bool OptionValues::isEdgeFloor(const std::string& text)
+{
+    return isWholeNumberUpTo(text, 3 * 255);
 }
 
 bool OptionValues::isScale(const std::string& text)

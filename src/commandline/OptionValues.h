@@ -20,7 +20,10 @@ bool isRectangle(const std::string& text); // X,Y,W,H with a width and height ab
 bool isSubject(const std::string& text);   // the same and a radius
 bool isWholeNumber(const std::string& text);
 bool isColorFormat(const std::string& text);
-bool isScale(const std::string& text); // pixels to a point
+bool isAxis(const std::string& text);
+bool isTolerance(const std::string& text); // of a channel
+bool isEdgeFloor(const std::string& text); // of three channels together
+bool isScale(const std::string& text);     // pixels to a point
 // Whether the name ends in a format that can be written.
 bool isPictureFile(const std::string& path);
 

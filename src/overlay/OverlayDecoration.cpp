@@ -29,13 +29,16 @@ QRegion OverlayDecoration::region() const
     case Kind::areaFrame:
     case Kind::windowFrame:
         return QRegion(grown(rect, lineWidth())) - rect;
+    case Kind::guide:
+        return grown(rect, 1);
     case Kind::handle:
         return rect;
     case Kind::sizeLabel:
     case Kind::hint:
+    case Kind::colorLabel:
+        return grown(rect, OverlayMetrics::pixels(OverlayTokens::pillShadowReach + 2, scale));
     case Kind::magnifier:
     case Kind::loupe:
-    case Kind::colorLabel:
         return grown(rect, OverlayMetrics::pixels(OverlayTokens::shadowReach + 2, scale));
     }
     Q_UNREACHABLE();

@@ -12,6 +12,7 @@ struct OverlayDecoration {
     enum class Kind {
         areaFrame,   // a line around `rect`, outside of it
         windowFrame, // the same, stronger
+        guide,       // a line that fills `rect`, with a faint edge
         handle,      // a knob in the middle of `rect`
         sizeLabel,   // `text` on a pill that fills `rect`
         hint,        // the same, larger

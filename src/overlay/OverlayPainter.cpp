@@ -15,19 +15,19 @@ using namespace OverlayTokens;
 using Kind = OverlayDecoration::Kind;
 
 // With a pixel for the drop of the shadow.
-int shadowMargin(double scale)
+int shadowMargin(int reach, double scale)
 {
-    return int(std::ceil((shadowReach + 1) * scale));
+    return int(std::ceil((reach + 1) * scale));
 }
 
-QImage shadowOf(QSize size, double radius, double scale)
+QImage shadowOf(QSize size, double radius, int reach, double scale)
 {
-    const int margin = shadowMargin(scale);
+    const int margin = shadowMargin(reach, scale);
     QImage image(size + 2 * QSize(margin, margin), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    const SoftShadow shadow{.layer = shadowLayer, .layers = shadowReach, .step = scale, .drop = scale};
+    const SoftShadow shadow{.layer = shadowLayer, .layers = reach, .step = scale, .drop = scale};
     shadow.paint(painter, QRectF(QPointF(margin, margin), size), radius);
     return image;
 }
@@ -36,6 +36,12 @@ void drawFrame(QPainter& painter, const OverlayDecoration& decoration)
 {
     for (const QRect& side : decoration.region())
         painter.fillRect(side, accent);
+}
+
+void drawGuide(QPainter& painter, const OverlayDecoration& decoration)
+{
+    painter.fillRect(decoration.rect.adjusted(-1, -1, 1, 1), guideEdge);
+    painter.fillRect(decoration.rect, accent);
 }
 
 void drawHandle(QPainter& painter, const OverlayDecoration& decoration)
@@ -68,7 +74,7 @@ QColor OverlayPainter::shade()
     return OverlayTokens::shade;
 }
 
-void OverlayPainter::drawShadow(QPainter& painter, const QRect& rect, double radius, double scale)
+void OverlayPainter::drawShadow(QPainter& painter, const QRect& rect, double radius, int reach, double scale)
 {
     constexpr size_t mostKept = 8;
     const auto isKept = [&](const Shadow& shadow) { return shadow.size == rect.size() && shadow.scale == scale; };
@@ -76,10 +82,10 @@ void OverlayPainter::drawShadow(QPainter& painter, const QRect& rect, double rad
     if (shadow == m_shadows.end()) {
         if (m_shadows.size() == mostKept)
             m_shadows.erase(m_shadows.begin());
-        m_shadows.push_back({rect.size(), scale, shadowOf(rect.size(), radius, scale)});
+        m_shadows.push_back({rect.size(), scale, shadowOf(rect.size(), radius, reach, scale)});
         shadow = std::prev(m_shadows.end());
     }
-    const int margin = shadowMargin(scale);
+    const int margin = shadowMargin(reach, scale);
     painter.drawImage(rect.topLeft() - QPoint(margin, margin), shadow->image);
 }
 
@@ -88,7 +94,7 @@ void OverlayPainter::drawPill(QPainter& painter, const OverlayDecoration& decora
     const QRectF rect(decoration.rect);
     const double radius = rect.height() / 2;
     const double edge = std::max(1.0, decoration.scale * 0.75);
-    drawShadow(painter, decoration.rect, radius, decoration.scale);
+    drawShadow(painter, decoration.rect, radius, pillShadowReach, decoration.scale);
     painter.setBrush(pill);
     painter.setPen(QPen(pillEdge, edge));
     painter.drawRoundedRect(rect.adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2), radius, radius);
@@ -109,6 +115,9 @@ void OverlayPainter::draw(QPainter& painter, const OverlayDecoration& decoration
     case Kind::windowFrame:
         drawFrame(painter, decoration);
         break;
+    case Kind::guide:
+        drawGuide(painter, decoration);
+        break;
     case Kind::handle:
         drawHandle(painter, decoration);
         break;
@@ -119,7 +128,7 @@ void OverlayPainter::draw(QPainter& painter, const OverlayDecoration& decoration
         break;
     case Kind::magnifier:
     case Kind::loupe:
-        drawShadow(painter, decoration.rect, MagnifierPainter::radius(decoration), decoration.scale);
+        drawShadow(painter, decoration.rect, MagnifierPainter::radius(decoration), shadowReach, decoration.scale);
         m_magnifier.draw(painter, decoration, screen, screenRect);
         break;
     }

@@ -21,7 +21,7 @@ public:
 
 private:
     void drawPill(QPainter& painter, const OverlayDecoration& decoration);
-    void drawShadow(QPainter& painter, const QRect& rect, double radius, double scale);
+    void drawShadow(QPainter& painter, const QRect& rect, double radius, int reach, double scale);
 
     struct Shadow {
         QSize size; // of what casts it

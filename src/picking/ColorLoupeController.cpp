@@ -2,8 +2,6 @@
 
 #include "model/HexColor.h"
 #include "platform/ColorSampler.h"
-#include "platform/ScreenPixels.h"
-#include "ports/Captures.h"
 
 #include <QLoggingCategory>
 
@@ -15,7 +13,10 @@ Q_LOGGING_CATEGORY(log, "com.kovrel.capture")
 
 } // namespace
 
-ColorLoupeController::ColorLoupeController(Services services) : m_services(services) {}
+ColorLoupeController::ColorLoupeController(Services services)
+    : m_services(services), m_freezing(services.pixels, services.ports)
+{
+}
 
 ColorLoupeController::~ColorLoupeController()
 {
@@ -27,26 +28,11 @@ void ColorLoupeController::pick(Completion completion)
     abandon();
     m_completion = std::move(completion);
     m_notation = ColorNotation::hex;
-    m_freezing = std::make_unique<Lifeline>();
-    const auto start = m_freezing->guard([this] { begin(); });
-    // The selection that is showing goes; one that is still to come, or is being finished, is waited for.
-    const Port<Captures>& captures = m_services.ports.captures;
-    captures.tell(&Captures::cancelAim);
-    if (captures)
-        captures->whenForegroundIsFree(start);
-    else
-        start();
-}
-
-// What has just gone, as a menu or a selection, must not be in the frozen picture.
-void ColorLoupeController::begin()
-{
-    m_services.pixels.whenRepainted(m_freezing->guard([this](bool) { freeze(); }));
+    m_freezing.await([this] { freeze(); });
 }
 
 void ColorLoupeController::freeze()
 {
-    m_freezing.reset();
     m_session = std::make_unique<LoupeSession>(
         m_services.platform,
         LoupeSession::Handlers{.onPick = [this](Point point) { pickAt(point); },
@@ -90,7 +76,7 @@ bool ColorLoupeController::abandon()
 
 void ColorLoupeController::tearDown()
 {
-    m_freezing.reset();
+    m_freezing.cancel();
     m_session.reset();
     m_services.sampler.cancel();
 }

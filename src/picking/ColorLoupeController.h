@@ -1,21 +1,21 @@
 #pragma once
 
+#include "model/ColorPick.h"
 #include "picking/LoupeSession.h"
-#include "platform/Scope.h"
-#include "ports/ColorPicking.h"
-#include "ports/Ports.h"
+#include "picking/ScreenTurn.h"
 
 #include <memory>
 
 namespace Kovrel {
 
 class ColorSampler;
-class ScreenPixels;
 
 // The colour loupe: one session at a time, from freezing the displays over showing to idle. A capture ends it, and it
 // ends a selection. Main thread.
-class ColorLoupeController : public ColorPicking {
+class ColorLoupeController {
 public:
+    using Completion = ColorCompletion;
+
     struct Services {
         LoupeSession::Platform platform;
         ScreenPixels& pixels;
@@ -24,10 +24,13 @@ public:
     };
 
     explicit ColorLoupeController(Services services);
-    ~ColorLoupeController() override;
+    ~ColorLoupeController();
+    ColorLoupeController(const ColorLoupeController&) = delete;
+    ColorLoupeController& operator=(const ColorLoupeController&) = delete;
 
-    void pick(Completion completion) override;
-    bool abandon() override;
+    // As the port `ColorPicking` has them.
+    void pick(Completion completion);
+    bool abandon();
 
     // At a global point; where there is no frozen pixel it does nothing.
     void pickAt(Point point);
@@ -43,7 +46,6 @@ public:
     ColorNotation notation() const { return m_notation; }
 
 private:
-    void begin();
     void freeze();
     void cancelled(const QString& failure);
     void finish(const std::optional<QString>& hex);
@@ -51,7 +53,7 @@ private:
     Services m_services;
     Completion m_completion; // none: idle
     std::unique_ptr<LoupeSession> m_session;
-    std::unique_ptr<Lifeline> m_freezing; // waits until the screen can be frozen
+    ScreenTurn m_freezing;
     ColorNotation m_notation = ColorNotation::hex;
 };
 

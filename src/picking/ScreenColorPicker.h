@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/ColorPicking.h"
+#include "model/ColorPick.h"
 
 namespace Kovrel {
 
@@ -9,7 +9,7 @@ class ScreenColorPicker {
 public:
     // What it works on, so that it runs without a screen.
     struct Environment {
-        std::function<void(ColorPicking::Completion)> pick;
+        std::function<void(ColorCompletion)> pick;
         std::function<QString(const QString& hex)> text; // as the loupe showed it
         std::function<void(const QString& text)> copy;
         std::function<void(const QString& text, const QString& hex)> confirm;

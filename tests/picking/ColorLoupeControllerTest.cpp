@@ -213,10 +213,10 @@ TEST_F(ColorLoupeControllerTest, AnEscapeThatCannotBeHadIsLoggedAndTheRestWorks)
 
 TEST(ScreenColorPicker, CopiesWhatTheLoupeShowedAndConfirmsIt)
 {
-    ColorPicking::Completion completion;
+    ColorCompletion completion;
     Answers done;
     ScreenColorPicker picker({
-        .pick = [&](ColorPicking::Completion given) { completion = std::move(given); },
+        .pick = [&](ColorCompletion given) { completion = std::move(given); },
         .text = [](const QString& hex) { return "shown " + hex; },
         .copy = [&](const QString& text) { done.push_back("copy " + text.toStdString()); },
         .confirm =

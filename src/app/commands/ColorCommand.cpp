@@ -1,5 +1,6 @@
 #include "app/commands/ColorCommand.h"
 
+#include "app/commands/PixelPlace.h"
 #include "picking/ColorLoupeSampler.h"
 #include "picking/ColorText.h"
 #include "platform/ImageCodec.h"
@@ -8,16 +9,12 @@ namespace Kovrel {
 
 CommandAnswer ColorCommand::run(const Command& command)
 {
-    const QString file = QString::fromStdString(command.operands[0]);
-    const auto image = ImageCodec::decodeFile(file);
+    const PixelPlace place = PixelPlace::of(command);
+    const auto image = ImageCodec::decodeFile(place.file);
     if (!image)
         return {.exitCode = CommandLine::failed, .error = image.error().message};
-    const auto hex = ColorLoupeSampler::hex(*image, std::stoi(command.operands[1]), std::stoi(command.operands[2]));
-    CommandAnswer answer = ColorCommand::answer(command, hex);
-    if (!hex)
-        answer.error =
-            QString("%1 has %2 x %3 pixels, counted from 0").arg(file).arg(image->width()).arg(image->height());
-    return answer;
+    const auto hex = ColorLoupeSampler::hex(*image, place.x, place.y);
+    return hex ? answer(command, hex) : place.outside(*image);
 }
 
 CommandAnswer ColorCommand::answer(const Command& command, const std::optional<QString>& hex)
