@@ -17,7 +17,7 @@ constexpr QColor pill(24, 24, 27, 230);
 constexpr QColor pillEdge(255, 255, 255, 46);
 constexpr QColor pillText(255, 255, 255);
 constexpr QColor swatchEdge(255, 255, 255, 150);
-constexpr QColor shadowLayer(0, 0, 0, 7);
+constexpr QColor shadowLayer(0, 0, 0, 5);
 
 constexpr QColor magnifierGround(24, 24, 27); // beyond the edge of the display
 constexpr QColor magnifierGrid(128, 128, 128, 56);
@@ -43,7 +43,7 @@ constexpr double magnifierRadius = 12;
 constexpr double line = 1.5;
 constexpr double loupeRim = 3;
 constexpr int shadowReach = 12; // of what is large
-constexpr int pillShadowReach = 6;
+constexpr int pillShadowReach = 8;
 
 } // namespace OverlayTokens
 
