@@ -52,6 +52,8 @@ EditorTopBar::EditorTopBar(EditorSession& session, Preferences& preferences, Col
     m_layout->addWidget(m_zoom);
     m_layout->addSpacing(Spacing::medium);
     addButton("magnifyingglass", tr("Find Text (Ctrl+F)"), &EditorTopBar::findWanted);
+    m_text = addButton("text.viewfinder", tr("Select Text (Ctrl+T)"), &EditorTopBar::textWanted);
+    m_text->setCheckable(true);
     m_backdrop = addButton("rectangle.inset.filled", tr("Backdrop (Ctrl+B)"), &EditorTopBar::backdropWanted);
     m_backdrop->setCheckable(true);
     m_layout->addSpacing(Spacing::medium);
@@ -91,6 +93,11 @@ void EditorTopBar::follow()
 void EditorTopBar::setZoom(double percent)
 {
     m_zoom->setText(QString("%1 %").arg(qRound(percent)));
+}
+
+void EditorTopBar::setSelectingText(bool isSelecting)
+{
+    m_text->setChecked(isSelecting);
 }
 
 void EditorTopBar::setBackdropShown(bool isShown)

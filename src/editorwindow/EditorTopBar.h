@@ -27,11 +27,14 @@ public:
     void setZoom(double percent);
     // Whether the panel is open that the button opens.
     void setBackdropShown(bool isShown);
+    // Whether the text of the capture can be selected.
+    void setSelectingText(bool isSelecting);
 
 Q_SIGNALS:
     void undoWanted();
     void redoWanted();
     void findWanted();
+    void textWanted();
     void backdropWanted();
     void copyWanted();
     // The handle is pressed, and then dragged.
@@ -50,6 +53,7 @@ private:
     SymbolButton* m_redo;
     StylePanel* m_style;
     QLabel* m_zoom;
+    SymbolButton* m_text;
     SymbolButton* m_backdrop;
 };
 

@@ -41,16 +41,15 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
       m_kind(kind),
       m_session(std::move(opened.capture), std::move(opened.document), services.preferences),
       m_keeping(services, m_session, std::move(opened.savedPath), kind == Kind::capture),
-      m_lines(services, m_session.capture()),
       m_canvas(new AnnotationCanvasView(m_session, services.preferences.get(Settings::measureUnit))),
+      m_text(services, m_session, *m_canvas),
       m_sources(services, m_session, *m_canvas),
       m_intake(services, m_session, *m_canvas),
       m_handout(services, m_session, m_keeping),
       m_top(new EditorTopBar(m_session, services.preferences, ColorPicking::offeredBy(services.ports.colorPicking))),
       m_tools(new ToolPalette),
       m_middle(new QHBoxLayout),
-      m_crop(new CropBar(m_session, services.preferences, services.loop, services.workers)),
-      m_find(new FindBar(m_session, services.preferences))
+      m_crop(new CropBar(m_session, services.preferences, services.loop, services.workers))
 {
     setWindowTitle(title);
     setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
@@ -58,7 +57,7 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
     arrange();
     addCommands();
     connectParts();
-    connectFind();
+    connectText();
     m_changes.push_back(m_session.onChange([this] { follow(); }));
     follow();
     rememberSize(services.preferences, Settings::editorWindowSize,
@@ -77,10 +76,9 @@ void EditorWindow::arrange()
     column->setSpacing(0);
     if (m_kind == Kind::file && m_services.programs)
         column->addWidget(new DefaultEditorOffer(*m_services.programs, m_services.preferences));
-    column->addWidget(m_find);
+    column->addWidget(&m_text.bar());
     column->addWidget(m_canvas, 1);
     column->addWidget(m_crop);
-    m_find->hide();
     m_crop->hide();
     m_middle->addLayout(column, 1);
     auto* const layout = new QVBoxLayout(this);
@@ -94,7 +92,6 @@ void EditorWindow::connectParts()
 {
     connect(m_top, &EditorTopBar::undoWanted, this, &EditorWindow::undo);
     connect(m_top, &EditorTopBar::redoWanted, this, &EditorWindow::redo);
-    connect(m_top, &EditorTopBar::findWanted, this, &EditorWindow::openFind);
     connect(m_top, &EditorTopBar::backdropWanted, this, &EditorWindow::toggleBackdrop);
     connect(m_top, &EditorTopBar::copyWanted, this, &EditorWindow::copy);
     connect(m_top, &EditorTopBar::handlePressed, this, [this] {
@@ -114,10 +111,6 @@ void EditorWindow::connectParts()
             [this](std::optional<double> aspect) { m_canvas->pointing().setCropAspect(aspect); });
     connect(m_canvas, &AnnotationCanvasView::contextMenuWanted, this, &EditorWindow::showMenu);
     connect(m_canvas, &AnnotationCanvasView::textWanted, this, [this] { m_intake.paste(); });
-    m_canvas->pointing().setLineHeightAt([this](Point at) {
-        const bool isWanted = m_services.preferences.get(Settings::highlighterAutoSize);
-        return isWanted ? m_lines.heightAt(at) : std::nullopt;
-    });
 }
 
 void EditorWindow::addKeys(const QKeySequence& keys, std::function<void()> action)
@@ -141,9 +134,10 @@ void EditorWindow::addCommands()
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { saveAs(); });
     add(QKeySequence::Close, [this] { close(); });
     add(Qt::CTRL | Qt::Key_B, [this] { toggleBackdrop(); });
-    add(QKeySequence::Find, [this] { openFind(); });
-    add(Qt::Key_F3, [this] { m_find->go(1); });
-    add(Qt::SHIFT | Qt::Key_F3, [this] { m_find->go(-1); });
+    add(QKeySequence::Find, [this] { m_text.openFind(); });
+    add(Qt::CTRL | Qt::Key_T, [this] { toggleSelectingText(); });
+    add(Qt::Key_F3, [this] { m_text.bar().go(1); });
+    add(Qt::SHIFT | Qt::Key_F3, [this] { m_text.bar().go(-1); });
     add(Qt::CTRL | Qt::Key_D, [this] { m_session.duplicateSelected(); });
     add(QKeySequence::ZoomIn, [this] { m_canvas->zoomIn(); });
     add(Qt::CTRL | Qt::Key_Equal, [this] { m_canvas->zoomIn(); });
@@ -161,9 +155,8 @@ void EditorWindow::follow()
     m_tools->setTool(m_session.tool());
     m_top->follow();
     m_sources.follow();
+    m_text.follow();
     m_crop->setVisible(m_session.tool() == EditorTool::crop);
-    if (m_session.tool() == EditorTool::highlighter && m_services.preferences.get(Settings::highlighterAutoSize))
-        m_lines.expect(QualityOfService::utility);
 }
 
 // --- Keys
@@ -180,11 +173,14 @@ void EditorWindow::keyPressEvent(QKeyEvent* event)
     AppWindow::keyPressEvent(event);
 }
 
-// Out of the panel, then text, a crop, what is selected; then the result is copied and the window closes.
+// Out of the panel, then the text of the capture, what is written, a crop, what is selected; then the result is copied
+// and the window closes.
 void EditorWindow::escape()
 {
     if (m_backdrop && m_backdrop->isAncestorOf(focusWidget()))
         return m_canvas->setFocus();
+    if (m_text.isSelecting())
+        return m_text.setSelecting(false);
     if (m_canvas->escape())
         return;
     if (m_session.tool() == EditorTool::crop)
@@ -270,50 +266,16 @@ void EditorWindow::toggleBackdrop()
 
 // --- Text
 
-void EditorWindow::connectFind()
+void EditorWindow::connectText()
 {
-    connect(m_find, &FindBar::changed, this, &EditorWindow::showFound);
-    connect(m_find, &FindBar::closed, this, &EditorWindow::closeFind);
-    m_changes.push_back(m_lines.onChange([this] { takeLines(); }));
+    connect(&m_text, &EditorText::selectingChanged, this, [this] { m_top->setSelectingText(m_text.isSelecting()); });
+    connect(m_top, &EditorTopBar::findWanted, this, [this] { m_text.openFind(); });
+    connect(m_top, &EditorTopBar::textWanted, this, &EditorWindow::toggleSelectingText);
 }
 
-void EditorWindow::openFind()
+void EditorWindow::toggleSelectingText()
 {
-    m_canvas->stopWriting();
-    if (m_session.tool() == EditorTool::crop)
-        m_session.setTool(EditorTool::select);
-    m_find->open();
-    m_lines.expect(QualityOfService::userInitiated);
-    takeLines();
-}
-
-void EditorWindow::closeFind()
-{
-    m_find->hide();
-    m_canvas->setFocus();
-    showFound();
-}
-
-void EditorWindow::takeLines()
-{
-    if (m_find->isHidden())
-        return;
-    const auto state = m_lines.state();
-    m_find->setText(state == CaptureLines::State::there    ? FindBar::Text::there
-                    : state == CaptureLines::State::failed ? FindBar::Text::failed
-                                                           : FindBar::Text::awaited,
-                    m_lines.lines());
-}
-
-void EditorWindow::showFound()
-{
-    if (m_find->isHidden())
-        return m_canvas->setFound({}, {});
-    std::vector<Rect> boxes;
-    for (const auto& hit : m_find->find().hits())
-        boxes.insert(boxes.end(), hit.boxes.begin(), hit.boxes.end());
-    const auto current = m_find->find().current();
-    m_canvas->setFound(std::move(boxes), current ? m_find->find().hits()[*current].boxes : std::vector<Rect>());
+    m_text.setSelecting(!m_text.isSelecting());
 }
 
 // --- The menu
@@ -341,7 +303,8 @@ void EditorWindow::showMenu(QPoint globalPosition)
     add(tr("Send Backward"), Qt::CTRL | Qt::Key_BracketLeft, [this] { m_session.bring(Layer::backward); });
     add(tr("Send to Back"), Qt::CTRL | Qt::SHIFT | Qt::Key_BracketLeft, [this] { m_session.bring(Layer::back); });
     menu->addSeparator();
-    add(tr("Find…"), QKeySequence::Find, [this] { openFind(); })->setEnabled(true);
+    add(tr("Find…"), QKeySequence::Find, [this] { m_text.openFind(); })->setEnabled(true);
+    add(tr("Select Text"), Qt::CTRL | Qt::Key_T, [this] { toggleSelectingText(); })->setEnabled(true);
     add(tr("Output Size…"), QKeySequence(), [this, globalPosition] {
         m_crop->offerSizes(globalPosition);
     })->setEnabled(true);

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "editorwindow/CanvasSources.h"
-#include "editorwindow/CaptureLines.h"
 #include "editorwindow/EditorHandout.h"
 #include "editorwindow/EditorIntake.h"
 #include "editorwindow/EditorKeeping.h"
+#include "editorwindow/EditorText.h"
 #include "editorwindow/canvas/AnnotationCanvasView.h"
 #include "ui/AppWindow.h"
 
@@ -17,7 +17,6 @@ namespace Kovrel {
 class BackdropPanel;
 class CropBar;
 class EditorTopBar;
-class FindBar;
 class ToolPalette;
 
 // The editor of one capture. Closing it keeps what was made, in the history or, for a file, as the user says.
@@ -64,11 +63,8 @@ private:
     void saveAs();
     void tellSaved(const SaveOutcome& outcome);
     void toggleBackdrop();
-    void connectFind();
-    void openFind();
-    void closeFind();
-    void takeLines();
-    void showFound();
+    void connectText();
+    void toggleSelectingText();
     void showMenu(QPoint globalPosition);
     void askToSave();
     void discard();
@@ -77,8 +73,8 @@ private:
     Kind m_kind;
     EditorSession m_session;
     EditorKeeping m_keeping;
-    CaptureLines m_lines;
     AnnotationCanvasView* m_canvas;
+    EditorText m_text;
     CanvasSources m_sources;
     EditorIntake m_intake;
     EditorHandout m_handout;
@@ -87,7 +83,6 @@ private:
     QHBoxLayout* m_middle;               // what stands beside the canvas
     BackdropPanel* m_backdrop = nullptr; // made when it is opened first
     CropBar* m_crop;
-    FindBar* m_find;
     std::vector<Subscription> m_changes;
 };
 

@@ -63,8 +63,8 @@ SelectableText::Line SelectableText::makeLine(const OCRLine& line, QSize picture
     Line made{.text = line.text, .starts = graphemeStarts(line.text)};
     made.shares = sharesOf(line, int(made.starts.size()) - 1);
     const Rect& box = line.boundingBox;
-    const OCRQuad quad = line.quad.value_or(
-        OCRQuad{{box.minX(), box.minY()}, {box.maxX(), box.minY()}, {box.minX(), box.maxY()}});
+    const OCRQuad quad =
+        line.quad.value_or(OCRQuad{{box.minX(), box.minY()}, {box.maxX(), box.minY()}, {box.minX(), box.maxY()}});
     made.origin = inPicture(quad.origin, picture);
     made.along = inPicture(quad.xEnd, picture) - made.origin;
     made.up = inPicture(quad.yEnd, picture) - made.origin;
@@ -87,8 +87,8 @@ double SelectableText::Line::distanceTo(QPointF point) const
 // Right to left, the first character has the greatest share.
 QPolygonF SelectableText::Line::shape(size_t from, size_t to) const
 {
-    const auto [left, right] = std::minmax_element(shares.begin() + std::ptrdiff_t(from),
-                                                   shares.begin() + std::ptrdiff_t(to) + 1);
+    const auto [left, right] =
+        std::minmax_element(shares.begin() + std::ptrdiff_t(from), shares.begin() + std::ptrdiff_t(to) + 1);
     const QPointF begin = origin + *left * along;
     const QPointF end = origin + *right * along;
     return QPolygonF({begin, end, end + up, begin + up});

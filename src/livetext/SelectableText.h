@@ -78,7 +78,9 @@ private:
 
     static Line makeLine(const OCRLine& line, QSize picture);
     size_t nearestLine(QPointF point) const;
+
     size_t length(size_t line) const { return m_lines[line].shares.size() - 1; }
+
     QString separator(size_t line) const;
 
     std::vector<Line> m_lines;

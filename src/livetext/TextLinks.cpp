@@ -62,8 +62,8 @@ void TextLinks::addFrom(const SelectableText& text, size_t line)
 const TextLinks::Link* TextLinks::at(QPointF point) const
 {
     const auto isThere = [&](const QPolygonF& shape) { return shape.containsPoint(point, Qt::OddEvenFill); };
-    const auto link = std::ranges::find_if(
-        m_links, [&](const Link& each) { return std::ranges::any_of(each.shapes, isThere); });
+    const auto link =
+        std::ranges::find_if(m_links, [&](const Link& each) { return std::ranges::any_of(each.shapes, isThere); });
     return link == m_links.end() ? nullptr : &*link;
 }
 

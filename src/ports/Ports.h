@@ -20,6 +20,7 @@ class ColorPicking;
 class EditedCaptures;
 class HelpWindows;
 class HotkeyStatus;
+class PicturePreviews;
 class ProgramCommands;
 class ReopenLedger;
 class SettingsPages;
@@ -48,6 +49,7 @@ struct Ports {
     Port<CaptureEditors> editors;
     Port<EditedCaptures> edits;
     Port<CapturePins> pins;
+    Port<PicturePreviews> previews; // without one the desktop's viewer shows pictures
     Port<Toasts> toasts;
 
     // Windows that step aside for a capture, besides cards and toasts.

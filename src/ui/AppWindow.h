@@ -14,6 +14,8 @@ public:
     AppWindow();
 
 protected:
+    // Before it is shown; never larger than its screen, which is the one where the pointer is.
+    void placeWherePointerIs(QSize size);
     // The window is as large as it was when it was hidden last, maximized or not; `usual` where it never was. Never
     // larger than its screen, which is the one where the pointer is. Before it is shown; `preferences` outlives it.
     void rememberSize(Preferences& preferences, const SettingKey<QString>& key, QSize usual);
@@ -21,7 +23,6 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    void placeWherePointerIs(QSize size);
     void takeColors();
 
     std::function<void(const QString&)> m_keepSize;

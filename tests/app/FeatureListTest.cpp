@@ -135,7 +135,6 @@ const std::pair<const char*, const char*> withoutRow[] = {
 // Settings that nothing reads, and why.
 const std::pair<const char*, const char*> unread[] = {
     {"declinedMoveToApplications", "another desktop's: there is no such folder here"},
-    {"liveTextHintSeen", "text on cards can't be selected yet"},
 };
 
 template <class List>

@@ -89,7 +89,8 @@ TEST_F(LiveTextLayerTest, WhatIsDraggedOverIsCopied)
 {
     drag(start, {60, 45});
     EXPECT_EQ(layer.selectedText(), "at");
-    EXPECT_TRUE(press(QKeyCombination(Qt::ControlModifier, Qt::Key_C))) << "the window's own shortcut would copy the picture";
+    EXPECT_TRUE(press(QKeyCombination(Qt::ControlModifier, Qt::Key_C)))
+        << "the window's own shortcut would copy the picture";
     EXPECT_THAT(copied, ElementsAre("at"));
     send(QEvent::MouseButtonPress, lineEnd, Qt::ShiftModifier);
     send(QEvent::MouseButtonRelease, lineEnd);

@@ -34,9 +34,10 @@ OCRLine line(const QString& text, double x, double y)
 
 TEST(SelectableTextTest, WhatLiesBetweenTwoPointsIsSelected)
 {
-    const SelectableText text({line("first row", 100, 100), line("price", 300, 101), line("ab", 365, 101),
-                               line("second row", 100, 140)},
-                              picture);
+    const SelectableText text(
+        {line("first row", 100, 100), line("price", 300, 101), line("ab", 365, 101), line("second row", 100, 140)},
+        picture);
+
     struct Case {
         QPointF from;
         QPointF to;
@@ -66,8 +67,8 @@ TEST(SelectableTextTest, WhatLiesBetweenTwoPointsIsSelected)
 TEST(SelectableTextTest, ADoubleClickSelectsTheWordUnderIt)
 {
     const SelectableText text({line("one, two-three", 100, 100)}, picture);
-    for (const auto& [x, word] : {std::pair(101, "one"), std::pair(129, "one"), std::pair(131, ","), std::pair(151, "two"),
-                                  std::pair(179, "two"), std::pair(239, "three")})
+    for (const auto& [x, word] : {std::pair(101, "one"), std::pair(129, "one"), std::pair(131, ","),
+                                  std::pair(151, "two"), std::pair(179, "two"), std::pair(239, "three")})
         EXPECT_EQ(text.text(text.wordAt({double(x), 90})), word) << x;
 }
 

@@ -36,7 +36,7 @@ CardsFeature::CardsFeature(Foundation& foundation, Ports& ports)
       m_controller(services(), m_panels),
       m_hotkeys(foundation.loop, foundation.desktop->keys()),
       m_chords(m_controller, m_hotkeys),
-      m_menus(m_controller, foundation.desktop->programs(),
+      m_menus(m_controller, foundation.desktop->programs(), ports.previews,
               [this](CardQuickAction action) { return m_hotkeys.keysOf(action); })
 {
     m_panels.setController(m_controller);

@@ -13,8 +13,9 @@ QString fileNameOf(const PiledCard& card)
 
 } // namespace
 
-CardMenus::CardMenus(QuickAccessController& cards, FilePrograms& programs, KeysOf keysOf)
-    : m_cards(cards), m_programs(programs), m_keysOf(std::move(keysOf))
+CardMenus::CardMenus(QuickAccessController& cards, FilePrograms& programs, const Port<PicturePreviews>& previews,
+                     KeysOf keysOf)
+    : m_cards(cards), m_programs(programs), m_previews(previews), m_keysOf(std::move(keysOf))
 {
     cards.setElsewhere([this](CardQuickAction action, QUuid card) {
         withFileOf(card, [this, action](const QString& path) { handOver(action, path); });
@@ -58,7 +59,9 @@ void CardMenus::open(QUuid id, QPoint globalPosition)
 
 void CardMenus::handOver(CardQuickAction action, const QString& path)
 {
-    if (action == CardQuickAction::quickLook)
+    if (action == CardQuickAction::quickLook && m_previews)
+        m_previews->show(path);
+    else if (action == CardQuickAction::quickLook)
         m_programs.open(path);
     else if (action == CardQuickAction::openInMail)
         m_programs.mail(path);

@@ -3,6 +3,8 @@
 #include "cards/QuickAccessController.h"
 #include "model/KeyCombo.h"
 #include "platform/FilePrograms.h"
+#include "ports/PicturePreviews.h"
+#include "ports/Port.h"
 
 #include <QPointer>
 
@@ -18,8 +20,9 @@ public:
     // The keys that do an action at the moment; none where it has none.
     using KeysOf = std::function<std::optional<KeyCombo>(CardQuickAction)>;
 
-    // `cards` and `programs` outlive it.
-    CardMenus(QuickAccessController& cards, FilePrograms& programs, KeysOf keysOf);
+    // What is given by reference outlives it. Without previews the program that the user prefers shows pictures.
+    CardMenus(QuickAccessController& cards, FilePrograms& programs, const Port<PicturePreviews>& previews,
+              KeysOf keysOf);
     ~CardMenus();
     CardMenus(const CardMenus&) = delete;
     CardMenus& operator=(const CardMenus&) = delete;
@@ -35,6 +38,7 @@ private:
 
     QuickAccessController& m_cards;
     FilePrograms& m_programs;
+    const Port<PicturePreviews>& m_previews;
     KeysOf m_keysOf;
     QPointer<QMenu> m_menu; // that is open
     Lifeline m_lifeline;

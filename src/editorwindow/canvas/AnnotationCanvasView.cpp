@@ -317,6 +317,11 @@ Point AnnotationCanvasView::imagePoint(QPointF widgetPoint) const
     return m_viewport.toImage(inView(widgetPoint));
 }
 
+QPointF AnnotationCanvasView::widgetPoint(Point imagePoint) const
+{
+    return m_viewport.fromImage(imagePoint) / devicePixelRatioF();
+}
+
 CanvasPointer AnnotationCanvasView::pointer(const QMouseEvent& event, int clicks) const
 {
     const Qt::KeyboardModifiers keys = event.modifiers();

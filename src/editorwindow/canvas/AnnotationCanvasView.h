@@ -39,6 +39,7 @@ public:
 
     // In image points.
     Point imagePoint(QPointF widgetPoint) const;
+    QPointF widgetPoint(Point imagePoint) const;
 
     bool isWriting() const { return m_writing.has_value(); }
 

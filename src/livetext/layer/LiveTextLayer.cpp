@@ -2,6 +2,7 @@
 
 #include "preferences/Settings.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/OverlayTokens.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
 
@@ -10,6 +11,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPathStroker>
 #include <QStyleHints>
 
 namespace Kovrel {
@@ -17,6 +19,7 @@ namespace Kovrel {
 namespace {
 
 constexpr float selectionOpacity = 0.35F;
+constexpr double shadeGap = 3;   // around what can be selected
 constexpr double pillMargin = 8; // to the sides of the widget, and within the pill
 
 bool isNear(QPointF one, QPointF other)
@@ -64,6 +67,12 @@ void LiveTextLayer::clear()
     hide();
 }
 
+void LiveTextLayer::setShaded(bool isShaded)
+{
+    m_isShaded = isShaded;
+    update();
+}
+
 void LiveTextLayer::setPlacement(const QTransform& placement)
 {
     m_toWidget = placement;
@@ -93,13 +102,6 @@ bool LiveTextLayer::selectNone()
     return hadSome;
 }
 
-void LiveTextLayer::copy()
-{
-    const QString text = selection().isEmpty() ? m_text.text(m_text.all()) : selectedText();
-    if (!text.isEmpty())
-        m_doors.copy(text);
-}
-
 // --- The pointer
 
 void LiveTextLayer::mousePressEvent(QMouseEvent* event)
@@ -115,7 +117,8 @@ void LiveTextLayer::mousePressEvent(QMouseEvent* event)
     m_press = Press{event->position(), link};
     if (!isOnText)
         return;
-    if (m_sinceDoubleClick.isValid() && m_sinceDoubleClick.elapsed() < QGuiApplication::styleHints()->mouseDoubleClickInterval()) {
+    if (m_sinceDoubleClick.isValid() &&
+        m_sinceDoubleClick.elapsed() < QGuiApplication::styleHints()->mouseDoubleClickInterval()) {
         select(m_text.lineAt(at));
         m_press.reset();
         return;
@@ -209,8 +212,8 @@ void LiveTextLayer::tellOnce()
 
 bool LiveTextLayer::isOurs(const QKeyEvent& event) const
 {
-    return event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll) ||
-           (event.key() == Qt::Key_Escape && !selection().isEmpty());
+    const bool isOfSelection = event.matches(QKeySequence::Copy) || event.key() == Qt::Key_Escape;
+    return event.matches(QKeySequence::SelectAll) || (isOfSelection && !selection().isEmpty());
 }
 
 // Before the window takes them for itself.
@@ -225,8 +228,8 @@ bool LiveTextLayer::event(QEvent* event)
 
 void LiveTextLayer::keyPressEvent(QKeyEvent* event)
 {
-    if (event->matches(QKeySequence::Copy))
-        copy();
+    if (event->matches(QKeySequence::Copy) && !selection().isEmpty())
+        m_doors.copy(selectedText());
     else if (event->matches(QKeySequence::SelectAll))
         selectAll();
     else if (event->matches(QKeySequence::SelectNextChar) && !m_text.isEmpty())
@@ -265,7 +268,7 @@ void LiveTextLayer::addActions(QMenu& menu, const TextLinks::Link* link)
                        [this, text = link->text] { m_doors.copy(text); });
     menu.addSeparator();
     if (!selection().isEmpty())
-        menu.addAction(tr("Copy"), this, &LiveTextLayer::copy);
+        menu.addAction(tr("Copy"), this, [this, text = selectedText()] { m_doors.copy(text); });
     menu.addAction(tr("Select All"), this, &LiveTextLayer::selectAll);
 }
 
@@ -284,6 +287,8 @@ void LiveTextLayer::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
+    if (m_isShaded)
+        paintShade(painter);
     QColor fill = theme.accent;
     fill.setAlphaF(selectionOpacity);
     painter.setBrush(fill);
@@ -297,6 +302,23 @@ void LiveTextLayer::paintEvent(QPaintEvent*)
     }
     if (const QString text = pillText(); !text.isEmpty())
         paintPill(painter, text);
+}
+
+void LiveTextLayer::paintShade(QPainter& painter) const
+{
+    QPainterPath readable;
+    for (const QPolygonF& shape : m_text.shapes(m_text.all()))
+        readable.addPolygon(m_toWidget.map(shape));
+    for (const TextLinks::Link& link : m_links.all())
+        for (const QPolygonF& shape : link.shapes)
+            readable.addPolygon(m_toWidget.map(shape));
+    readable.setFillRule(Qt::WindingFill);
+    QPainterPathStroker around;
+    around.setWidth(2 * shadeGap);
+    around.setJoinStyle(Qt::RoundJoin);
+    QPainterPath shade;
+    shade.addRect(rect());
+    painter.fillPath(shade.subtracted(readable.united(around.createStroke(readable))), OverlayTokens::shade);
 }
 
 QString LiveTextLayer::pillText() const

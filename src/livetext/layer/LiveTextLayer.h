@@ -14,8 +14,8 @@ class QMenu;
 namespace Kovrel {
 
 // Lies over a picture that a widget shows, and makes the text in it selectable as in a document, and what is an address
-// or a code a link. An address is shown before it is opened. What is done elsewhere than on text goes to the widget below.
-// Main thread.
+// or a code a link. An address is shown before it is opened. What is done elsewhere than on text goes to the widget
+// below. Main thread.
 class LiveTextLayer : public QWidget {
     Q_OBJECT
 
@@ -31,13 +31,13 @@ public:
     // What was read in a picture of that many pixels; nothing is selected then.
     void setReading(const OCRResult& text, const std::vector<QRCode>& codes, QSize picture);
     void clear();
+    // Shades all that is no text, so that it is seen what can be selected.
+    void setShaded(bool isShaded);
     // From pixels of the picture to this widget, which lies where the one below does.
     void setPlacement(const QTransform& placement);
 
     QString selectedText() const { return m_text.text(selection()); }
 
-    // All of it where nothing is selected.
-    void copy();
     void selectAll();
     // False: nothing was selected.
     bool selectNone();
@@ -66,6 +66,7 @@ private:
     bool isOurs(const QKeyEvent& event) const;
     void addActions(QMenu& menu, const TextLinks::Link* link);
     void tellOnce();
+    void paintShade(QPainter& painter) const;
     void paintPill(QPainter& painter, const QString& text) const;
     QString pillText() const;
 
@@ -88,6 +89,7 @@ private:
     const TextLinks::Link* m_hovered = nullptr;
     QElapsedTimer m_sinceDoubleClick;
     bool m_isHintShown = false;
+    bool m_isShaded = false;
 };
 
 } // namespace Kovrel

@@ -1,6 +1,8 @@
 #include "platform/recognisers/TesseractEngine.h"
 
 #include "platform/recognisers/CharacterGrid.h"
+#include "platform/recognisers/CharacterOrder.h"
+#include "platform/recognisers/CharacterPlaces.h"
 #include "platform/recognisers/LanguageData.h"
 
 #include <QCoreApplication>
@@ -127,12 +129,19 @@ public:
         if (qsizetype(m_run.characterBoxes.size()) != graphemeCount(m_run.text))
             m_run.characterBoxes.clear();
         else
-            CharacterGrid::closeFalseGaps(m_run.text, m_run.characterBoxes);
+            putCharactersInPlace();
         return std::move(m_run);
     }
 
 private:
     static constexpr QChar bullet{0x2022};
+
+    void putCharactersInPlace()
+    {
+        CharacterGrid::closeFalseGaps(m_run.text, m_run.characterBoxes);
+        CharacterOrder::dropStrays(m_run.text, m_run.characterBoxes);
+        CharacterPlaces::followInk(m_run.text, m_ink, m_run.characterBoxes);
+    }
 
     // The models know no bullets and see letters in them.
     bool isBullet(const QString& text, const tesseract::ResultIterator& at, const QRectF& box) const

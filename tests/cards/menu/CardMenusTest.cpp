@@ -30,7 +30,7 @@ struct CardMenusTest : testing::Test {
         {fake.loop, fake.workers, fake.preferences, fake.desktop.displays(), fake.ports, fake.folder / "tmp"}, views};
     CardChordHotkeys hotkeys{fake.loop, fake.desktop.keys()};
     CardChordActions chords{cards, hotkeys};
-    std::optional<CardMenus> menus{std::in_place, cards, programs,
+    std::optional<CardMenus> menus{std::in_place, cards, programs, fake.ports.previews,
                                    [this](CardQuickAction action) { return hotkeys.keysOf(action); }};
     QUuid unsaved = present({});
     QString file = fake.folder / "mine.png";
@@ -82,6 +82,21 @@ TEST_F(CardMenusTest, FilesAreHandedToTheirProgramsAlsoThoseThatAreMadeForIt)
     menus.reset();
     EXPECT_FALSE(cards.canPerform(quickLook));
     EXPECT_FALSE(menu());
+}
+
+TEST_F(CardMenusTest, PicturesAreShownByOurselvesWhereWeCan)
+{
+    struct Previews : PicturePreviews {
+        void show(const QString& path) override { shown << path; }
+
+        QStringList shown;
+    } previews;
+
+    fake.ports.previews.offer(previews);
+    cards.perform(CardQuickAction::quickLook, saved);
+    settle();
+    EXPECT_EQ(previews.shown, QStringList(file));
+    EXPECT_TRUE(programs.handedOver.isEmpty());
 }
 
 TEST_F(CardMenusTest, AMenuHoldsTheCountdownsOfItsPileUntilItCloses)
