@@ -17,7 +17,7 @@ public:
     using Completion = ColorCompletion;
 
     struct Services {
-        LoupeSession::Platform platform;
+        AimSession::Platform platform;
         ScreenPixels& pixels;
         ColorSampler& sampler;
         const Ports& ports;

@@ -19,24 +19,22 @@ namespace {
 
 constexpr int swatchSide = 48; // pixels
 
-OverlaySession::Services overlayOf(Foundation& foundation)
+AimSession::Platform aimOf(Foundation& foundation)
 {
     Desktop& desktop = *foundation.desktop;
-    return {foundation.loop, desktop.displays(), desktop.keys(), desktop.lock(), desktop.overlay()};
+    return {{foundation.loop, desktop.displays(), desktop.keys(), desktop.lock(), desktop.overlay()},
+            desktop.pointer()};
 }
 
 ColorLoupeController::Services loupeServices(Foundation& foundation, const Ports& ports)
 {
     Desktop& desktop = *foundation.desktop;
-    return {{overlayOf(foundation), desktop.pointer()}, desktop.pixels(), desktop.colorSampler(), ports};
+    return {aimOf(foundation), desktop.pixels(), desktop.colorSampler(), ports};
 }
 
 MeasureController::Services measureServices(Foundation& foundation, const Ports& ports)
 {
-    Desktop& desktop = *foundation.desktop;
-    return {{overlayOf(foundation), foundation.workers, desktop.pointer(), foundation.preferences},
-            desktop.pixels(),
-            ports};
+    return {{aimOf(foundation), foundation.workers, foundation.preferences}, foundation.desktop->pixels(), ports};
 }
 
 QString tr(const char* text)

@@ -2,11 +2,7 @@
 
 #include "model/VirtualKeys.h"
 #include "model/text/MeasureText.h"
-#include "overlay/OverlayKeys.h"
-#include "overlay/SelectionCursor.h"
-#include "platform/Displays.h"
 #include "platform/Guarded.h"
-#include "platform/Pointer.h"
 #include "platform/ReplyFromWorker.h"
 #include "preferences/Preferences.h"
 
@@ -24,22 +20,16 @@ QString tr(const char* text)
 } // namespace
 
 MeasureSession::MeasureSession(Platform platform, Handlers handlers)
-    : m_platform(platform),
-      m_handlers(std::move(handlers)),
-      m_overlay(platform.overlay, "measuring", keys(), overlayHandlers())
+    : m_platform(platform), m_handlers(std::move(handlers)), m_session(platform.aim, "measuring", keys(), aimHandlers())
 {
-    askForPointer();
 }
 
 std::vector<OverlaySession::Key> MeasureSession::keys()
 {
-    std::vector<OverlaySession::Key> keys = OverlayKeys::arrows([this](QPoint step, KeyGrabs::Press) { moveBy(step); });
+    std::vector<OverlaySession::Key> keys;
     const auto add = [&](quint32 key, const std::function<void()>& act) {
         keys.push_back({key, [act](KeyGrabs::Press) { act(); }});
     };
-    add(VirtualKeys::escape, [this] { cancel(); });
-    add(VirtualKeys::returnKey, [this] { take(); });
-    add(VirtualKeys::enter, [this] { take(); });
     add(VirtualKeys::u, [this] { switchUnit(); });
     for (const quint32 more : {VirtualKeys::equal, VirtualKeys::keypadAdd})
         add(more, [this] { changeTolerance(1); });
@@ -48,62 +38,42 @@ std::vector<OverlaySession::Key> MeasureSession::keys()
     return keys;
 }
 
-OverlaySession::Handlers MeasureSession::overlayHandlers()
+AimSession::Handlers MeasureSession::aimHandlers()
 {
     return {
-        .onOpened = [this](const OverlaySurfaces::Opened& opened) { this->opened(opened); },
+        .onFrozen =
+            [this](const Display& display, const QImage& image) {
+                prepare(display, image);
+                noteHint();
+            },
         .onPointer = [this](const OverlayPointer& pointer) { pointerChanged(pointer); },
-        .onInputsHandled = [this] { update(); },
-        .onDesktopSwitch = [] {},
-        .onCancelled = [this](const QString& failure) { cancel(failure); },
+        .onTake = [this] { take(); },
+        .onChanged = [this] { update(); },
+        .onCancelled = m_handlers.onCancelled,
     };
 }
 
-void MeasureSession::open()
-{
-    m_overlay.open({.cursor = [](const Display& display) { return SelectionCursor::crosshair(display.scale); }});
-    m_overlay.takeKeys();
-}
-
-void MeasureSession::askForPointer()
-{
-    m_platform.pointer.position(m_lifeline.guard([this](std::optional<PointerPosition> position) {
-        if (m_aim.pointer() || !position)
-            return;
-        m_aim.point(position->rootPixel, false);
-        update();
-    }));
-}
-
-void MeasureSession::opened(const OverlaySurfaces::Opened& opened)
-{
-    const DisplayList displays = m_platform.overlay.displays.all();
-    for (const FrozenScreen& screen : opened.screens)
-        if (const Display* display = displayWithID(displays, screen.displayID))
-            prepare(screen, *display);
-    noteHint();
-}
-
-void MeasureSession::prepare(const FrozenScreen& screen, const Display& display)
+void MeasureSession::prepare(const Display& display, const QImage& image)
 {
     using Sampler = std::shared_ptr<const MeasureSampler>;
-    const auto job = [image = screen.image]() -> Sampler { return std::make_shared<MeasureSampler>(image); };
+    const auto job = [image]() -> Sampler { return std::make_shared<MeasureSampler>(image); };
     const auto prepared = [this, display](const Sampler& sampler) {
         if (!sampler)
             return;
         m_aim.add({display, sampler});
         update();
     };
-    replyFromWorker<Sampler>(m_platform.overlay.loop, m_platform.workers, Lane::capture,
+    replyFromWorker<Sampler>(m_platform.aim.overlay.loop, m_platform.workers, Lane::capture,
                              Guarded::orElse(job, Sampler()), m_lifeline.guard(prepared));
 }
 
-// Once, and then never again.
+// In one session, and then never again.
 void MeasureSession::noteHint()
 {
-    m_showsHint = !m_platform.preferences.get(Settings::measureHintSeen);
-    if (m_showsHint)
-        m_platform.preferences.set(Settings::measureHintSeen, true);
+    if (m_platform.preferences.get(Settings::measureHintSeen))
+        return;
+    m_showsHint = true;
+    m_platform.preferences.set(Settings::measureHintSeen, true);
 }
 
 // --- What the user does
@@ -116,7 +86,7 @@ void MeasureSession::pointerChanged(const OverlayPointer& pointer)
         m_aim.point(pointer.rootPixel, pointer.isAltDown);
         break;
     case OverlayPointer::Kind::press:
-        pressed(pointer);
+        m_aim.press(pointer.rootPixel);
         break;
     case OverlayPointer::Kind::release:
         if (pointer.button == Qt::LeftButton && m_aim.release(pointer.rootPixel, pointer.isAltDown))
@@ -126,21 +96,6 @@ void MeasureSession::pointerChanged(const OverlayPointer& pointer)
         changeTolerance(pointer.scrolled);
         break;
     }
-}
-
-void MeasureSession::pressed(const OverlayPointer& pointer)
-{
-    if (pointer.button == Qt::LeftButton)
-        m_aim.press(pointer.rootPixel);
-    else
-        cancel();
-}
-
-// The pointer goes there, and what is measured follows it as always.
-void MeasureSession::moveBy(QPoint step)
-{
-    if (const auto pointer = m_aim.pointer())
-        m_platform.overlay.surfaces.movePointer(*pointer + step);
 }
 
 void MeasureSession::changeTolerance(int steps)
@@ -169,18 +124,12 @@ void MeasureSession::take()
     onTaken(MeasureText::size(shown->size(), unit(), shown->display.scale));
 }
 
-void MeasureSession::cancel(const QString& failure)
-{
-    if (const auto onCancelled = std::exchange(m_handlers.onCancelled, nullptr))
-        onCancelled(failure);
-}
-
 // --- What is shown
 
 void MeasureSession::update()
 {
     const auto shown = m_aim.shown();
-    m_overlay.show([&](const Display& display) {
+    m_session.show([&](const Display& display) {
         if (!shown || shown->display.id != display.id)
             return OverlayScene();
         return MeasureScene::of(display, {shown->cross, shown->rect, unit(), hint()});

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "overlay/OverlaySession.h"
+#include "picking/AimSession.h"
 #include "picking/measure/MeasureAim.h"
 #include "picking/measure/MeasureScene.h"
 
 namespace Kovrel {
 
-class Pointer;
 class Preferences;
 class Workers;
 
@@ -15,9 +14,8 @@ class Workers;
 class MeasureSession {
 public:
     struct Platform {
-        OverlaySession::Services overlay;
+        AimSession::Platform aim;
         Workers& workers;
-        Pointer& pointer;
         Preferences& preferences;
     };
 
@@ -31,23 +29,18 @@ public:
     MeasureSession(Platform platform, Handlers handlers);
 
     // Freezes the displays and covers them.
-    void open();
+    void open() { m_session.open(); }
 
 private:
     std::vector<OverlaySession::Key> keys();
-    OverlaySession::Handlers overlayHandlers();
-    void askForPointer();
-    void opened(const OverlaySurfaces::Opened& opened);
-    void prepare(const FrozenScreen& screen, const Display& display);
+    AimSession::Handlers aimHandlers();
+    void prepare(const Display& display, const QImage& image);
     void noteHint();
 
     void pointerChanged(const OverlayPointer& pointer);
-    void pressed(const OverlayPointer& pointer);
-    void moveBy(QPoint step);
     void changeTolerance(int steps);
     void switchUnit();
     void take();
-    void cancel(const QString& failure = {});
 
     void update();
     QString hint() const;
@@ -58,7 +51,7 @@ private:
     MeasureAim m_aim;
     bool m_showsHint = false;
     bool m_showsTolerance = false; // after it was changed, until the pointer moves on
-    OverlaySession m_overlay;
+    AimSession m_session;
     Lifeline m_lifeline;
 };
 

@@ -40,13 +40,12 @@ struct MeasureControllerTest : testing::Test {
         root.fill(Qt::white);
         QPainter(&root).fillRect(button, Qt::darkGreen);
         desktop.pixels().root = root;
-        measuring = std::make_unique<MeasureController>(
-            MeasureController::Services{{{loop, desktop.displays(), desktop.keys(), desktop.lock(), desktop.overlay()},
-                                         workers,
-                                         desktop.pointer(),
-                                         preferences},
-                                        desktop.pixels(),
-                                        ports});
+        measuring = std::make_unique<MeasureController>(MeasureController::Services{
+            {{{loop, desktop.displays(), desktop.keys(), desktop.lock(), desktop.overlay()}, desktop.pointer()},
+             workers,
+             preferences},
+            desktop.pixels(),
+            ports});
     }
 
     void settle()
