@@ -150,8 +150,8 @@ CommandSpec codesCommand()
 OptionSpec colorFormat()
 {
     return {.name = "format",
-            .value = "F",
-            .meaning = "how the colour is written: hex, which is usual, rgb, hsl or oklch",
+            .value = "hex|rgb|hsl|oklch",
+            .meaning = "how the colour is written; hex unless told otherwise",
             .takes = "hex, rgb, hsl or oklch",
             .makesSense = OptionValues::isColorFormat};
 }
@@ -184,8 +184,8 @@ CommandSpec measureCommand()
         .operands = "[FILE X Y]",
         .meaning = "the first and last of the like pixels around one, and how many they are; the screen without a file",
         .options = {{.name = "axis",
-                     .value = "A",
-                     .meaning = "along which they are: horizontal, which is usual, or vertical",
+                     .value = "horizontal|vertical",
+                     .meaning = "along which they are; horizontal unless told otherwise",
                      .takes = "horizontal or vertical",
                      .makesSense = OptionValues::isAxis},
                     {.name = "tolerance",

@@ -100,6 +100,8 @@ TEST_F(PickingTest, WhatCancelsItPicksNothingAndTheNextOneWorks)
     begin();
     painted.click({1000, 400});
     EXPECT_EQ(result(), colorAt({1000, 400}));
+    session.kovrel({"sign-out"});
+    EXPECT_EQ(session.kovrel({"pick-color"}).exitCode, 3) << "refused";
 }
 
 TEST_F(PickingTest, ACaptureEndsItAndHasNoLoupeInIt)
