@@ -25,18 +25,23 @@ endfunction()
 
 # kovrel_plugin(NAME FOLDER files... USES folders... LINKS packages...)
 #
-# A library that is loaded when it is needed first. Of its folder it has the files that are named.
+# A library that is loaded when it is needed first. Of its folder it has the files that are named. It comes with the
+# program, or with the PACKAGE that is named, of those in packaging/Packages.cmake.
 function(kovrel_plugin name folder)
-  cmake_parse_arguments(ARG "" "" "USES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "PACKAGE" "USES;LINKS" ${ARGN})
   string(REPLACE "/" "_" uses "${ARG_USES}")
   add_library(${name} MODULE ${ARG_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PRIVATE kovrel_settings ${uses} ${ARG_LINKS})
   set_target_properties(${name} PROPERTIES
     CXX_VISIBILITY_PRESET hidden
+    NO_SONAME ON
     LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/kovrel)
   kovrel_reuse_pch(${name} pch_core)
   kovrel_declare_arrows(${folder} FALSE ${ARG_USES})
-  install(TARGETS ${name} LIBRARY DESTINATION lib/kovrel)
+  if(NOT ARG_PACKAGE)
+    set(ARG_PACKAGE program)
+  endif()
+  install(TARGETS ${name} LIBRARY DESTINATION lib/kovrel COMPONENT ${ARG_PACKAGE})
 endfunction()
 
 # A line "FOLDER [widgets]: folders..." for `scripts/check-includes`.
