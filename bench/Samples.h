@@ -24,6 +24,8 @@ public:
 
     double best() const { return m_values.front(); }
 
+    double worst() const { return m_values.back(); }
+
     double median() const { return m_values[m_values.size() / 2]; }
 
 private:

@@ -203,7 +203,8 @@ void measureMoves(const QByteArray& displayName, int rounds)
     X11Overlay overlay(reader, X11Visuals::read(*connection));
     const auto opened = overlay.open({{display, {}}}, OverlaySurfaces::Ground::frozen, OverlayPainter::shade());
     WaitingSurfaces surfaces(overlay, *connection);
-    OverlayView view(surfaces, display, opened->screens.front().image, OverlaySurfaces::Ground::frozen);
+    OverlayView view(surfaces, display,
+                     {opened->screens.front().image, OverlaySurfaces::Ground::frozen, OverlayPainter::shade()});
     Bench::Samples moves;
     Bench::Samples wholes;
     for (int round = 0; round < rounds; ++round) {

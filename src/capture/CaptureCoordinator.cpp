@@ -64,6 +64,8 @@ void CaptureCoordinator::capture(CaptureRequest request)
 
 void CaptureCoordinator::startRun(CaptureRequest request)
 {
+    // What the loupe covered may not be painted again yet.
+    request.options.waitsForRepaint |= abandonColorPicking();
     if (!ensureScreenAccess()) {
         if (m_activeRuns == 0)
             m_services.ports.history.tell(&CaptureHistory::scheduleIdleIndex);
@@ -141,7 +143,7 @@ void CaptureCoordinator::cancel(quint64 requestID)
 bool CaptureCoordinator::ensureScreenAccess()
 {
     const Ports& ports = m_services.ports;
-    ports.colorPicking.tell(&ColorPicking::abandon);
+    abandonColorPicking();
     if (!ports.account || ports.account->isSignedIn()) {
         ports.account.tell(&AccountStatus::refreshCredentials, credentialsMaxAge);
         return ensurePermission();
@@ -151,6 +153,12 @@ bool CaptureCoordinator::ensureScreenAccess()
     else
         ports.help.tell(&HelpWindows::showOnboarding, true);
     return false;
+}
+
+bool CaptureCoordinator::abandonColorPicking()
+{
+    const Port<ColorPicking>& picking = m_services.ports.colorPicking;
+    return picking && picking->abandon();
 }
 
 bool CaptureCoordinator::ensurePermission()

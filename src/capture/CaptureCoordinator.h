@@ -31,8 +31,7 @@ public:
 
     void capture(CaptureRequest request);
 
-    // Closes a showing overlay as if Escape had been pressed.
-    void cancelAim();
+    void cancelAim() override;
 
     bool isCountingDown() const override { return m_selfTimer.isCountingDown(); }
 
@@ -42,8 +41,7 @@ public:
 
     bool hasLastArea() const { return m_lastArea.has_value(); }
 
-    // Whether one may capture now; shows what helps when one may not.
-    bool ensureScreenAccess();
+    bool ensureScreenAccess() override;
 
     void reopenClosed(std::function<void(bool)> reply) override;
     void presentFromHistory(QUuid id, std::function<void(bool)> reply) override;
@@ -59,6 +57,7 @@ private:
     void arbitrateWithoutOverlay(CaptureRequest request);
     void arbitrateWithOverlay(CaptureRequest request);
     bool ensurePermission();
+    bool abandonColorPicking();
 
     QCoro::Task<> run(Run run);
     QCoro::Task<> dispatch(Run run);

@@ -64,8 +64,7 @@ std::string CommandHelp::usage()
 {
     std::string text = "usage: kovrel [--background]\n";
     for (const CommandSpec& command : CommandTable::commands())
-        if (command.isOnCommandLine)
-            text += "       kovrel " + synopsis(command) + "\n              " + command.meaning + "\n";
+        text += "       kovrel " + synopsis(command) + "\n              " + command.meaning + "\n";
     return text + "       kovrel kovrel://\u2026\n       kovrel --help | --version\n";
 }
 
@@ -81,8 +80,7 @@ std::string CommandHelp::manualSynopsis()
 {
     std::string text = ".B kovrel\n[\\-\\-background]\n";
     for (const CommandSpec& command : CommandTable::commands())
-        if (command.isOnCommandLine)
-            text += ".br\n" + manualLines(command);
+        text += ".br\n" + manualLines(command);
     return text;
 }
 

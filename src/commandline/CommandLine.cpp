@@ -103,9 +103,10 @@ private:
 
     Error takeOperand(const std::string& argument)
     {
-        if (m_spec.operandsArePaths && isLost(argument))
+        const bool isPath = m_command.operands.size() < m_spec.pathOperands;
+        if (isPath && isLost(argument))
             return lostPath(argument);
-        m_command.operands.push_back(m_spec.operandsArePaths ? absolute(argument, m_directory) : argument);
+        m_command.operands.push_back(isPath ? absolute(argument, m_directory) : argument);
         return std::nullopt;
     }
 
@@ -192,7 +193,7 @@ std::expected<Command, std::string> CommandLine::parse(const std::vector<std::st
         if (auto command = standingAlone(arguments.front()))
             return *command;
     const CommandSpec* spec = CommandTable::find(arguments.front());
-    if (!spec || !spec->isOnCommandLine)
+    if (!spec)
         return std::unexpected("unknown command \"" + arguments.front() + "\"");
     return Parser(*spec, std::span(arguments).subspan(1), directory).parse();
 }
@@ -200,7 +201,11 @@ std::expected<Command, std::string> CommandLine::parse(const std::vector<std::st
 bool CommandLine::runsWithoutInstance(const Command& command)
 {
     const CommandSpec* spec = CommandTable::find(command.name);
-    return spec && spec->runs != CommandSpec::Runs::inInstance;
+    if (!spec)
+        return false;
+    if (spec->runs == CommandSpec::Runs::byOperands)
+        return !command.operands.empty();
+    return spec->runs != CommandSpec::Runs::inInstance;
 }
 
 } // namespace Kovrel

@@ -22,6 +22,24 @@ std::vector<std::string> pictureModes()
 
 const char* const outputTakes = "a file ending in .png, .jpeg, .heic or .tiff";
 
+// FILE X Y.
+std::optional<std::string> placeError(const Command& command)
+{
+    for (size_t place = 1; place < command.operands.size(); ++place)
+        if (!OptionValues::isWholeNumber(command.operands[place]))
+            return "X and Y are whole numbers, not \"" + command.operands[place] + '"';
+    return std::nullopt;
+}
+
+// [FILE X Y]. Without a file the screen is measured, and the user says the rest there.
+std::optional<std::string> measureError(const Command& command)
+{
+    if (command.operands.empty())
+        return command.options.empty() ? std::nullopt
+                                       : std::optional("--" + command.options.begin()->first + " goes with a file");
+    return command.operands.size() == 3 ? placeError(command) : "measure takes a file, X and Y, or nothing";
+}
+
 CommandSpec captureCommand()
 {
     return {
@@ -99,7 +117,7 @@ CommandSpec annotateCommand()
                      .isRequired = true}},
         .minOperands = 1,
         .maxOperands = 1,
-        .operandsArePaths = true,
+        .pathOperands = 1,
         .runs = Runs::drawing,
     };
 }
@@ -113,7 +131,7 @@ CommandSpec textCommand()
                         {.name = "json", .meaning = "print a JSON object instead"}},
             .minOperands = 1,
             .maxOperands = 1,
-            .operandsArePaths = true,
+            .pathOperands = 1,
             .runs = Runs::whereAsked};
 }
 
@@ -125,8 +143,66 @@ CommandSpec codesCommand()
             .options = {{.name = "json", .meaning = "print a JSON array instead"}},
             .minOperands = 1,
             .maxOperands = 1,
-            .operandsArePaths = true,
+            .pathOperands = 1,
             .runs = Runs::whereAsked};
+}
+
+OptionSpec colorFormat()
+{
+    return {.name = "format",
+            .value = "hex|rgb|hsl|oklch",
+            .meaning = "how the colour is written; hex unless told otherwise",
+            .takes = "hex, rgb, hsl or oklch",
+            .makesSense = OptionValues::isColorFormat};
+}
+
+CommandSpec pickColorCommand()
+{
+    return {.name = "pick-color",
+            .meaning = "the colour that you point at on the screen",
+            .options = {colorFormat()},
+            .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Pick Color"), "pick-color", {"pick-color"}, pickColor, true}}};
+}
+
+CommandSpec colorCommand()
+{
+    return {.name = "color",
+            .operands = "FILE X Y",
+            .meaning = "the colour of a pixel, counted from the top left of a picture",
+            .options = {colorFormat()},
+            .minOperands = 3,
+            .maxOperands = 3,
+            .pathOperands = 1,
+            .operandError = placeError,
+            .runs = Runs::whereAsked};
+}
+
+CommandSpec measureCommand()
+{
+    return {
+        .name = "measure",
+        .operands = "[FILE X Y]",
+        .meaning = "the first and last of the like pixels around one, and how many they are; the screen without a file",
+        .options = {{.name = "axis",
+                     .value = "horizontal|vertical",
+                     .meaning = "along which they are; horizontal unless told otherwise",
+                     .takes = "horizontal or vertical",
+                     .makesSense = OptionValues::isAxis},
+                    {.name = "tolerance",
+                     .value = "N",
+                     .meaning = "how far red, green and blue may each be from the pixel's; 24 unless told otherwise",
+                     .takes = "0 to 255",
+                     .makesSense = OptionValues::isTolerance},
+                    {.name = "edge-floor",
+                     .value = "N",
+                     .meaning = "ends also at edges within the tolerance whose step is larger than this",
+                     .takes = "0 to 765",
+                     .makesSense = OptionValues::isEdgeFloor}},
+        .maxOperands = 3,
+        .pathOperands = 1,
+        .operandError = measureError,
+        .runs = Runs::byOperands,
+        .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Measure Screen"), "measure", {"measure"}, measure}}};
 }
 
 CommandSpec historyCommand()
@@ -204,22 +280,22 @@ const std::vector<CommandSpec>& table()
          .meaning = "pictures, in the editor",
          .minOperands = 1,
          .maxOperands = 1000,
-         .operandsArePaths = true},
+         .pathOperands = 1000},
         {.name = "pin",
          .operands = "FILE",
          .meaning = "a picture, above all windows",
          .minOperands = 1,
          .maxOperands = 1,
-         .operandsArePaths = true},
+         .pathOperands = 1},
         {.name = "sign-in",
          .meaning = "use the account kept on this computer",
          .options = {{.name = "local", .meaning = "the only account that there is", .isRequired = true}},
          .runs = Runs::whereAsked},
         {.name = "sign-out", .meaning = "forget the account", .runs = Runs::whereAsked},
         {.name = "quit", .meaning = "end the running program"},
-        {.name = "pick-color",
-         .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Pick Color"), "pick-color", {"pick-color"}, pickColor, true}},
-         .isOnCommandLine = false},
+        pickColorCommand(),
+        colorCommand(),
+        measureCommand(),
         {.name = "recent",
          .meaning = "the window with recorded captures",
          .options = {{.name = "strip", .meaning = "one row along the edge of the screen instead"}},

@@ -39,6 +39,7 @@ struct CommandSpec {
         inInstance, // of the program in the tray, which is started where there is none
         whereAsked, // in a process of its own where Kovrel is not running, without a display
         drawing,    // likewise, but with fonts
+        byOperands, // with operands `whereAsked`, without any `inInstance`
     };
 
     const char* name;
@@ -47,14 +48,13 @@ struct CommandSpec {
     std::vector<OptionSpec> options{};
     size_t minOperands = 0;
     size_t maxOperands = 0;
-    bool operandsArePaths = false;
+    size_t pathOperands = 0;            // so many of them, from the first one on, are paths
     const char* choiceName = nullptr;   // what the first operand is called when it is none of the choices
     std::vector<std::string> choices{}; // of the first operand; empty: anything
     // What is wrong with the operands, in one line.
     std::optional<std::string> (*operandError)(const Command&) = nullptr;
     Runs runs = Runs::inInstance;
     std::vector<MenuEntry> menu{};
-    bool isOnCommandLine = true; // else it is only in the menu
 };
 
 // Everything that Kovrel can be asked to do. The parser, `--help`, the synopsis of the manual page, the completions of

@@ -15,8 +15,7 @@ Words firstWords()
 {
     Words words;
     for (const CommandSpec& command : CommandTable::commands())
-        if (command.isOnCommandLine)
-            words.emplace_back(command.name);
+        words.emplace_back(command.name);
     words.insert(words.end(), {"--background", "--help", "--version"});
     return words;
 }
@@ -50,7 +49,7 @@ size_t operandsBeforeLast(const CommandSpec& command, const Words& words)
 
 Words operandsAt(const CommandSpec& command, size_t place, const Words& words)
 {
-    if (command.operandsArePaths)
+    if (place < command.pathOperands)
         return {files};
     if (place == 0 && !command.choices.empty())
         return command.choices;

@@ -14,6 +14,7 @@ enum class HotkeyAction {
     pickColor,
     reopenClosedCapture,
     history,
+    measure,
 };
 
 } // namespace Kovrel

@@ -25,6 +25,11 @@ std::string fileExtension(const std::string& path)
     return dot == std::string::npos ? std::string() : lower(name.substr(dot + 1));
 }
 
+bool isWholeNumberUpTo(const std::string& text, int most)
+{
+    return OptionValues::isWholeNumber(text) && std::stoi(text) >= 0 && std::stoi(text) <= most;
+}
+
 } // namespace
 
 std::optional<std::vector<double>> OptionValues::numbers(const std::string& text, size_t count)
@@ -67,6 +72,32 @@ bool OptionValues::isSubject(const std::string& text)
 {
     const auto five = numbers(text, 5);
     return five && (*five)[2] > 0 && (*five)[3] > 0 && (*five)[4] >= 0;
+}
+
+bool OptionValues::isWholeNumber(const std::string& text)
+{
+    const auto one = numbers(text, 1);
+    return one && std::trunc(one->front()) == one->front() && text.find_first_of(".eE") == std::string::npos;
+}
+
+bool OptionValues::isColorFormat(const std::string& text)
+{
+    return text == "hex" || text == "rgb" || text == "hsl" || text == "oklch";
+}
+
+bool OptionValues::isAxis(const std::string& text)
+{
+    return text == "horizontal" || text == "vertical";
+}
+
+bool OptionValues::isTolerance(const std::string& text)
+{
+    return isWholeNumberUpTo(text, 255);
+}
+
+bool OptionValues::isEdgeFloor(const std::string& text)
+{
+    return isWholeNumberUpTo(text, 3 * 255);
 }
 
 bool OptionValues::isScale(const std::string& text)

@@ -35,8 +35,11 @@ MarkStyle possibleStyle(const EditorSession& session)
 
 } // namespace
 
-EditorTopBar::EditorTopBar(EditorSession& session, Preferences& preferences)
-    : m_session(session), m_layout(new QHBoxLayout(this)), m_style(new StylePanel(preferences)), m_zoom(new QLabel)
+EditorTopBar::EditorTopBar(EditorSession& session, Preferences& preferences, ColorPick pick)
+    : m_session(session),
+      m_layout(new QHBoxLayout(this)),
+      m_style(new StylePanel(preferences, std::move(pick))),
+      m_zoom(new QLabel)
 {
     m_layout->setContentsMargins(Spacing::medium, Spacing::small, Spacing::medium, Spacing::small);
     m_layout->setSpacing(Spacing::tight);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/session/EditorSession.h"
+#include "model/ColorPick.h"
 
 #include <QWidget>
 
@@ -19,7 +20,7 @@ class EditorTopBar : public QWidget {
 
 public:
     // Both outlive it.
-    EditorTopBar(EditorSession& session, Preferences& preferences);
+    EditorTopBar(EditorSession& session, Preferences& preferences, ColorPick pick);
 
     // Shows what can be done and chosen now.
     void follow();

@@ -11,6 +11,7 @@
 #include "editorwindow/tools/ToolPalette.h"
 #include "platform/FilePanel.h"
 #include "ports/CaptureDelivery.h"
+#include "ports/ColorPicking.h"
 #include "ports/Toasts.h"
 #include "ui/controls/AccessibleRole.h"
 
@@ -46,7 +47,7 @@ EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened open
       m_sources(services, m_session, *m_canvas),
       m_intake(services, m_session, *m_canvas),
       m_handout(services, m_session, m_keeping),
-      m_top(new EditorTopBar(m_session, services.preferences)),
+      m_top(new EditorTopBar(m_session, services.preferences, ColorPicking::offeredBy(services.ports.colorPicking))),
       m_tools(new ToolPalette),
       m_middle(new QHBoxLayout),
       m_crop(new CropBar(m_session, services.preferences, services.loop, services.workers))
@@ -256,7 +257,8 @@ void EditorWindow::tellSaved(const SaveOutcome& outcome)
 void EditorWindow::toggleBackdrop()
 {
     if (!m_backdrop) {
-        m_backdrop = new BackdropPanel(m_session, m_services.preferences, m_services.loop, m_services.workers);
+        m_backdrop = new BackdropPanel(m_session, m_services.preferences, m_services.loop, m_services.workers,
+                                       ColorPicking::offeredBy(m_services.ports.colorPicking));
         m_backdrop->hide();
         m_middle->addWidget(m_backdrop);
     }

@@ -25,6 +25,8 @@ const SettingKey<Hotkey>& HotkeySettings::keyOf(HotkeyAction action)
         return Settings::hotkeyReopenClosedCapture;
     case HotkeyAction::history:
         return Settings::hotkeyHistory;
+    case HotkeyAction::measure:
+        return Settings::hotkeyMeasure;
     }
     Q_UNREACHABLE();
 }

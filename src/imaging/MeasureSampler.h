@@ -11,6 +11,11 @@ namespace Kovrel {
 // borders. Alpha counts for nothing. Made off the main thread, since it may copy the pixels; asked on any.
 class MeasureSampler {
 public:
+    // What people take for one thing: levels of a channel by which a gradient may drift within it; red, green and blue
+    // together, of which borders that are fainter are not seen.
+    static constexpr int usualTolerance = 24;
+    static constexpr int usualEdgeFloor = 12;
+
     // Horizontal lines are rows, and `cross` is their y; vertical ones are columns, and `cross` is their x.
     enum class Axis {
         horizontal,

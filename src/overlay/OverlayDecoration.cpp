@@ -1,6 +1,7 @@
 #include "overlay/OverlayDecoration.h"
 
 #include "overlay/OverlayMetrics.h"
+#include "ui/tokens/OverlayTokens.h"
 
 namespace Kovrel {
 
@@ -9,7 +10,6 @@ namespace {
 // In points.
 constexpr double areaLine = 1.5;
 constexpr double windowLine = 3;
-constexpr double shadowReach = 10;
 
 QRect grown(const QRect& rect, int by)
 {
@@ -29,12 +29,17 @@ QRegion OverlayDecoration::region() const
     case Kind::areaFrame:
     case Kind::windowFrame:
         return QRegion(grown(rect, lineWidth())) - rect;
+    case Kind::guide:
+        return grown(rect, 1);
     case Kind::handle:
         return rect;
     case Kind::sizeLabel:
     case Kind::hint:
+    case Kind::colorLabel:
+        return grown(rect, OverlayMetrics::pixels(OverlayTokens::pillShadowReach + 2, scale));
     case Kind::magnifier:
-        return grown(rect, OverlayMetrics::pixels(shadowReach, scale));
+    case Kind::loupe:
+        return grown(rect, OverlayMetrics::pixels(OverlayTokens::shadowReach + 2, scale));
     }
     Q_UNREACHABLE();
 }

@@ -1,5 +1,6 @@
 #include "overlay/OverlayMetrics.h"
 
+#include "overlay/OverlayPlacement.h"
 #include "ui/tokens/OverlayTokens.h"
 
 #include <QFontDatabase>
@@ -19,12 +20,12 @@ struct Pill {
     double height;
 };
 
-constexpr Pill label{OverlayTokens::labelText, OverlayTokens::labelPadding, OverlayTokens::labelHeight};
-constexpr Pill hint{OverlayTokens::hintText, OverlayTokens::hintPadding, OverlayTokens::hintHeight};
+constexpr Pill labelPill{OverlayTokens::labelText, OverlayTokens::labelPadding, OverlayTokens::labelHeight};
+constexpr Pill hintPill{OverlayTokens::hintText, OverlayTokens::hintPadding, OverlayTokens::hintHeight};
 
 const Pill& pillOf(OverlayDecoration::Kind kind)
 {
-    return kind == OverlayDecoration::Kind::hint ? hint : label;
+    return kind == OverlayDecoration::Kind::hint ? hintPill : labelPill;
 }
 
 } // namespace
@@ -47,7 +48,22 @@ QFont OverlayMetrics::pillFont(OverlayDecoration::Kind kind, double scale)
 QSize OverlayMetrics::pillSize(OverlayDecoration::Kind kind, const QString& text, double scale)
 {
     const double width = QFontMetricsF(pillFont(kind, scale)).horizontalAdvance(text);
-    return {int(std::ceil(width + 2 * pillOf(kind).padding * scale)), int(std::lround(pillOf(kind).height * scale))};
+    const double swatch = kind == OverlayDecoration::Kind::colorLabel ? swatchWidth(scale) : 0;
+    return {int(std::ceil(width + swatch + 2 * pillOf(kind).padding * scale)),
+            int(std::lround(pillOf(kind).height * scale))};
+}
+
+double OverlayMetrics::swatchWidth(double scale)
+{
+    return (OverlayTokens::swatch + OverlayTokens::swatchGap) * scale;
+}
+
+OverlayDecoration OverlayMetrics::hint(const QString& text, const Display& display)
+{
+    using Kind = OverlayDecoration::Kind;
+    const QSize size = pillSize(Kind::hint, text, display.scale);
+    const int fromBottom = pixels(OverlayTokens::hintFromBottom, display.scale);
+    return {Kind::hint, OverlayPlacement::atBottom(size, fromBottom, display.pixelRect), display.scale, text};
 }
 
 } // namespace Kovrel

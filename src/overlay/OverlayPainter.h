@@ -1,6 +1,6 @@
 #pragma once
 
-#include "overlay/OverlayDecoration.h"
+#include "overlay/MagnifierPainter.h"
 
 #include <QImage>
 #include <QPainter>
@@ -9,8 +9,8 @@
 
 namespace Kovrel {
 
-// Draws the decorations of a session. The painter's coordinates are root pixels. What looks the same from move to
-// move, as shadows and the rim of the magnifier, is drawn once and kept.
+// Draws the decorations of a session. The painter's coordinates are root pixels. Shadows, which look the same from move
+// to move, are drawn once and kept.
 class OverlayPainter {
 public:
     // What everything that is not lit is covered with.
@@ -21,9 +21,7 @@ public:
 
 private:
     void drawPill(QPainter& painter, const OverlayDecoration& decoration);
-    void drawMagnifier(QPainter& painter, const OverlayDecoration& decoration, const QImage& screen,
-                       const QRect& screenRect);
-    void drawShadow(QPainter& painter, const QRect& rect, double radius, double scale);
+    void drawShadow(QPainter& painter, const QRect& rect, double radius, int reach, double scale);
 
     struct Shadow {
         QSize size; // of what casts it
@@ -31,14 +29,8 @@ private:
         QImage image;
     };
 
-    struct Magnifier {
-        double scale = 0;
-        QImage glass; // grid, rim and the mark in the middle
-        QImage shape; // opaque where pixels are seen
-    };
-
     std::vector<Shadow> m_shadows; // the newest last
-    Magnifier m_magnifier;
+    MagnifierPainter m_magnifier;
 };
 
 } // namespace Kovrel

@@ -50,6 +50,7 @@ void OverlaySession::cancel(const QString& failure)
 void OverlaySession::open(OverlaySurfaces::Opening opening)
 {
     m_cursor = opening.cursor;
+    m_shade = opening.shade;
     m_services.surfaces.open(std::move(opening), surfaceHandlers(),
                              m_lifeline.guard([this](OverlaySurfaces::Outcome result) { opened(std::move(result)); }));
 }
@@ -99,7 +100,8 @@ void OverlaySession::addViews(const OverlaySurfaces::Opened& opened)
     const DisplayList displays = m_services.displays.all();
     for (const FrozenScreen& screen : opened.screens)
         if (const Display* display = displayWithID(displays, screen.displayID))
-            m_views.emplace_back(m_services.surfaces, *display, screen.image, opened.ground);
+            m_views.emplace_back(m_services.surfaces, *display,
+                                 OverlayView::Backing{screen.image, opened.ground, m_shade});
 }
 
 // What makes others let go of the pointer is an Escape, which must not end our own session.
@@ -161,8 +163,8 @@ void OverlaySession::grab(const Key& key)
     if (grab)
         m_grabs.push_back(*grab);
     else
-        qCWarning(log, "Kovrel: %s failed to register key %s (status %d)", qUtf8Printable(m_name),
-                  qUtf8Printable(combo.text()), grab.error());
+        qCWarning(log, "Kovrel: %s failed to register %s (status %d)", qUtf8Printable(m_name),
+                  qUtf8Printable(key.logName.isEmpty() ? "key " + combo.text() : key.logName), grab.error());
 }
 
 void OverlaySession::releaseKeys()

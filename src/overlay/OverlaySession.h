@@ -30,6 +30,7 @@ public:
         quint32 keyCode = 0;
         std::function<void(KeyGrabs::Press)> onPress;
         std::function<void()> onRelease = [] {};
+        QString logName = {}; // how the log calls it when it can't be had; empty: "key " and its name
     };
 
     struct Handlers {
@@ -88,6 +89,7 @@ private:
     std::vector<Key> m_keys;
     Handlers m_handlers;
     CursorOf m_cursor;
+    QColor m_shade = Qt::transparent;
     std::vector<OverlayView> m_views;
     FrozenScreens m_frozen;
     std::vector<KeyGrabs::GrabID> m_grabs;

@@ -45,8 +45,8 @@ std::vector<QRect> fewRects(const QRegion& region)
 
 } // namespace
 
-OverlayView::OverlayView(OverlaySurfaces& surfaces, Display display, QImage screen, OverlaySurfaces::Ground ground)
-    : m_surfaces(surfaces), m_display(std::move(display)), m_screen(std::move(screen)), m_ground(ground)
+OverlayView::OverlayView(OverlaySurfaces& surfaces, Display display, Backing backing)
+    : m_surfaces(surfaces), m_display(std::move(display)), m_backing(std::move(backing))
 {
 }
 
@@ -81,18 +81,19 @@ void OverlayView::repaint(const QRect& rootPixels)
 
 QImage OverlayView::compose(const QRect& rootPixels)
 {
-    const bool isFrozen = m_ground == OverlaySurfaces::Ground::frozen;
+    const bool isFrozen = m_backing.ground == OverlaySurfaces::Ground::frozen;
     QImage image(rootPixels.size(), isFrozen ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.translate(-rootPixels.topLeft());
     if (isFrozen)
-        painter.drawImage(rootPixels.topLeft(), m_screen, rootPixels.translated(-m_display.pixelRect.topLeft()));
+        painter.drawImage(rootPixels.topLeft(), m_backing.screen,
+                          rootPixels.translated(-m_display.pixelRect.topLeft()));
     for (const QRect& rect : QRegion(rootPixels) - m_scene.lit)
-        painter.fillRect(rect, OverlayPainter::shade());
+        painter.fillRect(rect, m_backing.shade);
     for (const auto& decoration : m_scene.decorations)
         if (decoration.region().intersects(rootPixels))
-            m_painter.draw(painter, decoration, m_screen, m_display.pixelRect);
+            m_painter.draw(painter, decoration, m_backing.screen, m_display.pixelRect);
     return image;
 }
 

@@ -10,8 +10,14 @@ namespace Kovrel {
 // one before. Main thread.
 class OverlayView {
 public:
-    // `screen` is what the display showed. The surface shows the shaded ground already.
-    OverlayView(OverlaySurfaces& surfaces, Display display, QImage screen, OverlaySurfaces::Ground ground);
+    // How the surface shows its display already.
+    struct Backing {
+        QImage screen; // what the display showed
+        OverlaySurfaces::Ground ground = OverlaySurfaces::Ground::frozen;
+        QColor shade = Qt::transparent; // over everything that is not lit
+    };
+
+    OverlayView(OverlaySurfaces& surfaces, Display display, Backing backing);
 
     const Display& display() const { return m_display; }
 
@@ -23,8 +29,7 @@ public:
 private:
     OverlaySurfaces& m_surfaces;
     Display m_display;
-    QImage m_screen;
-    OverlaySurfaces::Ground m_ground;
+    Backing m_backing;
     OverlayScene m_scene;
     OverlayPainter m_painter;
 };

@@ -5,6 +5,7 @@
 namespace Kovrel {
 
 class Clipboard;
+class ColorSampler;
 class DesktopPicture;
 class Displays;
 class FileManager;
@@ -33,6 +34,7 @@ public:
     virtual KeyGrabs& keys() = 0;
     virtual OverlaySurfaces& overlay() = 0;
     virtual PanelShapes& panelShapes() = 0;
+    virtual ColorSampler& colorSampler() = 0;
 
     virtual ScreenPixels& pixels() = 0;
     virtual Windows& windows() = 0;

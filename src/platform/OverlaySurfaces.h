@@ -30,13 +30,15 @@ struct OverlayCursor {
 
 // What the pointer does over the overlay.
 struct OverlayPointer {
-    enum class Kind { move, press, release };
+    enum class Kind { move, press, release, scroll };
 
     Kind kind = Kind::move;
     QPoint rootPixel;
     Qt::MouseButton button = Qt::NoButton; // of a press or release: left or right
     bool isShiftDown = false;
     quint32 time = 0; // milliseconds that wrap around
+    bool isAltDown = false;
+    int scrolled = 0; // by the wheel: 1 away from the user, -1 towards him
 };
 
 // One surface for each display, over everything else that is shown there, panels and full-screen programs included.
@@ -51,7 +53,7 @@ public:
 
     struct Opening {
         Ground ground = Ground::frozen;
-        QColor shade; // laid over everything in the first frame
+        QColor shade = Qt::transparent; // laid over everything in the first frame
         std::function<OverlayCursor(const Display&)> cursor;
     };
 

@@ -24,6 +24,11 @@ public:
     // The capture whose card was closed last. The reply says whether there was one.
     virtual void reopenClosed(std::function<void(bool)> reply) = 0;
 
+    // Whether one may capture now; shows what helps when one may not.
+    virtual bool ensureScreenAccess() = 0;
+    // Closes a showing selection as if Escape had been pressed.
+    virtual void cancelAim() = 0;
+
     virtual bool isCountingDown() const = 0;
     virtual void cancelCountdown() = 0;
 };

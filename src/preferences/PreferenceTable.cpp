@@ -128,6 +128,7 @@ const auto Settings::hotkeyPickColor = row("hotkeyPickColor", hotkey(controlAlt,
 const auto Settings::hotkeyReopenClosedCapture =
     row("hotkeyReopenClosedCapture", hotkey(controlAlt, VirtualKeys::z), "Reopen Closed Capture");
 const auto Settings::hotkeyHistory = row("hotkeyHistory", hotkey(superShift, VirtualKeys::s), "Recent Captures");
+const auto Settings::hotkeyMeasure = unregistered<Hotkey>("hotkeyMeasure", "Measure Screen");
 const auto Settings::saveLocationBookmark =
     unregistered<QByteArray>("saveLocationBookmark", "URL of the chosen save folder");
 const auto Settings::lastRunBuild = unregistered<QString>("lastRunBuild", "build number of the last run");

@@ -66,6 +66,7 @@ extern const SettingKey<Hotkey> hotkeyExtractText;
 extern const SettingKey<Hotkey> hotkeyPickColor;
 extern const SettingKey<Hotkey> hotkeyReopenClosedCapture;
 extern const SettingKey<Hotkey> hotkeyHistory;
+extern const SettingKey<Hotkey> hotkeyMeasure;
 extern const SettingKey<QByteArray> saveLocationBookmark;
 extern const SettingKey<QString> lastRunBuild;
 extern const SettingKey<bool> traceCapture;

@@ -41,7 +41,6 @@ TEST_F(CommandRunnerTest, EachCommandLineIsAnsweredOnce)
     EXPECT_EQ(run({"capture", "window"}).output, "done");
     EXPECT_EQ(run({"capture", "sideways"}).exitCode, CommandLine::usageError);
     EXPECT_EQ(run({"nonsense"}).exitCode, CommandLine::usageError);
-    EXPECT_EQ(run({"pick-color"}).exitCode, CommandLine::usageError) << "only in the menu";
     const CommandAnswer absent = run({"codes", "/a.png"});
     EXPECT_EQ(absent.exitCode, CommandLine::failed);
     EXPECT_EQ(absent.error, "this program has nothing that runs \"codes\"");

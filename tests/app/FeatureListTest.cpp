@@ -87,6 +87,7 @@ TEST_P(LeftOutTest, TheOthersWorkAndWhatIsAbsentSaysSo)
     expect({"pin", shot}, {"Pins"});
     expect({"settings"}, {"Settings"});
     expect({"feedback"}, {"Feedback"});
+    expect({"color", shot, "1", "1"}, {"Picking"});
     expect({"annotate", shot, "--output", marked}, {"Annotating"});
     EXPECT_EQ(run({"codes", shot}).exitCode, GetParam() == "Reading" ? CommandLine::failed : CommandLine::nothingThere);
     expect({"sign-out"}, {"Account"});
@@ -135,7 +136,6 @@ const std::pair<const char*, const char*> withoutRow[] = {
 // Settings that nothing reads, and why.
 const std::pair<const char*, const char*> unread[] = {
     {"declinedMoveToApplications", "another desktop's: there is no such folder here"},
-    {"measureHintSeen", "measuring on the screen is not there yet"},
 };
 
 template <class List>

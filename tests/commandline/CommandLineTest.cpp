@@ -97,13 +97,15 @@ TEST(CommandLine, ShellsAreOfferedWhatComesNext)
     };
 
     const Case cases[] = {
-        {{""}, {"capture", "quit", "--background"}, {"pick-color"}},
+        {{""}, {"capture", "quit", "pick-color", "--background"}, {"area"}},
         {{"capture", ""}, {"area", "ocrRegion"}, {"--rect", "<files>"}},
         {{"capture", "area", "--"}, {"--rect", "--output", "--help"}, {"--raw"}},
         {{"capture", "area", "--output", ""}, {"<files>"}, {"area"}},
         {{"capture", "--save", ""}, {"area"}, {}},
         {{"annotate", "a.png", "--scale", ""}, {}, {"<files>"}},
         {{"text", ""}, {"<files>"}, {}},
+        {{"color", ""}, {"<files>"}, {}},
+        {{"color", "a.png", ""}, {}, {"<files>"}},
         {{"preferences", ""}, {"reset"}, {"<settings>"}},
         {{"preferences", "get", ""}, {"<settings>"}, {}},
         {{"preferences", "list", ""}, {}, {"<settings>"}},

@@ -154,8 +154,10 @@ TEST_F(EditorTest, AQuitSavesWhatWasMadeOfAFile)
     session->kovrel({"quit"});
     ASSERT_TRUE(UserSession::eventually([&] { return session->instancePid() == 0; }));
     EXPECT_EQ(QImage(path).pixelColor(100, 80), paper) << "the file is as it was";
-    ASSERT_TRUE(UserSession::eventually([&] { return session->savedFiles().size() == 1; }));
-    const QImage saved(session->saveFolder() + '/' + session->savedFiles().first());
+    QImage saved; // its name is there before it is
+    ASSERT_TRUE(UserSession::eventually(
+        [&] { return saved.load(session->saveFolder() + '/' + session->savedFiles().value(0)); }));
+    EXPECT_EQ(session->savedFiles().size(), 1);
     EXPECT_EQ(saved.pixelColor(100, 80), QColor("#FF3B30"));
 }
 

@@ -63,7 +63,7 @@ TEST_F(FaultsTest, CommandsThatMakeNoSenseAreUsageErrors)
                                  {"sign-in"},
                                  {"pin"},
                                  {"pin", "a.png", "b.png"},
-                                 {"pick-color"}};
+                                 {"pick-color", "--format=cmyk"}};
     for (const QStringList& line : lines) {
         const auto result = session.kovrel(line);
         EXPECT_EQ(result.exitCode, 2) << qPrintable(line.join(' '));

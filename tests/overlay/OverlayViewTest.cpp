@@ -1,9 +1,8 @@
 #include "overlay/OverlayView.h"
 #include "capture/selection/SelectionScene.h"
+#include "tests/support/PaintedSurfaces.h"
 #include "tests/support/Patterns.h"
 #include "tests/support/PictureDifference.h"
-
-#include <QPainter>
 
 #include <gtest/gtest.h>
 
@@ -13,75 +12,6 @@ namespace {
 
 constexpr QRect displayPixels(300, 200, 640, 480);
 using Ground = OverlaySurfaces::Ground;
-
-// Keeps what the surface of one display would show, and how much of it was painted.
-struct PaintedSurfaces : OverlaySurfaces {
-    PaintedSurfaces(const QImage& screen, Ground ground)
-        : ground(ground),
-          bare(screen),
-          shown(screen.size(), ground == Ground::frozen ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied)
-    {
-        PaintedSurfaces::shade(displayPixels);
-        painted = 0;
-    }
-
-    void prewarm() override {}
-
-    void expectOpening() override {}
-
-    void open(Opening, Handlers, Reply<Outcome>) override {}
-
-    void takePointer(Reply<bool>) override {}
-
-    void reveal(const QRect& rootPixels) override
-    {
-        fill(rootPixels, [&](QPainter& painter, const QRect& part) {
-            if (ground == Ground::frozen)
-                painter.drawImage(part, bare, part);
-            else
-                painter.fillRect(part, Qt::transparent);
-        });
-    }
-
-    void shade(const QRect& rootPixels) override
-    {
-        fill(rootPixels, [&](QPainter& painter, const QRect& part) {
-            if (ground == Ground::frozen) {
-                painter.drawImage(part, bare, part);
-                painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-            }
-            painter.fillRect(part, OverlayPainter::shade());
-        });
-    }
-
-    void put(QPoint rootPixel, const QImage& pixels) override
-    {
-        fill(QRect(rootPixel, pixels.size()),
-             [&](QPainter& painter, const QRect& part) { painter.drawImage(part, pixels); });
-    }
-
-    void setCursor(std::function<OverlayCursor(const Display&)>) override {}
-
-    void movePointer(QPoint) override {}
-
-    void raise() override {}
-
-    void close() override {}
-
-    template <class Draw>
-    void fill(const QRect& rootPixels, Draw draw)
-    {
-        QPainter painter(&shown);
-        painter.setCompositionMode(QPainter::CompositionMode_Source);
-        draw(painter, rootPixels.translated(-displayPixels.topLeft()));
-        painted += qint64(rootPixels.width()) * rootPixels.height();
-    }
-
-    Ground ground;
-    QImage bare;
-    QImage shown;
-    qint64 painted = 0;
-};
 
 } // namespace
 
@@ -107,8 +37,8 @@ TEST(OverlayView, EverySceneLooksAsIfPaintedAnewAndRepaintsOnlyWhatChanged)
     };
     const QImage screen = Testing::pattern(displayPixels.size()).convertToFormat(QImage::Format_RGB32);
     for (const Ground ground : {Ground::frozen, Ground::live}) {
-        PaintedSurfaces surfaces(screen, ground);
-        OverlayView view(surfaces, display, screen, ground);
+        Testing::PaintedSurfaces surfaces(screen, displayPixels, ground, OverlayPainter::shade());
+        OverlayView view(surfaces, display, {screen, ground, OverlayPainter::shade()});
         for (const auto& moment : moments) {
             SCOPED_TRACE(&moment - moments);
             view.show(SelectionScene::of(display, moment));

@@ -38,6 +38,10 @@ struct PinControllerTest : testing::Test {
         bool isCountingDown() const override { return false; }
 
         void cancelCountdown() override {}
+
+        bool ensureScreenAccess() override { return true; }
+
+        void cancelAim() override {}
     };
 
     Testing::FakeCaptureServices fake;

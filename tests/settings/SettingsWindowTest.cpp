@@ -26,6 +26,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -48,6 +49,7 @@ struct SettingsWindowTest : testing::Test {
     Observers<> refusals;
     std::optional<QString> refusal;
     std::optional<SettingsWindow> window;
+    ColorCompletion completion; // of a colour that is being picked from the screen
 
     void SetUp() override
     {
@@ -65,7 +67,8 @@ struct SettingsWindowTest : testing::Test {
                                             .importSettings = nothing}));
         pages.push_back(CapturePage::make(preferences));
         pages.push_back(CardsPage::make(preferences, "help"));
-        pages.push_back(EditorPage::make(preferences));
+        pages.push_back(
+            EditorPage::make(preferences, [this](ColorCompletion picked) { completion = std::move(picked); }));
         pages.push_back(HistoryPage::make({preferences, [] { return 2; }, [](int) { return 0; }}));
         pages.push_back(ShortcutsPage::make({.keys = keys,
                                              .preferences = preferences,
@@ -148,6 +151,33 @@ TEST_F(SettingsWindowTest, AChangeHoldsAtOnceAndOneFromElsewhereIsSeen)
     EXPECT_FALSE(control<ColorWell>("Colour behind windows")->isEnabled());
     defaults.set("windowBackdropStyle", "solidColor");
     EXPECT_TRUE(control<ColorWell>("Colour behind windows")->isEnabled());
+}
+
+TEST_F(SettingsWindowTest, AColourIsPickedFromTheScreen)
+{
+    const auto actions = [this](const QString& label) {
+        auto* const well = control<ColorWell>(label);
+        well->click();
+        return well->findChild<QMenu*>()->actions();
+    };
+    const auto picks = [](const QAction* action) { return action->text() == "Pick from Screen"; };
+    window->present(SettingsTab::capture);
+    defaults.set("windowBackdropStyle", "solidColor");
+    EXPECT_TRUE(std::ranges::none_of(actions("Colour behind windows"), picks)) << "where nothing lets one pick";
+
+    window->present(SettingsTab::editor);
+    const QList<QAction*> offered = actions("Colour");
+    const auto found = std::ranges::find_if(offered, picks);
+    ASSERT_NE(found, offered.end());
+    (*found)->trigger();
+    ASSERT_TRUE(completion);
+    completion(std::nullopt);
+    EXPECT_NE(preferences.get(Settings::annotationColorHex), "#102030");
+    completion("#102030");
+    EXPECT_EQ(preferences.get(Settings::annotationColorHex), "#102030");
+    window.reset();
+    completion("#405060");
+    EXPECT_EQ(preferences.get(Settings::annotationColorHex), "#102030") << "the window is gone";
 }
 
 TEST_F(SettingsWindowTest, ASliderSetsWhenItIsLetGoAndATextAsItIsTyped)

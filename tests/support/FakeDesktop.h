@@ -3,6 +3,7 @@
 #include "platform/Desktop.h"
 #include "platform/ShortcutSwitches.h"
 #include "tests/support/desktop/FakeClipboard.h"
+#include "tests/support/desktop/FakeColorSampler.h"
 #include "tests/support/desktop/FakeDesktopPicture.h"
 #include "tests/support/desktop/FakeDisplays.h"
 #include "tests/support/desktop/FakeFileManager.h"
@@ -50,6 +51,8 @@ public:
 
     FakePanelShapes& panelShapes() override { return m_panelShapes; }
 
+    FakeColorSampler& colorSampler() override { return m_colorSampler; }
+
     FakeScreenPixels& pixels() override { return m_pixels; }
 
     FakeWindows& windows() override { return m_windows; }
@@ -87,6 +90,7 @@ private:
     FakeScreenPixels m_pixels;
     FakeOverlaySurfaces m_overlay;
     FakePanelShapes m_panelShapes;
+    FakeColorSampler m_colorSampler;
     FakeWindows m_windows;
     FakeDesktopPicture m_picture;
     FakeScreenLock m_lock;

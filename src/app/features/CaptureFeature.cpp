@@ -4,6 +4,7 @@
 #include "app/foundation/AppPaths.h"
 #include "platform/session/DesktopSession.h"
 #include "ports/AccountStatus.h"
+#include "ports/ColorPicking.h"
 #include "settings/pages/CapturePage.h"
 
 #include <QCoreApplication>
@@ -95,7 +96,7 @@ void CaptureFeature::capture(const Invocation& invocation, const Reply<CommandAn
 
 std::vector<SettingsPage> CaptureFeature::settingsPages()
 {
-    return {CapturePage::make(m_foundation.preferences)};
+    return {CapturePage::make(m_foundation.preferences, ColorPicking::offeredBy(m_ports.colorPicking))};
 }
 
 std::unique_ptr<Feature> makeCaptureFeature(Foundation& foundation, Ports& ports)

@@ -1,6 +1,7 @@
 #include "app/features/EditorFeature.h"
 
 #include "app/foundation/AppPaths.h"
+#include "ports/ColorPicking.h"
 #include "settings/pages/EditorPage.h"
 
 #include <QCoreApplication>
@@ -9,6 +10,7 @@ namespace Kovrel {
 
 EditorFeature::EditorFeature(Foundation& foundation, Ports& ports)
     : m_foundation(foundation),
+      m_ports(ports),
       m_printer(foundation.loop, foundation.workers),
       m_windows({foundation.loop, foundation.workers, foundation.preferences, foundation.desktop->filePanel(),
                  foundation.desktop->clipboard(), ports, AppPaths::temporaryFolder(), &m_printer,
@@ -19,7 +21,7 @@ EditorFeature::EditorFeature(Foundation& foundation, Ports& ports)
 
 std::vector<SettingsPage> EditorFeature::settingsPages()
 {
-    return {EditorPage::make(m_foundation.preferences)};
+    return {EditorPage::make(m_foundation.preferences, ColorPicking::offeredBy(m_ports.colorPicking))};
 }
 
 void EditorFeature::finishPending(std::chrono::milliseconds deadline, std::function<void()> done)

@@ -18,6 +18,7 @@ public:
 
 private:
     Foundation& m_foundation;
+    const Ports& m_ports;
     PluginPicturePrinter m_printer;
     EditorWindows m_windows;
 };

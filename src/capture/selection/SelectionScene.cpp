@@ -1,6 +1,7 @@
 #include "capture/selection/SelectionScene.h"
 
 #include "overlay/OverlayMetrics.h"
+#include "overlay/OverlayPlacement.h"
 
 #include <QCoreApplication>
 
@@ -14,50 +15,13 @@ using OverlayMetrics::pixels;
 // All in points.
 constexpr double handleRadius = 4;
 constexpr double labelGap = 8;
-constexpr double hintFromBottom = 64;
 constexpr double magnifierPixel = 8;
+constexpr int magnifiedPixels = 15; // in a row
 constexpr double magnifierGap = 20;
 
 QRect centredAt(QPoint middle, QSize size)
 {
     return {middle - QPoint(size.width() / 2, size.height() / 2), size};
-}
-
-// Moved as little as possible to lie within.
-QRect keptWithin(QRect rect, const QRect& room)
-{
-    if (rect.right() > room.right())
-        rect.moveRight(room.right());
-    if (rect.bottom() > room.bottom())
-        rect.moveBottom(room.bottom());
-    if (rect.left() < room.left())
-        rect.moveLeft(room.left());
-    if (rect.top() < room.top())
-        rect.moveTop(room.top());
-    return rect;
-}
-
-// Under the rectangle, or over it, or inside of it: where there is room.
-QRect besideArea(const QRect& area, QSize size, int gap, const QRect& room)
-{
-    QRect label({}, size);
-    label.moveTopLeft({area.center().x() - size.width() / 2, area.y() + area.height() + gap});
-    if (label.bottom() > room.bottom())
-        label.moveTop(area.y() - gap - size.height());
-    if (label.top() < room.top())
-        label.moveTop(area.y() + area.height() - gap - size.height());
-    return keptWithin(label, room);
-}
-
-// To the lower right of the pointer; on the other side where there is no room.
-QRect besidePointer(QPoint pointer, int side, int gap, const QRect& room)
-{
-    QRect rect(pointer + QPoint(gap, gap), QSize(side, side));
-    if (rect.right() > room.right())
-        rect.moveRight(pointer.x() - gap);
-    if (rect.bottom() > room.bottom())
-        rect.moveBottom(pointer.y() - gap);
-    return rect;
 }
 
 class Builder {
@@ -81,9 +45,9 @@ public:
 private:
     bool holdsPointer() const { return m_moment.pointer && m_display.pixelRect.contains(*m_moment.pointer); }
 
-    void add(Kind kind, const QRect& rect, const QString& text = {}, QPoint pixel = {})
+    void add(Kind kind, const QRect& rect, const QString& text = {})
     {
-        const OverlayDecoration decoration{kind, rect, m_scale, text, pixel};
+        const OverlayDecoration decoration{kind, rect, m_scale, text};
         if (decoration.region().intersects(m_display.pixelRect))
             m_scene.decorations.push_back(decoration);
     }
@@ -110,16 +74,27 @@ private:
             return;
         if (isSelected)
             addSizeLabel(*m_moment.area);
-        const int side = pixels(magnifierPixel, m_scale) * (2 * OverlayMetrics::magnifierReach + 1);
-        add(Kind::magnifier, besidePointer(*m_moment.pointer, side, pixels(magnifierGap, m_scale), m_display.pixelRect),
-            {}, *m_moment.pointer);
+        addMagnifier(*m_moment.pointer);
     }
 
     void addSizeLabel(const QRect& area)
     {
         const QString text = QString("%1 \u00d7 %2").arg(area.width()).arg(area.height());
         const QSize size = OverlayMetrics::pillSize(Kind::sizeLabel, text, m_scale);
-        add(Kind::sizeLabel, besideArea(area, size, pixels(labelGap, m_scale), m_display.pixelRect), text);
+        add(Kind::sizeLabel, OverlayPlacement::besideArea(area, size, pixels(labelGap, m_scale), m_display.pixelRect),
+            text);
+    }
+
+    void addMagnifier(QPoint pointer)
+    {
+        const int cell = pixels(magnifierPixel, m_scale);
+        const QSize size = cell * QSize(magnifiedPixels, magnifiedPixels);
+        m_scene.decorations.push_back(
+            {.kind = Kind::magnifier,
+             .rect = OverlayPlacement::besidePointer(pointer, size, pixels(magnifierGap, m_scale), m_display.pixelRect),
+             .scale = m_scale,
+             .pixel = pointer,
+             .cell = cell});
     }
 
     void addHint()
@@ -131,12 +106,7 @@ private:
                       "Click a window to capture it  \u00b7  Space to drag instead  \u00b7  Esc to cancel")
                 : QCoreApplication::translate(
                       "SelectionScene", "Drag to select an area  \u00b7  Space for a window  \u00b7  Esc to cancel");
-        const QSize size = OverlayMetrics::pillSize(Kind::hint, text, m_scale);
-        const QRect& room = m_display.pixelRect;
-        const int fromBottom = pixels(hintFromBottom, m_scale);
-        add(Kind::hint,
-            QRect({room.center().x() - size.width() / 2, room.y() + room.height() - fromBottom - size.height()}, size),
-            text);
+        m_scene.decorations.push_back(OverlayMetrics::hint(text, m_display));
     }
 
     const Display& m_display;

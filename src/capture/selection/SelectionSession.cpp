@@ -4,6 +4,7 @@
 #include "capture/selection/SelectionScene.h"
 #include "capture/selection/WindowTiles.h"
 #include "model/VirtualKeys.h"
+#include "overlay/OverlayKeys.h"
 #include "overlay/OverlayPainter.h"
 #include "overlay/SelectionCursor.h"
 #include "platform/Displays.h"
@@ -13,18 +14,14 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace Kovrel {
 
 namespace {
 
 constexpr double smallestSelection = 4; // points
 constexpr int mostHints = 5;
-constexpr int shiftedStep = 10;
-
-constexpr std::pair<quint32, QPoint> arrowKeys[] = {{VirtualKeys::left, {-1, 0}},
-                                                    {VirtualKeys::right, {1, 0}},
-                                                    {VirtualKeys::down, {0, 1}},
-                                                    {VirtualKeys::up, {0, -1}}};
 
 } // namespace
 
@@ -49,8 +46,8 @@ std::vector<OverlaySession::Key> SelectionSession::keys()
     };
     for (const quint32 key : {VirtualKeys::shift, VirtualKeys::rightShift})
         keys.push_back({key, [this](KeyGrabs::Press) { shiftChanged(true); }, [this] { shiftChanged(false); }});
-    for (const auto& [key, direction] : arrowKeys)
-        keys.push_back({key, [this, direction](KeyGrabs::Press press) { arrowPressed(direction, press); }});
+    std::ranges::move(OverlayKeys::arrows([this](QPoint step, KeyGrabs::Press press) { arrowPressed(step, press); }),
+                      std::back_inserter(keys));
     return keys;
 }
 
@@ -164,11 +161,10 @@ void SelectionSession::returnPressed()
 }
 
 // Without a rectangle Control moves the pointer alone, with one the whole of it.
-void SelectionSession::arrowPressed(QPoint direction, KeyGrabs::Press press)
+void SelectionSession::arrowPressed(QPoint step, KeyGrabs::Press press)
 {
     if (!m_pointer || m_mode != Mode::areaDrag)
         return;
-    const QPoint step = direction * (press.modifiers & KeyCombo::shift ? shiftedStep : 1);
     const bool isSelected = m_area.rect().has_value();
     if (m_area.isDragging() || (press.modifiers & KeyCombo::control && !isSelected)) {
         m_platform.surfaces.movePointer(*m_pointer + step);

@@ -57,7 +57,7 @@ private:
     void spaceReleased();
     void shiftChanged(bool isDown);
     void returnPressed();
-    void arrowPressed(QPoint direction, KeyGrabs::Press press);
+    void arrowPressed(QPoint step, KeyGrabs::Press press);
     void toggleMode();
 
     void pointerChanged(const OverlayPointer& pointer);

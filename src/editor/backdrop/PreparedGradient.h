@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/backdrop/BackdropGradient.h"
+#include "imaging/OklabColor.h"
 
 #include <QImage>
 #include <QSize>
@@ -9,14 +10,6 @@
 #include <vector>
 
 namespace Kovrel {
-
-// A colour's place in Oklab, in which equal steps look equal (B. Ottosson, "A perceptual color space for image
-// processing", 2020).
-struct OklabColor {
-    float lightness = 0;
-    float a = 0;
-    float b = 0;
-};
 
 // A gradient whose colours have been worked out, ready for any canvas. Any thread.
 class PreparedGradient {

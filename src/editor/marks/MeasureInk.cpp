@@ -1,5 +1,7 @@
 #include "editor/marks/MeasureInk.h"
 
+#include "model/text/MeasureText.h"
+
 #include "editor/marks/AnnotationInk.h"
 #include "editor/marks/LabelSizes.h"
 #include "editor/marks/LabelText.h"
@@ -105,9 +107,7 @@ QString MeasureInk::badgeText(const Annotation& measure, const Reading& reading)
 {
     const Rect box = measure.boundingRect();
     const double points = std::hypot(box.width, box.height);
-    const bool inPixels = reading.unit == MeasureUnit::pixels;
-    const double length = inPixels ? std::round(points * reading.pixelsToPoint) : std::round(points * 10) / 10;
-    return QString::number(length, 'g', 10) + ' ' + rawString(reading.unit);
+    return MeasureText::length(points * reading.pixelsToPoint, reading.unit, reading.pixelsToPoint);
 }
 
 QRectF MeasureInk::measureBadgeRect(const Annotation& measure, double scale, const Reading& reading)

@@ -8,10 +8,8 @@ namespace {
 
 using Axis = CaptureEdges::Axis;
 
-// Levels of a channel: a gradient may drift so far within what is measured.
-constexpr int tolerance = 24;
-// Red, green and blue together: borders fainter than that are not seen.
-constexpr int edgeFloor = 12;
+constexpr int tolerance = MeasureSampler::usualTolerance;
+constexpr int edgeFloor = MeasureSampler::usualEdgeFloor;
 
 Axis acrossOf(Axis axis)
 {

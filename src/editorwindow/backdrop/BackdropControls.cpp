@@ -63,7 +63,7 @@ const std::array<Shadow, 4>& shadows()
 
 } // namespace
 
-BackdropControls::BackdropControls(BackdropEditing& editing, Preferences& preferences)
+BackdropControls::BackdropControls(BackdropEditing& editing, Preferences& preferences, ColorPick pick)
     : m_editing(editing), m_layout(new QVBoxLayout(this))
 {
     m_layout->setContentsMargins(Spacing::tight + Spacing::tight, 0, Spacing::tight, 0);
@@ -79,7 +79,7 @@ BackdropControls::BackdropControls(BackdropEditing& editing, Preferences& prefer
     addTitle(tr("Shadow"));
     addShadow();
     addTitle(tr("Frame"));
-    addFrame(preferences);
+    addFrame(preferences, std::move(pick));
     refresh();
 }
 
@@ -156,10 +156,10 @@ void BackdropControls::addShadow()
     addAmount(tr("Strength"), {0, 1, 0.01}, &EditorBackdrop::shadowOpacity, "shadow");
 }
 
-void BackdropControls::addFrame(Preferences& preferences)
+void BackdropControls::addFrame(Preferences& preferences, ColorPick pick)
 {
     addAmount(tr("Width"), {0, 1, 0.01}, &EditorBackdrop::frame, "frame");
-    m_frameColor = new ColorWell([&preferences] { return preferences.get(Settings::savedSwatches); });
+    m_frameColor = new ColorWell([&preferences] { return preferences.get(Settings::savedSwatches); }, std::move(pick));
     m_frameColor->setToolTip(tr("Colour of the Frame"));
     m_frameColor->setAccessibleName(m_frameColor->toolTip());
     auto* const row = new QHBoxLayout;

@@ -2,6 +2,7 @@
 
 #include "editorwindow/backdrop/BackdropEditing.h"
 #include "editorwindow/tools/AmountSlider.h"
+#include "model/ColorPick.h"
 
 #include <QWidget>
 
@@ -22,7 +23,7 @@ class BackdropControls : public QWidget {
 
 public:
     // Both outlive it.
-    BackdropControls(BackdropEditing& editing, Preferences& preferences);
+    BackdropControls(BackdropEditing& editing, Preferences& preferences, ColorPick pick);
 
     void refresh();
 
@@ -38,7 +39,7 @@ private:
     void addPads();
     void addShape();
     void addShadow();
-    void addFrame(Preferences& preferences);
+    void addFrame(Preferences& preferences, ColorPick pick);
     QCheckBox* makeSwitch(const QString& name, bool EditorBackdrop::* field);
     void choose(const std::function<void(EditorBackdrop&)>& change);
 

@@ -19,7 +19,8 @@ constexpr int contentWidth = 276; // four swatches and their margins
 
 } // namespace
 
-BackdropPanel::BackdropPanel(EditorSession& session, Preferences& preferences, MainLoop& loop, Workers& workers)
+BackdropPanel::BackdropPanel(EditorSession& session, Preferences& preferences, MainLoop& loop, Workers& workers,
+                             ColorPick pick)
     : m_session(session),
       m_editing(session, preferences),
       m_swatches(loop, workers, session.capture(), [this] { update(); })
@@ -27,7 +28,7 @@ BackdropPanel::BackdropPanel(EditorSession& session, Preferences& preferences, M
     setFixedWidth(int(contentWidth * Typography::scale()) + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     setAccessibleName(tr("Backdrop"));
     m_fills = new BackdropFills(m_editing, m_swatches, preferences);
-    m_controls = new BackdropControls(m_editing, preferences);
+    m_controls = new BackdropControls(m_editing, preferences, std::move(pick));
     auto* const content = new QWidget;
     auto* const column = new QVBoxLayout(content);
     column->setContentsMargins(Spacing::medium, Spacing::small, Spacing::small, Spacing::medium);

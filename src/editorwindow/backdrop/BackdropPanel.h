@@ -2,6 +2,7 @@
 
 #include "editorwindow/backdrop/BackdropEditing.h"
 #include "editorwindow/backdrop/BackdropSwatches.h"
+#include "model/ColorPick.h"
 
 #include <QWidget>
 
@@ -17,7 +18,8 @@ class BackdropPanel : public QWidget {
 
 public:
     // All of them outlive it.
-    BackdropPanel(EditorSession& session, Preferences& preferences, MainLoop& loop, Workers& workers);
+    BackdropPanel(EditorSession& session, Preferences& preferences, MainLoop& loop, Workers& workers,
+                  ColorPick pick = {});
 
 protected:
     void paintEvent(QPaintEvent* event) override;

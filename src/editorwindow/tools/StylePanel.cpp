@@ -8,12 +8,12 @@
 
 namespace Kovrel {
 
-StylePanel::StylePanel(Preferences& preferences) : m_preferences(preferences)
+StylePanel::StylePanel(Preferences& preferences, ColorPick pick) : m_preferences(preferences)
 {
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(Spacing::tight);
-    m_color = new ColorWell([this] { return m_preferences.get(Settings::savedSwatches); });
+    m_color = new ColorWell([this] { return m_preferences.get(Settings::savedSwatches); }, std::move(pick));
     layout->addWidget(m_color);
     m_width = makeAmount(tr("Width"), {1, 20, 0.5}, &MarkStyle::lineWidth);
     m_fill = makeChoices<AnnotationFillStyle>({{"rectangle", tr("Outline")},

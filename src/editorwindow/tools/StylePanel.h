@@ -2,6 +2,7 @@
 
 #include "editor/session/MarkStyle.h"
 #include "editorwindow/tools/AmountSlider.h"
+#include "model/ColorPick.h"
 #include "preferences/Preferences.h"
 
 #include <QWidget>
@@ -17,7 +18,8 @@ class StylePanel : public QWidget {
     Q_OBJECT
 
 public:
-    explicit StylePanel(Preferences& preferences);
+    // `pick`: colours from the screen, where that can be done.
+    explicit StylePanel(Preferences& preferences, ColorPick pick = {});
 
     // `possible`: what there is to choose at all; what of it `style` does not have, several marks have differently.
     void setStyle(const MarkStyle& style, const MarkStyle& possible);

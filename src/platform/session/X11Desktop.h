@@ -3,6 +3,7 @@
 #include "platform/Desktop.h"
 #include "platform/desktop/DBusFileManager.h"
 #include "platform/desktop/DBusScreenLock.h"
+#include "platform/desktop/PortalColorSampler.h"
 #include "platform/desktop/QtFilePanel.h"
 #include "platform/desktop/SpawnedToolProcess.h"
 #include "platform/desktop/WorkerFilePrograms.h"
@@ -38,17 +39,19 @@ public:
 
     PanelShapes& panelShapes() override { return m_panelShapes; }
 
+    ColorSampler& colorSampler() override { return m_bus.colorSampler; }
+
     ScreenPixels& pixels() override { return m_pixels; }
 
     Windows& windows() override { return m_windows; }
 
     DesktopPicture& picture() override { return m_picture; }
 
-    ScreenLock& lock() override { return m_lock; }
+    ScreenLock& lock() override { return m_bus.lock; }
 
     Clipboard& clipboard() override { return m_clipboard; }
 
-    FileManager& fileManager() override { return m_fileManager; }
+    FileManager& fileManager() override { return m_bus.fileManager; }
 
     FilePrograms& programs() override { return m_programs; }
 
@@ -61,6 +64,13 @@ public:
     std::shared_ptr<PackageManager> packages() override;
 
 private:
+    // What others on the session bus do for us.
+    struct BusServices {
+        PortalColorSampler colorSampler;
+        DBusScreenLock lock = {};
+        DBusFileManager fileManager = {};
+    };
+
     // The connection is that of the capture lane.
     X11Desktop(MainLoop& loop, Workers& workers, const std::shared_ptr<X11Connection>& connection);
 
@@ -76,9 +86,8 @@ private:
     X11DesktopPicture m_picture;
     X11OverlaySurfaces m_overlay;
     X11PanelShapes m_panelShapes;
-    DBusScreenLock m_lock;
+    BusServices m_bus;
     X11Clipboard m_clipboard;
-    DBusFileManager m_fileManager;
     WorkerFilePrograms m_programs;
     QtFilePanel m_filePanel;
     SpawnedToolProcess m_tools;

@@ -5,7 +5,8 @@
 
 namespace Kovrel {
 
-ColorField::ColorField() : m_hex(new Label(TextStyle::body, Label::Role::secondary)), m_well(new ColorWell)
+ColorField::ColorField(const SettingControls::Color& kind)
+    : m_hex(new Label(TextStyle::body, Label::Role::secondary)), m_well(new ColorWell({}, kind.pick))
 {
     m_well->setFocusPolicy(Qt::StrongFocus);
     setMain(m_well);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "settings/controls/SettingField.h"
+#include "settings/rows/SettingControl.h"
 
 namespace Kovrel {
 
@@ -11,7 +12,7 @@ class ColorField : public SettingField {
     Q_OBJECT
 
 public:
-    ColorField();
+    explicit ColorField(const SettingControls::Color& kind);
 
     void setValue(const QVariant& value) override;
     void setTexts(const QString& name, const QString& description) override;

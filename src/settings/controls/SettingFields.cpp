@@ -24,7 +24,7 @@ struct Maker {
 
     SettingField* operator()(const SettingControls::Text&) const { return new TextLineField; }
 
-    SettingField* operator()(const SettingControls::Color&) const { return new ColorField; }
+    SettingField* operator()(const SettingControls::Color& kind) const { return new ColorField(kind); }
 
     SettingField* operator()(const SettingControls::Folder& kind) const { return new FolderField(kind); }
 

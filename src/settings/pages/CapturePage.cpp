@@ -4,11 +4,12 @@
 
 namespace Kovrel {
 
-SettingsPage CapturePage::make(Preferences& preferences)
+SettingsPage CapturePage::make(Preferences& preferences, const ColorPick& pick)
 {
     return {.tab = SettingsTab::capture,
-            .groups = {
-                screens(preferences), {.title = tr("Self-Timer"), .rows = {timer(preferences)}}, windows(preferences)}};
+            .groups = {screens(preferences),
+                       {.title = tr("Self-Timer"), .rows = {timer(preferences)}},
+                       windows(preferences, pick)}};
 }
 
 SettingGroup CapturePage::screens(Preferences& preferences)
@@ -49,7 +50,7 @@ SettingRow CapturePage::timer(Preferences& preferences)
             .keywords = tr("delay countdown timed seconds")};
 }
 
-SettingGroup CapturePage::windows(Preferences& preferences)
+SettingGroup CapturePage::windows(Preferences& preferences, const ColorPick& pick)
 {
     using enum WindowBackdropStyle;
     return {
@@ -63,7 +64,7 @@ SettingGroup CapturePage::windows(Preferences& preferences)
                   .hint = tr("What surrounds a window that was captured by a click."),
                   .keywords = tr("background wallpaper transparent shadow trim backdrop")},
                  {.label = tr("Colour behind windows"),
-                  .control = SettingControls::Color(),
+                  .control = SettingControls::Color{pick},
                   .binding = SettingBinding::of(preferences, Settings::windowBackdropColorHex),
                   .keywords = tr("background solid backdrop color"),
                   .isEnabled =

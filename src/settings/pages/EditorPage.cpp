@@ -4,9 +4,9 @@
 
 namespace Kovrel {
 
-SettingsPage EditorPage::make(Preferences& preferences)
+SettingsPage EditorPage::make(Preferences& preferences, const ColorPick& pick)
 {
-    return {.tab = SettingsTab::editor, .groups = {window(preferences), marks(preferences), kinds(preferences)}};
+    return {.tab = SettingsTab::editor, .groups = {window(preferences), marks(preferences, pick), kinds(preferences)}};
 }
 
 SettingGroup EditorPage::window(Preferences& preferences)
@@ -27,13 +27,13 @@ SettingGroup EditorPage::window(Preferences& preferences)
     };
 }
 
-SettingGroup EditorPage::marks(Preferences& preferences)
+SettingGroup EditorPage::marks(Preferences& preferences, const ColorPick& pick)
 {
     using enum AnnotationFillStyle;
     return {
         .title = tr("New Marks"),
         .rows = {{.label = tr("Colour"),
-                  .control = SettingControls::Color(),
+                  .control = SettingControls::Color{pick},
                   .binding = SettingBinding::of(preferences, Settings::annotationColorHex),
                   .keywords = tr("color annotation arrow")},
                  {.label = tr("Line width"),

@@ -11,11 +11,11 @@ class EditorPage {
     Q_DECLARE_TR_FUNCTIONS(Kovrel::EditorPage)
 
 public:
-    static SettingsPage make(Preferences& preferences);
+    static SettingsPage make(Preferences& preferences, const ColorPick& pick = {});
 
 private:
     static SettingGroup window(Preferences& preferences);
-    static SettingGroup marks(Preferences& preferences);
+    static SettingGroup marks(Preferences& preferences, const ColorPick& pick);
     static SettingGroup kinds(Preferences& preferences);
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/ColorPick.h"
 #include "platform/KeyGrabs.h"
 #include "platform/Reply.h"
 
@@ -41,7 +42,10 @@ struct Slider {
 
 struct Text {}; // a line of text
 
-struct Color {}; // a colour as "#RRGGBB"
+// A colour as "#RRGGBB".
+struct Color {
+    ColorPick pick = {}; // from the screen; empty: that can't be done
+};
 
 // The absolute path of a folder.
 struct Folder {

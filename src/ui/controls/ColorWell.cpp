@@ -8,6 +8,7 @@
 #include <QColorDialog>
 #include <QMenu>
 #include <QPainter>
+#include <QPointer>
 
 namespace Kovrel {
 
@@ -50,7 +51,8 @@ QIcon iconOf(const QString& hex)
 
 } // namespace
 
-ColorWell::ColorWell(std::function<QStringList()> swatches) : Button(QString()), m_swatches(std::move(swatches))
+ColorWell::ColorWell(std::function<QStringList()> swatches, ColorPick pick)
+    : Button(QString()), m_swatches(std::move(swatches)), m_pick(std::move(pick))
 {
     setToolTip(tr("Colour"));
     setAccessibleName(toolTip());
@@ -103,6 +105,8 @@ void ColorWell::offer()
     if (m_hex && m_swatches)
         menu->addAction(swatches.contains(*m_hex) ? tr("Forget %1").arg(*m_hex) : tr("Keep %1").arg(*m_hex), this,
                         [this, hex = *m_hex] { Q_EMIT swatchToggled(hex); });
+    if (m_pick)
+        menu->addAction(tr("Pick from Screen"), this, &ColorWell::pickFromScreen);
     menu->addAction(tr("Other Colour…"), this, [this] {
         auto* const dialog = new QColorDialog(colorOf(m_hex.value_or(CanvasTokens::markColors[0])), this);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -111,6 +115,14 @@ void ColorWell::offer()
         dialog->open();
     });
     menu->popup(mapToGlobal(QPoint(0, height())));
+}
+
+void ColorWell::pickFromScreen()
+{
+    m_pick([well = QPointer(this)](const std::optional<QString>& hex) {
+        if (well && hex)
+            Q_EMIT well->colorChosen(*hex);
+    });
 }
 
 } // namespace Kovrel

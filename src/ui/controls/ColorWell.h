@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/ColorPick.h"
 #include "ui/Button.h"
 
 namespace Kovrel {
@@ -9,8 +10,9 @@ class ColorWell : public Button {
     Q_OBJECT
 
 public:
-    // `swatches`: the user's own, as hex strings; null: none are kept.
-    explicit ColorWell(std::function<QStringList()> swatches = {});
+    // `swatches`: the user's own, as hex strings; null: none are kept. `pick`: from the screen; null: that can't be
+    // done.
+    explicit ColorWell(std::function<QStringList()> swatches = {}, ColorPick pick = {});
 
     // Nothing: several.
     void setColor(const std::optional<QString>& hex);
@@ -27,8 +29,10 @@ protected:
 
 private:
     void offer();
+    void pickFromScreen();
 
     std::function<QStringList()> m_swatches;
+    ColorPick m_pick;
     std::optional<QString> m_hex;
 };
 

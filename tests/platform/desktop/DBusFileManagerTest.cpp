@@ -1,43 +1,15 @@
 #include "platform/desktop/DBusFileManager.h"
 #include "tests/support/TempFolder.h"
+#include "tests/support/TestBus.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QEventLoop>
 #include <QFile>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
 namespace Kovrel {
-
-namespace {
-
-// A session bus of the test's own.
-class Bus {
-public:
-    Bus()
-    {
-        m_daemon.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
-        m_daemon.waitForReadyRead();
-        m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", m_address.toUtf8());
-    }
-
-    ~Bus()
-    {
-        m_daemon.terminate();
-        m_daemon.waitForFinished();
-    }
-
-    QString address() const { return m_address; }
-
-private:
-    QProcess m_daemon;
-    QString m_address;
-};
-
-} // namespace
 
 // Stands on the bus as the desktop's file manager.
 class ListeningFileManager : public QObject {
@@ -61,7 +33,7 @@ public:
 
 TEST(DBusFileManager, AsksTheDesktopsFileManagerOrOpensTheFolder)
 {
-    const Bus bus;
+    const Testing::TestBus bus;
     DBusFileManager manager;
     QEventLoop loop;
     {

@@ -10,26 +10,43 @@ namespace {
 // Over one window in a session. A screen lock that wants to be over everything wins.
 constexpr int mostRaises = 10;
 
+// The wheel comes as a press of one button and its release for each step.
+std::optional<OverlayPointer> pressOf(const xcb_button_press_event_t& event, OverlayPointer pointer, bool isPress)
+{
+    pointer.kind = isPress ? OverlayPointer::Kind::press : OverlayPointer::Kind::release;
+    switch (event.detail) {
+    case XCB_BUTTON_INDEX_1:
+        pointer.button = Qt::LeftButton;
+        return pointer;
+    case XCB_BUTTON_INDEX_3:
+        pointer.button = Qt::RightButton;
+        return pointer;
+    case XCB_BUTTON_INDEX_4:
+    case XCB_BUTTON_INDEX_5:
+        if (!isPress)
+            return {};
+        pointer.kind = OverlayPointer::Kind::scroll;
+        pointer.scrolled = event.detail == XCB_BUTTON_INDEX_4 ? 1 : -1;
+        return pointer;
+    default:
+        return {};
+    }
+}
+
 std::optional<OverlayPointer> pointerOf(const xcb_generic_event_t& event)
 {
     // Motions have the layout of button events.
     const auto& button = reinterpret_cast<const xcb_button_press_event_t&>(event);
-    OverlayPointer pointer{.rootPixel = {button.root_x, button.root_y},
-                           .isShiftDown = (button.state & XCB_MOD_MASK_SHIFT) != 0,
-                           .time = button.time};
+    const OverlayPointer pointer{.rootPixel = {button.root_x, button.root_y},
+                                 .isShiftDown = (button.state & XCB_MOD_MASK_SHIFT) != 0,
+                                 .time = button.time,
+                                 .isAltDown = (button.state & XCB_MOD_MASK_1) != 0};
     const int type = event.response_type & 0x7f;
     if (type == XCB_MOTION_NOTIFY)
         return pointer;
     if (type != XCB_BUTTON_PRESS && type != XCB_BUTTON_RELEASE)
         return {};
-    pointer.kind = type == XCB_BUTTON_PRESS ? OverlayPointer::Kind::press : OverlayPointer::Kind::release;
-    if (button.detail == XCB_BUTTON_INDEX_1)
-        pointer.button = Qt::LeftButton;
-    else if (button.detail == XCB_BUTTON_INDEX_3)
-        pointer.button = Qt::RightButton;
-    else
-        return {};
-    return pointer;
+    return pressOf(button, pointer, type == XCB_BUTTON_PRESS);
 }
 
 } // namespace
