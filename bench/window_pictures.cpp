@@ -379,7 +379,7 @@ void takeAll(const QString& folder)
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    Translations::install(application);
+    Kovrel::Translations::install(application);
     if (argc < 2)
         return 2;
     Kovrel::Motion::shared().setReduced(true);

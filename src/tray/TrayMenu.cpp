@@ -54,7 +54,7 @@ void TrayMenu::refresh()
         action->setEnabled(m_handlers.isEnabled(entry));
         // Behind a tab, as a menu shows its shortcut: a real one would only work while the menu is open.
         const auto combo = HotkeySettings::combo(m_preferences, entry);
-        const QString keys = combo ? combo->title() : QString(entry.windowKeys);
+        const QString keys = combo ? combo->title() : QKeySequence(entry.windowKeys).toString(QKeySequence::NativeText);
         action->setText(menuTitle(entry) + (keys.isEmpty() ? QString() : '\t' + keys));
     }
 }

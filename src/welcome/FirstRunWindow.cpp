@@ -138,7 +138,7 @@ QString FirstRunWindow::actionTitle() const
 QString FirstRunWindow::areaKeys() const
 {
     const auto combo = HotkeySettings::combo(m_services.hotkeys.preferences, CommandTable::entryOf(HotkeyAction::area));
-    return combo ? combo->text() : QString();
+    return combo ? combo->title() : QString();
 }
 
 void FirstRunWindow::showStep()

@@ -101,7 +101,7 @@ void HomeWindow::refresh()
     for (const auto& [row, entry] : m_commands) {
         row->setEnabled(m_handlers.isEnabled(entry));
         const auto combo = HotkeySettings::combo(m_preferences, entry);
-        row->setKeys(combo ? combo->text() : QString(entry.windowKeys));
+        row->setKeys(combo ? combo->title() : QKeySequence(entry.windowKeys).toString(QKeySequence::NativeText));
     }
     refreshFooter();
 }

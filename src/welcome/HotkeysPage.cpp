@@ -55,7 +55,7 @@ void HotkeysPage::refresh()
         const bool isShown = combo && m_services.isOffered(row.entry);
         row.title->setVisible(isShown);
         row.keys->setVisible(isShown);
-        row.keys->setKeys(combo ? combo->text() : QString());
+        row.keys->setKeys(combo ? combo->title() : QString());
     }
     refreshNotices();
 }

@@ -37,21 +37,20 @@ MeasureController::Services measureServices(Foundation& foundation, const Ports&
     return {{aimOf(foundation), foundation.workers, foundation.preferences}, foundation.desktop->pixels(), ports};
 }
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("PickingFeature", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(PickingFeature)
+};
 
 ToastContent colorCopied(const QString& text, const QString& hex)
 {
     QImage swatch(swatchSide, swatchSide, QImage::Format_RGB32);
     swatch.fill(QColor(hex));
-    return {.message = text, .subtitle = tr("Colour copied"), .copied = true, .image = swatch};
+    return {.message = text, .subtitle = Texts::tr("Colour copied"), .copied = true, .image = swatch};
 }
 
 ToastContent readingCopied(const QString& reading)
 {
-    return {.message = reading, .subtitle = tr("Size copied"), .icon = "ruler", .copied = true};
+    return {.message = reading, .subtitle = Texts::tr("Size copied"), .icon = "ruler", .copied = true};
 }
 
 CommandAnswer answerOf(const MeasureController::Outcome& reading)

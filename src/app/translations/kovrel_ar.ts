@@ -431,6 +431,10 @@
         <source>Feedback…</source>
         <translation>ملاحظات…</translation>
     </message>
+    <message>
+        <source>Measure Screen</source>
+        <translation>قياس الشاشة</translation>
+    </message>
 </context>
 <context>
     <name>DesktopSession</name>
@@ -1259,6 +1263,10 @@
     <message>
         <source>Other Colour…</source>
         <translation>لون آخر…</translation>
+    </message>
+    <message>
+        <source>Pick from Screen</source>
+        <translation>التقاط من الشاشة</translation>
     </message>
 </context>
 <context>
@@ -3205,10 +3213,32 @@
     </message>
 </context>
 <context>
+    <name>MeasureSession</name>
+    <message>
+        <source>Tolerance %1</source>
+        <translation>التفاوت %1</translation>
+    </message>
+    <message>
+        <source>Drag for a rectangle  ·  Click to copy  ·  Wheel for tolerance  ·  U for the unit  ·  Esc to end</source>
+        <translation>السحب لمستطيل  ·  النقر للنسخ  ·  العجلة للتفاوت  ·  U للوحدة  ·  Esc للإنهاء</translation>
+    </message>
+</context>
+<context>
     <name>PatientRecogniser</name>
     <message>
         <source>The recognition of the text came to a standstill and was given up.</source>
         <translation>توقف التعرف على النص دون تقدّم فأُلغي.</translation>
+    </message>
+</context>
+<context>
+    <name>PickingFeature</name>
+    <message>
+        <source>Colour copied</source>
+        <translation>نُسخ اللون</translation>
+    </message>
+    <message>
+        <source>Size copied</source>
+        <translation>نُسخ المقاس</translation>
     </message>
 </context>
 <context>

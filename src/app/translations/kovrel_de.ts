@@ -431,6 +431,10 @@
         <source>Feedback…</source>
         <translation>Rückmeldung…</translation>
     </message>
+    <message>
+        <source>Measure Screen</source>
+        <translation>Bildschirm messen</translation>
+    </message>
 </context>
 <context>
     <name>DesktopSession</name>
@@ -1259,6 +1263,10 @@
     <message>
         <source>Other Colour…</source>
         <translation>Andere Farbe…</translation>
+    </message>
+    <message>
+        <source>Pick from Screen</source>
+        <translation>Vom Bildschirm aufnehmen</translation>
     </message>
 </context>
 <context>
@@ -3193,10 +3201,32 @@
     </message>
 </context>
 <context>
+    <name>MeasureSession</name>
+    <message>
+        <source>Tolerance %1</source>
+        <translation>Toleranz %1</translation>
+    </message>
+    <message>
+        <source>Drag for a rectangle  ·  Click to copy  ·  Wheel for tolerance  ·  U for the unit  ·  Esc to end</source>
+        <translation>Ziehen: Rechteck  ·  Klick: kopieren  ·  Mausrad: Toleranz  ·  U: Einheit  ·  Esc: beenden</translation>
+    </message>
+</context>
+<context>
     <name>PatientRecogniser</name>
     <message>
         <source>The recognition of the text came to a standstill and was given up.</source>
         <translation>Die Texterkennung kam nicht mehr voran und wurde abgebrochen.</translation>
+    </message>
+</context>
+<context>
+    <name>PickingFeature</name>
+    <message>
+        <source>Colour copied</source>
+        <translation>Farbe kopiert</translation>
+    </message>
+    <message>
+        <source>Size copied</source>
+        <translation>Größe kopiert</translation>
     </message>
 </context>
 <context>

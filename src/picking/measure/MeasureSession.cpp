@@ -12,10 +12,9 @@ namespace Kovrel {
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("MeasureSession", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(MeasureSession)
+};
 
 } // namespace
 
@@ -139,9 +138,9 @@ void MeasureSession::update()
 QString MeasureSession::hint() const
 {
     if (m_showsTolerance)
-        return tr("Tolerance %1").arg(m_aim.tolerance());
+        return Texts::tr("Tolerance %1").arg(m_aim.tolerance());
     if (m_showsHint)
-        return tr(
+        return Texts::tr(
             "Drag for a rectangle  \u00b7  Click to copy  \u00b7  Wheel for tolerance  \u00b7  U for the unit  \u00b7  "
             "Esc to end");
     return {};
