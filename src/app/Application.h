@@ -4,7 +4,7 @@
 #include "app/CommandRunner.h"
 #include "app/QuitSignals.h"
 #include "app/SuddenExit.h"
-#include "app/features/FeatureList.h"
+#include "app/FeatureList.h"
 #include "platform/desktop/InstanceBus.h"
 #include "ports/ProgramCommands.h"
 #include "ports/SettingsPages.h"

@@ -2,7 +2,7 @@
 
 #include "cards/Countdown.h"
 #include "cards/PreviewDuration.h"
-#include "model/CountdownHold.h"
+#include "ports/CountdownHold.h"
 #include "platform/MainLoop.h"
 #include "preferences/Preferences.h"
 

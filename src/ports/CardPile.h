@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/CaptureResult.h"
-#include "model/CountdownHold.h"
+#include "ports/CountdownHold.h"
 #include "ports/CaptureChrome.h"
 #include "ports/CaptureHistory.h"
 #include "ports/CaptureSave.h"

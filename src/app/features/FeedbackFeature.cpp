@@ -9,7 +9,7 @@
 #include "platform/FilePrograms.h"
 #include "platform/Guarded.h"
 #include "platform/ReplyFromWorker.h"
-#include "platform/desktop/LoadedLibraries.h"
+#include "platform/processes/LoadedLibraries.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/files/PrivateFolder.h"
 #include "platform/session/DesktopSession.h"

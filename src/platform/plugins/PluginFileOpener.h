@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/FileOpener.h"
+#include "platform/plugins/FileOpener.h"
 
 namespace Kovrel {
 

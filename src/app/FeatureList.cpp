@@ -1,4 +1,4 @@
-#include "app/features/FeatureList.h"
+#include "app/FeatureList.h"
 
 namespace Kovrel {
 

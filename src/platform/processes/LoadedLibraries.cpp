@@ -1,4 +1,4 @@
-#include "platform/desktop/LoadedLibraries.h"
+#include "platform/processes/LoadedLibraries.h"
 
 #include <QFileInfo>
 
