@@ -2,9 +2,9 @@
 
 #include "app/AppDelegate.h"
 #include "app/CommandRunner.h"
+#include "app/FeatureList.h"
 #include "app/QuitSignals.h"
 #include "app/SuddenExit.h"
-#include "app/FeatureList.h"
 #include "platform/desktop/InstanceBus.h"
 #include "ports/ProgramCommands.h"
 #include "ports/SettingsPages.h"

@@ -2,8 +2,8 @@
 
 #include "cards/Countdown.h"
 #include "cards/PreviewDuration.h"
-#include "ports/CountdownHold.h"
 #include "platform/MainLoop.h"
+#include "ports/CountdownHold.h"
 #include "preferences/Preferences.h"
 
 #include <QUuid>

@@ -16,19 +16,19 @@ constexpr Entry entryOf(PinQuickAction action)
 {
     switch (action) {
     case PinQuickAction::edit:
-        return {QT_TRANSLATE_NOOP("PinMenu", "Edit"), "pencil"};
+        return {QT_TRANSLATE_NOOP("Kovrel::PinMenu", "Edit"), "pencil"};
     case PinQuickAction::copyImage:
-        return {QT_TRANSLATE_NOOP("PinMenu", "Copy Image"), "doc.on.doc"};
+        return {QT_TRANSLATE_NOOP("Kovrel::PinMenu", "Copy Image"), "doc.on.doc"};
     case PinQuickAction::save:
-        return {QT_TRANSLATE_NOOP("PinMenu", "Save"), "square.and.arrow.down"};
+        return {QT_TRANSLATE_NOOP("Kovrel::PinMenu", "Save"), "square.and.arrow.down"};
     case PinQuickAction::actualSize:
-        return {QT_TRANSLATE_NOOP("PinMenu", "Actual Size"), "arrow.up.left.and.arrow.down.right"};
+        return {QT_TRANSLATE_NOOP("Kovrel::PinMenu", "Actual Size"), "arrow.up.left.and.arrow.down.right"};
     case PinQuickAction::unpin:
-        return {QT_TRANSLATE_NOOP("PinMenu", "Unpin"), "pin.slash"};
+        return {QT_TRANSLATE_NOOP("Kovrel::PinMenu", "Unpin"), "pin.slash"};
     case PinQuickAction::close:
         break;
     }
-    return {QT_TRANSLATE_NOOP("PinMenu", "Close"), "xmark"};
+    return {QT_TRANSLATE_NOOP("Kovrel::PinMenu", "Close"), "xmark"};
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "model/CaptureResult.h"
-#include "ports/CountdownHold.h"
 #include "ports/CaptureChrome.h"
 #include "ports/CaptureHistory.h"
 #include "ports/CaptureSave.h"
+#include "ports/CountdownHold.h"
 
 #include <memory>
 

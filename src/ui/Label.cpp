@@ -11,6 +11,9 @@ Label::Label(TextStyle style, Role role)
     connect(&LookChanges::shared(), &LookChanges::changed, this, takeFont);
     setForegroundRole(role == Role::secondary ? QPalette::PlaceholderText : QPalette::WindowText);
     setWordWrap(true);
+    // By itself the toolkit goes by the direction of the text, not of the window.
+    if (layoutDirection() == Qt::RightToLeft)
+        setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
 }
 
 } // namespace Kovrel

@@ -30,7 +30,9 @@ Notice::Notice() : Label(TextStyle::body)
 
 void Notice::makeRoom()
 {
-    setContentsMargins(padding + symbolSize() + gap, padding, padding, padding);
+    const int withSymbol = padding + symbolSize() + gap;
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    setContentsMargins(isMirrored ? padding : withSymbol, padding, isMirrored ? withSymbol : padding, padding);
 }
 
 void Notice::show(Kind kind, const QString& text)
@@ -48,10 +50,12 @@ void Notice::paintEvent(QPaintEvent* event)
     QPainter painter(this);
     const QColor color = isWarning ? theme.warningGround : theme.accentGround;
     Ground{.color = color, .edge = theme.cardEdge, .radius = Radius::group}.paint(painter, rect());
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     const double middle = padding + QFontMetricsF(font()).height() / 2; // of the first line
     const double size = symbolSize();
     Symbols::paint(painter, isWarning ? Symbols::warning : Symbols::information,
-                   {padding, middle - size / 2, size, size}, isWarning ? theme.warning : theme.accentText);
+                   {isMirrored ? width() - padding - size : padding, middle - size / 2, size, size},
+                   isWarning ? theme.warning : theme.accentText);
     painter.end();
     Label::paintEvent(event);
 }

@@ -9,9 +9,9 @@
 #include "platform/FilePrograms.h"
 #include "platform/Guarded.h"
 #include "platform/ReplyFromWorker.h"
-#include "platform/processes/LoadedLibraries.h"
 #include "platform/files/AtomicFile.h"
 #include "platform/files/PrivateFolder.h"
+#include "platform/processes/LoadedLibraries.h"
 #include "platform/session/DesktopSession.h"
 #include "ports/Captures.h"
 

@@ -2,45 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ar" sourcelanguage="en">
 <context>
-    <name>AlignmentPad</name>
-    <message>
-        <source>Top Left</source>
-        <translation>أعلى اليسار</translation>
-    </message>
-    <message>
-        <source>Top</source>
-        <translation>الأعلى</translation>
-    </message>
-    <message>
-        <source>Top Right</source>
-        <translation>أعلى اليمين</translation>
-    </message>
-    <message>
-        <source>Left</source>
-        <translation>اليسار</translation>
-    </message>
-    <message>
-        <source>Middle</source>
-        <translation>الوسط</translation>
-    </message>
-    <message>
-        <source>Right</source>
-        <translation>اليمين</translation>
-    </message>
-    <message>
-        <source>Bottom Left</source>
-        <translation>أسفل اليسار</translation>
-    </message>
-    <message>
-        <source>Bottom</source>
-        <translation>الأسفل</translation>
-    </message>
-    <message>
-        <source>Bottom Right</source>
-        <translation>أسفل اليمين</translation>
-    </message>
-</context>
-<context>
     <name>AtomicFile</name>
     <message>
         <source>%1 is not a regular file.</source>
@@ -277,61 +238,6 @@
     </message>
 </context>
 <context>
-    <name>CardQuickActionsMenu</name>
-    <message>
-        <source>Copy</source>
-        <translation>نسخ</translation>
-    </message>
-    <message>
-        <source>Save</source>
-        <translation>حفظ</translation>
-    </message>
-    <message>
-        <source>Edit</source>
-        <translation>تحرير</translation>
-    </message>
-    <message>
-        <source>Pin to Screen</source>
-        <translation>تثبيت على الشاشة</translation>
-    </message>
-    <message>
-        <source>Rotate Left</source>
-        <translation>تدوير إلى اليسار</translation>
-    </message>
-    <message>
-        <source>Rotate Right</source>
-        <translation>تدوير إلى اليمين</translation>
-    </message>
-    <message>
-        <source>Preview</source>
-        <translation>معاينة</translation>
-    </message>
-    <message>
-        <source>Show in Files</source>
-        <translation>إظهار في مدير الملفات</translation>
-    </message>
-    <message>
-        <source>Open With</source>
-        <translation>فتح باستخدام</translation>
-    </message>
-    <message>
-        <source>Open in Mail…</source>
-        <translation>فتح في البريد…</translation>
-    </message>
-    <message>
-        <source>Temporarily Hide</source>
-        <translation>إخفاء مؤقت</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>إغلاق</translation>
-    </message>
-    <message>
-        <source>Close All</source>
-        <translation>إغلاق الكل</translation>
-    </message>
-</context>
-<context>
     <name>CardsFeature</name>
     <message>
         <source>There is no closed card that could come back</source>
@@ -340,49 +246,6 @@
     <message>
         <source>Text copied</source>
         <translation>تم نسخ النص</translation>
-    </message>
-</context>
-<context>
-    <name>ColorWell</name>
-    <message>
-        <source>Red</source>
-        <translation>أحمر</translation>
-    </message>
-    <message>
-        <source>Orange</source>
-        <translation>برتقالي</translation>
-    </message>
-    <message>
-        <source>Yellow</source>
-        <translation>أصفر</translation>
-    </message>
-    <message>
-        <source>Green</source>
-        <translation>أخضر</translation>
-    </message>
-    <message>
-        <source>Teal</source>
-        <translation>أزرق مخضر</translation>
-    </message>
-    <message>
-        <source>Blue</source>
-        <translation>أزرق</translation>
-    </message>
-    <message>
-        <source>Purple</source>
-        <translation>أرجواني</translation>
-    </message>
-    <message>
-        <source>Pink</source>
-        <translation>وردي</translation>
-    </message>
-    <message>
-        <source>White</source>
-        <translation>أبيض</translation>
-    </message>
-    <message>
-        <source>Black</source>
-        <translation>أسود</translation>
     </message>
 </context>
 <context>
@@ -812,6 +675,42 @@
         <source>Position</source>
         <translation>الموضع</translation>
     </message>
+    <message>
+        <source>Top Left</source>
+        <translation>أعلى اليسار</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>الأعلى</translation>
+    </message>
+    <message>
+        <source>Top Right</source>
+        <translation>أعلى اليمين</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>اليسار</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>الوسط</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>اليمين</translation>
+    </message>
+    <message>
+        <source>Bottom Left</source>
+        <translation>أسفل اليسار</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>الأسفل</translation>
+    </message>
+    <message>
+        <source>Bottom Right</source>
+        <translation>أسفل اليمين</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::AnnotationCanvasView</name>
@@ -1161,6 +1060,58 @@
         <source>Saved</source>
         <translation>تم الحفظ</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>نسخ</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>حفظ</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>تحرير</translation>
+    </message>
+    <message>
+        <source>Pin to Screen</source>
+        <translation>تثبيت على الشاشة</translation>
+    </message>
+    <message>
+        <source>Rotate Left</source>
+        <translation>تدوير إلى اليسار</translation>
+    </message>
+    <message>
+        <source>Rotate Right</source>
+        <translation>تدوير إلى اليمين</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>معاينة</translation>
+    </message>
+    <message>
+        <source>Show in Files</source>
+        <translation>إظهار في مدير الملفات</translation>
+    </message>
+    <message>
+        <source>Open With</source>
+        <translation>فتح باستخدام</translation>
+    </message>
+    <message>
+        <source>Open in Mail…</source>
+        <translation>فتح في البريد…</translation>
+    </message>
+    <message>
+        <source>Temporarily Hide</source>
+        <translation>إخفاء مؤقت</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>إغلاق</translation>
+    </message>
+    <message>
+        <source>Close All</source>
+        <translation>إغلاق الكل</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::CardsPage</name>
@@ -1267,6 +1218,46 @@
     <message>
         <source>Pick from Screen</source>
         <translation>التقاط من الشاشة</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>أحمر</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>برتقالي</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>أصفر</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>أخضر</translation>
+    </message>
+    <message>
+        <source>Teal</source>
+        <translation>أزرق مخضر</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>أزرق</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>أرجواني</translation>
+    </message>
+    <message>
+        <source>Pink</source>
+        <translation>وردي</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>أبيض</translation>
+    </message>
+    <message>
+        <source>Black</source>
+        <translation>أسود</translation>
     </message>
 </context>
 <context>
@@ -1384,11 +1375,11 @@
     </message>
     <message>
         <source>Kovrel waits in the tray: everything it can do is in its menu there.</source>
-        <translation>ينتظر Kovrel في صينية النظام: كل ما يستطيعه تجده في قائمته هناك.</translation>
+        <translation>ينتظر Kovrel في علبة النظام: كل ما يستطيعه تجده في قائمته هناك.</translation>
     </message>
     <message>
         <source>This desktop has no tray. Start Kovrel again whenever you want its window; its keys work all the time.</source>
-        <translation>لا صينية نظام في سطح المكتب هذا. شغّل Kovrel من جديد متى أردت نافذته؛ أما مفاتيحه فتعمل دائمًا.</translation>
+        <translation>لا علبة نظام في سطح المكتب هذا. شغّل Kovrel من جديد متى أردت نافذته؛ أما مفاتيحه فتعمل دائمًا.</translation>
     </message>
     <message>
         <source>Start Kovrel at login</source>
@@ -2614,6 +2605,30 @@
         <source>Saved</source>
         <translation>تم الحفظ</translation>
     </message>
+    <message>
+        <source>Edit</source>
+        <translation>تحرير</translation>
+    </message>
+    <message>
+        <source>Copy Image</source>
+        <translation>نسخ الصورة</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>حفظ</translation>
+    </message>
+    <message>
+        <source>Actual Size</source>
+        <translation>الحجم الفعلي</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>إلغاء التثبيت</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>إغلاق</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::PinPanel</name>
@@ -3123,6 +3138,70 @@
         <source>Tools</source>
         <translation>الأدوات</translation>
     </message>
+    <message>
+        <source>Select</source>
+        <translation>تحديد</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>اقتصاص</translation>
+    </message>
+    <message>
+        <source>Arrow</source>
+        <translation>سهم</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>خط</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>قلم</translation>
+    </message>
+    <message>
+        <source>Highlighter</source>
+        <translation>قلم تمييز</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>مستطيل</translation>
+    </message>
+    <message>
+        <source>Filled Rectangle</source>
+        <translation>مستطيل ممتلئ</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>شكل بيضوي</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <translation>خطوة</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>نص</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>تمويه</translation>
+    </message>
+    <message>
+        <source>Pixelate</source>
+        <translation>بكسلة</translation>
+    </message>
+    <message>
+        <source>Black Out</source>
+        <translation>تسويد</translation>
+    </message>
+    <message>
+        <source>Spotlight</source>
+        <translation>بقعة ضوء</translation>
+    </message>
+    <message>
+        <source>Measure</source>
+        <translation>قياس</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::TrayMenu</name>
@@ -3249,33 +3328,6 @@
     </message>
 </context>
 <context>
-    <name>PinMenu</name>
-    <message>
-        <source>Edit</source>
-        <translation>تحرير</translation>
-    </message>
-    <message>
-        <source>Copy Image</source>
-        <translation>نسخ الصورة</translation>
-    </message>
-    <message>
-        <source>Save</source>
-        <translation>حفظ</translation>
-    </message>
-    <message>
-        <source>Actual Size</source>
-        <translation>الحجم الفعلي</translation>
-    </message>
-    <message>
-        <source>Unpin</source>
-        <translation>إلغاء التثبيت</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>إغلاق</translation>
-    </message>
-</context>
-<context>
     <name>Plugins</name>
     <message>
         <source>The part %1 of Kovrel cannot be used: %2</source>
@@ -3383,73 +3435,6 @@
     <message>
         <source>Saved to %1</source>
         <translation>تم الحفظ في %1</translation>
-    </message>
-</context>
-<context>
-    <name>ToolPalette</name>
-    <message>
-        <source>Select</source>
-        <translation>تحديد</translation>
-    </message>
-    <message>
-        <source>Crop</source>
-        <translation>اقتصاص</translation>
-    </message>
-    <message>
-        <source>Arrow</source>
-        <translation>سهم</translation>
-    </message>
-    <message>
-        <source>Line</source>
-        <translation>خط</translation>
-    </message>
-    <message>
-        <source>Pen</source>
-        <translation>قلم</translation>
-    </message>
-    <message>
-        <source>Highlighter</source>
-        <translation>قلم تمييز</translation>
-    </message>
-    <message>
-        <source>Rectangle</source>
-        <translation>مستطيل</translation>
-    </message>
-    <message>
-        <source>Filled Rectangle</source>
-        <translation>مستطيل ممتلئ</translation>
-    </message>
-    <message>
-        <source>Ellipse</source>
-        <translation>شكل بيضوي</translation>
-    </message>
-    <message>
-        <source>Step</source>
-        <translation>خطوة</translation>
-    </message>
-    <message>
-        <source>Text</source>
-        <translation>نص</translation>
-    </message>
-    <message>
-        <source>Blur</source>
-        <translation>تمويه</translation>
-    </message>
-    <message>
-        <source>Pixelate</source>
-        <translation>بكسلة</translation>
-    </message>
-    <message>
-        <source>Black Out</source>
-        <translation>تسويد</translation>
-    </message>
-    <message>
-        <source>Spotlight</source>
-        <translation>بقعة ضوء</translation>
-    </message>
-    <message>
-        <source>Measure</source>
-        <translation>قياس</translation>
     </message>
 </context>
 </TS>

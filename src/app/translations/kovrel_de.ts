@@ -2,45 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name>AlignmentPad</name>
-    <message>
-        <source>Top Left</source>
-        <translation>Oben links</translation>
-    </message>
-    <message>
-        <source>Top</source>
-        <translation>Oben</translation>
-    </message>
-    <message>
-        <source>Top Right</source>
-        <translation>Oben rechts</translation>
-    </message>
-    <message>
-        <source>Left</source>
-        <translation>Links</translation>
-    </message>
-    <message>
-        <source>Middle</source>
-        <translation>Mitte</translation>
-    </message>
-    <message>
-        <source>Right</source>
-        <translation>Rechts</translation>
-    </message>
-    <message>
-        <source>Bottom Left</source>
-        <translation>Unten links</translation>
-    </message>
-    <message>
-        <source>Bottom</source>
-        <translation>Unten</translation>
-    </message>
-    <message>
-        <source>Bottom Right</source>
-        <translation>Unten rechts</translation>
-    </message>
-</context>
-<context>
     <name>AtomicFile</name>
     <message>
         <source>%1 is not a regular file.</source>
@@ -277,61 +238,6 @@
     </message>
 </context>
 <context>
-    <name>CardQuickActionsMenu</name>
-    <message>
-        <source>Copy</source>
-        <translation>Kopieren</translation>
-    </message>
-    <message>
-        <source>Save</source>
-        <translation>Speichern</translation>
-    </message>
-    <message>
-        <source>Edit</source>
-        <translation>Bearbeiten</translation>
-    </message>
-    <message>
-        <source>Pin to Screen</source>
-        <translation>An Bildschirm anheften</translation>
-    </message>
-    <message>
-        <source>Rotate Left</source>
-        <translation>Nach links drehen</translation>
-    </message>
-    <message>
-        <source>Rotate Right</source>
-        <translation>Nach rechts drehen</translation>
-    </message>
-    <message>
-        <source>Preview</source>
-        <translation>Vorschau</translation>
-    </message>
-    <message>
-        <source>Show in Files</source>
-        <translation>Im Dateimanager anzeigen</translation>
-    </message>
-    <message>
-        <source>Open With</source>
-        <translation>Öffnen mit</translation>
-    </message>
-    <message>
-        <source>Open in Mail…</source>
-        <translation>Im E-Mail-Programm öffnen…</translation>
-    </message>
-    <message>
-        <source>Temporarily Hide</source>
-        <translation>Vorübergehend ausblenden</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
-    </message>
-    <message>
-        <source>Close All</source>
-        <translation>Alle schließen</translation>
-    </message>
-</context>
-<context>
     <name>CardsFeature</name>
     <message>
         <source>There is no closed card that could come back</source>
@@ -340,49 +246,6 @@
     <message>
         <source>Text copied</source>
         <translation>Text kopiert</translation>
-    </message>
-</context>
-<context>
-    <name>ColorWell</name>
-    <message>
-        <source>Red</source>
-        <translation>Rot</translation>
-    </message>
-    <message>
-        <source>Orange</source>
-        <translation>Orange</translation>
-    </message>
-    <message>
-        <source>Yellow</source>
-        <translation>Gelb</translation>
-    </message>
-    <message>
-        <source>Green</source>
-        <translation>Grün</translation>
-    </message>
-    <message>
-        <source>Teal</source>
-        <translation>Petrol</translation>
-    </message>
-    <message>
-        <source>Blue</source>
-        <translation>Blau</translation>
-    </message>
-    <message>
-        <source>Purple</source>
-        <translation>Violett</translation>
-    </message>
-    <message>
-        <source>Pink</source>
-        <translation>Rosa</translation>
-    </message>
-    <message>
-        <source>White</source>
-        <translation>Weiß</translation>
-    </message>
-    <message>
-        <source>Black</source>
-        <translation>Schwarz</translation>
     </message>
 </context>
 <context>
@@ -812,6 +675,42 @@
         <source>Position</source>
         <translation>Position</translation>
     </message>
+    <message>
+        <source>Top Left</source>
+        <translation>Oben links</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Oben</translation>
+    </message>
+    <message>
+        <source>Top Right</source>
+        <translation>Oben rechts</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Bottom Left</source>
+        <translation>Unten links</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Unten</translation>
+    </message>
+    <message>
+        <source>Bottom Right</source>
+        <translation>Unten rechts</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::AnnotationCanvasView</name>
@@ -1161,6 +1060,58 @@
         <source>Saved</source>
         <translation>Gespeichert</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Pin to Screen</source>
+        <translation>An Bildschirm anheften</translation>
+    </message>
+    <message>
+        <source>Rotate Left</source>
+        <translation>Nach links drehen</translation>
+    </message>
+    <message>
+        <source>Rotate Right</source>
+        <translation>Nach rechts drehen</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>Show in Files</source>
+        <translation>Im Dateimanager anzeigen</translation>
+    </message>
+    <message>
+        <source>Open With</source>
+        <translation>Öffnen mit</translation>
+    </message>
+    <message>
+        <source>Open in Mail…</source>
+        <translation>Im E-Mail-Programm öffnen…</translation>
+    </message>
+    <message>
+        <source>Temporarily Hide</source>
+        <translation>Vorübergehend ausblenden</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Close All</source>
+        <translation>Alle schließen</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::CardsPage</name>
@@ -1267,6 +1218,46 @@
     <message>
         <source>Pick from Screen</source>
         <translation>Vom Bildschirm aufnehmen</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>Orange</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Gelb</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Teal</source>
+        <translation>Petrol</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>Violett</translation>
+    </message>
+    <message>
+        <source>Pink</source>
+        <translation>Rosa</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>Weiß</translation>
+    </message>
+    <message>
+        <source>Black</source>
+        <translation>Schwarz</translation>
     </message>
 </context>
 <context>
@@ -1384,11 +1375,11 @@
     </message>
     <message>
         <source>Kovrel waits in the tray: everything it can do is in its menu there.</source>
-        <translation>Kovrel wartet in der Systemleiste: Dort steht alles, was es kann, im Menü.</translation>
+        <translation>Kovrel wartet im Infobereich: Alles, was es kann, steht dort in seinem Menü.</translation>
     </message>
     <message>
         <source>This desktop has no tray. Start Kovrel again whenever you want its window; its keys work all the time.</source>
-        <translation>Diese Arbeitsumgebung hat keine Systemleiste. Ein weiterer Start von Kovrel zeigt sein Fenster; seine Tasten wirken immer.</translation>
+        <translation>Diese Arbeitsumgebung hat keinen Infobereich. Ein weiterer Start von Kovrel zeigt sein Fenster; seine Tasten wirken immer.</translation>
     </message>
     <message>
         <source>Start Kovrel at login</source>
@@ -2602,6 +2593,30 @@
         <source>Saved</source>
         <translation>Gespeichert</translation>
     </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Copy Image</source>
+        <translation>Bild kopieren</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Actual Size</source>
+        <translation>Originalgröße</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Lösen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::PinPanel</name>
@@ -3111,6 +3126,70 @@
         <source>Tools</source>
         <translation>Werkzeuge</translation>
     </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Zuschneiden</translation>
+    </message>
+    <message>
+        <source>Arrow</source>
+        <translation>Pfeil</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>Stift</translation>
+    </message>
+    <message>
+        <source>Highlighter</source>
+        <translation>Textmarker</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Rechteck</translation>
+    </message>
+    <message>
+        <source>Filled Rectangle</source>
+        <translation>Gefülltes Rechteck</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Ellipse</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <translation>Schritt</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>Weichzeichnen</translation>
+    </message>
+    <message>
+        <source>Pixelate</source>
+        <translation>Verpixeln</translation>
+    </message>
+    <message>
+        <source>Black Out</source>
+        <translation>Schwärzen</translation>
+    </message>
+    <message>
+        <source>Spotlight</source>
+        <translation>Spotlight</translation>
+    </message>
+    <message>
+        <source>Measure</source>
+        <translation>Messen</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::TrayMenu</name>
@@ -3237,33 +3316,6 @@
     </message>
 </context>
 <context>
-    <name>PinMenu</name>
-    <message>
-        <source>Edit</source>
-        <translation>Bearbeiten</translation>
-    </message>
-    <message>
-        <source>Copy Image</source>
-        <translation>Bild kopieren</translation>
-    </message>
-    <message>
-        <source>Save</source>
-        <translation>Speichern</translation>
-    </message>
-    <message>
-        <source>Actual Size</source>
-        <translation>Originalgröße</translation>
-    </message>
-    <message>
-        <source>Unpin</source>
-        <translation>Lösen</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
-    </message>
-</context>
-<context>
     <name>Plugins</name>
     <message>
         <source>The part %1 of Kovrel cannot be used: %2</source>
@@ -3371,73 +3423,6 @@
     <message>
         <source>Saved to %1</source>
         <translation>Gespeichert in %1</translation>
-    </message>
-</context>
-<context>
-    <name>ToolPalette</name>
-    <message>
-        <source>Select</source>
-        <translation>Auswählen</translation>
-    </message>
-    <message>
-        <source>Crop</source>
-        <translation>Zuschneiden</translation>
-    </message>
-    <message>
-        <source>Arrow</source>
-        <translation>Pfeil</translation>
-    </message>
-    <message>
-        <source>Line</source>
-        <translation>Linie</translation>
-    </message>
-    <message>
-        <source>Pen</source>
-        <translation>Stift</translation>
-    </message>
-    <message>
-        <source>Highlighter</source>
-        <translation>Textmarker</translation>
-    </message>
-    <message>
-        <source>Rectangle</source>
-        <translation>Rechteck</translation>
-    </message>
-    <message>
-        <source>Filled Rectangle</source>
-        <translation>Gefülltes Rechteck</translation>
-    </message>
-    <message>
-        <source>Ellipse</source>
-        <translation>Ellipse</translation>
-    </message>
-    <message>
-        <source>Step</source>
-        <translation>Schritt</translation>
-    </message>
-    <message>
-        <source>Text</source>
-        <translation>Text</translation>
-    </message>
-    <message>
-        <source>Blur</source>
-        <translation>Weichzeichnen</translation>
-    </message>
-    <message>
-        <source>Pixelate</source>
-        <translation>Verpixeln</translation>
-    </message>
-    <message>
-        <source>Black Out</source>
-        <translation>Schwärzen</translation>
-    </message>
-    <message>
-        <source>Spotlight</source>
-        <translation>Spotlight</translation>
-    </message>
-    <message>
-        <source>Measure</source>
-        <translation>Messen</translation>
     </message>
 </context>
 </TS>

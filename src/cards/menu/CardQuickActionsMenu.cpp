@@ -18,20 +18,24 @@ struct Entry {
 };
 
 constexpr Entry entries[] = {
-    {CardQuickAction::copy, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Copy"), "doc.on.doc", false},
-    {CardQuickAction::save, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Save"), "square.and.arrow.down", false},
-    {CardQuickAction::edit, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Edit"), "pencil", false},
-    {CardQuickAction::pin, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Pin to Screen"), "pin", false},
-    {CardQuickAction::rotateLeft, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Rotate Left"), "rotate.left", true},
-    {CardQuickAction::rotateRight, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Rotate Right"), "rotate.right", false},
-    {CardQuickAction::quickLook, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Preview"), "eye", true},
-    {CardQuickAction::showInFinder, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Show in Files"), "folder", false},
-    {CardQuickAction::openWith, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Open With"), "square.grid", false},
-    {CardQuickAction::openInMail, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Open in Mail\u2026"), "envelope", false},
-    {CardQuickAction::temporarilyHide, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Temporarily Hide"), "eye.slash",
+    {CardQuickAction::copy, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Copy"), "doc.on.doc", false},
+    {CardQuickAction::save, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Save"), "square.and.arrow.down", false},
+    {CardQuickAction::edit, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Edit"), "pencil", false},
+    {CardQuickAction::pin, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Pin to Screen"), "pin", false},
+    {CardQuickAction::rotateLeft, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Rotate Left"), "rotate.left",
      true},
-    {CardQuickAction::close, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Close"), "xmark", false},
-    {CardQuickAction::closeAll, QT_TRANSLATE_NOOP("CardQuickActionsMenu", "Close All"), "xmark.circle", false},
+    {CardQuickAction::rotateRight, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Rotate Right"), "rotate.right",
+     false},
+    {CardQuickAction::quickLook, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Preview"), "eye", true},
+    {CardQuickAction::showInFinder, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Show in Files"), "folder",
+     false},
+    {CardQuickAction::openWith, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Open With"), "square.grid", false},
+    {CardQuickAction::openInMail, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Open in Mail\u2026"), "envelope",
+     false},
+    {CardQuickAction::temporarilyHide, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Temporarily Hide"),
+     "eye.slash", true},
+    {CardQuickAction::close, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Close"), "xmark", false},
+    {CardQuickAction::closeAll, QT_TRANSLATE_NOOP("Kovrel::CardQuickActionsMenu", "Close All"), "xmark.circle", false},
 };
 
 static_assert(std::ranges::equal(entries, allCardQuickActions, {}, &Entry::action));

@@ -17,11 +17,11 @@ constexpr double dotRadius = 2.5;
 constexpr QSizeF chosenSize(18, 13);
 
 constexpr std::array names{
-    QT_TRANSLATE_NOOP("AlignmentPad", "Top Left"),     QT_TRANSLATE_NOOP("AlignmentPad", "Top"),
-    QT_TRANSLATE_NOOP("AlignmentPad", "Top Right"),    QT_TRANSLATE_NOOP("AlignmentPad", "Left"),
-    QT_TRANSLATE_NOOP("AlignmentPad", "Middle"),       QT_TRANSLATE_NOOP("AlignmentPad", "Right"),
-    QT_TRANSLATE_NOOP("AlignmentPad", "Bottom Left"),  QT_TRANSLATE_NOOP("AlignmentPad", "Bottom"),
-    QT_TRANSLATE_NOOP("AlignmentPad", "Bottom Right"),
+    QT_TRANSLATE_NOOP("Kovrel::AlignmentPad", "Top Left"),     QT_TRANSLATE_NOOP("Kovrel::AlignmentPad", "Top"),
+    QT_TRANSLATE_NOOP("Kovrel::AlignmentPad", "Top Right"),    QT_TRANSLATE_NOOP("Kovrel::AlignmentPad", "Left"),
+    QT_TRANSLATE_NOOP("Kovrel::AlignmentPad", "Middle"),       QT_TRANSLATE_NOOP("Kovrel::AlignmentPad", "Right"),
+    QT_TRANSLATE_NOOP("Kovrel::AlignmentPad", "Bottom Left"),  QT_TRANSLATE_NOOP("Kovrel::AlignmentPad", "Bottom"),
+    QT_TRANSLATE_NOOP("Kovrel::AlignmentPad", "Bottom Right"),
 };
 static_assert(names.size() == RawStrings<CardAlignment>::table.size());
 

@@ -23,14 +23,14 @@ constexpr std::array groups{EditorTool::arrow, EditorTool::rectangle, EditorTool
                             EditorTool::spotlight};
 
 constexpr std::array names{
-    QT_TRANSLATE_NOOP("ToolPalette", "Select"),    QT_TRANSLATE_NOOP("ToolPalette", "Crop"),
-    QT_TRANSLATE_NOOP("ToolPalette", "Arrow"),     QT_TRANSLATE_NOOP("ToolPalette", "Line"),
-    QT_TRANSLATE_NOOP("ToolPalette", "Pen"),       QT_TRANSLATE_NOOP("ToolPalette", "Highlighter"),
-    QT_TRANSLATE_NOOP("ToolPalette", "Rectangle"), QT_TRANSLATE_NOOP("ToolPalette", "Filled Rectangle"),
-    QT_TRANSLATE_NOOP("ToolPalette", "Ellipse"),   QT_TRANSLATE_NOOP("ToolPalette", "Step"),
-    QT_TRANSLATE_NOOP("ToolPalette", "Text"),      QT_TRANSLATE_NOOP("ToolPalette", "Blur"),
-    QT_TRANSLATE_NOOP("ToolPalette", "Pixelate"),  QT_TRANSLATE_NOOP("ToolPalette", "Black Out"),
-    QT_TRANSLATE_NOOP("ToolPalette", "Spotlight"), QT_TRANSLATE_NOOP("ToolPalette", "Measure"),
+    QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Select"),    QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Crop"),
+    QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Arrow"),     QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Line"),
+    QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Pen"),       QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Highlighter"),
+    QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Rectangle"), QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Filled Rectangle"),
+    QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Ellipse"),   QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Step"),
+    QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Text"),      QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Blur"),
+    QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Pixelate"),  QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Black Out"),
+    QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Spotlight"), QT_TRANSLATE_NOOP("Kovrel::ToolPalette", "Measure"),
 };
 static_assert(names.size() == RawStrings<EditorTool>::table.size());
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/plugins/FileOpener.h"
 #include "platform/FilePrograms.h"
 #include "platform/Lifeline.h"
 #include "platform/MainLoop.h"
 #include "platform/Workers.h"
+#include "platform/plugins/FileOpener.h"
 
 #include <memory>
 

@@ -18,11 +18,11 @@ constexpr int side = 34;
 constexpr double wellSide = 20;
 
 constexpr std::array names{
-    QT_TRANSLATE_NOOP("ColorWell", "Red"),    QT_TRANSLATE_NOOP("ColorWell", "Orange"),
-    QT_TRANSLATE_NOOP("ColorWell", "Yellow"), QT_TRANSLATE_NOOP("ColorWell", "Green"),
-    QT_TRANSLATE_NOOP("ColorWell", "Teal"),   QT_TRANSLATE_NOOP("ColorWell", "Blue"),
-    QT_TRANSLATE_NOOP("ColorWell", "Purple"), QT_TRANSLATE_NOOP("ColorWell", "Pink"),
-    QT_TRANSLATE_NOOP("ColorWell", "White"),  QT_TRANSLATE_NOOP("ColorWell", "Black"),
+    QT_TRANSLATE_NOOP("Kovrel::ColorWell", "Red"),    QT_TRANSLATE_NOOP("Kovrel::ColorWell", "Orange"),
+    QT_TRANSLATE_NOOP("Kovrel::ColorWell", "Yellow"), QT_TRANSLATE_NOOP("Kovrel::ColorWell", "Green"),
+    QT_TRANSLATE_NOOP("Kovrel::ColorWell", "Teal"),   QT_TRANSLATE_NOOP("Kovrel::ColorWell", "Blue"),
+    QT_TRANSLATE_NOOP("Kovrel::ColorWell", "Purple"), QT_TRANSLATE_NOOP("Kovrel::ColorWell", "Pink"),
+    QT_TRANSLATE_NOOP("Kovrel::ColorWell", "White"),  QT_TRANSLATE_NOOP("Kovrel::ColorWell", "Black"),
 };
 static_assert(names.size() == CanvasTokens::markColors.size());
 

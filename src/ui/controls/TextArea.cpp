@@ -35,8 +35,10 @@ TextArea::TextArea(Kind kind, const QString& name) : m_kind(kind), m_edit(new QP
     m_edit->setFrameShape(QFrame::NoFrame);
     m_edit->viewport()->setAutoFillBackground(false);
     m_edit->installEventFilter(this);
-    if (kind == Kind::report)
+    if (kind == Kind::report) {
         m_edit->setLineWrapMode(QPlainTextEdit::NoWrap);
+        m_edit->setLayoutDirection(Qt::LeftToRight); // in every language a report is English
+    }
     setFocusProxy(m_edit);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(padding, padding, padding, padding);
