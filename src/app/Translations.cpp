@@ -1,30 +1,46 @@
 #include "app/Translations.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <QTranslator>
 
 namespace Kovrel {
 
 namespace {
 
-bool add(QCoreApplication& application, const QLocale& locale, const QString& name, const QString& folder)
+constexpr QLatin1StringView folder(":/translations");
+
+void add(QCoreApplication& application, const QLocale& locale, const QString& name, const QString& from)
 {
     auto* const translator = new QTranslator(&application);
-    return translator->load(locale, name, "_", folder) && QCoreApplication::installTranslator(translator);
+    if (translator->load(locale, name, "_", from))
+        QCoreApplication::installTranslator(translator);
 }
 
 } // namespace
 
+std::optional<QLocale> Translations::chosen(const QStringList& preferred)
+{
+    for (const QString& tag : preferred) {
+        const QLocale locale(tag);
+        if (locale.language() == QLocale::English || locale.language() == QLocale::C)
+            return std::nullopt;
+        if (QFile::exists(folder + "/kovrel_" + QLocale::languageToCode(locale.language()) + ".qm"))
+            return locale;
+    }
+    return std::nullopt;
+}
+
 // The dialogs of the toolkit are translated with us or not at all: both languages in one window would be neither.
 void Translations::install(QCoreApplication& application)
 {
-    const QLocale locale = QLocale::system();
-    if (!add(application, locale, "kovrel", ":/translations"))
+    const auto locale = chosen(QLocale::system().uiLanguages());
+    if (!locale)
         return;
-    add(application, locale, "qtbase", QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-    QGuiApplication::setLayoutDirection(locale.textDirection());
+    add(application, *locale, "kovrel", folder);
+    add(application, *locale, "qtbase", QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    QGuiApplication::setLayoutDirection(locale->textDirection());
 }
 
 } // namespace Kovrel
