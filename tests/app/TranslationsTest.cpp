@@ -23,7 +23,8 @@ TEST(TranslationsTest, TheFirstLanguageThatIsKnownIsSpokenAndEnglishIsKnown)
     };
     for (const Case& each : cases) {
         const auto locale = Translations::chosen(each.preferred);
-        EXPECT_EQ(locale ? std::optional(locale->language()) : std::nullopt, each.spoken) << each.preferred.join(' ').toStdString();
+        EXPECT_EQ(locale ? std::optional(locale->language()) : std::nullopt, each.spoken)
+            << each.preferred.join(' ').toStdString();
     }
 }
 

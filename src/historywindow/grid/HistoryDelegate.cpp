@@ -35,6 +35,8 @@ void drawLine(QPainter& painter, QRect& rest, TextStyle style, const QColor& col
     const QFontMetrics metrics(font);
     painter.setFont(font);
     painter.setPen(color);
+    // A name is read in its own direction, whatever the window's is: else its marks change their places.
+    painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     painter.drawText(rest, Qt::AlignHCenter | Qt::AlignTop, metrics.elidedText(text, Qt::ElideMiddle, rest.width()));
     rest.setTop(rest.top() + metrics.height());
 }

@@ -63,9 +63,12 @@ void ListsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         painter->setBrush(Qt::NoBrush);
         painter->drawRoundedRect(QRectF(option.rect).adjusted(1, 2, -1, -2), Radius::control, Radius::control);
     }
-    paintSymbol(*painter, symbolPlace(option.rect), index.data(ListsModel::colorRole), theme);
+    const auto mirrored = [&](const QRect& whole, const QRect& part) {
+        return QStyle::visualRect(option.direction, whole, part);
+    };
+    paintSymbol(*painter, mirrored(option.rect, symbolPlace(option.rect)), index.data(ListsModel::colorRole), theme);
 
-    const QRect texts = textPlace(option.rect);
+    const QRect texts = mirrored(option.rect, textPlace(option.rect));
     const QString count = QLocale().toString(index.data(ListsModel::countRole).toInt());
     painter->setFont(Typography::font(TextStyle::caption));
     painter->setPen(theme.secondaryText);
@@ -73,7 +76,7 @@ void ListsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const int countWidth = painter->fontMetrics().horizontalAdvance(count) + Spacing::small;
     painter->setFont(Typography::font(isSelected ? TextStyle::emphasis : TextStyle::control));
     painter->setPen(theme.text);
-    const QRect name = texts.adjusted(0, 0, -countWidth, 0);
+    const QRect name = mirrored(texts, texts.adjusted(0, 0, -countWidth, 0));
     painter->drawText(name, Qt::AlignLeft | Qt::AlignVCenter,
                       painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, name.width()));
     painter->restore();
@@ -81,7 +84,8 @@ void ListsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
 void ListsDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const
 {
-    editor->setGeometry(textPlace(option.rect).adjusted(-Spacing::tight, 2, 0, -2));
+    const QRect place = textPlace(option.rect).adjusted(-Spacing::tight, 2, 0, -2);
+    editor->setGeometry(QStyle::visualRect(option.direction, option.rect, place));
 }
 
 } // namespace Kovrel

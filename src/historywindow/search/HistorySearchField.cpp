@@ -33,7 +33,10 @@ HistorySearchField::HistorySearchField()
     m_edit->installEventFilter(this);
     connect(m_edit, &QLineEdit::textChanged, this, &HistorySearchField::textChanged);
     m_layout = new QHBoxLayout(this);
-    m_layout->setContentsMargins(padding + glassSide + Spacing::small, fieldPadding, padding, fieldPadding);
+    constexpr int withGlass = padding + glassSide + Spacing::small;
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    m_layout->setContentsMargins(isMirrored ? padding : withGlass, fieldPadding, isMirrored ? withGlass : padding,
+                                 fieldPadding);
     m_layout->setSpacing(Spacing::tight + Spacing::tight);
     m_layout->addWidget(m_edit, 1);
     setFocusProxy(m_edit);
@@ -88,7 +91,8 @@ void HistorySearchField::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     Ground{theme.card, m_edit->hasFocus() ? theme.focusRing : theme.cardEdge, Radius::control}.paint(painter, rect());
-    Symbols::paint(painter, "magnifyingglass", QRectF(padding, (height() - glassSide) / 2.0, glassSide, glassSide),
+    const QRect glass(padding, (height() - glassSide) / 2, glassSide, glassSide);
+    Symbols::paint(painter, "magnifyingglass", QStyle::visualRect(layoutDirection(), rect(), glass),
                    theme.secondaryText);
 }
 
