@@ -198,18 +198,18 @@ bool MeasureSampler::qualifiesAsEdge(Axis along, int at, int cross, int floor) c
 std::optional<int> MeasureSampler::sharpestEdge(Axis along, double near, int cross, double reach, int floor) const
 {
     const auto line = lineOf(m_pixels, along, cross);
-    if (!line || std::isnan(near) || !(reach >= 0))
+    if (!line || std::isnan(near - reach) || !(reach >= 0))
         return std::nullopt;
-    const double first = std::max(0.0, std::ceil(near - reach));
-    const double last = std::min<double>(line->length, std::floor(near + reach));
+    // Both within the line before they become whole numbers: a place may be anywhere.
+    const int first = int(std::clamp<double>(std::ceil(near - reach), 0, line->length + 1));
+    const int last = int(std::clamp<double>(std::floor(near + reach), -1, line->length));
     std::optional<Candidate> best;
-    for (double boundary = first; boundary <= last; ++boundary) {
-        const int at = static_cast<int>(boundary);
+    for (int at = first; at <= last; ++at) {
         const bool isBorder = at == 0 || at == line->length;
         if (!isBorder && !isEdge(*line, at, floor))
             continue;
         const int strength = isBorder ? strengthOfBorder : largestDifference(line->pixel(at - 1), line->pixel(at));
-        const Candidate candidate{at, std::abs(boundary - near), strength};
+        const Candidate candidate{at, std::abs(at - near), strength};
         if (!best || candidate.isBetterThan(*best))
             best = candidate;
     }
