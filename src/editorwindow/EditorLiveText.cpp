@@ -25,8 +25,8 @@ void EditorLiveText::setOn(bool isOn)
     if (std::exchange(m_isOn, isOn) == isOn)
         return;
     if (isOn) {
-        m_lines.expect(QualityOfService::userInitiated);
         readCodes();
+        m_lines.expect(QualityOfService::userInitiated);
         take();
     } else {
         m_layer->clear();
@@ -37,13 +37,13 @@ void EditorLiveText::setOn(bool isOn)
 
 void EditorLiveText::readCodes()
 {
-    if (std::exchange(m_isAsked, true))
-        return;
     const auto& reader = m_services.ports.textReader;
-    if (!reader)
+    if (m_codesState != Codes::unasked || !reader)
         return;
+    m_codesState = Codes::awaited;
     reader->readCodes(m_capture.image, m_lifeline.guard([this](const std::optional<std::vector<QRCode>>& codes) {
-        m_codes = codes;
+        m_codesState = Codes::known;
+        m_codes = codes.value_or(std::vector<QRCode>());
         take();
     }));
 }
@@ -53,12 +53,14 @@ void EditorLiveText::take()
     const auto state = m_lines.state();
     if (!m_isOn || state == CaptureLines::State::awaited)
         return;
-    const std::vector<QRCode> codes = m_codes.value_or(std::vector<QRCode>());
-    if (m_lines.lines().empty() && codes.empty()) {
+    const bool isEmpty = m_lines.lines().empty() && m_codes.empty();
+    if (isEmpty && m_codesState == Codes::awaited)
+        return;
+    if (isEmpty) {
         EditorToasts::warn(m_services.ports, tr("No text found in the capture"));
         return setOn(false);
     }
-    m_layer->setReading({.lines = m_lines.lines()}, codes, m_capture.image.size());
+    m_layer->setReading({.lines = m_lines.lines()}, m_codes, m_capture.image.size());
     place();
     m_layer->setFocus();
 }

@@ -40,8 +40,10 @@ private:
     CaptureLines& m_lines;
     AnnotationCanvasView& m_canvas;
     LiveTextLayer* m_layer;
-    std::optional<std::vector<QRCode>> m_codes; // once they were looked for
-    bool m_isAsked = false;
+    enum class Codes { unasked, awaited, known };
+
+    Codes m_codesState = Codes::unasked;
+    std::vector<QRCode> m_codes;
     bool m_isOn = false;
     Subscription m_changes;
     Lifeline m_lifeline;

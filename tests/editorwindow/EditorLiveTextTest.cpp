@@ -97,6 +97,15 @@ TEST_F(EditorLiveTextTest, EscapeEndsTheSelectionThenTheModeAndADrawingToolEndsI
     EXPECT_FALSE(layer().isVisible());
 }
 
+TEST_F(EditorLiveTextTest, ACodeWithoutAnyTextIsWaitedFor)
+{
+    fake.reading.text.lines.clear();
+    fake.codesFound = {{"https://example.org", {0.4, 0.4, 0.2, 0.2}}};
+    toggle();
+    EXPECT_TRUE(layer().isVisible());
+    EXPECT_TRUE(fake.lastToast.message.isEmpty());
+}
+
 TEST_F(EditorLiveTextTest, WithoutTextItSaysSoAndEnds)
 {
     fake.reading.text.lines.clear();

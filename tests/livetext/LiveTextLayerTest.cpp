@@ -124,6 +124,13 @@ TEST_F(LiveTextLayerTest, AClickFollowsALinkAndADragOverItSelects)
     EXPECT_EQ(opened.size(), 1U);
 }
 
+TEST_F(LiveTextLayerTest, ADragThatBeginsOnACodeSelectsNothing)
+{
+    drag(onCode, lineEnd);
+    EXPECT_EQ(layer.selectedText(), "");
+    EXPECT_THAT(copied, IsEmpty());
+}
+
 TEST_F(LiveTextLayerTest, WhatIsNoTextIsForTheWidgetBelow)
 {
     drag(start, lineEnd);

@@ -114,7 +114,7 @@ void LiveTextLayer::mousePressEvent(QMouseEvent* event)
         event->ignore();
         return;
     }
-    m_press = Press{event->position(), link};
+    m_press = Press{event->position(), link, isOnText};
     if (!isOnText)
         return;
     if (m_sinceDoubleClick.isValid() &&
@@ -135,7 +135,7 @@ void LiveTextLayer::mouseMoveEvent(QMouseEvent* event)
         return;
     }
     m_press->hasMoved |= !isNear(event->position(), m_press->at);
-    if (m_press->hasMoved && !m_text.isEmpty()) {
+    if (m_press->hasMoved && m_press->isOnText) {
         m_end = m_text.placeAt(inPicture(event->position()));
         update();
     }

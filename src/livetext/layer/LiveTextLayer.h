@@ -74,6 +74,7 @@ private:
     struct Press {
         QPointF at;
         const TextLinks::Link* link = nullptr;
+        bool isOnText = false; // else a drag selects nothing
         bool hasMoved = false;
     };
 
