@@ -14,7 +14,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "com.kovrel.updates")
 
-constexpr auto afterStart = 1min; // when whoever has just logged in has other things to do than to wait for a disk
+constexpr auto afterStart = 10min; // neither a log-in nor the rest after it is disturbed
 constexpr auto interval = 24h;
 constexpr const char* package = "kovrel";
 
