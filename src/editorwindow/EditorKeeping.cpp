@@ -27,13 +27,15 @@ std::function<QImage()> rendering(EditorCapture capture, EditorDocument document
 } // namespace
 
 EditorKeeping::EditorKeeping(EditorServices& services, EditorSession& session, std::optional<QString> savedPath,
-                             bool isNoted)
+                             Kind kind)
     : m_services(services),
       m_session(session),
       m_savedPath(std::move(savedPath)),
-      m_isNoted(isNoted),
+      m_kind(kind),
+      m_isToBeAdded(kind == Kind::file && !(services.ports.edits && services.ports.edits->has(session.capture().id))),
       m_opened(session.document()),
-      m_kept(m_opened),
+      m_inHistory(m_opened),
+      m_inFile(m_opened),
       m_changes(session.onChange([this] { noteSoon(); })),
       m_scope(services.loop, services.workers)
 {
@@ -46,23 +48,43 @@ EditorKeeping::~EditorKeeping()
 
 // --- The history
 
+bool EditorKeeping::isKept() const
+{
+    const auto& edits = m_services.ports.edits;
+    return edits && (m_isToBeAdded ? edits->takesNew() : edits->has(m_session.capture().id));
+}
+
+bool EditorKeeping::isChanged() const
+{
+    return m_kind == Kind::file ? m_session.document() != m_inFile : !isNoted();
+}
+
 void EditorKeeping::noteSoon()
 {
-    if (m_isNoted && m_timer == 0 && isChanged())
+    if (m_timer == 0 && !isNoted())
         m_timer = m_services.loop.after(notingInterval, [this] { note(); });
+}
+
+void EditorKeeping::add()
+{
+    m_isToBeAdded = false;
+    m_isAdded = true;
+    m_services.ports.edits->add(m_session.capture(), m_savedPath.value_or(QString()));
 }
 
 // A crop is carried out at the end only: until then it can be undone.
 void EditorKeeping::note()
 {
     m_timer = 0;
-    if (m_isKeeping || !isChanged())
+    if (!isKept())
+        return;
+    if (m_isKeeping || isNoted())
         return noteSoon();
     EditorDocument document = m_session.document();
     document.composition.crop.reset();
     const auto noted = [this, shown = m_session.document()](const Kept& outcome) {
         if (outcome)
-            m_kept = shown;
+            m_inHistory = shown;
     };
     Scope::start(keep(std::move(document), false, noted), "noting what is edited");
 }
@@ -71,12 +93,18 @@ void EditorKeeping::keepForGood(Reply<Kept> reply)
 {
     m_services.loop.cancel(std::exchange(m_timer, 0));
     m_changes = {};
+    if (m_isAdded && m_session.document() == m_opened) {
+        m_services.ports.edits->remove(m_session.capture().id);
+        return reply({});
+    }
     Scope::start(keep(m_session.document(), true, std::move(reply)), "keeping what was edited");
 }
 
 QCoro::Task<> EditorKeeping::keep(EditorDocument document, bool isForGood, Reply<Kept> reply)
 {
     m_isKeeping = true;
+    if (m_isToBeAdded && isKept())
+        add();
     const EditorCapture& capture = m_session.capture();
     const bool isCropped = isForGood && document.composition.crop;
     const auto job = rendering(capture, document, m_services.preferences.get(Settings::measureUnit));
@@ -102,10 +130,10 @@ QCoro::Task<> EditorKeeping::keep(EditorDocument document, bool isForGood, Reply
 void EditorKeeping::file(Reply<std::optional<QString>> reply) const
 {
     const auto& files = m_services.ports.files;
-    const bool isNotedAsItLooks = m_isNoted && !m_session.document().composition.crop;
+    const bool isNotedAsItLooks = m_kind == Kind::capture && !m_session.document().composition.crop;
     if (!isChanged() && isNotedAsItLooks && files)
         return files->file(m_session.capture().id, std::move(reply));
-    const auto path = isChanged() || m_isNoted ? std::nullopt : m_savedPath;
+    const auto path = isChanged() || m_kind == Kind::capture ? std::nullopt : m_savedPath;
     m_services.loop.post([reply = std::move(reply), path] { reply(path); });
 }
 
@@ -151,12 +179,21 @@ void EditorKeeping::write(std::optional<QString> path, std::function<void(const 
         // A save may outlive the window that asked for it.
         save->whenDone(m_lifeline.guard([this, document, done](const SaveOutcome& outcome) {
             if (outcome)
-                m_savedPath = *outcome;
-            if (outcome && !m_isNoted)
-                m_kept = document;
+                saved(document, *outcome);
             done(outcome);
         }));
     });
+}
+
+// The history then has it at least as late as the file, by which it is known for that file's picture.
+void EditorKeeping::saved(const EditorDocument& document, const QString& path)
+{
+    m_savedPath = path;
+    m_inFile = document;
+    if (m_kind == Kind::file && (m_isAdded || document != m_opened)) {
+        m_inHistory.reset();
+        note();
+    }
 }
 
 void EditorKeeping::copy(std::function<void()> done)

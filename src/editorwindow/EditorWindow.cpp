@@ -35,13 +35,23 @@ namespace {
 constexpr QSize smallest(900, 560);
 constexpr double screenShare = 0.85;
 
+QString flattened()
+{
+    return EditorWindow::tr("The file is written with its marks in the picture; they can't be changed later.");
+}
+
+QString kept()
+{
+    return EditorWindow::tr("The file is written with its marks in the picture; here they can still be changed later.");
+}
+
 } // namespace
 
 EditorWindow::EditorWindow(EditorServices& services, EditedCaptures::Opened opened, Kind kind, const QString& title)
     : m_services(services),
       m_kind(kind),
       m_session(std::move(opened.capture), std::move(opened.document), services.preferences),
-      m_keeping(services, m_session, std::move(opened.savedPath), kind == Kind::capture),
+      m_keeping(services, m_session, std::move(opened.savedPath), kind),
       m_canvas(new AnnotationCanvasView(m_session, services.preferences.get(Settings::measureUnit))),
       m_text(services, m_session, *m_canvas),
       m_sources(services, m_session, *m_canvas),
@@ -248,10 +258,18 @@ void EditorWindow::saveAs()
 
 void EditorWindow::tellSaved(const SaveOutcome& outcome)
 {
-    if (outcome)
-        m_services.ports.toasts.tell(&Toasts::showSaved, *outcome, std::nullopt);
-    else
+    if (!outcome)
         EditorToasts::warn(m_services.ports, tr("Not saved"), outcome.error().message);
+    else if (isFlattened())
+        EditorToasts::warn(m_services.ports, tr("Saved"), flattened());
+    else
+        m_services.ports.toasts.tell(&Toasts::showSaved, *outcome, std::nullopt);
+}
+
+// What was made of a file is only in its picture once its editor is closed.
+bool EditorWindow::isFlattened() const
+{
+    return m_kind == Kind::file && !m_keeping.isKept() && !m_session.document().marks.empty();
 }
 
 void EditorWindow::toggleBackdrop()
@@ -317,17 +335,11 @@ void EditorWindow::showMenu(QPoint globalPosition)
 
 // --- The end
 
-bool EditorWindow::isKeptInHistory() const
-{
-    const auto& edits = m_services.ports.edits;
-    return m_kind == Kind::capture && edits && edits->has(m_session.capture().id);
-}
-
 // A file is written only when its user says so.
 void EditorWindow::closeEvent(QCloseEvent* event)
 {
     m_canvas->stopWriting();
-    if (!isKeptInHistory() && m_keeping.isChanged()) {
+    if (m_keeping.isChanged() && (m_kind == Kind::file || !m_keeping.isKept())) {
         event->ignore();
         askToSave();
         return;
@@ -341,7 +353,7 @@ void EditorWindow::askToSave()
     auto* const box = new QMessageBox(QMessageBox::Question, windowTitle(), tr("Save the changes?"),
                                       QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
     box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setInformativeText(tr("The file is written with its marks in the picture; they can't be changed later."));
+    box->setInformativeText(m_keeping.isKept() ? kept() : flattened());
     connect(box, &QMessageBox::buttonClicked, this, [this, box](QAbstractButton* button) {
         const auto answer = box->standardButton(button);
         if (answer == QMessageBox::Discard)
@@ -358,6 +370,7 @@ void EditorWindow::askToSave()
 
 void EditorWindow::discard()
 {
+    m_keeping.revert();
     hide();
     Q_EMIT closed();
 }

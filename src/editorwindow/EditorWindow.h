@@ -25,7 +25,7 @@ class EditorWindow : public AppWindow {
     Q_OBJECT
 
 public:
-    enum class Kind { capture, file };
+    using Kind = EditorKeeping::Kind;
 
     // `title`: of the window.
     EditorWindow(EditorServices& services, EditedCaptures::Opened opened, Kind kind, const QString& title);
@@ -35,9 +35,6 @@ public:
     EditorKeeping& keeping() { return m_keeping; }
 
     AnnotationCanvasView& canvas() { return *m_canvas; }
-
-    // Whether the history takes what is made of it; else its user is asked.
-    bool isKeptInHistory() const;
 
 Q_SIGNALS:
     // It is hidden; whoever owns it keeps what was made and lets it go.
@@ -62,6 +59,7 @@ private:
     void save();
     void saveAs();
     void tellSaved(const SaveOutcome& outcome);
+    bool isFlattened() const;
     void toggleBackdrop();
     void connectText();
     void toggleSelectingText();

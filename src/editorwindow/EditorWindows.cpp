@@ -8,6 +8,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace Kovrel {
 
 namespace {
@@ -59,24 +61,53 @@ QCoro::Task<> EditorWindows::openCapture(CaptureResult result)
 void EditorWindows::openFiles(const QStringList& paths)
 {
     for (const QString& path : paths)
-        if (!m_files.contains(path) || !bringForward(m_files.value(path)))
+        if (!m_opening.contains(path) && !bringForward(idOf(path)))
             Scope::start(openFile(path), "opening a file");
 }
 
 QCoro::Task<> EditorWindows::openFile(QString path)
 {
+    m_opening.insert(path);
+    std::optional<EditedCaptures::Opened> opened = co_await captureOf(path);
+    if (!opened)
+        opened = co_await pictureOf(path);
+    m_opening.remove(path);
+    const QString name = QFileInfo(path).fileName();
+    if (!opened)
+        EditorToasts::warn(m_services.ports, tr("Not opened"), tr("%1 is no picture that can be read.").arg(name));
+    else if (!bringForward(opened->capture.id))
+        show(std::move(*opened), EditorWindow::Kind::file, name);
+}
+
+// A file that was edited before, or saved from a capture, comes with its marks.
+QCoro::Task<std::optional<EditedCaptures::Opened>> EditorWindows::captureOf(QString path)
+{
+    std::optional<EditedCaptures::Opened> opened;
+    if (!m_services.ports.edits)
+        co_return opened;
+    const auto id =
+        co_await m_scope.reply<std::optional<QUuid>>([&](auto done) { m_services.ports.edits->idOf(path, done); });
+    if (id)
+        opened = co_await m_scope.reply<std::optional<EditedCaptures::Opened>>(
+            [&](auto done) { m_services.ports.edits->open(*id, done); });
+    co_return opened;
+}
+
+QCoro::Task<std::optional<EditedCaptures::Opened>> EditorWindows::pictureOf(QString path)
+{
     const auto job = [path] { return ImageCodec::decodeFile(path); };
     const auto decoded = co_await m_scope.onWorker(Lane::utility, QualityOfService::userInteractive,
                                                    Guarded::orElse(job, decltype(job())()));
-    if (!decoded) {
-        EditorToasts::warn(m_services.ports, tr("Not opened"),
-                           tr("%1 is no picture that can be read.").arg(QFileInfo(path).fileName()));
-        co_return;
-    }
-    const QUuid id = QUuid::createUuid();
-    m_files.insert(path, id);
-    show({{id, *decoded, scaleOf(*decoded), std::nullopt}, {}, path}, EditorWindow::Kind::file,
-         QFileInfo(path).fileName());
+    if (!decoded)
+        co_return std::nullopt;
+    co_return EditedCaptures::Opened{{QUuid::createUuid(), *decoded, scaleOf(*decoded), std::nullopt}, {}, path};
+}
+
+QUuid EditorWindows::idOf(const QString& path) const
+{
+    const auto isOfFile = [&](EditorWindow* window) { return window->keeping().savedPath() == path; };
+    const auto window = std::ranges::find_if(m_windows, isOfFile);
+    return window == m_windows.end() ? QUuid() : window.key();
 }
 
 void EditorWindows::show(EditedCaptures::Opened opened, EditorWindow::Kind kind, const QString& title)
@@ -106,7 +137,7 @@ bool EditorWindows::bringForward(QUuid id)
 void EditorWindows::keep(EditorWindow* window)
 {
     m_windows.remove(window->session().capture().id);
-    if (!window->isKeptInHistory() || !window->keeping().isToBeKept()) {
+    if (!window->keeping().isKept() || !window->keeping().isToBeKept()) {
         window->deleteLater();
         return;
     }
@@ -143,7 +174,7 @@ void EditorWindows::finishPending(std::chrono::milliseconds deadline, std::funct
 {
     for (EditorWindow* const window : m_windows.values()) {
         window->canvas().stopWriting();
-        if (window->isKeptInHistory() || !window->keeping().isChanged()) {
+        if (window->keeping().isKept() || !window->keeping().isChanged()) {
             keep(window);
             continue;
         }

@@ -5,6 +5,7 @@
 #include "ports/CaptureEditors.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <chrono>
 
@@ -27,6 +28,10 @@ public:
 private:
     QCoro::Task<> openCapture(CaptureResult result);
     QCoro::Task<> openFile(QString path);
+    QCoro::Task<std::optional<EditedCaptures::Opened>> captureOf(QString path);
+    QCoro::Task<std::optional<EditedCaptures::Opened>> pictureOf(QString path);
+    // Null where none is open.
+    QUuid idOf(const QString& path) const;
     void show(EditedCaptures::Opened opened, EditorWindow::Kind kind, const QString& title);
     bool bringForward(QUuid id);
     void keep(EditorWindow* window);
@@ -36,7 +41,7 @@ private:
 
     EditorServices m_services;
     QHash<QUuid, EditorWindow*> m_windows;
-    QHash<QString, QUuid> m_files; // by their paths
+    QSet<QString> m_opening; // files that are being read
     int m_pending = 0;
     std::function<void()> m_whenKept;
     Scope m_scope;

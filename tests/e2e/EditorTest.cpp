@@ -22,6 +22,8 @@ using Testing::UserSession;
 constexpr QColor paper(120, 200, 140);
 
 // Places of letters on the keyboard.
+constexpr xcb_keycode_t keyA = 38;
+constexpr xcb_keycode_t keyDelete = 119;
 constexpr xcb_keycode_t keyF = 41;
 constexpr xcb_keycode_t keyK = 45;
 constexpr xcb_keycode_t keyS = 39;
@@ -144,7 +146,7 @@ TEST_F(EditorTest, MarksAreDrawnSavedAndTakenBack)
 // Neither the file nor the history may have it, and at the end nobody can be asked.
 TEST_F(EditorTest, AQuitSavesWhatWasMadeOfAFile)
 {
-    session->prepare();
+    session->prepare({"historyEnabled=false"});
     const QString path = picture({400, 300});
     ASSERT_EQ(session->kovrel({"open", path}).exitCode, 0);
     const QPoint corner = waitForPicture({400, 300}).topLeft();
@@ -172,6 +174,30 @@ TEST_F(EditorTest, MarksStayWithTheCapture)
     EXPECT_EQ(QImage(edited).pixelColor(100, 80), QColor("#FF3B30"));
     const QString base = edited.chopped(int(qstrlen("_edited.png"))) + ".png";
     EXPECT_EQ(QImage(base).pixelColor(100, 80), paper) << "the capture itself is as it was";
+}
+
+// A file is opened with the marks that were made in it, also when the program was killed before they were saved.
+TEST_F(EditorTest, MarksStayWithTheFile)
+{
+    session->prepare();
+    const QString path = picture({400, 300});
+    ASSERT_EQ(session->kovrel({"open", path}).exitCode, 0);
+    QPoint corner = waitForPicture({400, 300}).topLeft();
+    type({keyF});
+    screen->drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
+    const QDir history(session->path("data/Kovrel/History"));
+    ASSERT_TRUE(UserSession::eventually([&] { return history.entryList({"*_thumb.jpg"}).size() == 1; }));
+    ASSERT_TRUE(UserSession::eventually([&] { return history.entryList({"*_edited.png"}).size() == 1; }));
+    ::kill(pid_t(session->instancePid()), SIGKILL);
+    ASSERT_TRUE(UserSession::eventually([&] { return session->instancePid() == 0; }));
+
+    EXPECT_EQ(QImage(path).pixelColor(100, 80), paper) << "the file is as it was";
+    ASSERT_EQ(session->kovrel({"open", path}).exitCode, 0);
+    corner = waitForPicture({400, 300}).topLeft();
+    EXPECT_FALSE(isPaper(corner + QPoint(100, 80)));
+    type({TestKeyboard::control, keyA});
+    type({keyDelete});
+    EXPECT_TRUE(UserSession::eventually([&] { return isPaper(corner + QPoint(100, 80)); }));
 }
 
 TEST_F(EditorTest, WhatWasUndoneAfterItWasNotedDoesNotStay)

@@ -1706,6 +1706,14 @@
         <source>The file is written with its marks in the picture; they can&apos;t be changed later.</source>
         <translation>يُكتب الملف وعلاماته مدمجة في الصورة، فلا يمكن تغييرها لاحقًا.</translation>
     </message>
+    <message>
+        <source>The file is written with its marks in the picture; here they can still be changed later.</source>
+        <translation>يُكتب الملف وعلاماته في الصورة، ويمكن تغييرها هنا لاحقًا.</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>تم الحفظ</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::EditorWindows</name>

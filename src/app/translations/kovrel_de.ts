@@ -1706,6 +1706,14 @@
         <source>The file is written with its marks in the picture; they can&apos;t be changed later.</source>
         <translation>Die Datei wird mit den Markierungen im Bild geschrieben; diese lassen sich später nicht mehr ändern.</translation>
     </message>
+    <message>
+        <source>The file is written with its marks in the picture; here they can still be changed later.</source>
+        <translation>Die Datei wird mit ihren Markierungen im Bild geschrieben; hier lassen sie sich weiterhin ändern.</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>Gespeichert</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::EditorWindows</name>
