@@ -201,7 +201,8 @@ TEST_F(EditedFilesTest, WhatIsDiscardedIsAsItWasSaved)
         }
         addMark(*window);
         waitForNote();
-        EXPECT_THAT(closeAndAnswer(*window, QMessageBox::Discard).toStdString(), testing::HasSubstr("still be changed"));
+        EXPECT_THAT(closeAndAnswer(*window, QMessageBox::Discard).toStdString(),
+                    testing::HasSubstr("still be changed"));
         EXPECT_THAT(opened(), IsEmpty());
         EXPECT_THAT(store().entries(), SizeIs(saved));
         window = open();

@@ -2,15 +2,11 @@
 
 #include "editorwindow/canvas/CanvasCursors.h"
 #include "editorwindow/canvas/CanvasOverlay.h"
-#include "editorwindow/canvas/WritingKeys.h"
 #include "ui/tokens/Theme.h"
 
-#include <QApplication>
-#include <QInputMethod>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QPainter>
-#include <QStyleHints>
 
 namespace Kovrel {
 
@@ -35,18 +31,15 @@ AnnotationCanvasView::AnnotationCanvasView(EditorSession& session, MeasureUnit m
       m_pointing(session),
       m_picture(session.capture(), measureUnit),
       m_viewport(session.capture().image.height(), session.capture().scale),
+      m_writing(session, *this),
       m_shownBackdrop(shownDocument().composition.backdrop)
 {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setAttribute(Qt::WA_InputMethodEnabled, false);
     setAccessibleName(tr("Canvas"));
-    m_caretTimer.setInterval(std::max(QApplication::cursorFlashTime(), 2) / 2);
-    connect(&m_caretTimer, &QTimer::timeout, this, [this] {
-        m_isCaretShown = !m_isCaretShown;
-        updateOverlay();
-    });
+    connect(&m_writing, &CanvasWriting::looksDifferent, this, &AnnotationCanvasView::updateOverlay);
+    connect(&m_writing, &CanvasWriting::textWanted, this, &AnnotationCanvasView::textWanted);
     m_restTimer.setSingleShot(true);
     m_restTimer.setInterval(untilExact);
     connect(&m_restTimer, &QTimer::timeout, this, &AnnotationCanvasView::drawExactly);
@@ -223,11 +216,8 @@ void AnnotationCanvasView::layOver(CanvasOverlay& overlay) const
     if (const auto crop = hidingCrop())
         overlay.hideOutside(*crop, Theme::current().canvas);
     overlay.drawFound(m_found.first, m_found.second);
-    if (m_writing) {
-        if (const Annotation* const label = m_session.document().mark(m_writing->id()))
-            overlay.drawWriting(*label, m_writing->caretLine(), m_writing->selectionRects(), m_isCaretShown);
-        return;
-    }
+    if (m_writing.isActive())
+        return m_writing.layOver(overlay);
     if (!gesture && m_hovered.mark && !m_hovered.isSelected && m_session.tool() == EditorTool::select)
         if (const Annotation* const mark = m_session.document().mark(*m_hovered.mark))
             overlay.drawHovered(*mark);
@@ -303,7 +293,7 @@ bool AnnotationCanvasView::event(QEvent* event)
         }
     }
     // While somebody writes, letters are no shortcuts.
-    if (event->type() == QEvent::ShortcutOverride && m_writing) {
+    if (event->type() == QEvent::ShortcutOverride && m_writing.isActive()) {
         event->accept();
         return true;
     }
@@ -353,10 +343,8 @@ void AnnotationCanvasView::mouseDoubleClickEvent(QMouseEvent* event)
 void AnnotationCanvasView::press(const QMouseEvent& event, int clicks)
 {
     const CanvasPointer place = pointer(event, clicks);
-    if (m_writing && m_writing->hasLabelAt(place.at)) {
-        clicks == 2 ? m_writing->selectWord(place.at) : m_writing->placeCaret(place.at, place.shift);
-        return;
-    }
+    if (m_writing.hasLabelAt(place.at))
+        return m_writing.press(place.at, clicks, place.shift);
     stopWriting();
     m_pointing.press(place);
     updateOverlay();
@@ -371,8 +359,8 @@ void AnnotationCanvasView::mouseMoveEvent(QMouseEvent* event)
         return;
     }
     const CanvasPointer place = pointer(*event);
-    if (m_writing && event->buttons().testFlag(Qt::LeftButton) && !m_pointing.isActive())
-        m_writing->placeCaret(place.at, true);
+    if (m_writing.isActive() && event->buttons().testFlag(Qt::LeftButton) && !m_pointing.isActive())
+        m_writing.drag(place.at);
     m_pointing.move(place);
     showCursor(place);
 }
@@ -409,7 +397,7 @@ void AnnotationCanvasView::showCursor(const CanvasPointer& place)
         updateOverlay();
     if (m_isSpaceHeld)
         setCursor(Qt::OpenHandCursor);
-    else if (m_writing && m_writing->hasLabelAt(place.at))
+    else if (m_writing.hasLabelAt(place.at))
         setCursor(Qt::IBeamCursor);
     else
         setCursor(CanvasCursors::of(target, m_session));
@@ -422,47 +410,11 @@ void AnnotationCanvasView::contextMenuEvent(QContextMenuEvent* event)
     Q_EMIT contextMenuWanted(event->globalPos());
 }
 
-// --- Writing
-
-void AnnotationCanvasView::write(QUuid label)
-{
-    stopWriting();
-    m_writing.emplace(m_session, label);
-    m_isCaretShown = true;
-    m_caretTimer.start();
-    setAttribute(Qt::WA_InputMethodEnabled, true);
-    setFocus();
-    Q_EMIT writingChanged();
-    updateOverlay();
-}
-
-std::optional<QUuid> AnnotationCanvasView::written() const
-{
-    return m_writing ? std::optional(m_writing->id()) : std::nullopt;
-}
-
-void AnnotationCanvasView::insertText(const QString& text)
-{
-    if (m_writing)
-        m_writing->insert(text);
-}
-
-void AnnotationCanvasView::stopWriting()
-{
-    if (!m_writing)
-        return;
-    QGuiApplication::inputMethod()->commit();
-    setAttribute(Qt::WA_InputMethodEnabled, false);
-    m_caretTimer.stop();
-    m_writing->finish();
-    m_writing.reset();
-    Q_EMIT writingChanged();
-    updateOverlay();
-}
+// --- Keys
 
 bool AnnotationCanvasView::escape()
 {
-    if (m_writing) {
+    if (isWriting()) {
         stopWriting();
         return true;
     }
@@ -478,12 +430,12 @@ bool AnnotationCanvasView::escape()
 
 void AnnotationCanvasView::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Space && !m_writing) {
+    if (event->key() == Qt::Key_Space && !isWriting()) {
         m_isSpaceHeld = true;
         setCursor(Qt::OpenHandCursor);
         return;
     }
-    const bool isTaken = m_writing ? writeKey(*event) : editKey(*event);
+    const bool isTaken = isWriting() ? m_writing.press(*event) : editKey(*event);
     if (!isTaken)
         QWidget::keyPressEvent(event);
 }
@@ -495,21 +447,6 @@ void AnnotationCanvasView::keyReleaseEvent(QKeyEvent* event)
         unsetCursor();
     }
     QWidget::keyReleaseEvent(event);
-}
-
-bool AnnotationCanvasView::writeKey(const QKeyEvent& event)
-{
-    m_isCaretShown = true;
-    if (event.key() == Qt::Key_Escape ||
-        (event.key() == Qt::Key_Return && event.modifiers().testFlag(Qt::ControlModifier))) {
-        stopWriting();
-        return true;
-    }
-    if (event.matches(QKeySequence::Paste)) {
-        Q_EMIT textWanted();
-        return true;
-    }
-    return WritingKeys::press(*m_writing, event);
 }
 
 bool AnnotationCanvasView::editKey(const QKeyEvent& event)
@@ -545,41 +482,17 @@ bool AnnotationCanvasView::editKey(const QKeyEvent& event)
 
 void AnnotationCanvasView::inputMethodEvent(QInputMethodEvent* event)
 {
-    if (!m_writing)
+    if (!isWriting())
         return;
-    if (!event->commitString().isEmpty())
-        m_writing->insert(event->commitString());
-    int caret = int(event->preeditString().size());
-    for (const auto& attribute : event->attributes())
-        if (attribute.type == QInputMethodEvent::Cursor)
-            caret = attribute.start;
-    m_writing->compose(event->preeditString(), caret);
+    m_writing.takeInput(*event);
     event->accept();
     updateMicroFocus();
 }
 
 QVariant AnnotationCanvasView::inputMethodQuery(Qt::InputMethodQuery query) const
 {
-    if (!m_writing)
-        return QWidget::inputMethodQuery(query);
-    switch (query) {
-    case Qt::ImCursorRectangle: {
-        const QLineF line = m_writing->caretLine();
-        const QPointF upper = m_viewport.fromImage({line.x1(), line.y1()}) / devicePixelRatioF();
-        const QPointF lower = m_viewport.fromImage({line.x2(), line.y2()}) / devicePixelRatioF();
-        return QRectF(upper, lower).normalized().adjusted(0, 0, 1, 0);
-    }
-    case Qt::ImSurroundingText:
-        return m_writing->text();
-    case Qt::ImCursorPosition:
-        return int(m_writing->caret());
-    case Qt::ImAnchorPosition:
-        return int(m_writing->anchor());
-    case Qt::ImCurrentSelection:
-        return m_writing->selectedText();
-    default:
-        return QWidget::inputMethodQuery(query);
-    }
+    const QVariant answer = isWriting() ? m_writing.answer(query, m_viewport, devicePixelRatioF()) : QVariant();
+    return answer.isValid() ? answer : QWidget::inputMethodQuery(query);
 }
 
 } // namespace Kovrel

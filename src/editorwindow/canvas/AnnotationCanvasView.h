@@ -3,7 +3,7 @@
 #include "editor/canvas/CanvasPicture.h"
 #include "editor/canvas/CanvasViewport.h"
 #include "editor/session/EditorPointing.h"
-#include "editor/session/LabelEditing.h"
+#include "editorwindow/canvas/CanvasWriting.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -41,21 +41,23 @@ public:
     Point imagePoint(QPointF widgetPoint) const;
     QPointF widgetPoint(Point imagePoint) const;
 
-    bool isWriting() const { return m_writing.has_value(); }
+    bool isWriting() const { return m_writing.isActive(); }
 
     // The label that is being written.
-    std::optional<QUuid> written() const;
-    void write(QUuid label);
+    std::optional<QUuid> written() const { return m_writing.label(); }
+
+    void write(QUuid label) { m_writing.begin(label); }
+
     // At the caret, while somebody writes.
-    void insertText(const QString& text);
+    void insertText(const QString& text) { m_writing.insert(text); }
+
+    void stopWriting() { m_writing.end(); }
+
     // Ends what is being written, dragged or selected, the first of them that there is. False: there is nothing.
     bool escape();
-    void stopWriting();
 
 Q_SIGNALS:
     void zoomChanged();
-    // The tool says no more of it: a click elsewhere has ended writing, or begun it.
-    void writingChanged();
     void contextMenuWanted(QPoint globalPosition);
     // What is on the clipboard, to be inserted.
     void textWanted();
@@ -99,17 +101,14 @@ private:
     void showCursor(const CanvasPointer& pointer);
     void zoomBy(double factor, QPointF about);
     void pinch(const QNativeGestureEvent& event);
-    bool writeKey(const QKeyEvent& event);
     bool editKey(const QKeyEvent& event);
 
     EditorSession& m_session;
     EditorPointing m_pointing;
     CanvasPicture m_picture;
     CanvasViewport m_viewport;
-    std::optional<LabelEditing> m_writing;
-    QTimer m_caretTimer;
+    CanvasWriting m_writing;
     QTimer m_restTimer; // until what was drawn for a moment is drawn exactly
-    bool m_isCaretShown = true;
     bool m_isSpaceHeld = false;
     std::optional<QPointF> m_panFrom; // device pixels
     EditorPointing::Target m_hovered;
