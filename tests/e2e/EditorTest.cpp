@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <functional>
 
 namespace Kovrel {
 
@@ -83,6 +84,27 @@ struct EditorTest : testing::Test {
         return path;
     }
 
+    // Paper with stripes in its middle, on which each mark is seen.
+    QImage stripes() const
+    {
+        QImage image({500, 380}, QImage::Format_RGB32);
+        image.fill(paper);
+        for (int y = 100; y < 300; ++y)
+            for (int x = 100; x < 400; ++x)
+                if ((x + y) / 5 % 2)
+                    image.setPixelColor(x, y, x / 7 % 2 ? Qt::darkBlue : Qt::white);
+        return image;
+    }
+
+    // The file once what its editor shows is saved and that is true of it; null where that never comes.
+    QImage saved(const QString& path, const std::function<bool(const QImage&)>& isMeant)
+    {
+        type({TestKeyboard::control, keyS});
+        QImage image;
+        const auto isThere = [&] { return image.load(path) && isMeant(image); };
+        return UserSession::eventually(isThere) ? image.convertToFormat(QImage::Format_RGB32) : QImage();
+    }
+
     // Captures a part of the screen into the editor, draws on it and waits until that is noted in the history.
     QDir noteAMark()
     {
@@ -141,6 +163,77 @@ TEST_F(EditorTest, MarksAreDrawnSavedAndTakenBack)
     QImage original({400, 300}, QImage::Format_RGB32);
     original.fill(paper);
     EXPECT_TRUE(Testing::sameColors(saved(), original));
+}
+
+// Each is chosen by its letter, is seen in the file that is saved and leaves nothing when it is taken back.
+TEST_F(EditorTest, EachToolDoesItsWorkAndIsTakenBack)
+{
+    constexpr QPoint from(140, 140), to(300, 240), inside(220, 190), outside(350, 280);
+
+    const struct {
+        const char* tool;
+        xcb_keycode_t letter;
+        QPoint changed = inside;
+        QPoint same = outside;
+    } tools[] = {
+        {"arrow", 38},
+        {"line", 46},
+        {"pen", 33},
+        {"highlighter", 43},
+        {"rectangle", 27, {220, 140}},
+        {"filled rectangle", 41},
+        {"ellipse", 32, {220, 140}},
+        {"step", 57, to},
+        {"text", 28, {145, 140}},
+        {"blur", 56},
+        {"pixelate", 53},
+        {"blackout", 45},
+        {"spotlight", 39, outside, inside},
+        {"measure", 58},
+    };
+
+    session->prepare({"historyEnabled=false"});
+    const QString path = session->path("stripes.png");
+    const QImage original = stripes();
+    original.save(path);
+    ASSERT_EQ(session->kovrel({"open", path}).exitCode, 0);
+    const QPoint corner = waitForPicture(original.size()).topLeft();
+    const auto isOriginal = [&](const QImage& image) {
+        return image.size() == original.size() && Testing::sameColors(image, original);
+    };
+    const auto around = [&](const QImage& image, QPoint at) {
+        return image.copy(QRect(at - QPoint(8, 8), QSize(17, 17))).convertToFormat(QImage::Format_RGB32);
+    };
+    for (const auto& [tool, letter, changed, same] : tools) {
+        SCOPED_TRACE(tool);
+        type({letter});
+        screen->drag(corner + from, corner + to);
+        if (letter == 28) {
+            type({28});
+            type({TestKeyboard::escape});
+        }
+        const QImage marked = saved(path, [&](const QImage& image) { return !isOriginal(image); });
+        EXPECT_NE(around(marked, changed), around(original, changed));
+        EXPECT_EQ(around(marked, same), around(original, same));
+        type({TestKeyboard::control, keyZ});
+        EXPECT_FALSE(saved(path, isOriginal).isNull());
+    }
+
+    type({keyF});
+    screen->drag(corner + from, corner + inside);
+    type({55});
+    screen->drag(corner + QPoint(180, 165), corner + QPoint(300, 165));
+    const QImage moved = saved(path, [&](const QImage& image) { return !isOriginal(image); });
+    EXPECT_EQ(around(moved, from + QPoint(20, 20)), around(original, from + QPoint(20, 20))) << "it was moved away";
+    EXPECT_NE(around(moved, {300, 165}), around(original, {300, 165}));
+
+    type({54});
+    screen->drag(corner + from, corner + to);
+    const QImage cropped = saved(path, [&](const QImage& image) { return image.size() != original.size(); });
+    EXPECT_EQ(cropped.size(), QSize(160, 100));
+    for (int step = 0; step < 3; ++step)
+        type({TestKeyboard::control, keyZ});
+    EXPECT_FALSE(saved(path, isOriginal).isNull());
 }
 
 // Neither the file nor the history may have it, and at the end nobody can be asked.

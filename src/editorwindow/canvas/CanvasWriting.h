@@ -23,6 +23,7 @@ public:
 
     // The label that is being written.
     std::optional<QUuid> label() const;
+
     bool hasLabelAt(Point at) const { return m_editing && m_editing->hasLabelAt(at); }
 
     void begin(QUuid label);
