@@ -4,13 +4,13 @@
 //     QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=1 bench_history_pictures FOLDER
 #include "bench/BenchPictures.h"
 #include "bench/HistoryRig.h"
+#include "bench/windows/PictureLook.h"
 #include "historywindow/HistoryStrip.h"
 #include "historywindow/lists/HistorySidebar.h"
 #include "historywindow/search/HistorySearchField.h"
 #include "ui/tokens/Theme.h"
 
 #include <QApplication>
-#include <QStyleFactory>
 
 using namespace Kovrel;
 using Bench::HistoryRig;
@@ -93,7 +93,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     if (argc < 2)
         return 2;
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    Bench::takePictureLook(application);
     QFont font = QApplication::font();
     font.setPixelSize(13);
     QApplication::setFont(font);

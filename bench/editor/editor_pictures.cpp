@@ -3,13 +3,13 @@
 //
 //     QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=1 bench_editor_pictures FOLDER
 #include "bench/editor/EditorRig.h"
+#include "bench/windows/PictureLook.h"
 #include "editor/backdrop/BackdropLooks.h"
 #include "editorwindow/backdrop/BackdropPanel.h"
 #include "editorwindow/crop/CropBar.h"
 #include "editorwindow/crop/CropSizeMenu.h"
 #include "editorwindow/find/FindBar.h"
 #include "ports/TextReader.h"
-#include "ui/tokens/Motion.h"
 #include "ui/tokens/Theme.h"
 
 #include <QAbstractButton>
@@ -20,7 +20,6 @@
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QStyleFactory>
 
 using namespace Kovrel;
 
@@ -88,10 +87,12 @@ struct Look {
     }
 };
 
-void click(QWidget& window, const QString& name)
+// By its text in that context, in the user's language.
+void click(QWidget& window, const char* context, const char* text)
 {
+    const QString name = QCoreApplication::translate(context, text);
     for (auto* const button : window.findChildren<QAbstractButton*>())
-        if (button->accessibleName().startsWith(name) || button->text() == name)
+        if (button->accessibleName() == name || button->text() == name)
             return button->click();
     qWarning("There is no %s", qUtf8Printable(name));
 }
@@ -107,24 +108,25 @@ void tools(const Look& look, Rig& rig)
 
 void backdrops(const Look& look, Rig& rig)
 {
+    constexpr auto fills = "Kovrel::BackdropFills";
     EditorDocument document;
     document.composition.backdrop = BackdropLooks::all()[4].backdrop;
     rig.preferences.set(Settings::backdropCustomColors, {"#3B7A57"});
     const auto window = rig.window(document);
-    click(*window, "Backdrop");
+    click(*window, "Kovrel::EditorTopBar", "Backdrop (Ctrl+B)");
     look.save("backdrop", *window);
     for (const char* const section : {"Looks", "Gradients"})
-        click(*window, section);
+        click(*window, fills, section);
     look.save("backdrop-unfolded", *window);
     for (const char* const section : {"Pictures", "Colours"})
-        click(*window, section);
+        click(*window, fills, section);
     auto* const scroll = window->findChild<BackdropPanel*>()->findChild<QScrollArea*>();
     Rig::settle();
     scroll->verticalScrollBar()->setValue(scroll->verticalScrollBar()->maximum());
     look.save("backdrop-lower", *window);
     for (const char* const section : {"Looks", "Gradients", "Pictures", "Colours"})
-        click(*window, section);
-    click(*window, "No Backdrop");
+        click(*window, fills, section);
+    click(*window, fills, "No Backdrop");
     scroll->verticalScrollBar()->setValue(0);
     look.save("backdrop-none", *window);
 }
@@ -175,12 +177,12 @@ void finds(const Look& look, Rig& rig)
     PageReader reader;
     rig.ports.textReader.offer(reader);
     const auto window = rig.window();
-    click(*window, "Find Text");
+    click(*window, "Kovrel::EditorTopBar", "Find Text (Ctrl+F)");
     look.save("find", *window);
     window->findChild<FindBar*>()->findChild<QLineEdit*>()->setText("brushes");
     window->findChild<FindBar*>()->go(2);
     look.save("find-found", *window);
-    click(*window, "Redact All");
+    click(*window, "Kovrel::FindBar", "Redact All");
     look.save("find-redacted", *window);
     rig.ports = {};
 }
@@ -192,8 +194,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     if (argc < 2)
         return 2;
-    Motion::shared().setReduced(true);
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    Bench::takePictureLook(application);
     QDir().mkpath(argv[1]);
     const std::pair<ColorScheme, int> looks[] = {
         {{}, 13}, {{true, false}, 13}, {{false, true}, 13}, {{true, true}, 13}, {{}, 20}};

@@ -4,8 +4,8 @@
 #include "platform/desktop/AnimationSetting.h"
 #include "platform/session/DesktopSession.h"
 #include "ports/Captures.h"
-#include "ui/AppStyle.h"
 #include "ui/TitledWindows.h"
+#include "ui/style/AppStyle.h"
 #include "ui/tokens/Motion.h"
 
 #include <QApplication>

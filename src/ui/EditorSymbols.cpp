@@ -238,14 +238,14 @@ QPainterPath frameInFrame()
     return path;
 }
 
-QPainterPath chevronDown()
-{
-    return lines({{0.1, 0.3}, {0.5, 0.7}, {0.9, 0.3}});
-}
-
 QPainterPath chevronUp()
 {
     return lines({{0.1, 0.7}, {0.5, 0.3}, {0.9, 0.7}});
+}
+
+QPainterPath chevronLeft()
+{
+    return lines({{0.7, 0.1}, {0.3, 0.5}, {0.7, 0.9}});
 }
 
 QPainterPath chevronRight()
@@ -320,8 +320,8 @@ constexpr Drawing drawings[] = {
     {"arrow.uturn.backward", turningBack},
     {"arrow.uturn.forward", turningForward},
     {"rectangle.inset.filled", frameInFrame},
-    {"chevron.down", chevronDown},
     {"chevron.up", chevronUp},
+    {"chevron.left", chevronLeft},
     {"chevron.right", chevronRight},
     {"plus", plus},
     {"nosign", struckCircle},

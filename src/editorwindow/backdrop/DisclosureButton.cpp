@@ -1,6 +1,6 @@
 #include "editorwindow/backdrop/DisclosureButton.h"
 
-#include "ui/Symbols.h"
+#include "ui/controls/ChevronLine.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
@@ -12,7 +12,6 @@ namespace Kovrel {
 namespace {
 
 constexpr QSize padding(4, 5);
-constexpr int chevronSide = 9;
 
 } // namespace
 
@@ -27,7 +26,8 @@ DisclosureButton::DisclosureButton(const QString& title) : Button(title)
 QSize DisclosureButton::sizeHint() const
 {
     const QFontMetrics metrics(Typography::font(TextStyle::control));
-    return QSize(metrics.horizontalAdvance(text()) + Spacing::small + chevronSide, metrics.height()) + 2 * padding;
+    return QSize(metrics.horizontalAdvance(text()) + Spacing::small + ChevronLine::chevronSide, metrics.height()) +
+           2 * padding;
 }
 
 void DisclosureButton::checkStateSet()
@@ -53,11 +53,9 @@ void DisclosureButton::paintEvent(QPaintEvent*)
     paintGround(painter, ofState(Qt::transparent, theme.hoverGround, theme.pressedGround), theme.focusRing);
     const QRect line = rect().adjusted(padding.width(), 0, -padding.width(), 0);
     painter.setFont(Typography::font(TextStyle::control));
-    painter.setPen(theme.text);
-    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, text());
-    const QRectF chevron(line.right() - chevronSide + 1, line.center().y() - chevronSide / 2.0, chevronSide,
-                         chevronSide);
-    Symbols::paint(painter, isChecked() ? "chevron.down" : "chevron.right", chevron, theme.secondaryText);
+    const QString onwards = isRightToLeft() ? "chevron.left" : "chevron.right";
+    ChevronLine::paint(painter, line, text(), theme.text, isChecked() ? "chevron.down" : onwards, theme.secondaryText,
+                       layoutDirection());
 }
 
 } // namespace Kovrel

@@ -23,9 +23,11 @@ namespace {
 
 constexpr QSize fieldSize(80, 30);
 
+// The width comes first, also in a line that is read from the right.
 QString pixelText(QSize size)
 {
-    return QString("%1 × %2").arg(size.width()).arg(size.height());
+    const QString text = QString("%1 × %2").arg(size.width()).arg(size.height());
+    return QGuiApplication::isRightToLeft() ? QChar(0x2066) + text + QChar(0x2069) : text;
 }
 
 QString byteText(qsizetype bytes)

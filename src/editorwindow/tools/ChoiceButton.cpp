@@ -1,6 +1,6 @@
 #include "editorwindow/tools/ChoiceButton.h"
 
-#include "ui/Symbols.h"
+#include "ui/controls/ChevronLine.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
@@ -15,7 +15,6 @@ namespace Kovrel {
 namespace {
 
 constexpr QSize padding(10, 6);
-constexpr int chevronSide = 9;
 
 } // namespace
 
@@ -41,7 +40,7 @@ QSize ChoiceButton::sizeHint() const
     int width = metrics.horizontalAdvance(text());
     for (const QString& choice : m_choices)
         width = std::max(width, metrics.horizontalAdvance(choice));
-    return QSize(width + Spacing::small + chevronSide, metrics.height()) + 2 * padding;
+    return QSize(width + Spacing::small + ChevronLine::chevronSide, metrics.height()) + 2 * padding;
 }
 
 void ChoiceButton::paintEvent(QPaintEvent*)
@@ -52,11 +51,7 @@ void ChoiceButton::paintEvent(QPaintEvent*)
     const QColor color = isEnabled() ? theme.text : theme.disabledText;
     const QRect line = rect().adjusted(padding.width(), 0, -padding.width(), 0);
     painter.setFont(Typography::font(TextStyle::body));
-    painter.setPen(color);
-    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, text());
-    const QRectF chevron(line.right() - chevronSide + 1, line.center().y() - chevronSide / 2.0, chevronSide,
-                         chevronSide);
-    Symbols::paint(painter, "chevron.down", chevron, color);
+    ChevronLine::paint(painter, line, text(), color, "chevron.down", color, layoutDirection());
 }
 
 void ChoiceButton::offer()

@@ -2,6 +2,7 @@
 
 #include "historywindow/lists/ListsModel.h"
 #include "ui/Symbols.h"
+#include "ui/controls/LineOfText.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
@@ -77,8 +78,7 @@ void ListsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->setFont(Typography::font(isSelected ? TextStyle::emphasis : TextStyle::control));
     painter->setPen(theme.text);
     const QRect name = mirrored(texts, texts.adjusted(0, 0, -countWidth, 0));
-    painter->drawText(name, Qt::AlignLeft | Qt::AlignVCenter,
-                      painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, name.width()));
+    LineOfText::paint(*painter, name, index.data().toString(), Qt::ElideRight, option.direction);
     painter->restore();
 }
 

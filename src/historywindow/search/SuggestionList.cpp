@@ -1,6 +1,7 @@
 #include "historywindow/search/SuggestionList.h"
 
 #include "ui/Ground.h"
+#include "ui/controls/LineOfText.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
@@ -100,22 +101,22 @@ void SuggestionList::paintRow(QPainter& painter, const QRect& place, const Searc
         painter.setBrush(theme.accentGround);
         painter.drawRoundedRect(place, Radius::control, Radius::control);
     }
+    const auto mirrored = [&](const QRect& part) { return QStyle::visualRect(layoutDirection(), place, part); };
     QRect line = place.adjusted(Spacing::small, 0, -Spacing::small, 0);
     if (row.color) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(*row.color);
-        painter.drawEllipse(line.left(), line.center().y() - dotSide / 2 + 1, dotSide, dotSide);
+        painter.drawEllipse(mirrored({line.left(), line.center().y() - dotSide / 2 + 1, dotSide, dotSide}));
         line.setLeft(line.left() + dotSide + Spacing::small);
     }
     const QString count = QLocale().toString(row.count);
     painter.setFont(Typography::font(TextStyle::caption));
     painter.setPen(theme.secondaryText);
-    painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, count);
+    painter.drawText(mirrored(line), Qt::AlignRight | Qt::AlignVCenter, count);
     line.setRight(line.right() - painter.fontMetrics().horizontalAdvance(count) - Spacing::small);
     painter.setFont(Typography::font(TextStyle::control));
     painter.setPen(theme.text);
-    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
-                     painter.fontMetrics().elidedText(row.title, Qt::ElideMiddle, line.width()));
+    LineOfText::paint(painter, mirrored(line), row.title, Qt::ElideMiddle, layoutDirection());
 }
 
 void SuggestionList::mouseMoveEvent(QMouseEvent* event)

@@ -1,14 +1,13 @@
 #include "ui/controls/ChoiceBox.h"
 
 #include "ui/LookChanges.h"
-#include "ui/Symbols.h"
+#include "ui/controls/ChevronLine.h"
 #include "ui/controls/ChoiceBoxAccessible.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
 
 #include <QPainter>
-#include <QStyle>
 #include <QWheelEvent>
 
 namespace Kovrel {
@@ -16,7 +15,6 @@ namespace Kovrel {
 namespace {
 
 constexpr QSize padding(12, 7);
-constexpr int chevronSide = 9;
 constexpr int chevronGap = 10;
 
 } // namespace
@@ -42,7 +40,7 @@ QSize ChoiceBox::sizeHint() const
     int width = 0;
     for (int index = 0; index < count(); ++index)
         width = std::max(width, fontMetrics().horizontalAdvance(itemText(index)));
-    return QSize(width + chevronGap + chevronSide, fontMetrics().height()) + 2 * padding;
+    return QSize(width + chevronGap + ChevronLine::chevronSide, fontMetrics().height()) + 2 * padding;
 }
 
 void ChoiceBox::paintEvent(QPaintEvent*)
@@ -56,13 +54,8 @@ void ChoiceBox::paintEvent(QPaintEvent*)
     const double inset = stroke / 2;
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), Radius::control, Radius::control);
     const QColor color = isEnabled() ? theme.text : theme.disabledText;
-    painter.setPen(color);
     const QRect line = rect().adjusted(padding.width(), 0, -padding.width(), 0);
-    painter.drawText(line, int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)),
-                     currentText());
-    const QRect chevron =
-        QStyle::alignedRect(layoutDirection(), Qt::AlignRight | Qt::AlignVCenter, {chevronSide, chevronSide}, line);
-    Symbols::paint(painter, "chevron.down", chevron, color);
+    ChevronLine::paint(painter, line, currentText(), color, "chevron.down", color, layoutDirection());
 }
 
 void ChoiceBox::wheelEvent(QWheelEvent* event)

@@ -1,4 +1,4 @@
-#include "bench/WelcomePictures.h"
+#include "bench/windows/WelcomePictures.h"
 
 #include "feedback/FeedbackReport.h"
 #include "feedback/FeedbackWindow.h"

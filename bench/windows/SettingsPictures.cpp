@@ -1,4 +1,4 @@
-#include "bench/SettingsPictures.h"
+#include "bench/windows/SettingsPictures.h"
 
 #include "cards/PreviewDuration.h"
 #include "platform/FilePanel.h"

@@ -2,9 +2,9 @@
 // scale 1 and 2, with a usual font and with one that is half as large again.
 //
 //     QT_QPA_PLATFORM=offscreen bench_window_pictures FOLDER
-#include "app/Translations.h"
-#include "bench/SettingsPictures.h"
-#include "bench/WelcomePictures.h"
+#include "bench/windows/PictureLook.h"
+#include "bench/windows/SettingsPictures.h"
+#include "bench/windows/WelcomePictures.h"
 #include "capture/selection/SelectionScene.h"
 #include "cards/CardFace.h"
 #include "cards/chords/CardChord.h"
@@ -15,7 +15,6 @@
 #include "pins/PinPanel.h"
 #include "platform/desktop/QtMainLoop.h"
 #include "toasts/ToastPanel.h"
-#include "ui/tokens/Motion.h"
 #include "ui/tokens/SoftShadow.h"
 #include "ui/tokens/Theme.h"
 
@@ -24,7 +23,6 @@
 #include <QEnterEvent>
 #include <QPainter>
 #include <QScreen>
-#include <QStyleFactory>
 #include <QTemporaryDir>
 
 namespace Kovrel {
@@ -379,11 +377,9 @@ void takeAll(const QString& folder)
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    Kovrel::Translations::install(application);
     if (argc < 2)
         return 2;
-    Kovrel::Motion::shared().setReduced(true);
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    Kovrel::Bench::takePictureLook(application);
     Kovrel::takeAll(argv[1]);
     return 0;
 }
