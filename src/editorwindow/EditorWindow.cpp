@@ -9,6 +9,7 @@
 #include "editorwindow/find/FindBar.h"
 #include "editorwindow/tools/ToolKeys.h"
 #include "editorwindow/tools/ToolPalette.h"
+#include "platform/Clipboard.h"
 #include "platform/FilePanel.h"
 #include "ports/CaptureDelivery.h"
 #include "ports/ColorPicking.h"
@@ -123,6 +124,8 @@ void EditorWindow::connectParts()
             [this](std::optional<double> aspect) { m_canvas->pointing().setCropAspect(aspect); });
     connect(m_canvas, &AnnotationCanvasView::contextMenuWanted, this, &EditorWindow::showMenu);
     connect(m_canvas, &AnnotationCanvasView::textWanted, this, [this] { m_intake.paste(); });
+    connect(m_canvas, &AnnotationCanvasView::textCopied, this,
+            [this](const QString& text) { m_services.clipboard.putText(text); });
 }
 
 void EditorWindow::addKeys(const QKeySequence& keys, std::function<void()> action)

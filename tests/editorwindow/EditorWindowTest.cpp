@@ -365,6 +365,13 @@ TEST_F(EditorWindowTest, ATextIsPastedIntoTheLabelThatIsWritten)
     window->canvas().write(marks()[1].id);
     settle();
     EXPECT_EQ(marks()[0].text + marks()[1].text, "abca");
+
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_X, Qt::ControlModifier);
+    press(Qt::Key_V, Qt::ControlModifier);
+    press(Qt::Key_V, Qt::ControlModifier);
+    settle();
+    EXPECT_EQ(marks()[1].text, "aa") << "what is cut can be pasted again";
 }
 
 TEST_F(EditorWindowTest, FilesAreDroppedWhereThePointerIsAndWhatIsNoPictureIsSaid)

@@ -40,6 +40,7 @@ AnnotationCanvasView::AnnotationCanvasView(EditorSession& session, MeasureUnit m
     setAccessibleName(tr("Canvas"));
     connect(&m_writing, &CanvasWriting::looksDifferent, this, &AnnotationCanvasView::updateOverlay);
     connect(&m_writing, &CanvasWriting::textWanted, this, &AnnotationCanvasView::textWanted);
+    connect(&m_writing, &CanvasWriting::textCopied, this, &AnnotationCanvasView::textCopied);
     m_restTimer.setSingleShot(true);
     m_restTimer.setInterval(untilExact);
     connect(&m_restTimer, &QTimer::timeout, this, &AnnotationCanvasView::drawExactly);

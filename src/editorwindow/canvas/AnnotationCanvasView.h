@@ -61,6 +61,8 @@ Q_SIGNALS:
     void contextMenuWanted(QPoint globalPosition);
     // What is on the clipboard, to be inserted.
     void textWanted();
+    // To be put there.
+    void textCopied(const QString& text);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -79,7 +79,7 @@ bool CanvasWriting::press(const QKeyEvent& event)
         Q_EMIT textWanted();
         return true;
     }
-    return WritingKeys::press(*m_editing, event);
+    return WritingKeys::press(*m_editing, event, [this](const QString& text) { Q_EMIT textCopied(text); });
 }
 
 void CanvasWriting::takeInput(const QInputMethodEvent& event)

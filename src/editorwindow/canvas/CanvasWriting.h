@@ -44,6 +44,8 @@ Q_SIGNALS:
     void looksDifferent();
     // What is on the clipboard, to be inserted.
     void textWanted();
+    // To be put there.
+    void textCopied(const QString& text);
 
 private:
     EditorSession& m_session;

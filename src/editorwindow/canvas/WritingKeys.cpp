@@ -2,8 +2,6 @@
 
 #include "editor/session/LabelEditing.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -74,13 +72,13 @@ bool erases(LabelEditing& editing, const QKeyEvent& event)
     return true;
 }
 
-bool copies(LabelEditing& editing, const QKeyEvent& event)
+bool copies(LabelEditing& editing, const QKeyEvent& event, const std::function<void(const QString&)>& copy)
 {
     const bool cuts = event.matches(QKeySequence::Cut);
     if (!cuts && !event.matches(QKeySequence::Copy))
         return false;
     if (!editing.selectedText().isEmpty())
-        QGuiApplication::clipboard()->setText(editing.selectedText());
+        copy(editing.selectedText());
     if (cuts && !editing.selectedText().isEmpty())
         editing.erase(Move::left);
     return true;
@@ -101,9 +99,9 @@ bool goesBack(LabelEditing& editing, const QKeyEvent& event)
 
 } // namespace
 
-bool WritingKeys::press(LabelEditing& editing, const QKeyEvent& event)
+bool WritingKeys::press(LabelEditing& editing, const QKeyEvent& event, const std::function<void(const QString&)>& copy)
 {
-    if (moves(editing, event) || erases(editing, event) || copies(editing, event) || goesBack(editing, event))
+    if (moves(editing, event) || erases(editing, event) || copies(editing, event, copy) || goesBack(editing, event))
         return true;
     if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
         editing.insert("\n");

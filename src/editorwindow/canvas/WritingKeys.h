@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
+
 class QKeyEvent;
+class QString;
 
 namespace Kovrel {
 
@@ -10,8 +13,8 @@ class LabelEditing;
 // time. Main thread.
 namespace WritingKeys {
 
-// False: the key means nothing here.
-bool press(LabelEditing& editing, const QKeyEvent& event);
+// False: the key means nothing here. `copy`: puts a text on the clipboard.
+bool press(LabelEditing& editing, const QKeyEvent& event, const std::function<void(const QString&)>& copy);
 
 } // namespace WritingKeys
 
