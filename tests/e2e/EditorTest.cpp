@@ -28,6 +28,7 @@ constexpr xcb_keycode_t keyDelete = 119;
 constexpr xcb_keycode_t keyF = 41;
 constexpr xcb_keycode_t keyK = 45;
 constexpr xcb_keycode_t keyS = 39;
+constexpr xcb_keycode_t keyT = 28;
 constexpr xcb_keycode_t keyV = 55;
 constexpr xcb_keycode_t keyW = 25;
 constexpr xcb_keycode_t keyZ = 52;
@@ -64,6 +65,14 @@ struct EditorTest : testing::Test {
         return {QPoint(walk({-1, 0}).x(), walk({0, -1}).y()), QPoint(walk({1, 0}).x(), walk({0, 1}).y())};
     }
 
+    // The window manager gives it to a window some time after it is seen.
+    bool hasKeyboard()
+    {
+        const auto owner = session->run("xdotool", {"getwindowfocus", "getwindowpid"});
+        return owner.output.trimmed().toLongLong() == session->instancePid();
+    }
+
+    // In an editor that hears its keys.
     QRect waitForPicture(QSize size)
     {
         QRect found;
@@ -72,7 +81,16 @@ struct EditorTest : testing::Test {
             return found.size() == size;
         })) << found.width()
             << " x " << found.height();
+        EXPECT_TRUE(UserSession::eventually([this] { return hasKeyboard(); }));
         return found;
+    }
+
+    // A window manager that looks at each press keeps what the pointer does from the window until it has; keys don't
+    // wait.
+    void drag(QPoint from, QPoint to)
+    {
+        screen->drag(from, to);
+        EXPECT_TRUE(UserSession::eventually([this] { return screen->holdPointer(); }));
     }
 
     QString picture(QSize size)
@@ -114,7 +132,7 @@ struct EditorTest : testing::Test {
         screen->hide(window);
         const QPoint corner = waitForPicture({300, 200}).topLeft();
         type({keyF});
-        screen->drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
+        drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
         const QDir history(session->path("data/Kovrel/History"));
         EXPECT_TRUE(UserSession::eventually([&] {
             return history.entryList({"*_annotations.json"}).size() == 1 &&
@@ -142,10 +160,10 @@ TEST_F(EditorTest, MarksAreDrawnSavedAndTakenBack)
     const QPoint corner = shown.topLeft();
 
     type({keyF});
-    screen->drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
+    drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
     ASSERT_TRUE(UserSession::eventually([&] { return !isPaper(corner + QPoint(100, 80)); }));
     type({keyK});
-    screen->drag(corner + QPoint(200, 150), corner + QPoint(300, 250));
+    drag(corner + QPoint(200, 150), corner + QPoint(300, 250));
     ASSERT_TRUE(UserSession::eventually([&] { return screen->pixelAt(corner + QPoint(250, 200)) == 0; }));
     type({TestKeyboard::control, keyS});
     const auto saved = [&] { return QImage(path).convertToFormat(QImage::Format_RGB32); };
@@ -184,7 +202,7 @@ TEST_F(EditorTest, EachToolDoesItsWorkAndIsTakenBack)
         {"filled rectangle", 41},
         {"ellipse", 32, {220, 140}},
         {"step", 57, to},
-        {"text", 28, {145, 140}},
+        {"text", keyT, {145, 140}},
         {"blur", 56},
         {"pixelate", 53},
         {"blackout", 45},
@@ -207,9 +225,9 @@ TEST_F(EditorTest, EachToolDoesItsWorkAndIsTakenBack)
     for (const auto& [tool, letter, changed, same] : tools) {
         SCOPED_TRACE(tool);
         type({letter});
-        screen->drag(corner + from, corner + to);
-        if (letter == 28) {
-            type({28});
+        drag(corner + from, corner + to);
+        if (letter == keyT) {
+            type({keyT});
             type({TestKeyboard::escape});
         }
         const QImage marked = saved(path, [&](const QImage& image) { return !isOriginal(image); });
@@ -220,15 +238,15 @@ TEST_F(EditorTest, EachToolDoesItsWorkAndIsTakenBack)
     }
 
     type({keyF});
-    screen->drag(corner + from, corner + inside);
+    drag(corner + from, corner + inside);
     type({55});
-    screen->drag(corner + QPoint(180, 165), corner + QPoint(300, 165));
+    drag(corner + QPoint(180, 165), corner + QPoint(300, 165));
     const QImage moved = saved(path, [&](const QImage& image) { return !isOriginal(image); });
     EXPECT_EQ(around(moved, from + QPoint(20, 20)), around(original, from + QPoint(20, 20))) << "it was moved away";
     EXPECT_NE(around(moved, {300, 165}), around(original, {300, 165}));
 
     type({54});
-    screen->drag(corner + from, corner + to);
+    drag(corner + from, corner + to);
     const QImage cropped = saved(path, [&](const QImage& image) { return image.size() != original.size(); });
     EXPECT_EQ(cropped.size(), QSize(160, 100));
     for (int step = 0; step < 3; ++step)
@@ -244,7 +262,7 @@ TEST_F(EditorTest, AQuitSavesWhatWasMadeOfAFile)
     ASSERT_EQ(session->kovrel({"open", path}).exitCode, 0);
     const QPoint corner = waitForPicture({400, 300}).topLeft();
     type({keyF});
-    screen->drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
+    drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
     ASSERT_TRUE(UserSession::eventually([&] { return !isPaper(corner + QPoint(100, 80)); }));
     session->kovrel({"quit"});
     ASSERT_TRUE(UserSession::eventually([&] { return session->instancePid() == 0; }));
@@ -277,7 +295,7 @@ TEST_F(EditorTest, MarksStayWithTheFile)
     ASSERT_EQ(session->kovrel({"open", path}).exitCode, 0);
     QPoint corner = waitForPicture({400, 300}).topLeft();
     type({keyF});
-    screen->drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
+    drag(corner + QPoint(50, 40), corner + QPoint(150, 120));
     const QDir history(session->path("data/Kovrel/History"));
     ASSERT_TRUE(UserSession::eventually([&] { return history.entryList({"*_thumb.jpg"}).size() == 1; }));
     ASSERT_TRUE(UserSession::eventually([&] { return history.entryList({"*_edited.png"}).size() == 1; }));
@@ -341,6 +359,26 @@ TEST_F(EditorTest, PicturesComeFromTheClipboardAndGoBackAsFiles)
 }
 
 // Where there is no printer, into a file.
+TEST_F(EditorTest, TextInThePictureIsSelectedAndCopied)
+{
+    constexpr QSize size(700, 200);
+    session->prepare();
+    const QString path = session->path("page.png");
+    session->run("convert", {"-size", "700x200", "xc:" + paper.name(), "-font", "DejaVu-Sans", "-pointsize", "20",
+                             "-annotate", "+120+120", "Meadow invoice 2041", path});
+    ASSERT_EQ(session->kovrel({"open", path}).exitCode, 0);
+    const QPoint corner = waitForPicture(size).topLeft();
+    type({TestKeyboard::control, keyT});
+    ASSERT_TRUE(UserSession::eventually([&] { return !isPaper(corner + QPoint(20, 20)); })) << "once it is read";
+    drag(corner + QPoint(123, 113), corner + QPoint(345, 113));
+    type({TestKeyboard::control, TestKeyboard::placeOfC});
+    QByteArray copied;
+    EXPECT_TRUE(UserSession::eventually([&] {
+        copied = session->run("xclip", {"-selection", "clipboard", "-o"}).output;
+        return copied == "Meadow invoice 2041";
+    })) << copied.constData();
+}
+
 TEST_F(EditorTest, ThePictureIsPrinted)
 {
     session->prepare();
