@@ -556,6 +556,7 @@ void CaptureHistoryStore::whenSettled(std::function<void()> callback)
 
 QCoro::Task<> CaptureHistoryStore::waitForAll(std::function<void()> callback)
 {
+    co_await m_scope.reply<Nothing>([this](auto stored) { m_editor.whenAllStored([stored] { stored({}); }); });
     co_await m_scope.reply<Nothing>([this](auto landed) { m_writes.whenAllSettled([landed] { landed({}); }); });
     co_await m_scope.reply<HistoryWriter::Written>([this](auto written) { m_records.writer().write(written); });
     callback();
@@ -591,6 +592,7 @@ void CaptureHistoryStore::prepareToEnd()
 {
     m_trash.lapse();
     m_recorder.landAll();
+    m_editor.landAll();
     m_records.writer().writeLast();
 }
 
