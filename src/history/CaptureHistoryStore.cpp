@@ -128,20 +128,21 @@ const HistoryList* CaptureHistoryStore::list(QUuid id) const
     return HistoryLists::find(lists(), id);
 }
 
-QList<HistoryEntry> CaptureHistoryStore::timelineEntries() const
+std::vector<HistoryEntry> CaptureHistoryStore::timelineEntries() const
 {
-    QList<HistoryEntry> timeline;
+    std::vector<HistoryEntry> timeline;
+    timeline.reserve(size_t(entries().size()));
     std::ranges::copy_if(entries(), std::back_inserter(timeline), &HistoryEntry::isInTimeline);
     return timeline;
 }
 
-QList<HistoryEntry> CaptureHistoryStore::entriesIn(QUuid list) const
+std::vector<HistoryEntry> CaptureHistoryStore::entriesIn(QUuid list) const
 {
-    QList<HistoryEntry> found;
+    std::vector<HistoryEntry> found;
     if (const HistoryList* wanted = this->list(list))
         for (const QUuid id : wanted->entryIDs)
             if (const HistoryEntry* known = entry(id))
-                found << *known;
+                found.push_back(*known);
     return found;
 }
 
