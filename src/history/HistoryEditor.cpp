@@ -127,8 +127,10 @@ void HistoryEditor::land(Pending& pending)
     apply(pending);
 }
 
-void HistoryEditor::apply(const Pending& pending)
+void HistoryEditor::apply(Pending& pending)
 {
+    if (std::exchange(pending.isApplied, true))
+        return;
     using Kind = CaptureOCRStore::Kind;
     const HistoryEdit& edit = pending.edit;
     const bool isNewBase = !edit.newBase.isNull();

@@ -36,6 +36,7 @@ private:
         HistoryEdit edit;
         std::optional<QString> savedPathBefore = {};
         bool isWriting = false; // the files are with the lane
+        bool isApplied = false; // the entry has it
     };
 
     using Job = std::function<Done()>;
@@ -44,7 +45,7 @@ private:
     QCoro::Task<Done> store(std::shared_ptr<Pending> pending);
     Job filesJob(Pending& pending) const;
     void land(Pending& pending);
-    void apply(const Pending& pending);
+    void apply(Pending& pending);
 
     Workers& m_workers;
     HistoryFiles m_files;
