@@ -32,12 +32,13 @@ std::optional<QLocale> Translations::chosen(const QStringList& preferred)
     return std::nullopt;
 }
 
-// The dialogs of the toolkit are translated with us or not at all: both languages in one window would be neither.
+// The dialogs of the toolkit are translated with us or not at all: both languages in one window would be neither. The
+// texts are English; only where they count there are two of each.
 void Translations::install(QCoreApplication& application)
 {
     const auto locale = chosen(QLocale::system().uiLanguages());
     if (!locale)
-        return;
+        return add(application, QLocale::English, "plurals", folder);
     add(application, *locale, "kovrel", folder);
     add(application, *locale, "qtbase", QLibraryInfo::path(QLibraryInfo::TranslationsPath));
     QGuiApplication::setLayoutDirection(locale->textDirection());

@@ -128,20 +128,21 @@ const HistoryList* CaptureHistoryStore::list(QUuid id) const
     return HistoryLists::find(lists(), id);
 }
 
-QList<HistoryEntry> CaptureHistoryStore::timelineEntries() const
+std::vector<HistoryEntry> CaptureHistoryStore::timelineEntries() const
 {
-    QList<HistoryEntry> timeline;
+    std::vector<HistoryEntry> timeline;
+    timeline.reserve(size_t(entries().size()));
     std::ranges::copy_if(entries(), std::back_inserter(timeline), &HistoryEntry::isInTimeline);
     return timeline;
 }
 
-QList<HistoryEntry> CaptureHistoryStore::entriesIn(QUuid list) const
+std::vector<HistoryEntry> CaptureHistoryStore::entriesIn(QUuid list) const
 {
-    QList<HistoryEntry> found;
+    std::vector<HistoryEntry> found;
     if (const HistoryList* wanted = this->list(list))
         for (const QUuid id : wanted->entryIDs)
             if (const HistoryEntry* known = entry(id))
-                found << *known;
+                found.push_back(*known);
     return found;
 }
 
@@ -556,6 +557,7 @@ void CaptureHistoryStore::whenSettled(std::function<void()> callback)
 
 QCoro::Task<> CaptureHistoryStore::waitForAll(std::function<void()> callback)
 {
+    co_await m_scope.reply<Nothing>([this](auto stored) { m_editor.whenAllStored([stored] { stored({}); }); });
     co_await m_scope.reply<Nothing>([this](auto landed) { m_writes.whenAllSettled([landed] { landed({}); }); });
     co_await m_scope.reply<HistoryWriter::Written>([this](auto written) { m_records.writer().write(written); });
     callback();
@@ -591,6 +593,7 @@ void CaptureHistoryStore::prepareToEnd()
 {
     m_trash.lapse();
     m_recorder.landAll();
+    m_editor.landAll();
     m_records.writer().writeLast();
 }
 

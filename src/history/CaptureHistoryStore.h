@@ -73,8 +73,8 @@ public:
     const HistoryEntry* entry(QUuid id) const;
     const HistoryList* list(QUuid id) const;
 
-    QList<HistoryEntry> timelineEntries() const;
-    QList<HistoryEntry> entriesIn(QUuid list) const; // in the list's order
+    std::vector<HistoryEntry> timelineEntries() const;
+    std::vector<HistoryEntry> entriesIn(QUuid list) const; // in the list's order
     bool isListed(QUuid id) const;
     QSet<QUuid> listedIDs() const;
 

@@ -6,10 +6,13 @@
 #include "platform/files/AtomicFile.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 
 namespace Kovrel {
 
 namespace {
+
+Q_LOGGING_CATEGORY(log, "com.kovrel.history")
 
 using Written = HistoryWriter::Written;
 
@@ -49,62 +52,94 @@ Written writeFiles(const HistoryFiles& files, const HistoryEdit& edit)
 HistoryEditor::HistoryEditor(MainLoop& loop, Workers& workers, HistoryFiles files, HistoryRecords& records,
                              HistoryThumbnails& thumbnails, PendingWrites& writes, CaptureOCRStore& ocr,
                              std::function<void(QUuid)> changed)
-    : m_files(std::move(files)),
+    : m_workers(workers),
+      m_files(std::move(files)),
       m_records(records),
       m_thumbnails(thumbnails),
       m_writes(writes),
       m_ocr(ocr),
       m_changed(std::move(changed)),
+      m_edits(loop),
       m_scope(loop, workers)
 {
 }
 
 void HistoryEditor::update(HistoryEdit edit, Reply<Done> done)
 {
-    Scope::start(updateInBackground(std::move(edit), std::move(done)), "storing an edited capture");
+    m_pending.push_back(std::make_shared<Pending>(Pending{std::move(edit)}));
+    Scope::start(updateInBackground(m_pending.back(), std::move(done)), "storing an edited capture");
 }
 
-QCoro::Task<> HistoryEditor::updateInBackground(HistoryEdit edit, Reply<Done> done)
+QCoro::Task<> HistoryEditor::updateInBackground(std::shared_ptr<Pending> pending, Reply<Done> done)
 {
-    const QUuid id = edit.id;
+    const QUuid id = pending->edit.id;
+    const auto waiting = m_edits.begin(id);
     co_await m_scope.reply<Nothing>([&](auto landed) { m_writes.whenSettled(id, [landed] { landed({}); }); });
     const auto underWay = m_writes.begin(id);
     Done outcome;
     try {
-        outcome = co_await store(std::move(edit));
+        outcome = co_await store(pending);
     } catch (const std::exception&) { // no thread could be had
         outcome = std::unexpected(Guarded::reason());
     }
+    std::erase(m_pending, pending);
     if (done)
         done(outcome);
 }
 
-QCoro::Task<HistoryEditor::Done> HistoryEditor::store(HistoryEdit edit)
+QCoro::Task<HistoryEditor::Done> HistoryEditor::store(std::shared_ptr<Pending> pending)
 {
-    const HistoryEntry* entry = m_records.entry(edit.id);
-    if (!entry)
+    if (!m_records.entry(pending->edit.id))
         co_return std::unexpected(
             QCoreApplication::translate("HistoryEditor", "The capture is not in the history any more."));
-    const std::optional<QString> savedPath = entry->savedPath;
-    const auto job = [files = m_files, edit] { return writeFiles(files, edit); };
-    Done outcome = co_await m_scope.onWorker(Lane::history, QualityOfService::utility, Guarded::orReason(job));
+    Done outcome =
+        co_await m_scope.onWorker(Lane::history, QualityOfService::utility, Guarded::orReason(filesJob(*pending)));
     if (!outcome)
         co_return outcome;
-    apply(edit, savedPath);
+    apply(*pending);
     outcome = co_await m_scope.reply<Done>([this](auto written) { m_records.writer().write(written); });
     co_return outcome;
 }
 
-void HistoryEditor::apply(const HistoryEdit& edit, const std::optional<QString>& savedPathBefore)
+// Of a capture that is recorded.
+HistoryEditor::Job HistoryEditor::filesJob(Pending& pending) const
 {
+    pending.isWriting = true;
+    pending.savedPathBefore = m_records.entry(pending.edit.id)->savedPath;
+    return [files = m_files, edit = pending.edit] { return writeFiles(files, edit); };
+}
+
+void HistoryEditor::landAll()
+{
+    for (const auto& pending : std::exchange(m_pending, {}))
+        if (m_records.entry(pending->edit.id))
+            land(*pending);
+}
+
+void HistoryEditor::land(Pending& pending)
+{
+    if (!pending.isWriting)
+        m_workers.submit(
+            Lane::history, QualityOfService::utility, [job = Guarded::orReason(filesJob(pending))]() mutable {
+                if (const Done written = job(); !written)
+                    qCWarning(log, "An edited capture was not stored: %s", qUtf8Printable(written.error()));
+            });
+    apply(pending);
+}
+
+void HistoryEditor::apply(Pending& pending)
+{
+    if (std::exchange(pending.isApplied, true))
+        return;
     using Kind = CaptureOCRStore::Kind;
+    const HistoryEdit& edit = pending.edit;
     const bool isNewBase = !edit.newBase.isNull();
     m_ocr.invalidate(edit.id, isNewBase ? std::set{Kind::base, Kind::edited} : std::set{Kind::edited});
     m_thumbnails.drop(edit.id);
     m_records.changeEntry(edit.id, [&](HistoryEntry& entry) {
         entry.subject = edit.subject;
         // One that was saved elsewhere meanwhile is newer.
-        if (entry.savedPath == savedPathBefore)
+        if (entry.savedPath == pending.savedPathBefore)
             entry.savedPath = edit.savedPath;
         if (isNewBase) {
             entry.pixelWidth = edit.newBase.width();

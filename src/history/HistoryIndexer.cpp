@@ -1,5 +1,7 @@
 #include "history/HistoryIndexer.h"
 
+#include "history/text/HistorySidecars.h"
+#include "platform/Guarded.h"
 #include "ports/TextReader.h"
 
 namespace Kovrel {
@@ -52,6 +54,7 @@ HistoryBackfill::Captures HistoryIndexer::captures()
         .kind = [this](QUuid id) { return kind(id); },
         .pixels = [this](CaptureOCRStore::Key key) { return pixels(key); },
         .codes = [this](QImage image) { return codes(std::move(image)); },
+        .outdated = [this] { return outdated(); },
     };
 }
 
@@ -86,6 +89,22 @@ QCoro::Task<std::optional<std::vector<QRCode>>> HistoryIndexer::codes(QImage ima
     using Codes = std::optional<std::vector<QRCode>>;
     Codes found = co_await m_scope.reply<Codes>([&](auto done) { m_ports.textReader->readCodes(image, done); });
     co_return found;
+}
+
+// To ask loads what reads, which nobody needs for a history without captures.
+QCoro::Task<std::vector<QUuid>> HistoryIndexer::outdated()
+{
+    if (m_store.entries().isEmpty())
+        co_return {};
+    const QDateTime changed =
+        co_await m_scope.reply<QDateTime>([this](auto done) { m_ports.textReader->modelsChanged(done); });
+    if (!changed.isValid() || changed == std::exchange(m_modelsChanged, changed))
+        co_return {};
+    m_store.ocr().setModelsChanged(changed);
+    const auto look = [changed, folder = m_folder] { return HistorySidecars::olderThan(changed, folder); };
+    std::vector<QUuid> older = co_await m_scope.onWorker(Lane::searchIndex, QualityOfService::background,
+                                                         Guarded::orElse(look, std::vector<QUuid>()));
+    co_return older;
 }
 
 } // namespace Kovrel

@@ -41,12 +41,14 @@ private:
     QCoro::Task<CaptureOCRStore::Kind> kind(QUuid id);
     QCoro::Task<QImage> pixels(CaptureOCRStore::Key key);
     QCoro::Task<std::optional<std::vector<QRCode>>> codes(QImage image);
+    QCoro::Task<std::vector<QUuid>> outdated();
     void tellLoaded();
 
     Ports& m_ports;
     CaptureHistoryStore& m_store;
     QString m_folder;
     bool m_isAttached = false;
+    QDateTime m_modelsChanged; // as they were asked last
     HistoryTextIndex m_index;
     HistoryBackfill m_backfill;
     std::vector<std::function<void()>> m_whenLoaded;

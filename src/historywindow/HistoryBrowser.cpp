@@ -38,8 +38,8 @@ void HistoryBrowser::setList(std::optional<QUuid> list)
 // What is looked at, before it is narrowed.
 HistorySearchSession::Entries HistoryBrowser::listed() const
 {
-    const QList<HistoryEntry> entries = m_list ? m_store.entriesIn(*m_list) : m_store.timelineEntries();
-    return std::make_shared<const std::vector<HistoryEntry>>(entries.begin(), entries.end());
+    return std::make_shared<const std::vector<HistoryEntry>>(m_list ? m_store.entriesIn(*m_list)
+                                                                    : m_store.timelineEntries());
 }
 
 void HistoryBrowser::takeEntries()

@@ -108,6 +108,17 @@ void PreviewPicture::paintEvent(QPaintEvent*)
     }
 }
 
+// Another display may have another scale.
+bool PreviewPicture::event(QEvent* event)
+{
+    const bool isDone = QWidget::event(event);
+    if (event->type() == QEvent::ScreenChangeInternal) {
+        takeHeight();
+        Q_EMIT roomChanged();
+    }
+    return isDone;
+}
+
 void PreviewPicture::resizeEvent(QResizeEvent* event)
 {
     takeHeight();

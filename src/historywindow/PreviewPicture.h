@@ -37,6 +37,7 @@ Q_SIGNALS:
     void roomChanged();
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 

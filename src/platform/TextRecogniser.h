@@ -3,6 +3,7 @@
 #include "model/Geometry.h"
 #include "model/RecognitionFailure.h"
 
+#include <QDateTime>
 #include <QImage>
 #include <QStringList>
 
@@ -71,6 +72,10 @@ public:
 
     // What can be asked for, as "eng", "deu" or "chi_sim".
     virtual QStringList installedLanguages() { return {}; }
+
+    // When the models for these languages, or what reads with them, came onto this computer last: text that was read
+    // before may be read better now. Invalid where that is not known.
+    virtual QDateTime modelsChanged(const QStringList&) { return {}; }
 
     // Nothing is going to be read for a while. What was loaded is loaded again with the next picture.
     virtual void releaseMemory() {}

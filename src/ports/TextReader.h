@@ -5,6 +5,7 @@
 #include "platform/Reply.h"
 #include "platform/Workers.h"
 
+#include <QDateTime>
 #include <QImage>
 
 #include <stop_token>
@@ -29,6 +30,11 @@ public:
     // The text alone; `corrected`: with the help of dictionaries. What nobody waits for gives way to everything else.
     virtual void readText(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,
                           Reply<OCROutcome> reply) = 0;
+
+    // When what text is read with, its models and the program behind them, came onto this computer last; invalid where
+    // that is not known. Loads what reads.
+    virtual void modelsChanged(Reply<QDateTime> reply) { reply({}); }
+
     // The codes alone, for nobody who waits; nothing where they can't be looked for.
     virtual void readCodes(QImage image, Reply<std::optional<std::vector<QRCode>>> reply) = 0;
 };

@@ -15,6 +15,9 @@ public:
     void read(QImage image, double pixelScale, std::stop_token stop, Reply<Reading> reply) override;
     void readText(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,
                   Reply<OCROutcome> reply) override;
+
+    void modelsChanged(Reply<QDateTime> reply) override { m_engine.modelsChanged(std::move(reply)); }
+
     void readCodes(QImage image, Reply<std::optional<std::vector<QRCode>>> reply) override;
 
 private:

@@ -45,10 +45,10 @@ std::optional<OCRFile> readFile(const QString& path)
 }
 
 // Without a text that was read before models changed. The file is as old as its text.
-std::optional<OCRFile> readCurrentFile(const QString& path, const CaptureOCRStore::ModelsChanged& modelsChanged)
+std::optional<OCRFile> readCurrentFile(const QString& path, const QDateTime& modelsChanged)
 {
     std::optional<OCRFile> file = readFile(path);
-    if (file && modelsChanged && QFileInfo(path).lastModified() < modelsChanged())
+    if (file && modelsChanged.isValid() && QFileInfo(path).lastModified() < modelsChanged)
         file->text.reset();
     return file;
 }
@@ -66,25 +66,27 @@ struct Written {
 };
 
 std::expected<Written, QString> changeFile(const QString& path, const std::optional<OCRFile>& remembered,
-                                           const std::function<void(OCRFile&)>& change)
+                                           const std::function<bool(OCRFile&)>& change)
 {
     const std::optional<OCRFile> existing = readFile(path);
     const QDateTime time = QFileInfo(path).lastModified();
     Written written{existing ? *existing : remembered.value_or(OCRFile{}), {}};
-    change(written.file);
+    const bool hasNewText = change(written.file);
     if (const auto outcome = AtomicFile::write(path, written.file.encoded(), AtomicFile::Access::onlyOwner); !outcome)
         written.error = outcome.error().message;
-    else if (existing && existing->text && existing->text == written.file.text)
+    else if (existing && existing->text && !hasNewText)
         setTime(path, time);
     return written;
 }
 
-// A raw text never takes the place of a corrected one that found something.
-void putText(OCRFile& file, const OCRFile::TextPart& part)
+// A raw text never takes the place of a corrected one that found something. Whether it was put.
+bool putText(OCRFile& file, const OCRFile::TextPart& part)
 {
     const bool isBetter = file.text && file.text->corrected && !file.text->result.lines.empty();
-    if (part.corrected || !isBetter)
-        file.text = part;
+    if (!part.corrected && isBetter)
+        return false;
+    file.text = part;
+    return true;
 }
 
 } // namespace
@@ -102,11 +104,10 @@ struct CaptureOCRStore::Run {
 };
 
 CaptureOCRStore::CaptureOCRStore(MainLoop& loop, Workers& workers, QString directory, StatusOf status,
-                                 Recognize recognize, ModelsChanged modelsChanged)
+                                 Recognize recognize)
     : m_directory(std::move(directory)),
       m_status(std::move(status)),
       m_recognize(std::move(recognize)),
-      m_modelsChanged(std::move(modelsChanged)),
       m_scope(loop, workers)
 {
 }
@@ -136,6 +137,13 @@ int CaptureOCRStore::token(QUuid id) const
 bool CaptureOCRStore::mayKeep(const Key& key, int token) const
 {
     return token == this->token(key.id) && m_status(key.id) == Status::recorded;
+}
+
+void CaptureOCRStore::setModelsChanged(const QDateTime& time)
+{
+    m_modelsChanged = time;
+    m_memo.clear();
+    m_memoOrder.clear();
 }
 
 // --- Asking
@@ -288,7 +296,8 @@ QCoro::Task<OCROutcome> CaptureOCRStore::recognized(Read read, int token, Qualit
 
 QCoro::Task<> CaptureOCRStore::keepText(OCRFile::TextPart part, Key key, int token, QualityOfService qos)
 {
-    const std::optional<QString> error = co_await keep(key, token, qos, [part](OCRFile& file) { putText(file, part); });
+    const std::optional<QString> error =
+        co_await keep(key, token, qos, [part](OCRFile& file) { return putText(file, part); });
     if (error)
         qCWarning(log, "text %s %s: not written: %s", name(key.id).constData(), name(key.kind), qUtf8Printable(*error));
     else
@@ -297,8 +306,7 @@ QCoro::Task<> CaptureOCRStore::keepText(OCRFile::TextPart part, Key key, int tok
 }
 
 // Changes the file of an image, and what is remembered of it. The answer is why it could not be written.
-QCoro::Task<std::optional<QString>> CaptureOCRStore::keep(Key key, int token, QualityOfService qos,
-                                                          std::function<void(OCRFile&)> change)
+QCoro::Task<std::optional<QString>> CaptureOCRStore::keep(Key key, int token, QualityOfService qos, Change change)
 {
     const auto write =
         Guarded::orReason([path = path(key), known = known(key), change] { return changeFile(path, known, change); });
@@ -327,8 +335,10 @@ void CaptureOCRStore::storeCodes(std::vector<QRCode> codes, bool complete, Key k
 QCoro::Task<> CaptureOCRStore::keepCodes(std::vector<QRCode> codes, bool complete, Key key, int token)
 {
     const OCRFile::QRPart part{codes, complete};
-    const std::optional<QString> error =
-        co_await keep(key, token, QualityOfService::background, [part](OCRFile& file) { file.qr = part; });
+    const std::optional<QString> error = co_await keep(key, token, QualityOfService::background, [part](OCRFile& file) {
+        file.qr = part;
+        return false;
+    });
     if (error)
         qCWarning(log, "codes %s %s: not written: %s", name(key.id).constData(), name(key.kind),
                   qUtf8Printable(*error));
@@ -359,8 +369,8 @@ QCoro::Task<> CaptureOCRStore::keepReading(OCRFile reading, Key key, int token)
 {
     remember(key, reading, QualityOfService::userInitiated);
     const auto put = [reading](OCRFile& file) {
-        putText(file, *reading.text);
         file.qr = reading.qr;
+        return putText(file, *reading.text);
     };
     const std::optional<QString> error = co_await keep(key, token, QualityOfService::utility, put);
     if (error)

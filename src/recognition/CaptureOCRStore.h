@@ -37,17 +37,17 @@ public:
 
     using StatusOf = std::function<Status(QUuid)>;
     using Recognize = std::function<QCoro::Task<OCROutcome>(QImage, QualityOfService, bool corrected, std::stop_token)>;
-    // When models were installed or removed last; on a worker.
-    using ModelsChanged = std::function<QDateTime()>;
     // A null image: there is none.
     using Pixels = std::function<QCoro::Task<QImage>()>;
 
     // The most keys that are kept in memory.
     static constexpr size_t memoSize = 12;
 
-    CaptureOCRStore(MainLoop& loop, Workers& workers, QString directory, StatusOf status, Recognize recognize,
-                    ModelsChanged modelsChanged = {});
+    CaptureOCRStore(MainLoop& loop, Workers& workers, QString directory, StatusOf status, Recognize recognize);
     ~CaptureOCRStore();
+
+    // Since when text is read as it is now: what was read before is read again once it is asked for.
+    void setModelsChanged(const QDateTime& time);
 
     // The text of a capture, with a line for each of its codes. It is recognised only when neither memory nor file has
     // it: a corrected text answers both kinds of request, a raw one only raw ones, and none one that is older than the
@@ -86,14 +86,16 @@ private:
 
     struct Run;
 
+    // Whether the file has a new text by it.
+    using Change = std::function<bool(OCRFile&)>;
+
     // Not what an invalidation has overtaken.
     QCoro::Task<std::optional<OCRFile>> stored(Key key, QualityOfService qos);
     QCoro::Task<OCROutcome> join(Read read, std::shared_ptr<Run> run, std::stop_token stop);
     void begin(const Read& read, const std::shared_ptr<Run>& run, QualityOfService qos, Pixels pixels);
     QCoro::Task<> perform(Read read, std::shared_ptr<Run> run, QualityOfService qos, Pixels pixels);
     QCoro::Task<OCROutcome> recognized(Read read, int token, QualityOfService qos, Pixels pixels, std::stop_token stop);
-    QCoro::Task<std::optional<QString>> keep(Key key, int token, QualityOfService qos,
-                                             std::function<void(OCRFile&)> change);
+    QCoro::Task<std::optional<QString>> keep(Key key, int token, QualityOfService qos, Change change);
     QCoro::Task<> keepText(OCRFile::TextPart part, Key key, int token, QualityOfService qos);
     QCoro::Task<> keepCodes(std::vector<QRCode> codes, bool complete, Key key, int token);
     QCoro::Task<> keepReading(OCRFile reading, Key key, int token);
@@ -110,7 +112,7 @@ private:
     QString m_directory;
     StatusOf m_status;
     Recognize m_recognize;
-    ModelsChanged m_modelsChanged;
+    QDateTime m_modelsChanged;              // invalid until it is known
     std::map<QByteArray, int> m_generation; // by the id's bytes
     std::map<Read, std::shared_ptr<Run>> m_inFlight;
     std::multiset<Key> m_removing;

@@ -6,8 +6,10 @@
 #include <QImage>
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <list>
 
 namespace Kovrel {
 
@@ -47,6 +49,24 @@ Tile makeTile(const SoftShadow& shadow, double radius, double scale)
     return tile;
 }
 
+// For displays of different scales, and colours that come back.
+constexpr size_t mostTiles = 4;
+
+const Tile& tileFor(const SoftShadow& shadow, double radius, double scale)
+{
+    static std::list<Tile> tiles; // the latest first
+    const auto known =
+        std::ranges::find_if(tiles, [&](const Tile& tile) { return tile.isFor(shadow.layer, radius, scale); });
+    if (known != tiles.end()) {
+        tiles.splice(tiles.begin(), tiles, known);
+        return tiles.front();
+    }
+    tiles.push_front(makeTile(shadow, radius, scale));
+    if (tiles.size() > mostTiles)
+        tiles.pop_back();
+    return tiles.front();
+}
+
 // The four lines that part a length into corner, side and corner.
 std::array<double, 4> lines(double from, double length, double corner)
 {
@@ -62,7 +82,6 @@ QRectF cell(const std::array<double, 4>& columns, const std::array<double, 4>& r
 
 void FloatingShadow::paint(QPainter& painter, const QRectF& card, double radius)
 {
-    static Tile tile;
     const SoftShadow shadow = SoftShadow::floating(Theme::current().shadow);
     const double scale = painter.device()->devicePixelRatioF();
     const double corner = SoftShadow::floatingRoom + inwards(shadow, radius);
@@ -72,8 +91,7 @@ void FloatingShadow::paint(QPainter& painter, const QRectF& card, double radius)
         shadow.paint(painter, card, radius);
         return;
     }
-    if (!tile.isFor(shadow.layer, radius, scale))
-        tile = makeTile(shadow, radius, scale);
+    const Tile& tile = tileFor(shadow, radius, scale);
     const double side = tile.image.width();
     const auto fromColumns = lines(0, side, corner * scale);
     const auto columns = lines(whole.left(), whole.width(), corner);
@@ -83,6 +101,11 @@ void FloatingShadow::paint(QPainter& painter, const QRectF& card, double radius)
             if (row != 1 || column != 1)
                 painter.drawImage(cell(columns, rows, column, row), tile.image,
                                   cell(fromColumns, fromColumns, column, row));
+}
+
+void FloatingShadow::prewarm(double radius, double scale)
+{
+    tileFor(SoftShadow::floating(Theme::current().shadow), radius, scale);
 }
 
 } // namespace Kovrel

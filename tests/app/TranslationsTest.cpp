@@ -1,5 +1,7 @@
 #include "app/Translations.h"
 
+#include <QCoreApplication>
+
 #include <gtest/gtest.h>
 
 namespace Kovrel {
@@ -26,6 +28,13 @@ TEST(TranslationsTest, TheFirstLanguageThatIsKnownIsSpokenAndEnglishIsKnown)
         EXPECT_EQ(locale ? std::optional(locale->language()) : std::nullopt, each.spoken)
             << each.preferred.join(' ').toStdString();
     }
+}
+
+TEST(TranslationsTest, InEnglishOneIsNotMany)
+{
+    Translations::install(*QCoreApplication::instance());
+    for (const auto& [count, text] : {std::pair(1, "1 capture deleted"), {2, "2 captures deleted"}})
+        EXPECT_EQ(QCoreApplication::translate("Kovrel::HistoryWindow", "%n captures deleted", nullptr, count), text);
 }
 
 } // namespace Kovrel

@@ -43,6 +43,13 @@ struct CaptureHistoryStoreTest : Testing::HistoryFixture {
         return all;
     }
 
+    void edit(int number)
+    {
+        store().updateImage({.id = id(number),
+                             .flattened = Testing::testPicture({50, 40}, Testing::Texture::blocks, 99),
+                             .subject = subject});
+    }
+
     int permissions(const QString& file) const
     {
         struct stat status{};
@@ -50,6 +57,7 @@ struct CaptureHistoryStoreTest : Testing::HistoryFixture {
         return status.st_mode & 0777;
     }
 
+    const CaptureSubject subject{{1, 1, 5, 5}, 2}; // that edits give
     const Testing::LogLines log;
 };
 
@@ -225,6 +233,41 @@ TEST_F(CaptureHistoryStoreTest, TheEndOfTheProgramKeepsWhatChangedWhileTheRecord
     run = started();
     EXPECT_THAT(entries(), ElementsAre(2, 1));
     EXPECT_EQ(store().entry(id(1))->title, "changed");
+}
+
+// Before its capture is recorded, and while its files are written.
+TEST_F(CaptureHistoryStoreTest, TheEndOfTheProgramKeepsAnEdit)
+{
+    recordUpTo(1);
+    record(2, std::make_shared<CaptureSave>());
+    for (const int number : {1, 2})
+        edit(number);
+    loop.runPosted();
+    store().prepareToEnd();
+    workers.runAll();
+    kill();
+    run = started();
+    for (const int number : {1, 2}) {
+        ASSERT_NE(store().entry(id(number)), nullptr);
+        EXPECT_EQ(store().entry(id(number))->subject, subject);
+        EXPECT_TRUE(QFile::exists(folder / (name(number) + "_edited.png")));
+    }
+}
+
+TEST_F(CaptureHistoryStoreTest, QuittingWaitsForAnEditThatWaits)
+{
+    bool isSettled = false;
+    record(1);
+    edit(1);
+    loop.runPosted();
+    store().whenSettled([&] {
+        isSettled = true;
+        const auto written = HistoryJson::entries(read("index.json"));
+        ASSERT_TRUE(written && written->records.size() == 1);
+        EXPECT_EQ(written->records[0].subject, subject);
+    });
+    settle();
+    EXPECT_TRUE(isSettled);
 }
 
 TEST_F(CaptureHistoryStoreTest, QuittingWaitsForEverything)

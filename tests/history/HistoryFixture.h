@@ -96,7 +96,7 @@ struct HistoryFixture : testing::Test {
     CaptureHistoryStore& store() { return run->store; }
 
     // The numbers of captures, as their identities say them.
-    static std::vector<int> numbers(const QList<HistoryEntry>& entries)
+    static std::vector<int> numbers(const auto& entries)
     {
         std::vector<int> all;
         for (const HistoryEntry& entry : entries)

@@ -1,6 +1,7 @@
 #include "historywindow/HistoryWindow.h"
 
 #include "historywindow/UndoBar.h"
+#include "historywindow/grid/HistoryDelegate.h"
 #include "historywindow/lists/HistorySidebar.h"
 #include "historywindow/search/HistorySearchField.h"
 #include "preferences/Settings.h"
@@ -109,6 +110,25 @@ struct HistoryWindowTest : Testing::HistoryFixture {
     }
 };
 
+// A grid that can be moved to a display of another scale.
+struct MovedGrid : HistoryGrid {
+    using HistoryGrid::HistoryGrid;
+
+    void moveTo(int newScale)
+    {
+        scale = newScale;
+        QEvent event(QEvent::ScreenChangeInternal);
+        QApplication::sendEvent(this, &event);
+    }
+
+    int metric(PaintDeviceMetric which) const override
+    {
+        return which == PdmDevicePixelRatioScaled ? int(scale * devicePixelRatioFScale()) : HistoryGrid::metric(which);
+    }
+
+    int scale = 1;
+};
+
 } // namespace
 
 TEST_F(HistoryWindowTest, WordsAndChipsNarrowWhatIsShown)
@@ -191,6 +211,21 @@ TEST_F(HistoryWindowTest, ListsAreDraggedToTheirPlace)
     EXPECT_EQ(names(), "Receipts Third Second");
     drop(list, 4);
     EXPECT_EQ(names(), "Third Second Receipts");
+}
+
+TEST_F(HistoryWindowTest, ThumbnailsHaveThePixelsOfTheDisplayThatShowsThem)
+{
+    std::vector<QSize> read;
+    MovedGrid grid(HistoryGrid::Shape::row, model(), loop, workers, [&read](QUuid, QSize bounds) {
+        read.push_back(bounds);
+        return QImage();
+    });
+    for (const int scale : {1, 2}) {
+        grid.moveTo(scale);
+        read.clear();
+        settle();
+        EXPECT_THAT(read, testing::IsSupersetOf({HistoryDelegate::pictureSize() * scale}));
+    }
 }
 
 TEST_F(HistoryWindowTest, TitlesAreGivenInPlaceAndTakenAway)

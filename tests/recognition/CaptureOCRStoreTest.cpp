@@ -32,18 +32,13 @@ struct CaptureOCRStoreTest : testing::Test {
     FakeTextRecogniser::Page page{{{FakeTextRecogniser::line("Hello", {0.1, 0.5, 0.2, 0.1})}}};
     VisionOCREngine engine{loop, workers, std::make_unique<FakeTextRecogniser>(page), [] { return QStringList(); }};
     Status status = Status::recorded;
-    CaptureOCRStore store{loop,
-                          workers,
-                          folder / "",
-                          [this](QUuid) { return status; },
+    CaptureOCRStore store{loop, workers, folder / "", [this](QUuid) { return status; },
                           [this](QImage image, QualityOfService qos, bool corrected, std::stop_token stop) {
                               return engine.recognize(image, qos, corrected, stop);
-                          },
-                          [this] { return modelsChanged; }};
+                          }};
     const Testing::LogLines log;
     std::vector<std::string> answers;
     OCRResult lastText;
-    QDateTime modelsChanged;
     bool hasPixels = true;
 
     static std::string answerOf(const OCROutcome& text)
@@ -117,6 +112,13 @@ struct CaptureOCRStoreTest : testing::Test {
         QFile f(file());
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(bytes);
+    }
+
+    void makeOld(const QDateTime& time) const
+    {
+        QFile text(file());
+        ASSERT_TRUE(text.open(QIODevice::ReadWrite));
+        text.setFileTime(time, QFileDevice::FileModificationTime);
     }
 
     // The memo lets go of a key when twelve others were remembered.
@@ -459,17 +461,29 @@ TEST_F(CaptureOCRStoreTest, ATextIsReadAgainWithNewModels)
     ask();
     takeAnswers();
     const QDateTime past = QDateTime::currentDateTime().addSecs(-3600);
-    QFile text(file());
-    ASSERT_TRUE(text.open(QIODevice::ReadWrite));
-    text.setFileTime(past, QFileDevice::FileModificationTime);
-    text.close();
+    makeOld(past);
     store.storeCodes({}, true, {capture, Kind::base}, 0);
     for (const auto& [changed, recognitions] : {std::pair(past.addSecs(-60), 0u), {past.addSecs(60), 1u}}) {
-        fillMemo();
-        modelsChanged = changed;
+        store.setModelsChanged(changed);
         page.asked.clear();
         ask();
         EXPECT_EQ(takeAnswers(), Answers{"Hello"});
+        EXPECT_EQ(page.asked.size(), recognitions);
+    }
+}
+
+TEST_F(CaptureOCRStoreTest, WhatIsReadAgainAsBeforeIsNotReadOnceMore)
+{
+    page.outcome = {};
+    ask();
+    takeAnswers();
+    const QDateTime past = QDateTime::currentDateTime().addSecs(-3600);
+    makeOld(past);
+    for (const size_t recognitions : {1u, 0u}) {
+        store.setModelsChanged(past.addSecs(60));
+        page.asked.clear();
+        ask();
+        EXPECT_EQ(takeAnswers(), Answers{""});
         EXPECT_EQ(page.asked.size(), recognitions);
     }
 }

@@ -7,6 +7,8 @@
 #include "ports/Captures.h"
 #include "ports/Toasts.h"
 #include "settings/pages/CardsPage.h"
+#include "ui/FloatingShadow.h"
+#include "ui/tokens/Metrics.h"
 
 #include <QCoreApplication>
 
@@ -87,6 +89,12 @@ void CardsFeature::start(const Launch&)
                      [this](const QUrl& url) { m_ports.delivery.tell(&CaptureDelivery::openLink, url); });
     QObject::connect(&m_panels, &CardPanels::textWanted, &m_panels, [this](const QString& text) { copyText(text); });
     m_controller.start();
+}
+
+void CardsFeature::prewarmLater()
+{
+    for (const Display& display : m_foundation.desktop->displays().all())
+        FloatingShadow::prewarm(Radius::card, display.scale);
 }
 
 void CardsFeature::copyText(const QString& text)

@@ -19,6 +19,7 @@ public:
     std::vector<CommandHandler> commands() override;
     std::vector<SettingsPage> settingsPages() override;
     void start(const Launch& launch) override;
+    void prewarmLater() override;
 
 private:
     CardServices services();

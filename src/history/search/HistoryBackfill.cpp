@@ -50,21 +50,39 @@ void HistoryBackfill::begin()
     Scope::start(run(m_stop.get_token()), "reading the text of captures");
 }
 
-// Captures may come and go between two pictures.
 QCoro::Task<> HistoryBackfill::run(std::stop_token stop)
 {
-    bool goesOn = true;
-    for (auto id = next(); id && goesOn && !stop.stop_requested(); id = next())
-        goesOn = co_await read(*id, stop);
+    const bool goesOn = co_await m_scope.join(readAll(stop));
+    if (goesOn && !stop.stop_requested()) {
+        co_await m_scope.join(findOutdated());
+        co_await m_scope.join(readAll(stop));
+    }
     if (!stop.stop_requested())
         m_isRunning = false;
 }
 
+// Captures may come and go between two pictures. False: see `read`.
+QCoro::Task<bool> HistoryBackfill::readAll(std::stop_token stop)
+{
+    bool goesOn = true;
+    for (auto id = next(); id && goesOn && !stop.stop_requested(); id = next())
+        goesOn = co_await read(*id, stop);
+    co_return goesOn;
+}
+
+QCoro::Task<> HistoryBackfill::findOutdated()
+{
+    const std::vector<QUuid> found = co_await m_scope.join(m_captures.outdated());
+    m_outdated.unite({found.begin(), found.end()});
+}
+
 std::optional<QUuid> HistoryBackfill::next() const
 {
-    const std::vector<QUuid> ids = m_captures.ids();
-    const auto place =
-        std::ranges::find_if(ids, [this](QUuid id) { return !m_index.knows(id) && !m_failed.contains(id); });
+    std::vector<QUuid> ids = m_captures.ids();
+    std::erase_if(ids, [this](QUuid id) { return m_failed.contains(id); });
+    auto place = std::ranges::find_if(ids, [this](QUuid id) { return !m_index.knows(id); });
+    if (place == ids.end())
+        place = std::ranges::find_if(ids, [this](QUuid id) { return m_outdated.contains(id); });
     return place == ids.end() ? std::nullopt : std::optional(*place);
 }
 
@@ -80,6 +98,7 @@ QCoro::Task<bool> HistoryBackfill::read(QUuid id, std::stop_token stop)
     if (text) {
         const OCRResult whole = co_await m_scope.join(withCodes(*text, key, seen));
         m_index.set(whole.lines, id, token);
+        m_outdated.remove(id);
     } else if (isOfThePicture(text.error().reason)) {
         m_failed.insert(id);
     }

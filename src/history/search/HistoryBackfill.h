@@ -10,7 +10,8 @@
 
 namespace Kovrel {
 
-// Reads the text of captures that nobody has read, one at a time, while nobody needs the machine. Main thread.
+// Reads the text of captures that nobody has read, one at a time, while nobody needs the machine; behind them those
+// that were read when less could be read. Main thread.
 class HistoryBackfill {
 public:
     // Where the history's captures are found.
@@ -21,6 +22,8 @@ public:
         std::function<QCoro::Task<QImage>(CaptureOCRStore::Key)> pixels;
         // The codes in a picture; nothing where nobody can look for them.
         std::function<QCoro::Task<std::optional<std::vector<QRCode>>>(QImage)> codes;
+        // Those whose text may be read better now; each is told once.
+        std::function<QCoro::Task<std::vector<QUuid>>()> outdated;
     };
 
     // Nothing was captured for so long: the machine is idle.
@@ -40,6 +43,8 @@ public:
 private:
     void begin();
     QCoro::Task<> run(std::stop_token stop);
+    QCoro::Task<bool> readAll(std::stop_token stop);
+    QCoro::Task<> findOutdated();
     QCoro::Task<bool> read(QUuid id, std::stop_token stop);
     QCoro::Task<QImage> pixels(CaptureOCRStore::Key key, std::shared_ptr<QImage> seen);
     QCoro::Task<OCRResult> withCodes(OCRResult text, CaptureOCRStore::Key key, std::shared_ptr<QImage> seen);
@@ -50,6 +55,7 @@ private:
     CaptureOCRStore& m_texts;
     Captures m_captures;
     QSet<QUuid> m_failed; // not tried again before the next start
+    QSet<QUuid> m_outdated;
     MainLoop::TimerID m_timer = 0;
     bool m_isRunning = false;
     std::stop_source m_stop;

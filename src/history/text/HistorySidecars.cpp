@@ -60,6 +60,17 @@ QHash<QUuid, HistorySidecars::Sidecar> HistorySidecars::in(const QString& folder
     return sidecars;
 }
 
+std::vector<QUuid> HistorySidecars::olderThan(const QDateTime& time, const QString& folder)
+{
+    const Time limit =
+        Time::clock::from_sys(std::chrono::sys_time(std::chrono::milliseconds(time.toMSecsSinceEpoch())));
+    std::vector<QUuid> older;
+    for (const auto& [id, sidecar] : in(folder).asKeyValueRange())
+        if (sidecar.modified < limit)
+            older.push_back(id);
+    return older;
+}
+
 std::optional<HistorySidecars::Time> HistorySidecars::modified(const QString& path)
 {
     std::error_code error;

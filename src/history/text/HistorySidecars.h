@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QDateTime>
 #include <QHash>
 #include <QString>
 #include <QUuid>
 
 #include <filesystem>
 #include <optional>
+#include <vector>
 
 namespace Kovrel {
 
@@ -22,6 +24,9 @@ struct Sidecar {
 // For each capture the one that belongs to the picture it has now: once it was edited, only what was read in the edited
 // one counts.
 QHash<QUuid, Sidecar> in(const QString& folder);
+
+// The captures among them whose sidecar is older.
+std::vector<QUuid> olderThan(const QDateTime& time, const QString& folder);
 
 // When a file was written; nothing where there is none.
 std::optional<Time> modified(const QString& path);

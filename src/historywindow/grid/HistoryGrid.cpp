@@ -167,6 +167,15 @@ bool HistoryGrid::isComplete() const
 
 // --- Events
 
+// Another display may have another scale.
+bool HistoryGrid::event(QEvent* event)
+{
+    const bool isDone = QListView::event(event);
+    if (event->type() == QEvent::ScreenChangeInternal)
+        takeLook();
+    return isDone;
+}
+
 // Columns share the width.
 void HistoryGrid::resizeEvent(QResizeEvent* event)
 {

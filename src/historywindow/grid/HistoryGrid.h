@@ -38,6 +38,7 @@ Q_SIGNALS:
     void dragExpected(const QList<QUuid>& ids);
 
 protected:
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;

@@ -27,6 +27,11 @@ QStringList PluginTextRecogniser::installedLanguages()
     return load() ? m_recogniser->installedLanguages() : QStringList();
 }
 
+QDateTime PluginTextRecogniser::modelsChanged(const QStringList& languages)
+{
+    return load() ? m_recogniser->modelsChanged(languages) : QDateTime();
+}
+
 void PluginTextRecogniser::releaseMemory()
 {
     if (m_recogniser)

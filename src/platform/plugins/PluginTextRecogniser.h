@@ -12,6 +12,7 @@ class PluginTextRecogniser : public TextRecogniser {
 public:
     Outcome recognise(const QImage& picture, const Request& request) override;
     QStringList installedLanguages() override;
+    QDateTime modelsChanged(const QStringList& languages) override;
     void releaseMemory() override;
 
     // What the plugin exports, as `kovrelMakeTextRecogniser`.

@@ -3,11 +3,13 @@
 #include "model/RecogniserLanguage.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QLocale>
 
 #include <tesseract/baseapi.h>
 
 #include <cstring>
+#include <dlfcn.h>
 
 namespace Kovrel {
 
@@ -91,6 +93,13 @@ QString builtInFolder()
     return QString::fromUtf8(library.GetDatapath());
 }
 
+QString libraryPath()
+{
+    Dl_info library{};
+    ::dladdr(reinterpret_cast<const void*>(&tesseract::TessBaseAPI::Version), &library);
+    return QFile::decodeName(library.dli_fname);
+}
+
 QStringList modelsOf(const QStringList& languages, const QStringList& available)
 {
     QStringList models;
@@ -128,6 +137,15 @@ QStringList LanguageData::chosen(const QStringList& wanted)
     if (!models.isEmpty() || available.isEmpty())
         return models;
     return {available.contains("eng") ? QString("eng") : available.first()};
+}
+
+// Files of packages are as old as the packages, but their status changes when they are installed.
+QDateTime LanguageData::changed(const QStringList& wanted)
+{
+    QDateTime latest = QFileInfo(libraryPath()).metadataChangeTime();
+    for (const QString& model : chosen(wanted))
+        latest = std::max(latest, QFileInfo(folder() + '/' + model + ".traineddata").metadataChangeTime());
+    return latest;
 }
 
 bool LanguageData::readWithoutWordLists(const char* path, std::vector<char>* data)

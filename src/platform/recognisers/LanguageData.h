@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QStringList>
 
 #include <vector>
@@ -19,6 +20,9 @@ QStringList installed();
 // those of the desktop. English or else the first one there is, when none of them is installed; empty without any
 // model.
 QStringList chosen(const QStringList& wanted);
+
+// When the models that are chosen so, or the library, came onto this computer last.
+QDateTime changed(const QStringList& wanted);
 
 // For tesseract::TessBaseAPI::Init: reads a model and leaves out its lists of words, which no setting turns off for
 // neural models.

@@ -312,12 +312,17 @@ TextRecogniser::Outcome TesseractRecogniser::recognise(const QImage& picture, co
     return observations;
 }
 
-// The models are made of small pieces, which the allocator would keep: 80 MB of a program of 36, instead of 46.
 QStringList TesseractRecogniser::installedLanguages()
 {
     return LanguageData::installed();
 }
 
+QDateTime TesseractRecogniser::modelsChanged(const QStringList& languages)
+{
+    return LanguageData::changed(languages);
+}
+
+// The models are made of small pieces, which the allocator would keep: 80 MB of a program of 36, instead of 46.
 void TesseractRecogniser::releaseMemory()
 {
     m_engines.clear();

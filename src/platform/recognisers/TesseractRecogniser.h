@@ -11,6 +11,7 @@ public:
     Outcome recognise(const QImage& picture, const Request& request) override;
 
     QStringList installedLanguages() override;
+    QDateTime modelsChanged(const QStringList& languages) override;
 
     void releaseMemory() override;
 

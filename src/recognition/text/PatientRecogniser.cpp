@@ -74,8 +74,7 @@ private:
 
 TextRecogniser::Outcome PatientRecogniser::recognise(const QImage& picture, const Request& request)
 {
-    if (!m_recogniser)
-        m_recogniser = m_make();
+    recogniser();
     const auto attempt = std::make_shared<Attempt>();
     const std::stop_callback stopping(request.stop, [&attempt] { attempt->stop.request_stop(); });
     Request own = request;
@@ -104,11 +103,21 @@ TextRecogniser::Outcome PatientRecogniser::recognise(const QImage& picture, cons
                 request.stop.stop_requested() ? Failure::Reason::cancelled : Failure::Reason::failed});
 }
 
-QStringList PatientRecogniser::installedLanguages()
+TextRecogniser& PatientRecogniser::recogniser()
 {
     if (!m_recogniser)
         m_recogniser = m_make();
-    return m_recogniser->installedLanguages();
+    return *m_recogniser;
+}
+
+QStringList PatientRecogniser::installedLanguages()
+{
+    return recogniser().installedLanguages();
+}
+
+QDateTime PatientRecogniser::modelsChanged(const QStringList& languages)
+{
+    return recogniser().modelsChanged(languages);
 }
 
 void PatientRecogniser::releaseMemory()

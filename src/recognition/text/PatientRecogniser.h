@@ -26,10 +26,13 @@ public:
 
     Outcome recognise(const QImage& picture, const Request& request) override;
     QStringList installedLanguages() override;
+    QDateTime modelsChanged(const QStringList& languages) override;
     void releaseMemory() override;
 
 private:
     class Attempt;
+
+    TextRecogniser& recogniser();
 
     Make m_make;
     Patience m_patience;

@@ -65,6 +65,17 @@ void VisionOCREngine::installedLanguages(Reply<QStringList> reply)
         [recogniser = m_recogniser]() noexcept { return recogniser->installedLanguages(); }, std::move(reply));
 }
 
+void VisionOCREngine::modelsChanged(Reply<QDateTime> reply)
+{
+    restLater();
+    replyFromWorker<QDateTime>(
+        m_loop, m_workers, Lane::visionOCR, QualityOfService::background,
+        [recogniser = m_recogniser, languages = m_languages()]() noexcept {
+            return recogniser->modelsChanged(languages);
+        },
+        std::move(reply));
+}
+
 void VisionOCREngine::prewarm()
 {
     Scope::start(logFailure(recognize(warmingPicture(), QualityOfService::utility, true, m_end.get_token())),

@@ -19,6 +19,9 @@ public:
     // See TextRecogniser; asked behind what is being read.
     void installedLanguages(Reply<QStringList> reply);
 
+    // Of the languages that it reads now; asked likewise.
+    void modelsChanged(Reply<QDateTime> reply);
+
     // Loads the recogniser's models, by reading a picture without text.
     void prewarm();
 

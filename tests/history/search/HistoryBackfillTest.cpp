@@ -32,6 +32,7 @@ struct HistoryBackfillTest : testing::Test {
                               return recognize(image, stop);
                           }};
     std::vector<QUuid> ids{first, second, third};
+    std::vector<QUuid> outdated;
     QUuid unreadable;           // has no pixels
     QUuid failing;              // can't be recognised
     RecognitionFailure failure; // for what reason
@@ -42,7 +43,7 @@ struct HistoryBackfillTest : testing::Test {
         loop, workers, index, store,
         HistoryBackfill::Captures{[this] { return ids; }, [](QUuid) { return base(); },
                                   [this](CaptureOCRStore::Key key) { return pixels(key.id); },
-                                  [](QImage image) { return codes(image); }});
+                                  [](QImage image) { return codes(image); }, [this] { return takeOutdated(); }});
 
     HistoryBackfillTest()
     {
@@ -56,6 +57,8 @@ struct HistoryBackfillTest : testing::Test {
     {
         co_return std::vector{QRCode{.payload = QString("code in %1 pixels").arg(image.width()), .boundingBox = {}}};
     }
+
+    QCoro::Task<std::vector<QUuid>> takeOutdated() { co_return std::exchange(outdated, {}); }
 
     QCoro::Task<QImage> pixels(QUuid id)
     {
@@ -182,6 +185,31 @@ TEST_F(HistoryBackfillTest, APictureThatChangesMeanwhileIsReadAgain)
     readAll();
     EXPECT_THAT(opened, ElementsAre(first, first));
     EXPECT_TRUE(index.knows(first));
+}
+
+TEST_F(HistoryBackfillTest, WhatIsOutdatedIsReadAgainBehindTheOthersAndOnce)
+{
+    index.set({{.text = "old"}}, first);
+    index.set({{.text = "old"}}, second);
+    outdated = {second, first};
+    failing = first;
+    backfill->schedule();
+    wait(5s);
+    EXPECT_THAT(opened, ElementsAre(third));
+    recognitions.front()(read(third));
+    recognitions.clear();
+    settle();
+    backfill->suspend(); // a capture
+    readAll();
+    EXPECT_EQ(index.findLines(second).front().text, "old");
+    for (int round = 0; round < 2; ++round) {
+        backfill->schedule();
+        wait(5s);
+        readAll();
+        EXPECT_THAT(opened, ElementsAre(third, first, first, second));
+    }
+    EXPECT_EQ(index.findLines(first).front().text, "old") << "nothing better was read";
+    EXPECT_EQ(index.findLines(second).front().text, "text of 2");
 }
 
 TEST_F(HistoryBackfillTest, ItsEndEndsIt)

@@ -1,6 +1,10 @@
 #include "platform/plugins/PluginTextRecogniser.h"
 
+#include "tests/support/TempFolder.h"
+
+#include <QFile>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTransform>
 
 #include <gtest/gtest.h>
@@ -125,6 +129,21 @@ TEST(Tesseract, ReadsAgainAfterItsMemoryWasReleased)
         EXPECT_EQ(seen->size(), 2u);
         recogniser.releaseMemory();
     }
+}
+
+TEST(Tesseract, OnlyModelsThatAreReadWithMakeItNew)
+{
+    PluginTextRecogniser recogniser;
+    const Testing::TempFolder models;
+    const auto restore = qScopeGuard([] { qunsetenv("TESSDATA_PREFIX"); });
+    qputenv("TESSDATA_PREFIX", QFile::encodeName(models.path()));
+    ASSERT_TRUE(QFile::link("/bin/sh", models / "eng.traineddata")); // as old as the system
+    const QDateTime start = QDateTime::currentDateTime().addSecs(-1);
+    QFile late(models / "deu.traineddata");
+    ASSERT_TRUE(late.open(QFile::WriteOnly));
+    ASSERT_TRUE(late.setFileTime(start.addYears(-1), QFileDevice::FileModificationTime)); // as packages have it
+    EXPECT_LT(recogniser.modelsChanged({"en"}), start);
+    EXPECT_GE(recogniser.modelsChanged({"de"}), start);
 }
 
 } // namespace Kovrel
