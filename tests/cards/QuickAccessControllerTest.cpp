@@ -371,6 +371,30 @@ TEST_F(QuickAccessControllerTest, ASaveThatFailsOrHangsKeepsTheCard)
     EXPECT_THAT(shown(), IsEmpty()) << "by hand it closes all the same";
 }
 
+TEST_F(QuickAccessControllerTest, TheFileManagerShowsTheFileOfThePersonWhoAsks)
+{
+    const QString path = fake.folder / "saved.png";
+    const auto save = std::make_shared<CaptureSave>();
+    present(1);
+    cards->attachCaptureSave(save, id(1));
+    cards->perform(CardQuickAction::showInFinder, id(1));
+    settle();
+    const std::string revealed = "reveal " + path.toStdString();
+    EXPECT_FALSE(fake.logged(revealed)) << "its save is under way";
+    ASSERT_TRUE(capture(1).image.save(path));
+    save->finish(path);
+    settle();
+    EXPECT_TRUE(fake.logged(revealed));
+    EXPECT_FALSE(fake.logged("save"));
+
+    QFile::remove(path);
+    cards->perform(CardQuickAction::showInFinder, id(1));
+    settle();
+    EXPECT_TRUE(fake.logged("save")) << "there is none any more, and the ones made for other programs are hidden away";
+    EXPECT_TRUE(fake.logged("reveal /saved.png"));
+    EXPECT_TRUE(look(1).isSaved);
+}
+
 // --- Files and pixels
 
 TEST_F(QuickAccessControllerTest, PixelsAreLetGoOnceTheHistoryHasThem)
