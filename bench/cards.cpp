@@ -17,6 +17,7 @@
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QScreen>
+#include <QThreadPool>
 
 #include <cstdio>
 #include <ctime>
@@ -74,13 +75,14 @@ struct Rig {
     QuickAccessController controller;
 };
 
-// Whether a window was painted since it was last asked.
+// Whether a window with a face was painted since it was last asked.
 struct PaintWatch : QObject {
     bool hasPainted = false;
 
     bool eventFilter(QObject* object, QEvent* event) override
     {
-        hasPainted |= event->type() == QEvent::Paint && qobject_cast<CardPanel*>(object);
+        const auto* panel = event->type() == QEvent::Paint ? qobject_cast<CardPanel*>(object) : nullptr;
+        hasPainted |= panel && !panel->look().face.isNull();
         return false;
     }
 };
@@ -110,6 +112,20 @@ double firstFrame(Rig& rig, PaintWatch& watch, const QImage& image)
     return took;
 }
 
+// The toolkit shares it out among the threads of its pool, unless it is asked by one of them.
+double scalingOnOneThread(const QImage& image, QSize face)
+{
+    double took = 0;
+    QThreadPool::globalInstance()->start([&] {
+        took = Bench::milliseconds([&] {
+            const QImage scaled = image.scaled(face, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+            Q_ASSERT(!scaled.isNull());
+        });
+    });
+    QThreadPool::globalInstance()->waitForDone();
+    return took;
+}
+
 bool measureFirstFrames()
 {
     QtMainLoop loop;
@@ -128,10 +144,7 @@ bool measureFirstFrames()
         for (int run = 0; run < runs; ++run) {
             cards.add(firstFrame(rig, watch, picture.image));
             rest();
-            scalings.add(Bench::milliseconds([&] {
-                const QImage scaled = picture.image.scaled(face, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-                Q_ASSERT(!scaled.isNull());
-            }));
+            scalings.add(scalingOnOneThread(picture.image, face));
         }
         const double ratio = cards.median() / scalings.median();
         holds &= ratio <= mostToFirstFrame;

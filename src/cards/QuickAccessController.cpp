@@ -98,6 +98,7 @@ void QuickAccessController::settleAfterAbandonedCapture()
 {
     m_incoming.reset();
     refresh();
+    m_views.expectCard({});
 }
 
 void QuickAccessController::present(Card card)

@@ -32,7 +32,7 @@ struct ViewsOfData : CardViews {
 
     void show(const std::vector<CardLook>& cards) override { looks = cards; }
 
-    void expectCard(quint32) override {}
+    void expectCard(std::optional<quint32>) override {}
 
     bool setHidden(bool hidden) override
     {

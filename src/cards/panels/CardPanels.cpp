@@ -91,25 +91,31 @@ void CardPanels::showCard(const CardLook& look, const Display& display)
     m_motion.place(look.id, {.origin = at.origin - QPointF(outwards(flight, display), 0), .opacity = 0});
     m_motion.moveTo(look.id, at, m_isHidden || !m_services.displays.isComposited() ? 0ms : Motion::shared().moving());
     put(look.id, m_shown[look.id] = {.panel = panel, .pose = m_motion.pose(look.id)});
-    if (!m_isHidden)
-        panel->show();
+    if (m_isHidden)
+        panel->vanish();
+    else
+        panel->appear();
 }
 
-void CardPanels::expectCard(quint32 displayID)
+// To open a window takes as long as to make a face, half of it in the server.
+void CardPanels::expectCard(std::optional<quint32> displayID)
 {
     const DisplayList displays = m_services.displays.all();
-    const Display* display = displayWithID(displays, displayID);
-    if (!display || (m_spare && m_spare->style() == style(*display)))
+    const Display* display = displayID ? displayWithID(displays, *displayID) : nullptr;
+    if (display && m_spare && m_spare->style() == style(*display))
         return;
-    m_spare.reset(makePanel(*display));
+    m_spare.reset(display ? makePanel(*display) : nullptr);
+    if (!display)
+        return;
     m_spare->place(*display, QRect(display->pixelRect.topLeft(), QSize(1, 1)));
+    if (m_services.displays.isComposited())
+        m_spare->openUnseen();
 }
 
 CardPanel* CardPanels::takePanel(const Display& display)
 {
-    if (m_spare && m_spare->style() == style(display))
-        return m_spare.release();
-    return makePanel(display);
+    std::unique_ptr<CardPanel> spare = std::move(m_spare);
+    return spare && spare->style() == style(display) ? spare.release() : makePanel(display);
 }
 
 CardPanel* CardPanels::makePanel(const Display& display) const
