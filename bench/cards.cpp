@@ -2,17 +2,13 @@
 // size on one thread, and how much of the processor a frame takes in which a pile of twenty cards moves. Needs a
 // display with a compositor; the scale is the toolkit's (QT_SCALE_FACTOR). Ends with 1 when a bound is missed.
 #include "bench/BenchPictures.h"
+#include "bench/CardRig.h"
 #include "bench/Samples.h"
 #include "cards/CardFace.h"
-#include "cards/QuickAccessController.h"
-#include "cards/panels/CardPanels.h"
 #include "platform/desktop/QtMainLoop.h"
 #include "platform/desktop/ThreadWorkers.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
-#include "tests/support/TempFolder.h"
-#include "tests/support/desktop/FakeDisplays.h"
-#include "tests/support/desktop/FakePanelShapes.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -23,6 +19,8 @@
 #include <ctime>
 
 using namespace Kovrel;
+
+using Bench::CardRig;
 
 namespace {
 
@@ -45,36 +43,6 @@ DisplayList screens()
              .isPrimary = true}};
 }
 
-// A pile and its windows, on whatever loop and workers.
-struct Rig {
-    Rig(MainLoop& loop, Workers& workers)
-        : panels({loop, preferences, displays, shapes}),
-          controller({loop, workers, preferences, displays, ports, folder.path()}, panels)
-    {
-        Preferences::registerDefaults(defaults);
-        preferences.set(Settings::previewDurationSeconds, -1.0);
-        displays.displays = screens();
-        panels.setController(controller);
-        controller.start();
-    }
-
-    QUuid present(const QImage& image)
-    {
-        const QUuid id = QUuid::createUuid();
-        controller.present({.result = {.id = id, .image = image, .pixelScale = displays.displays.front().scale}});
-        return id;
-    }
-
-    Testing::TempFolder folder;
-    UserDefaults defaults{folder / "kovrel.conf"};
-    Preferences preferences{defaults};
-    Testing::FakeDisplays displays;
-    Testing::FakePanelShapes shapes;
-    Ports ports;
-    CardPanels panels;
-    QuickAccessController controller;
-};
-
 // Whether a window with a face was painted since it was last asked.
 struct PaintWatch : QObject {
     bool hasPainted = false;
@@ -95,7 +63,7 @@ void rest()
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
 }
 
-double firstFrame(Rig& rig, PaintWatch& watch, const QImage& image)
+double firstFrame(CardRig& rig, PaintWatch& watch, const QImage& image)
 {
     // As while the screen is being read.
     rig.controller.prepareForIncomingCapture(1);
@@ -130,7 +98,7 @@ bool measureFirstFrames()
 {
     QtMainLoop loop;
     ThreadWorkers workers;
-    Rig rig(loop, workers);
+    CardRig rig(loop, workers, screens());
     PaintWatch watch;
     qApp->installEventFilter(&watch);
     bool holds = true;
@@ -155,7 +123,7 @@ bool measureFirstFrames()
 }
 
 // All cards of the pile make room, or close up again.
-double worstFrame(Rig& rig, Testing::FakeMainLoop& loop, bool makesRoom, Bench::Samples& frames)
+double worstFrame(CardRig& rig, Testing::FakeMainLoop& loop, bool makesRoom, Bench::Samples& frames)
 {
     using namespace std::chrono_literals;
     double worst = 0;
@@ -178,7 +146,7 @@ bool measureMotion()
 {
     Testing::FakeMainLoop loop;
     Testing::FakeWorkers workers;
-    Rig rig(loop, workers);
+    CardRig rig(loop, workers, screens());
     QImage image({1920, 1200}, QImage::Format_RGB32);
     image.fill(Qt::darkCyan);
     for (int card = 0; card < pileSize; ++card) {

@@ -3,6 +3,7 @@
 //
 //     QT_QPA_PLATFORM=offscreen bench_window_pictures FOLDER
 #include "app/Translations.h"
+#include "bench/MotionPictures.h"
 #include "bench/SettingsPictures.h"
 #include "bench/WelcomePictures.h"
 #include "capture/selection/SelectionScene.h"
@@ -367,6 +368,8 @@ void takeAll(const QString& folder)
                 settings(pictures);
                 cards(pictures, true);
                 cards(pictures, false);
+                if (scale == 1 && !hasLargeFont)
+                    pictures.save("motion", MotionPictures::ofCards(capturedWindow({800, 500}, 1, QColor("#4c6ef5"))));
                 if (scheme == ColorScheme{} && !hasLargeFont)
                     overlays(pictures);
             }

@@ -280,8 +280,12 @@ TEST_F(CardPanelsTest, GoesWithThePointerTowardsTheEdgeAndBackIfThatWasNotFar)
     EXPECT_EQ(place(1).left(), 568);
     mouse(1, QEvent::MouseButtonPress, {600, 500});
     mouse(1, QEvent::MouseMove, {620, 500});
-    mouse(1, QEvent::MouseButtonRelease, {670, 500});
+    const QWindow* const window = panel(1).windowHandle();
+    mouse(1, QEvent::MouseMove, {680, 500});
+    mouse(1, QEvent::MouseButtonRelease, {680, 500});
     EXPECT_FALSE(controller.hasCards());
+    loop.advance(100ms);
+    EXPECT_GT(window->handle()->geometry().left(), 700) << "it goes on as it was pushed";
 }
 
 TEST_F(CardPanelsTest, ACodeIsReadBeforeItIsOpened)

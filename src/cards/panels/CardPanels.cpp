@@ -146,7 +146,12 @@ void CardPanels::leave(QUuid card)
     shown.isLeaving = true;
     shown.panel->disconnect(this);
     shown.panel->setHovered(false);
-    const QPointF way(outwards(retreat, shown.panel->display()), 0);
+    const CardLook& look = shown.panel->look();
+    const Display& display = shown.panel->display();
+    const double slid = std::abs(shown.pose.origin.x() - home(look, display).origin.x()) / display.scale;
+    // One that is flicked goes on beyond the edge.
+    const double distance = slid >= CardGesture::flickedAway ? look.place.width() : retreat;
+    const QPointF way(outwards(distance, display), 0);
     m_motion.moveTo(card, {.origin = shown.pose.origin + way, .opacity = 0}, Motion::shared().disappearing());
 }
 
