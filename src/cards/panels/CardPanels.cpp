@@ -16,9 +16,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr double flight = 48;    // points that a card flies when it comes
-constexpr double retreat = 14;   // and when it goes
-constexpr double ringSteps = 50; // that can be told apart
+constexpr double flight = 48;  // points that a card flies when it comes
+constexpr double retreat = 14; // and when it goes
+constexpr int ringSteps = 40;  // that can be told apart
 constexpr auto ringFastest = 100ms;
 constexpr auto ringSlowest = 1000ms;
 
@@ -227,16 +227,15 @@ bool CardPanels::setHidden(bool isHidden)
 
 void CardPanels::keepRingsTurning()
 {
-    auto pause = ringSlowest + 1ms;
+    std::optional<std::chrono::milliseconds> pause;
     for (const auto& [card, shown] : m_shown)
         if (const Countdown& countdown = shown.panel->look().countdown; countdown.isRunning())
-            pause =
-                std::min(pause, std::chrono::milliseconds(qint64(double(countdown.total.count()) / 1000 / ringSteps)));
-    const bool isWanted = !m_isHidden && pause <= ringSlowest;
-    if (!isWanted)
+            pause = std::min(pause.value_or(ringSlowest),
+                             duration_cast<std::chrono::milliseconds>(countdown.total) / ringSteps);
+    if (m_isHidden || !pause)
         m_services.loop.cancel(std::exchange(m_rings, 0));
     else if (m_rings == 0)
-        m_rings = m_services.loop.after(std::max(pause, ringFastest), [this] { turnRings(); });
+        m_rings = m_services.loop.after(std::max(*pause, ringFastest), [this] { turnRings(); });
 }
 
 void CardPanels::turnRings()
