@@ -3,9 +3,9 @@
 //
 //     QT_QPA_PLATFORM=offscreen bench_window_pictures FOLDER
 #include "app/Translations.h"
-#include "bench/MotionPictures.h"
 #include "bench/SettingsPictures.h"
 #include "bench/WelcomePictures.h"
+#include "bench/cards/MotionPictures.h"
 #include "capture/selection/SelectionScene.h"
 #include "cards/CardFace.h"
 #include "cards/chords/CardChord.h"

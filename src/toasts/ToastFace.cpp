@@ -1,8 +1,8 @@
 #include "toasts/ToastFace.h"
 
-#include "ui/ReadingSide.h"
 #include "ui/Symbols.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
 

@@ -2,8 +2,8 @@
 
 #include "toasts/ToastFace.h"
 #include "toasts/ToastPlacement.h"
-#include "ui/ReadingSide.h"
 #include "ui/tokens/Motion.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Typography.h"
 
 #include <QAccessible>

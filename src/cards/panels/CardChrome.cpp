@@ -1,8 +1,8 @@
 #include "cards/panels/CardChrome.h"
 
 #include "cards/panels/CardButton.h"
-#include "ui/ReadingSide.h"
 #include "ui/tokens/CardTokens.h"
+#include "ui/tokens/ReadingSide.h"
 
 #include <QCoreApplication>
 #include <QPainter>

@@ -1,9 +1,9 @@
 #include "cards/panels/CardPainting.h"
 
-#include "ui/ReadingSide.h"
 #include "ui/Symbols.h"
 #include "ui/tokens/CardTokens.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
 

@@ -3,9 +3,9 @@
 #include "cards/CardFace.h"
 #include "cards/panels/CardPainting.h"
 #include "cards/panels/CodePill.h"
-#include "ui/ReadingSide.h"
 #include "ui/tokens/CardTokens.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/ReadingSide.h"
 
 #include <QMouseEvent>
 #include <QPainter>

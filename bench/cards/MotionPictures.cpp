@@ -1,6 +1,6 @@
-#include "bench/MotionPictures.h"
+#include "bench/cards/MotionPictures.h"
 
-#include "bench/CardRig.h"
+#include "bench/cards/CardRig.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
 #include "ui/tokens/Motion.h"

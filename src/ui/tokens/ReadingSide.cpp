@@ -1,9 +1,8 @@
-#include "ui/ReadingSide.h"
+#include "ui/tokens/ReadingSide.h"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QStyle>
 
 namespace Kovrel {
 
@@ -16,8 +15,8 @@ QRectF ReadingSide::placed(const QRectF& part, const QRectF& whole)
 
 void ReadingSide::drawLine(QPainter& painter, const QRectF& room, const QString& text, Qt::TextElideMode elision)
 {
-    const auto side = QStyle::visualAlignment(QGuiApplication::layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter);
-    painter.drawText(room, int(side) | Qt::TextSingleLine,
+    const auto side = QGuiApplication::isLeftToRight() ? Qt::AlignLeft : Qt::AlignRight;
+    painter.drawText(room, side | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine,
                      QFontMetricsF(painter.font()).elidedText(text, elision, room.width()));
 }
 

@@ -2,8 +2,8 @@
 // size on one thread, and how much of the processor a frame takes in which a pile of twenty cards moves. Needs a
 // display with a compositor; the scale is the toolkit's (QT_SCALE_FACTOR). Ends with 1 when a bound is missed.
 #include "bench/BenchPictures.h"
-#include "bench/CardRig.h"
 #include "bench/Samples.h"
+#include "bench/cards/CardRig.h"
 #include "cards/CardFace.h"
 #include "platform/desktop/QtMainLoop.h"
 #include "platform/desktop/ThreadWorkers.h"
