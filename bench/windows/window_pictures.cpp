@@ -2,6 +2,7 @@
 // scale 1 and 2, with a usual font and with one that is half as large again.
 //
 //     QT_QPA_PLATFORM=offscreen bench_window_pictures FOLDER
+#include "bench/cards/MotionPictures.h"
 #include "bench/windows/PictureLook.h"
 #include "bench/windows/SettingsPictures.h"
 #include "bench/windows/WelcomePictures.h"
@@ -365,6 +366,8 @@ void takeAll(const QString& folder)
                 settings(pictures);
                 cards(pictures, true);
                 cards(pictures, false);
+                if (scale == 1 && !hasLargeFont)
+                    pictures.save("motion", MotionPictures::ofCards(capturedWindow({800, 500}, 1, QColor("#4c6ef5"))));
                 if (scheme == ColorScheme{} && !hasLargeFont)
                     overlays(pictures);
             }

@@ -10,10 +10,12 @@
 
 namespace Kovrel {
 
-CardActions::CardActions(CardServices services, CardShelf& shelf, CardPixels& pixels, Callbacks callbacks)
+CardActions::CardActions(CardServices services, CardShelf& shelf, CardPixels& pixels, CardFiles& files,
+                         Callbacks callbacks)
     : m_services(std::move(services)),
       m_shelf(shelf),
       m_pixels(pixels),
+      m_files(files),
       m_callbacks(std::move(callbacks)),
       m_scope(m_services.loop, m_services.workers)
 {
@@ -74,14 +76,29 @@ QCoro::Task<> CardActions::saveNow(QUuid id)
         m_services.ports.toasts.tell(&Toasts::showSaved, *path, card->displayID);
 }
 
+void CardActions::reveal(QUuid id)
+{
+    Scope::start(revealNow(id), "Showing a card in the file manager");
+}
+
+QCoro::Task<> CardActions::revealNow(QUuid id)
+{
+    const std::optional<QString> path = co_await ensureSaved(id);
+    if (path)
+        m_services.ports.delivery.tell(&CaptureDelivery::reveal, *path);
+}
+
 QCoro::Task<std::optional<QString>> CardActions::ensureSaved(QUuid id)
 {
     const PiledCard* before = m_shelf.find(id);
-    if (const std::shared_ptr<CaptureSave> underWay = before ? before->save : nullptr)
-        co_await m_scope.reply<SaveOutcome>([&](auto done) { underWay->whenDone(done); });
-    const PiledCard* card = m_shelf.find(id);
-    if (!card || card->savedPath)
-        co_return card ? card->savedPath : std::nullopt;
+    if (const std::shared_ptr<CaptureSave> underWay = before && before->isSaving() ? before->save : nullptr) {
+        const SaveOutcome outcome = co_await m_scope.reply<SaveOutcome>([&](auto done) { underWay->whenDone(done); });
+        if (outcome)
+            co_return *outcome;
+    }
+    const std::optional<QString> saved = co_await m_scope.join(m_files.saved(id));
+    if (saved || !m_shelf.find(id))
+        co_return saved;
     const Captured capture = co_await m_scope.join(m_pixels.capture(id));
     if (!capture || !m_services.ports.delivery) {
         tellMissing(id);

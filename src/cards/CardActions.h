@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cards/CardPixels.h"
+#include "cards/CardFiles.h"
 #include "imaging/QuarterTurn.h"
 #include "model/ToastContent.h"
 #include "platform/Lifeline.h"
@@ -21,7 +21,7 @@ public:
         std::function<void(QUuid)> turned; // its picture is another one
     };
 
-    CardActions(CardServices services, CardShelf& shelf, CardPixels& pixels, Callbacks callbacks);
+    CardActions(CardServices services, CardShelf& shelf, CardPixels& pixels, CardFiles& files, Callbacks callbacks);
 
     bool canEdit() const;
     bool canPin() const;
@@ -29,14 +29,16 @@ public:
     void copy(QUuid id);
     // Into the save folder, unless there is a file of it already.
     void save(QUuid id);
+    // In the file manager, saved if it was not: what people look for is in their folder.
+    void reveal(QUuid id);
     // The card shows how a save goes that somebody else began.
     void watch(QUuid id, std::shared_ptr<CaptureSave> save);
     void edit(QUuid id);
     void pin(QUuid id);
     void rotate(QUuid id, QuarterTurn turn);
 
-    // Waits for the save that is under way and saves what has no file yet. Answers where it is; nothing when that
-    // failed or the card has gone.
+    // Waits for the save that is under way and saves what has no file yet, or none any more. Answers where it is;
+    // nothing when that failed or the card has gone.
     QCoro::Task<std::optional<QString>> ensureSaved(QUuid id);
 
 private:
@@ -44,6 +46,7 @@ private:
 
     QCoro::Task<> copyNow(QUuid id);
     QCoro::Task<> saveNow(QUuid id);
+    QCoro::Task<> revealNow(QUuid id);
     QCoro::Task<> editNow(QUuid id);
     QCoro::Task<> pinNow(QUuid id);
     QCoro::Task<> rotateNow(QUuid id, QuarterTurn turn);
@@ -55,6 +58,7 @@ private:
     CardServices m_services;
     CardShelf& m_shelf;
     CardPixels& m_pixels;
+    CardFiles& m_files;
     Callbacks m_callbacks;
     Lifeline m_lifeline;
     Scope m_scope;

@@ -13,8 +13,10 @@ class CardFiles {
 public:
     CardFiles(CardServices services, CardShelf& shelf, CardPixels& pixels);
 
-    // Nothing where there is no place for it. A saved file that has gone is forgotten on the way.
+    // Nothing where there is no place for it.
     void file(QUuid id, Reply<std::optional<QString>> reply);
+    // The user's own; one that has gone is forgotten on the way.
+    QCoro::Task<std::optional<QString>> saved(QUuid id);
     // The card has gone, or looks different.
     void forget(QUuid id);
 
@@ -23,7 +25,6 @@ private:
 
     QCoro::Task<> find(QUuid id, Reply<Path> reply);
     QCoro::Task<bool> exists(QString path);
-    QCoro::Task<Path> saved(QUuid id);
     QCoro::Task<Path> written(QUuid id);
 
     CardServices m_services;

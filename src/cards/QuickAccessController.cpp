@@ -2,7 +2,6 @@
 
 #include "cards/CardFace.h"
 #include "cards/PileLayout.h"
-#include "ports/CaptureDelivery.h"
 #include "ports/ReopenLedger.h"
 #include "ports/Toasts.h"
 #include "ui/ScreenChrome.h"
@@ -49,6 +48,7 @@ QuickAccessController::Work QuickAccessController::makeWork()
             .actions = {m_services,
                         m_shelf,
                         m_work.pixels,
+                        m_work.files,
                         {.changed = [this](QUuid) { refresh(); },
                          .copied = [this](QUuid id) { copied(id); },
                          .turned = [this](QUuid id) { pictureChanged(id); }}}};
@@ -98,6 +98,7 @@ void QuickAccessController::settleAfterAbandonedCapture()
 {
     m_incoming.reset();
     refresh();
+    m_views.expectCard({});
 }
 
 void QuickAccessController::present(Card card)
@@ -474,7 +475,7 @@ void QuickAccessController::perform(CardQuickAction action, QUuid id)
     case CardQuickAction::rotateRight:
         return m_work.actions.rotate(id, QuarterTurn::right);
     case CardQuickAction::showInFinder:
-        return reveal(id);
+        return m_work.actions.reveal(id);
     case CardQuickAction::temporarilyHide:
         return setTemporarilyHidden(true);
     case CardQuickAction::close:
@@ -482,14 +483,6 @@ void QuickAccessController::perform(CardQuickAction action, QUuid id)
     default:
         return m_elsewhere(action, id);
     }
-}
-
-void QuickAccessController::reveal(QUuid id)
-{
-    file(id, m_lifeline.guard([this](const std::optional<QString>& path) {
-        if (path)
-            m_services.ports.delivery.tell(&CaptureDelivery::reveal, *path);
-    }));
 }
 
 void QuickAccessController::open(QUuid id)

@@ -99,7 +99,6 @@ private:
     void forgotten(QUuid card);
     void hold(QUuid card, PileHover::Reason reason, bool on);
     void prepareFile(QUuid card);
-    void reveal(QUuid card);
     void settingChanged(const QString& key);
     void relocatePiles();
     void closeTooMany(quint32 display);

@@ -2,6 +2,7 @@
 
 #include "ui/Symbols.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
 
@@ -89,8 +90,8 @@ void paintIcon(QPainter& painter, const QRectF& square, const ToastContent& cont
     const double badge = badgeSize * Typography::scale();
     const Theme& theme = Theme::current();
     if (content.copied)
-        paintDisc(painter, around(square.bottomRight() - QPointF(badge, badge) / 4, badge), "checkmark", theme.accent,
-                  theme.onAccent);
+        paintDisc(painter, ReadingSide::placed(around(square.bottomRight() - QPointF(badge, badge) / 4, badge), square),
+                  "checkmark", theme.accent, theme.onAccent);
 }
 
 double lineHeight(TextStyle style)
@@ -103,8 +104,7 @@ void paintLine(QPainter& painter, const QRectF& line, TextStyle style, const QCo
 {
     painter.setFont(Typography::font(style));
     painter.setPen(color);
-    painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     QFontMetricsF(painter.font()).elidedText(text, elision, line.width()));
+    ReadingSide::drawLine(painter, line, text, elision);
 }
 
 void paintText(QPainter& painter, const QRectF& area, const ToastContent& content)
@@ -132,8 +132,10 @@ void ToastFace::paint(QPainter& painter, const QRectF& card, const ToastContent&
     const bool hasImage = content.image && !content.image->isNull() && !content.showsSpinner;
     const double size = (hasImage ? imageSize : iconSize) * Typography::scale();
     const double edge = hasImage ? (card.height() - size) / 2 : Spacing::medium;
-    paintIcon(painter, {card.left() + edge, card.center().y() - size / 2, size, size}, content, turn);
-    paintText(painter, card.adjusted(edge + size + iconGap, 0, -Spacing::medium, 0), content);
+    const QRectF icon(card.left() + edge, card.center().y() - size / 2, size, size);
+    const QRectF text = card.adjusted(edge + size + iconGap, 0, -Spacing::medium, 0);
+    paintIcon(painter, ReadingSide::placed(icon, card), content, turn);
+    paintText(painter, ReadingSide::placed(text, card), content);
 }
 
 void ToastFace::paintCloseButton(QPainter& painter, QPointF centre, bool isUnderPointer)

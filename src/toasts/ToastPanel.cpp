@@ -3,6 +3,7 @@
 #include "toasts/ToastFace.h"
 #include "toasts/ToastPlacement.h"
 #include "ui/tokens/Motion.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Typography.h"
 
 #include <QAccessible>
@@ -66,7 +67,8 @@ void ToastPanel::paintContent(QPainter& painter, const QRectF& card)
 QPointF ToastPanel::closeCentre() const
 {
     constexpr double room = ToastFace::closeSize / 2 + 1;
-    return {std::max(card().left(), room), std::max(card().top(), room)};
+    const QRectF corner = ReadingSide::placed({card().topLeft(), QSizeF(0, 0)}, card());
+    return {std::clamp(corner.left(), room, width() - room), std::max(corner.top(), room)};
 }
 
 QRectF ToastPanel::closeSquare() const

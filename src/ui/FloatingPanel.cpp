@@ -88,6 +88,21 @@ QPointF FloatingPanel::rootPixel(QPointF globalPosition) const
     return QHighDpi::toNativeGlobalPosition(globalPosition, windowHandle());
 }
 
+void FloatingPanel::openUnseen()
+{
+    m_isEmpty = true;
+    setWindowOpacity(0);
+    show();
+}
+
+void FloatingPanel::appear()
+{
+    m_isEmpty = false;
+    show();
+    shapeInput();
+    update();
+}
+
 void FloatingPanel::popIn()
 {
     setWindowOpacity(0);
@@ -153,7 +168,7 @@ void FloatingPanel::resizeEvent(QResizeEvent*)
 void FloatingPanel::shapeInput()
 {
     QRegion pixels;
-    for (const QRectF& area : inputAreas())
+    for (const QRectF& area : m_isEmpty ? std::vector<QRectF>() : inputAreas())
         pixels |= QRectF(area.topLeft() * m_scale, area.size() * m_scale).toAlignedRect();
     m_shapes.takeInputOnlyIn(winId(), pixels);
 }

@@ -31,6 +31,10 @@ public:
     // may reach beyond. Sizes are rounded to whole points.
     void place(const Display& display, const QRect& card);
 
+    // Opens, to be filled later: empty, with nothing to see of it, and not there for the pointer.
+    void openUnseen();
+    // Is there at once.
+    void appear();
     void popIn();
     // Fades, and then is no more.
     void fadeOut();

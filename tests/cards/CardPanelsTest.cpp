@@ -171,6 +171,44 @@ TEST_F(CardPanelsTest, ACaptureSeesNoneNotEvenOneThatFades)
     EXPECT_TRUE(panel(3).isVisible());
 }
 
+TEST_F(CardPanelsTest, ItsWindowIsOpenBeforeItComesAndUnseen)
+{
+    const auto opened = [] {
+        CardPanel* found = nullptr;
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (auto* card = qobject_cast<CardPanel*>(widget); card && card->isVisible())
+                found = card;
+        return found;
+    };
+    controller.prepareForIncomingCapture(1);
+    CardPanel* const early = opened();
+    ASSERT_TRUE(early);
+    EXPECT_EQ(early->windowOpacity(), 0);
+    EXPECT_TRUE(fake.desktop.panelShapes().inputs.at(early->winId()).isEmpty()) << "it is not there for the pointer";
+    QImage seen(8, 8, QImage::Format_ARGB32_Premultiplied);
+    seen.fill(Qt::transparent);
+    early->render(&seen, {}, {}, QWidget::DrawChildren);
+    EXPECT_EQ(seen.pixelColor(0, 0).alpha(), 0) << "whatever the compositor makes of it";
+    present(1);
+    arrive();
+    EXPECT_EQ(early, &panel(1));
+    EXPECT_EQ(place(1), QRect(568, 444, 216, 140));
+    controller.remove(id(1));
+    arrive();
+    EXPECT_EQ(windows(), 0);
+
+    controller.prepareForIncomingCapture(1);
+    controller.settleAfterAbandonedCapture();
+    EXPECT_FALSE(opened());
+    controller.prepareForIncomingCapture(1);
+    controller.setHiddenForCapture(true);
+    present(2);
+    EXPECT_FALSE(opened()) << "a capture is under way";
+    displays.hasCompositor = false;
+    controller.prepareForIncomingCapture(1);
+    EXPECT_FALSE(opened()) << "nothing would hide it";
+}
+
 TEST_F(CardPanelsTest, OnlyRingsThatCanBeToldApartWakeUp)
 {
     fake.preferences.set(Settings::previewDurationSeconds, 30.0);
@@ -181,6 +219,8 @@ TEST_F(CardPanelsTest, OnlyRingsThatCanBeToldApartWakeUp)
     EXPECT_EQ(loop.pendingTimers(), 0u);
     leave(1);
     EXPECT_EQ(loop.pendingTimers(), 2u);
+    fake.preferences.set(Settings::previewDurationSeconds, 3600.0);
+    EXPECT_EQ(loop.pendingTimers(), 2u) << "a slow ring turns, too";
     controller.setHiddenForCapture(true);
     EXPECT_EQ(loop.pendingTimers(), 0u);
 }
@@ -210,6 +250,26 @@ TEST_F(CardPanelsTest, WhoLooksFindsWhatCanBeDone)
     EXPECT_FALSE(button(2, "Edit")) << "nobody could do it";
 }
 
+TEST_F(CardPanelsTest, ItIsMirroredForThoseWhoReadFromTheRight)
+{
+    const auto order = [&] {
+        point(1);
+        std::vector<int> lefts;
+        for (const char* title : {"Keep Until Closed", "Close", "Copy", "Edit"})
+            lefts.push_back(button(1, title)->x());
+        return lefts;
+    };
+    present(1);
+    const std::vector<int> usual = order();
+    EXPECT_TRUE(usual[0] < usual[1] && usual[2] < usual[3]);
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    leave(1);
+    const std::vector<int> mirrored = order();
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    EXPECT_TRUE(mirrored[0] > mirrored[1] && mirrored[2] > mirrored[3]);
+    EXPECT_EQ(mirrored[1], usual[0]) << "as far from the edge";
+}
+
 TEST_F(CardPanelsTest, GoesWithThePointerTowardsTheEdgeAndBackIfThatWasNotFar)
 {
     present(1);
@@ -222,8 +282,12 @@ TEST_F(CardPanelsTest, GoesWithThePointerTowardsTheEdgeAndBackIfThatWasNotFar)
     EXPECT_EQ(place(1).left(), 568);
     mouse(1, QEvent::MouseButtonPress, {600, 500});
     mouse(1, QEvent::MouseMove, {620, 500});
-    mouse(1, QEvent::MouseButtonRelease, {670, 500});
+    const QWindow* const window = panel(1).windowHandle();
+    mouse(1, QEvent::MouseMove, {680, 500});
+    mouse(1, QEvent::MouseButtonRelease, {680, 500});
     EXPECT_FALSE(controller.hasCards());
+    loop.advance(100ms);
+    EXPECT_GT(window->handle()->geometry().left(), 700) << "it goes on as it was pushed";
 }
 
 TEST_F(CardPanelsTest, ACodeIsReadBeforeItIsOpened)

@@ -32,7 +32,7 @@ struct ViewsOfData : CardViews {
 
     void show(const std::vector<CardLook>& cards) override { looks = cards; }
 
-    void expectCard(quint32) override {}
+    void expectCard(std::optional<quint32>) override {}
 
     bool setHidden(bool hidden) override
     {
@@ -369,6 +369,30 @@ TEST_F(QuickAccessControllerTest, ASaveThatFailsOrHangsKeepsTheCard)
     EXPECT_THAT(shown(), ElementsAre(id(1)));
     cards->remove(id(1));
     EXPECT_THAT(shown(), IsEmpty()) << "by hand it closes all the same";
+}
+
+TEST_F(QuickAccessControllerTest, TheFileManagerShowsTheFileOfThePersonWhoAsks)
+{
+    const QString path = fake.folder / "saved.png";
+    const auto save = std::make_shared<CaptureSave>();
+    present(1);
+    cards->attachCaptureSave(save, id(1));
+    cards->perform(CardQuickAction::showInFinder, id(1));
+    settle();
+    const std::string revealed = "reveal " + path.toStdString();
+    EXPECT_FALSE(fake.logged(revealed)) << "its save is under way";
+    ASSERT_TRUE(capture(1).image.save(path));
+    save->finish(path);
+    settle();
+    EXPECT_TRUE(fake.logged(revealed));
+    EXPECT_FALSE(fake.logged("save"));
+
+    QFile::remove(path);
+    cards->perform(CardQuickAction::showInFinder, id(1));
+    settle();
+    EXPECT_TRUE(fake.logged("save")) << "there is none any more, and the ones made for other programs are hidden away";
+    EXPECT_TRUE(fake.logged("reveal /saved.png"));
+    EXPECT_TRUE(look(1).isSaved);
 }
 
 // --- Files and pixels

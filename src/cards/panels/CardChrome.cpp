@@ -2,6 +2,7 @@
 
 #include "cards/panels/CardButton.h"
 #include "ui/tokens/CardTokens.h"
+#include "ui/tokens/ReadingSide.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -92,14 +93,19 @@ void CardChrome::setPlace(const QRect& place, double radius)
 void CardChrome::arrange()
 {
     const int inset = int(CardTokens::inset);
-    m_freeze->move(inset, inset);
-    m_close->move(width() - inset - m_close->width(), inset);
+    put(m_freeze, {inset, inset});
+    put(m_close, {width() - inset - m_close->width(), inset});
     const double step = CardTokens::button + CardTokens::buttonGap;
     double x = (width() - step * double(m_bar.size()) + CardTokens::buttonGap) / 2;
     for (CardButton* button : m_bar) {
-        button->move(int(x), height() - inset - button->height());
+        put(button, {int(x), height() - inset - button->height()});
         x += step;
     }
+}
+
+void CardChrome::put(CardButton* button, QPoint place)
+{
+    button->move(ReadingSide::placed({place, button->size()}, rect()).topLeft().toPoint());
 }
 
 void CardChrome::paintEvent(QPaintEvent*)

@@ -17,7 +17,7 @@ class CardChrome : public QWidget {
 
 public:
     struct Offer {
-        std::vector<CardQuickAction> actions; // in the bar, from the left
+        std::vector<CardQuickAction> actions; // in the bar, in reading order
         bool hasMenu = false;
 
         bool operator==(const Offer&) const = default;
@@ -42,6 +42,7 @@ private:
     CardButton* addButton(CardQuickAction action, double size);
     void addMenuButton();
     void arrange();
+    void put(CardButton* button, QPoint place);
 
     double m_radius = 0;
     CardButton* m_close;

@@ -3,6 +3,7 @@
 #include "ui/Symbols.h"
 #include "ui/tokens/CardTokens.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
 
@@ -105,12 +106,12 @@ void CardPainting::pill(QPainter& painter, const QRectF& box, const QColor& grou
     glass(painter, box, ground);
     const QRectF line = box.adjusted(CardTokens::pillPadding, 0, -CardTokens::pillPadding, 0);
     const double size = symbolSize();
-    Symbols::paint(painter, symbol, {line.left(), line.center().y() - size / 2, size, size}, color);
-    const QRectF rest = line.adjusted(size + CardTokens::buttonGap, 0, 0, 0);
+    const QRectF icon(line.left(), line.center().y() - size / 2, size, size);
+    Symbols::paint(painter, symbol, ReadingSide::placed(icon, line), color);
     painter.setFont(pillFont());
     painter.setPen(CardTokens::onGlass);
-    painter.drawText(rest, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     QFontMetricsF(painter.font()).elidedText(text, Qt::ElideRight, rest.width()));
+    ReadingSide::drawLine(painter, ReadingSide::placed(line.adjusted(size + CardTokens::buttonGap, 0, 0, 0), line),
+                          text);
 }
 
 } // namespace Kovrel

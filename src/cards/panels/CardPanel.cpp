@@ -5,6 +5,7 @@
 #include "cards/panels/CodePill.h"
 #include "ui/tokens/CardTokens.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/ReadingSide.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -84,7 +85,8 @@ double CardPanel::pictureRadius() const
 QRectF CardPanel::ringPlace() const
 {
     const QPointF inset(CardTokens::inset, CardTokens::inset);
-    return {pictureRoom().topLeft() + inset, QSizeF(CardTokens::badge, CardTokens::badge)};
+    const QRectF room = pictureRoom();
+    return ReadingSide::placed({room.topLeft() + inset, QSizeF(CardTokens::badge, CardTokens::badge)}, room);
 }
 
 void CardPanel::arrange()
@@ -97,7 +99,8 @@ void CardPanel::arrange()
     const int bar = m_chrome->isVisibleTo(this) ? int(CardTokens::button + CardTokens::buttonGap) : 0;
     const int width = std::min(m_pill->sizeHint().width(), room.width() - 2 * inset);
     const int height = m_pill->sizeHint().height();
-    m_pill->setGeometry(room.left() + inset, room.bottom() + 1 - inset - bar - height, width, height);
+    const QRectF pill(room.left() + inset, room.bottom() + 1 - inset - bar - height, width, height);
+    m_pill->setGeometry(ReadingSide::placed(pill, QRectF(room)).toRect());
     m_pill->raise();
 }
 
@@ -129,8 +132,8 @@ void CardPanel::paintBadges(QPainter& painter) const
         CardPainting::pill(painter, pill, CardTokens::glass, "checkmark", CardTokens::done, saying);
     } else if (!hasChrome && m_look.isSaved) {
         const double size = CardTokens::badge;
-        CardPainting::disc(painter, {room.right() - inset - size, room.bottom() - inset - size, size, size},
-                           CardTokens::glass, "checkmark", CardTokens::done);
+        const QRectF badge(room.right() - inset - size, room.bottom() - inset - size, size, size);
+        CardPainting::disc(painter, ReadingSide::placed(badge, room), CardTokens::glass, "checkmark", CardTokens::done);
     }
 }
 

@@ -16,9 +16,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr double flight = 48;    // points that a card flies when it comes
-constexpr double retreat = 14;   // and when it goes
-constexpr double ringSteps = 50; // that can be told apart
+constexpr double flight = 48;  // points that a card flies when it comes
+constexpr double retreat = 14; // and when it goes
+constexpr int ringSteps = 40;  // that can be told apart
 constexpr auto ringFastest = 100ms;
 constexpr auto ringSlowest = 1000ms;
 
@@ -91,25 +91,31 @@ void CardPanels::showCard(const CardLook& look, const Display& display)
     m_motion.place(look.id, {.origin = at.origin - QPointF(outwards(flight, display), 0), .opacity = 0});
     m_motion.moveTo(look.id, at, m_isHidden || !m_services.displays.isComposited() ? 0ms : Motion::shared().moving());
     put(look.id, m_shown[look.id] = {.panel = panel, .pose = m_motion.pose(look.id)});
-    if (!m_isHidden)
-        panel->show();
+    if (m_isHidden)
+        panel->vanish();
+    else
+        panel->appear();
 }
 
-void CardPanels::expectCard(quint32 displayID)
+// To open a window takes as long as to make a face, half of it in the server.
+void CardPanels::expectCard(std::optional<quint32> displayID)
 {
     const DisplayList displays = m_services.displays.all();
-    const Display* display = displayWithID(displays, displayID);
-    if (!display || (m_spare && m_spare->style() == style(*display)))
+    const Display* display = displayID ? displayWithID(displays, *displayID) : nullptr;
+    if (display && m_spare && m_spare->style() == style(*display))
         return;
-    m_spare.reset(makePanel(*display));
+    m_spare.reset(display ? makePanel(*display) : nullptr);
+    if (!display)
+        return;
     m_spare->place(*display, QRect(display->pixelRect.topLeft(), QSize(1, 1)));
+    if (m_services.displays.isComposited())
+        m_spare->openUnseen();
 }
 
 CardPanel* CardPanels::takePanel(const Display& display)
 {
-    if (m_spare && m_spare->style() == style(display))
-        return m_spare.release();
-    return makePanel(display);
+    std::unique_ptr<CardPanel> spare = std::move(m_spare);
+    return spare && spare->style() == style(display) ? spare.release() : makePanel(display);
 }
 
 CardPanel* CardPanels::makePanel(const Display& display) const
@@ -140,7 +146,12 @@ void CardPanels::leave(QUuid card)
     shown.isLeaving = true;
     shown.panel->disconnect(this);
     shown.panel->setHovered(false);
-    const QPointF way(outwards(retreat, shown.panel->display()), 0);
+    const CardLook& look = shown.panel->look();
+    const Display& display = shown.panel->display();
+    const double slid = std::abs(shown.pose.origin.x() - home(look, display).origin.x()) / display.scale;
+    // One that is flicked goes on beyond the edge.
+    const double distance = slid >= CardGesture::flickedAway ? look.place.width() : retreat;
+    const QPointF way(outwards(distance, display), 0);
     m_motion.moveTo(card, {.origin = shown.pose.origin + way, .opacity = 0}, Motion::shared().disappearing());
 }
 
@@ -216,16 +227,15 @@ bool CardPanels::setHidden(bool isHidden)
 
 void CardPanels::keepRingsTurning()
 {
-    auto pause = ringSlowest + 1ms;
+    std::optional<std::chrono::milliseconds> pause;
     for (const auto& [card, shown] : m_shown)
         if (const Countdown& countdown = shown.panel->look().countdown; countdown.isRunning())
-            pause =
-                std::min(pause, std::chrono::milliseconds(qint64(double(countdown.total.count()) / 1000 / ringSteps)));
-    const bool isWanted = !m_isHidden && pause <= ringSlowest;
-    if (!isWanted)
+            pause = std::min(pause.value_or(ringSlowest),
+                             duration_cast<std::chrono::milliseconds>(countdown.total) / ringSteps);
+    if (m_isHidden || !pause)
         m_services.loop.cancel(std::exchange(m_rings, 0));
     else if (m_rings == 0)
-        m_rings = m_services.loop.after(std::max(pause, ringFastest), [this] { turnRings(); });
+        m_rings = m_services.loop.after(std::max(*pause, ringFastest), [this] { turnRings(); });
 }
 
 void CardPanels::turnRings()

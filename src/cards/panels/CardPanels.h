@@ -40,7 +40,7 @@ public:
     void setMenu(OpenMenu openMenu) { m_openMenu = std::move(openMenu); }
 
     void show(const std::vector<CardLook>& cards) override;
-    void expectCard(quint32 displayID) override;
+    void expectCard(std::optional<quint32> displayID) override;
     bool setHidden(bool isHidden) override;
 
     // Null for none.

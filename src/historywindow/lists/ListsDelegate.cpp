@@ -2,8 +2,8 @@
 
 #include "historywindow/lists/ListsModel.h"
 #include "ui/Symbols.h"
-#include "ui/controls/LineOfText.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
 
@@ -78,7 +78,7 @@ void ListsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->setFont(Typography::font(isSelected ? TextStyle::emphasis : TextStyle::control));
     painter->setPen(theme.text);
     const QRect name = mirrored(texts, texts.adjusted(0, 0, -countWidth, 0));
-    LineOfText::paint(*painter, name, index.data().toString(), Qt::ElideRight, option.direction);
+    ReadingSide::drawLine(*painter, name, index.data().toString());
     painter->restore();
 }
 

@@ -1,8 +1,8 @@
 #include "historywindow/search/SuggestionList.h"
 
 #include "ui/Ground.h"
-#include "ui/controls/LineOfText.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
 
@@ -116,7 +116,7 @@ void SuggestionList::paintRow(QPainter& painter, const QRect& place, const Searc
     line.setRight(line.right() - painter.fontMetrics().horizontalAdvance(count) - Spacing::small);
     painter.setFont(Typography::font(TextStyle::control));
     painter.setPen(theme.text);
-    LineOfText::paint(painter, mirrored(line), row.title, Qt::ElideMiddle, layoutDirection());
+    ReadingSide::drawLine(painter, mirrored(line), row.title, Qt::ElideMiddle);
 }
 
 void SuggestionList::mouseMoveEvent(QMouseEvent* event)

@@ -11,7 +11,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto patience = 250ms; // for each of the two changes
+// For each of the two changes. A compositor without a graphics card takes half a second on a busy machine.
+constexpr auto patience = 2s;
 constexpr auto betweenLooks = 1ms;
 
 // A colour that differs by half of its range from another in each channel.

@@ -16,7 +16,7 @@ public:
     X11RepaintFence& operator=(const X11RepaintFence&) = delete;
 
     // Returns once the compositor has shown everything, the fence's own end among it. False when that could not be
-    // seen within half a second, as where something covers the pixel.
+    // seen within four seconds, as where something covers the pixel.
     bool pass();
 
 private:

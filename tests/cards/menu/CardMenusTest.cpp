@@ -16,7 +16,7 @@ namespace {
 struct NoViews : CardViews {
     void show(const std::vector<CardLook>&) override {}
 
-    void expectCard(quint32) override {}
+    void expectCard(std::optional<quint32>) override {}
 
     bool setHidden(bool) override { return false; }
 };

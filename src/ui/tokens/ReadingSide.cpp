@@ -1,0 +1,26 @@
+#include "ui/tokens/ReadingSide.h"
+
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPainter>
+
+namespace Kovrel {
+
+QRectF ReadingSide::placed(const QRectF& part, const QRectF& whole)
+{
+    if (QGuiApplication::isLeftToRight())
+        return part;
+    return part.translated(whole.left() + whole.right() - part.left() - part.right(), 0);
+}
+
+void ReadingSide::drawLine(QPainter& painter, const QRectF& room, const QString& text, Qt::TextElideMode elision)
+{
+    const auto side = QGuiApplication::isLeftToRight() ? Qt::AlignLeft : Qt::AlignRight;
+    const Qt::LayoutDirection before = painter.layoutDirection();
+    painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    painter.drawText(room, side | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine,
+                     QFontMetricsF(painter.font()).elidedText(text, elision, room.width()));
+    painter.setLayoutDirection(before);
+}
+
+} // namespace Kovrel
