@@ -1,16 +1,20 @@
-# kovrel_library(FOLDER [WIDGETS] USES folders... LINKS packages... [SOURCES files...])
+# kovrel_library(FOLDER [WIDGETS | QOBJECTS] USES folders... LINKS packages... [SOURCES files...])
 #
 # A room of the house: every source of src/FOLDER as one static library, which may use only the folders that it names.
 # The library is called as its folder, with `_` for `/`. `scripts/check-includes` takes the arrows from here. A static
 # library does not refuse a wrong arrow by itself, so `arrows-NAME` links it whole with nothing but what it declared.
+# What has widgets, or other classes with Q_OBJECT, says so: to look for them costs each room a second.
 function(kovrel_library folder)
-  cmake_parse_arguments(ARG "WIDGETS" "" "USES;LINKS;SOURCES" ${ARGN})
+  cmake_parse_arguments(ARG "WIDGETS;QOBJECTS" "" "USES;LINKS;SOURCES" ${ARGN})
   string(REPLACE "/" "_" name ${folder})
   string(REPLACE "/" "_" uses "${ARG_USES}")
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp ${PROJECT_SOURCE_DIR}/src/${folder}/*.h)
   list(TRANSFORM ARG_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/src/${folder}/)
   add_library(${name} STATIC ${sources} ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC kovrel_settings ${uses} ${ARG_LINKS})
+  if(ARG_WIDGETS OR ARG_QOBJECTS)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  endif()
   if(ARG_WIDGETS)
     kovrel_reuse_pch(${name} pch_widgets)
   else()
@@ -20,7 +24,7 @@ function(kovrel_library folder)
 
   add_executable(arrows-${name} ${PROJECT_SOURCE_DIR}/cmake/arrows.cpp)
   target_link_libraries(arrows-${name} PRIVATE $<LINK_LIBRARY:WHOLE_ARCHIVE,${name}>)
-  set_target_properties(arrows-${name} PROPERTIES AUTOMOC OFF RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/arrows)
+  set_target_properties(arrows-${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/arrows)
 endfunction()
 
 # kovrel_plugin(NAME FOLDER files... USES folders... LINKS packages...)
@@ -65,7 +69,6 @@ function(kovrel_pch_donor name)
     add_library(${name} STATIC ${PROJECT_SOURCE_DIR}/cmake/empty.cpp)
     target_link_libraries(${name} PUBLIC kovrel_settings ${ARG_LINKS})
     target_precompile_headers(${name} PRIVATE ${ARG_HEADERS})
-    set_target_properties(${name} PROPERTIES AUTOMOC OFF)
   endif()
 endfunction()
 
