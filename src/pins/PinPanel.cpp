@@ -160,14 +160,16 @@ bool PinPanel::showsChrome() const
     return m_isPointerInside && !m_isChromeHidden;
 }
 
+// The buttons come back with the next move of the pointer. Were they painted at once and hidden for the next capture at
+// once, a compositor that is late could show them in it, though it shows all that was drawn after.
 bool PinPanel::setChromeHidden(bool isHidden)
 {
     const bool wasShown = showsChrome();
     m_isChromeHidden = isHidden;
-    if (showsChrome() == wasShown)
-        return false;
-    repaint();
-    return true;
+    m_isPointerInside = false;
+    if (wasShown)
+        repaint();
+    return wasShown;
 }
 
 // --- What the pointer does
@@ -180,6 +182,8 @@ Button PinPanel::buttonAt(QPointF point) const
 
 void PinPanel::hover(QPointF point)
 {
+    if (!std::exchange(m_isPointerInside, true))
+        update();
     const Button button = buttonAt(point);
     const Zone zone = PinGeometry::zoneAt(card().size(), point - card().topLeft());
     setCursor(button == Button::none ? cursorOf(zone) : Qt::ArrowCursor);

@@ -224,7 +224,12 @@ TEST_F(PinControllerTest, ItsButtonsAndNothingElseStepAsideForACapture)
     QCoreApplication::sendEvent(panels().first(), &enter);
     EXPECT_TRUE(pins->setHiddenForCapture(true));
     EXPECT_EQ(panels().size(), 1);
-    EXPECT_TRUE(pins->setHiddenForCapture(false));
+    EXPECT_FALSE(pins->setHiddenForCapture(false));
+    EXPECT_FALSE(pins->setHiddenForCapture(true)) << "they wait for the pointer to move";
+    pins->setHiddenForCapture(false);
+    QMouseEvent move(QEvent::MouseMove, QPointF(50, 50), QPointF(), Qt::NoButton, {}, {});
+    QCoreApplication::sendEvent(panels().first(), &move);
+    EXPECT_TRUE(pins->setHiddenForCapture(true));
 }
 
 TEST_F(PinControllerTest, TheEndOfTheProgramClosesPinsFirst)
