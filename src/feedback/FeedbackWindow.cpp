@@ -52,7 +52,7 @@ FeedbackWindow::FeedbackWindow(Services services)
     layout->addWidget(m_report, 5);
     layout->addWidget(m_notice);
     layout->addLayout(makeButtons());
-    resize((QSizeF(usualSize) * Typography::scale()).toSize());
+    placeWherePointerIs((QSizeF(usualSize) * Typography::scale()).toSize());
 }
 
 QLayout* FeedbackWindow::makeButtons()

@@ -61,7 +61,7 @@ SettingsWindow::SettingsWindow(Preferences& preferences, const std::vector<Setti
             m_view->takeFocus();
     });
     m_changes = m_preferences.defaults().onChange([this](const QString&) { refresh(); });
-    resize((QSizeF(usualSize) * Typography::scale()).toSize());
+    placeWherePointerIs((QSizeF(usualSize) * Typography::scale()).toSize());
 }
 
 void SettingsWindow::present(std::optional<SettingsTab> tab)
@@ -71,9 +71,7 @@ void SettingsWindow::present(std::optional<SettingsTab> tab)
         m_sidebar->select(wanted);
         showTab(wanted);
     }
-    showNormal();
-    raise();
-    activateWindow();
+    comeForward();
     m_sidebar->focusSearch();
 }
 
