@@ -23,7 +23,7 @@ void add(QCoreApplication& application, const QLocale& locale, const QString& na
 std::optional<QLocale> Translations::chosen(const QStringList& preferred)
 {
     for (const QString& tag : preferred) {
-        const QLocale locale(tag);
+        QLocale locale(tag);
         if (locale.language() == QLocale::English || locale.language() == QLocale::C)
             return std::nullopt;
         if (QFile::exists(folder + "/kovrel_" + QLocale::languageToCode(locale.language()) + ".qm"))

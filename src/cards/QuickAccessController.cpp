@@ -91,7 +91,7 @@ void QuickAccessController::prepareForIncomingCapture(std::optional<quint32> nea
     m_incoming = displayFor(nearDisplay);
     refresh();
     if (m_incoming)
-        m_views.expectCard(*m_incoming);
+        m_views.expectCard(m_incoming);
 }
 
 void QuickAccessController::settleAfterAbandonedCapture()

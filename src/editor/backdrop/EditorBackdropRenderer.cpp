@@ -119,7 +119,7 @@ void EditorBackdropRenderer::drawCapture(QPainter& painter, const BackdropLayout
     fillSmoothly(painter, layout.captureClip(), brush);
 }
 
-QImage EditorBackdropRenderer::ground(const BackdropLayout& layout, const EditorBackdrop& backdrop)
+QImage EditorBackdropRenderer::canvas(const BackdropLayout& layout, const EditorBackdrop& backdrop)
 {
     QImage image = emptyCanvas(layout, backdrop);
     if (image.isNull())
@@ -127,28 +127,6 @@ QImage EditorBackdropRenderer::ground(const BackdropLayout& layout, const Editor
     QPainter painter(&image);
     fillPainter(painter, layout, backdrop);
     drawShadow(painter, layout, backdrop);
-    return image;
-}
-
-QImage EditorBackdropRenderer::canvas(const BackdropLayout& layout, const EditorBackdrop& backdrop)
-{
-    QImage image = ground(layout, backdrop);
-    if (image.isNull())
-        return image;
-    QPainter painter(&image);
-    drawFrame(painter, layout, backdrop);
-    return image;
-}
-
-QImage EditorBackdropRenderer::sketch(const BackdropLayout& layout, const BackdropLayout& small,
-                                      const EditorBackdrop& backdrop)
-{
-    QImage image = emptyCanvas(layout, backdrop);
-    if (image.isNull())
-        return image;
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(image.rect(), ground(small, backdrop));
     drawFrame(painter, layout, backdrop);
     return image;
 }

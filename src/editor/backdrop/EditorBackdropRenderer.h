@@ -39,9 +39,6 @@ public:
     // through or is none. A null image when memory is short.
     QImage canvas(const BackdropLayout& layout, const EditorBackdrop& backdrop);
 
-    // The same for a moment, as while a slider moves: fill and shadow are drawn for a smaller layout and enlarged.
-    QImage sketch(const BackdropLayout& layout, const BackdropLayout& small, const EditorBackdrop& backdrop);
-
     // The whole picture of a capture at its own scale, with its profile and density; subject and margins in its pixels.
     // Without a subject, the one that its alpha shows counts.
     // A null image when memory is short or the canvas would be too large.
@@ -49,7 +46,6 @@ public:
                   const std::optional<CaptureSubject>& subject = {}, const BackdropMargins& margins = {});
 
 private:
-    QImage ground(const BackdropLayout& layout, const EditorBackdrop& backdrop);
     QColor frameColor(const BackdropLayout& layout, const EditorBackdrop& backdrop);
 
     BackdropFillCache m_fills;

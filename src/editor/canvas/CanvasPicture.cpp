@@ -11,6 +11,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 #include <ranges>
 
 namespace Kovrel {
@@ -42,9 +43,19 @@ bool isOnCapture(const Annotation& mark)
            mark.kind == Kind::highlighter || mark.kind == Kind::spotlight;
 }
 
-constexpr double sketched = 4; // pixels of the canvas to one of its sketch
-constexpr int mostPieces = 24; // each costs more than its pixels: many are drawn as one
-constexpr int tile = 256;      // pixels, a power of two
+constexpr double mostSketched = 500'000; // pixels of a sketch
+constexpr int mostPieces = 24;           // each costs more than its pixels: many are drawn as one
+constexpr int tile = 256;                // pixels, a power of two
+
+double sketchShare(QSize canvas)
+{
+    return std::min(1.0, std::sqrt(mostSketched / (double(canvas.width()) * canvas.height())));
+}
+
+QRegion inFewPieces(const QRegion& region)
+{
+    return region.rectCount() > mostPieces ? QRegion(region.boundingRect()) : region;
+}
 
 // From pixels, y down from the upper left corner of a picture, to target points, y up from the lower left corner of a
 // capture in it.
@@ -72,7 +83,7 @@ void CanvasPicture::setBackdropPicture(const QString& value, const QImage& pictu
 {
     m_renderer.setPicture(value, picture);
     takeBackdrop();
-    m_picture = {};
+    m_picture.forgetAll();
 }
 
 void CanvasPicture::setSketched(bool isSketched)
@@ -81,7 +92,7 @@ void CanvasPicture::setSketched(bool isSketched)
         m_document.composition.backdrop.isNone())
         return;
     takeBackdrop();
-    m_picture = {};
+    m_picture.forget(QRegion(area()) - insideOfCard());
 }
 
 void CanvasPicture::setShare(double share)
@@ -98,7 +109,9 @@ void CanvasPicture::takeShare()
                atShare(m_redactions.pixelated, m_share)};
     takePadding();
     takeBackdrop();
+    m_marked = {};
     m_picture = {};
+    m_below = {};
 }
 
 // On a backdrop marks may reach over the capture anyway.
@@ -143,10 +156,12 @@ void CanvasPicture::takeBackdrop()
         return;
     }
     m_ground.layout = layoutAt(scale());
-    const auto small = m_ground.isSketched ? layoutAt(scale() / sketched) : std::nullopt;
-    m_ground.picture = !m_ground.layout ? QImage()
-                       : small          ? m_renderer.sketch(*m_ground.layout, *small, backdrop)
-                                        : m_renderer.canvas(*m_ground.layout, backdrop);
+    if (!m_ground.layout) {
+        m_ground.picture = {};
+        return;
+    }
+    const auto small = m_ground.isSketched ? layoutAt(scale() * sketchShare(m_ground.layout->canvas)) : std::nullopt;
+    m_ground.picture = m_renderer.canvas(small.value_or(*m_ground.layout), backdrop);
 }
 
 std::optional<BackdropLayout> CanvasPicture::layoutAt(double scale) const
@@ -158,6 +173,7 @@ std::optional<BackdropLayout> CanvasPicture::layoutAt(double scale) const
 QRegion CanvasPicture::setDocument(const EditorDocument& document)
 {
     const QRect areaBefore = area();
+    const QRegion insideBefore = insideOfCard();
     const EditorComposition& was = m_document.composition;
     const bool isBackdropChanged = document.composition.backdrop != was.backdrop ||
                                    (!document.composition.backdrop.isNone() && document.composition.crop != was.crop);
@@ -165,17 +181,30 @@ QRegion CanvasPicture::setDocument(const EditorDocument& document)
     takePadding();
     const QRectF all = inTarget(area());
     const QRectF inPoints(all.topLeft() / scale(), all.size() / scale());
-    const QRegion changed = pixelsOf(MarkChanges::areas(before, m_document.marks, inPoints));
-    if (isBackdropChanged)
+    QRegion changed = pixelsOf(MarkChanges::areas(before, m_document.marks, inPoints));
+    if (isBackdropChanged) {
         takeBackdrop();
-    if (isBackdropChanged || area() != areaBefore) {
-        m_picture = {};
-        return QRegion(areaBefore) + area();
+        changed += (QRegion(areaBefore) + area()) - (insideBefore & insideOfCard());
+        m_below = {};
     }
     keepBelow(before);
-    if (!m_picture.isNull())
-        redraw(changed);
-    return changed & area();
+    redraw(changed);
+    return area() == areaBefore ? changed & area() : QRegion(areaBefore) + area();
+}
+
+QRegion CanvasPicture::insideOfCard() const
+{
+    if (m_shown.capture.hasAlphaChannel())
+        return {};
+    if (!m_ground.layout)
+        return captureArea();
+    const QRect image(cardCorner(), m_ground.layout->image.size());
+    if (m_card->pixels == m_capture.image.rect() && image.size() != m_shown.size())
+        return {};
+    const QRect card = m_ground.layout->card.translated(image.topLeft() - m_ground.layout->image.topLeft());
+    const int round = int(std::ceil(m_ground.layout->cardRadius));
+    const QRect inside = card.adjusted(1, 1, -1, -1) & image & captureArea();
+    return QRegion(inside.adjusted(round, 0, -round, 0)) + inside.adjusted(0, round, 0, -round);
 }
 
 // A mark that changes for the second time is likely to be dragged. What changes the capture lies below all others.
@@ -211,29 +240,33 @@ QRect CanvasPicture::area() const
     return captureArea().marginsAdded(m_padding);
 }
 
-const QImage& CanvasPicture::picture()
+const CanvasPixels& CanvasPicture::drawn(const QRect& needed)
 {
-    if (m_picture.isNull())
-        drawAll();
+    takeMarked();
+    m_picture.setArea(area());
+    const QRegion missing = inFewPieces(m_picture.missing(needed));
+    for (const QRect& rect : missing)
+        redrawPicture(rect);
+    m_picture.setDrawn(missing);
     return m_picture;
 }
 
-void CanvasPicture::drawAll()
+void CanvasPicture::takeMarked()
 {
-    m_below = {};
+    if (!m_marked.isNull())
+        return;
     m_marked = m_shown.capture;
-    m_picture = QImage(area().size(), QImage::Format_ARGB32_Premultiplied);
-    redraw(area());
+    redrawMarked(captureArea());
 }
 
-// What changes the capture first: all that lies above it is laid on that.
+// What changes the capture first: all that lies above it is laid on that. What is not drawn yet is drawn when it is
+// needed.
 void CanvasPicture::redraw(const QRegion& changed)
 {
-    const QRegion region = changed.rectCount() > mostPieces ? QRegion(changed.boundingRect()) : changed;
-    for (const QRect& rect : region& captureArea())
-        redrawMarked(rect);
-    for (const QRect& rect : region& area())
-        redrawPicture(rect);
+    if (!m_marked.isNull())
+        for (const QRect& rect : inFewPieces(changed) & captureArea())
+            redrawMarked(rect);
+    m_picture.forget(changed);
 }
 
 QRectF CanvasPicture::inTarget(const QRect& rect) const
@@ -276,67 +309,74 @@ void CanvasPicture::redrawMarked(const QRect& rect)
                                       .culledTo = inTarget(rect)});
 }
 
-// Of all of it there is no copy.
+// Those of `m_marked`, and no copy.
 QImage CanvasPicture::cardPixels() const
 {
-    return m_card->pixels == m_capture.image.rect() ? m_marked
-                                                    : m_marked.copy({cardCorner(), m_ground.layout->image.size()});
+    const QRect place(cardCorner(), m_ground.layout->image.size());
+    if (m_card->pixels == m_capture.image.rect() || !m_marked.rect().contains(place))
+        return m_card->pixels == m_capture.image.rect() ? m_marked : m_marked.copy(place);
+    const uchar* const first = m_marked.constScanLine(place.top()) + qsizetype(place.left()) * m_marked.depth() / 8;
+    return {first, place.width(), place.height(), m_marked.bytesPerLine(), m_marked.format()};
 }
 
 void CanvasPicture::redrawPicture(const QRect& rect)
 {
-    const QRect inPicture = rect.translated(-area().topLeft());
+    const QRect inPicture = rect.translated(-m_picture.corner());
     if (m_below.count > 0)
         drawBelow(rect);
-    QPainter painter(&m_picture);
+    QPainter painter(&m_picture.image());
     painter.setClipRect(inPicture);
     if (m_below.count > 0) {
         painter.setCompositionMode(QPainter::CompositionMode_Source);
-        painter.drawImage(inPicture.topLeft(), m_below.picture, inPicture);
+        painter.drawImage(inPicture.topLeft(), m_below.pixels.image(), rect.translated(-m_below.pixels.corner()));
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     } else {
-        drawGround(painter, inPicture);
+        drawGround(painter, m_picture.corner(), rect);
     }
-    drawAbove(painter, rect, std::span(m_document.marks).subspan(m_below.count));
+    drawAbove(painter, m_picture.corner(), rect, std::span(m_document.marks).subspan(m_below.count));
 }
 
 // In tiles, for what is dragged soon comes by again.
 void CanvasPicture::drawBelow(const QRect& rect)
 {
-    if (m_below.picture.isNull())
-        m_below.picture = QImage(m_picture.size(), m_picture.format());
+    m_below.pixels.setArea(area());
+    const QPoint corner = m_below.pixels.corner();
     const QPoint first(rect.left() & -tile, rect.top() & -tile);
     for (int y = first.y(); y <= rect.bottom(); y += tile)
         for (int x = first.x(); x <= rect.right(); x += tile) {
-            const QRect place = QRect(x, y, tile, tile) & area();
-            if (m_below.drawn.contains(place))
-                continue;
-            QPainter painter(&m_below.picture);
-            painter.setClipRect(place.translated(-area().topLeft()));
-            drawGround(painter, place.translated(-area().topLeft()));
-            drawAbove(painter, place, std::span(m_document.marks).first(m_below.count));
-            m_below.drawn += place;
+            for (const QRect& place : m_below.pixels.missing(QRect(x, y, tile, tile))) {
+                QPainter painter(&m_below.pixels.image());
+                painter.setClipRect(place.translated(-corner));
+                drawGround(painter, corner, place);
+                drawAbove(painter, corner, place, std::span(m_document.marks).first(m_below.count));
+            }
+            m_below.pixels.setDrawn(QRect(x, y, tile, tile));
         }
 }
 
-// `rect`: of the picture.
-void CanvasPicture::drawGround(QPainter& painter, const QRect& rect) const
+// `corner`: the place of the painter's upper left pixel.
+void CanvasPicture::drawGround(QPainter& painter, QPoint corner, const QRect& rect) const
 {
+    painter.translate(-corner);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     if (m_ground.layout) {
-        painter.drawImage(0, 0, m_ground.picture);
+        painter.translate(area().topLeft());
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(QRect({}, m_ground.layout->canvas), m_ground.picture);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         EditorBackdropRenderer::drawCapture(painter, *m_ground.layout, cardPixels());
-        return;
+    } else {
+        painter.fillRect(rect, Qt::transparent);
+        painter.drawImage(0, 0, m_marked);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     }
-    painter.fillRect(rect, Qt::transparent);
-    painter.drawImage(-area().topLeft(), m_marked);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.resetTransform();
 }
 
-void CanvasPicture::drawAbove(QPainter& painter, const QRect& rect, std::span<const Annotation> marks)
+void CanvasPicture::drawAbove(QPainter& painter, QPoint corner, const QRect& rect, std::span<const Annotation> marks)
 {
-    painter.setTransform(captureTransform(-area().topLeft(), m_shown.size().height()));
+    painter.setTransform(captureTransform(-corner, m_shown.size().height()));
     AnnotationDrawing::drawAbove(painter, marks,
                                  {.scale = scale(),
                                   .fullRect = QRectF({}, QSizeF(m_shown.size())),

@@ -2,6 +2,7 @@
 
 #include "editor/backdrop/BackdropMargins.h"
 #include "editor/backdrop/EditorBackdropRenderer.h"
+#include "editor/canvas/CanvasPixels.h"
 #include "editor/document/EditorCapture.h"
 #include "editor/document/EditorDocument.h"
 #include "editor/marks/MarkSprites.h"
@@ -45,11 +46,12 @@ public:
 
     QRect captureArea() const { return {{}, m_shown.size()}; }
 
-    // All of it: Format_ARGB32_Premultiplied, transparent where nothing is. Its upper left pixel is that of area().
-    // Drawn when it is asked for.
-    const QImage& picture();
+    // The canvas' pixels, all of those within `needed` drawn: transparent where nothing is.
+    const CanvasPixels& drawn(const QRect& needed);
+    // All of it: Format_ARGB32_Premultiplied. Its upper left pixel is that of area().
+    QImage picture() { return drawn(area()).ofArea(); }
 
-    bool isDrawn() const { return !m_picture.isNull(); }
+    bool isDrawn() const { return !m_picture.isEmpty(); }
 
 private:
     struct Pictures {
@@ -71,15 +73,14 @@ private:
     struct Ground {
         bool isSketched = false;
         std::optional<BackdropLayout> layout; // none without a backdrop
-        QImage picture;
+        QImage picture;                       // smaller than the canvas where it is sketched
     };
 
     // What lies below a mark that changes again and again, as while it is dragged: drawn once, where it is needed.
     struct Below {
         size_t firstChanged = 0; // in the document
         size_t count = 0;        // marks that are in it; 0: none is kept
-        QImage picture;          // as large as the whole
-        QRegion drawn;           // of the canvas, whole tiles
+        CanvasPixels pixels;     // whole tiles
     };
 
     double scale() const { return m_capture.scale * m_share; }
@@ -92,14 +93,16 @@ private:
     QImage cardPixels() const;
     std::optional<BackdropLayout> layoutAt(double scale) const;
     QRegion pixelsOf(const std::vector<QRectF>& areas) const;
-    void drawAll();
+    // What shows nothing but the opaque capture, whatever the backdrop around it is like.
+    QRegion insideOfCard() const;
+    void takeMarked();
     void redraw(const QRegion& changed);
     void redrawMarked(const QRect& rect);
     void redrawPicture(const QRect& rect);
     void keepBelow(const std::vector<Annotation>& before);
     void drawBelow(const QRect& rect);
-    void drawGround(QPainter& painter, const QRect& rect) const;
-    void drawAbove(QPainter& painter, const QRect& rect, std::span<const Annotation> marks);
+    void drawGround(QPainter& painter, QPoint corner, const QRect& rect) const;
+    void drawAbove(QPainter& painter, QPoint corner, const QRect& rect, std::span<const Annotation> marks);
     std::vector<Annotation> marksOnCapture() const;
     QRectF inTarget(const QRect& rect) const;
 
@@ -111,11 +114,11 @@ private:
     double m_share = 1;
     Pictures m_shown; // at the share
     EditorDocument m_document;
-    QImage m_marked; // the capture with what changes it
+    QImage m_marked; // the capture with what changes it; null until it is needed
     EditorBackdropRenderer m_renderer;
     Ground m_ground;
     QMargins m_padding; // that marks which stick out ask for
-    QImage m_picture;   // null where nothing of it is drawn yet
+    CanvasPixels m_picture;
     Below m_below;
     MarkSprites m_sprites;
 };

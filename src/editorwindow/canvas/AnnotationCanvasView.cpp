@@ -184,7 +184,7 @@ void AnnotationCanvasView::paintEvent(QPaintEvent* event)
         painter.save();
         painter.setClipRect(rect);
         painter.scale(1 / ratio, 1 / ratio);
-        paintPicture(painter);
+        paintPicture(painter, QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio));
         painter.restore();
     }
     painter.scale(1 / ratio, 1 / ratio);
@@ -195,15 +195,20 @@ void AnnotationCanvasView::paintEvent(QPaintEvent* event)
     m_overlayArea = overlay.area();
 }
 
-void AnnotationCanvasView::paintPicture(QPainter& painter)
+// `part`: of the view.
+void AnnotationCanvasView::paintPicture(QPainter& painter, const QRectF& part)
 {
-    const double ratio = devicePixelRatioF();
     const double enlarged = m_viewport.zoom() / m_picture.share();
-    const QRectF area(m_picture.area());
-    const QPointF origin = m_viewport.toView(QPointF(0, 0)) + area.topLeft() * enlarged;
-    painter.fillRect(QRectF(QPointF(), QSizeF(size()) * ratio), Theme::current().canvas);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture.share() < 1 && isSmoothEnough(size() * ratio));
-    painter.drawImage(QRectF(origin, area.size() * enlarged), m_picture.picture());
+    const QPointF origin = m_viewport.toView(QPointF(0, 0));
+    const QRect area = m_picture.area();
+    const QRectF place(origin + QPointF(area.topLeft()) * enlarged, QSizeF(area.size()) * enlarged);
+    const QRectF seen(part.topLeft() - origin, part.size());
+    // What is smoothed looks at the pixels around.
+    const QRectF needed(seen.topLeft() / enlarged, seen.size() / enlarged);
+    const CanvasPixels& pixels = m_picture.drawn(needed.toAlignedRect().adjusted(-2, -2, 2, 2));
+    painter.fillRect(part, Theme::current().canvas);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture.share() < 1 && isSmoothEnough(size() * devicePixelRatioF()));
+    painter.drawImage(place, pixels.image(), QRectF(area.translated(-pixels.corner())));
 }
 
 void AnnotationCanvasView::layOver(CanvasOverlay& overlay) const

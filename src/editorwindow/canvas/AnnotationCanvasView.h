@@ -93,7 +93,7 @@ private:
     void drawExactly();
     QRect fromView(const QRectF& devicePixels) const;
     std::optional<Rect> hidingCrop() const;
-    void paintPicture(QPainter& painter);
+    void paintPicture(QPainter& painter, const QRectF& part);
     void layOver(CanvasOverlay& overlay) const;
     CanvasPointer pointer(const QMouseEvent& event, int clicks = 1) const;
 

@@ -8,6 +8,7 @@
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QLocale>

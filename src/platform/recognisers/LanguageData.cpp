@@ -42,6 +42,7 @@ std::vector<qint64> partOffsets(const std::vector<char>& data)
     if (count <= 0 || data.size() < sizeof(qint32) + size_t(count) * sizeof(qint64))
         return {};
     std::vector<qint64> offsets;
+    offsets.reserve(size_t(count) + 1);
     for (size_t part = 0; part < size_t(count); ++part)
         offsets.push_back(numberAt<qint64>(data, sizeof(qint32) + part * sizeof(qint64)));
     offsets.push_back(qint64(data.size()));
@@ -133,7 +134,7 @@ QStringList LanguageData::installed()
 QStringList LanguageData::chosen(const QStringList& wanted)
 {
     const QStringList available = installed();
-    const QStringList models = modelsOf(wanted.isEmpty() ? QLocale::system().uiLanguages() : wanted, available);
+    QStringList models = modelsOf(wanted.isEmpty() ? QLocale::system().uiLanguages() : wanted, available);
     if (!models.isEmpty() || available.isEmpty())
         return models;
     return {available.contains("eng") ? QString("eng") : available.first()};

@@ -15,10 +15,11 @@ QRectF ReadingSide::placed(const QRectF& part, const QRectF& whole)
 
 void ReadingSide::drawLine(QPainter& painter, const QRectF& room, const QString& text, Qt::TextElideMode elision)
 {
-    const auto side = QGuiApplication::isLeftToRight() ? Qt::AlignLeft : Qt::AlignRight;
+    const Qt::Alignment side = QGuiApplication::isLeftToRight() ? Qt::AlignLeft : Qt::AlignRight;
+    const Qt::Alignment place = side | Qt::AlignAbsolute | Qt::AlignVCenter;
     const Qt::LayoutDirection before = painter.layoutDirection();
     painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
-    painter.drawText(room, side | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine,
+    painter.drawText(room, static_cast<int>(place.toInt() | Qt::TextSingleLine),
                      QFontMetricsF(painter.font()).elidedText(text, elision, room.width()));
     painter.setLayoutDirection(before);
 }

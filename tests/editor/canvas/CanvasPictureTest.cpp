@@ -171,6 +171,60 @@ TEST(CanvasPictureTest, WhatIsDraggedIsDrawnAsIfItWereDrawnAtOnce)
     }
 }
 
+namespace {
+
+EditorBackdrop changed(EditorBackdrop backdrop, Testing::RandomMarks& random)
+{
+    double EditorBackdrop::* const fields[] = {&EditorBackdrop::padding, &EditorBackdrop::corners,
+                                               &EditorBackdrop::frame, &EditorBackdrop::shadowOpacity};
+    const int which = random.below(6);
+    if (which == 4)
+        return backdrop.isNone() ? EditorBackdrop() : EditorBackdrop::none;
+    if (which == 5)
+        backdrop.fill = {BackdropFill::Kind::gradient, "lagoon"};
+    else
+        backdrop.*fields[which] = which == 1 ? random.below(40) : random.below(100) / 200.0;
+    return backdrop;
+}
+
+QImage partOf(const CanvasPixels& pixels, const QRect& part)
+{
+    return pixels.image().copy(part.translated(-pixels.corner()));
+}
+
+} // namespace
+
+// What the backdrop leaves as it is stays drawn, and only what is in sight is drawn anew.
+TEST(CanvasPictureTest, AMovingBackdropIsDrawnAsIfItWereDrawnAtOnce)
+{
+    for (unsigned seed = 0; seed < 40; ++seed) {
+        EditorCapture capture = captureAt(seed % 4 == 0 ? 2 : 1);
+        Testing::RandomMarks random(seed, size, capture.image.copy(0, 0, 20, 30));
+        if (seed % 5 == 0)
+            capture.image = capture.image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        CanvasPicture picture(capture);
+        picture.setShare(seed % 3 == 0 ? 0.6 : 1);
+        EditorDocument document = documentWith(random.some(), seed % 2 == 0);
+        for (int round = 0; round < 12; ++round) {
+            document.composition.backdrop = changed(document.composition.backdrop, random);
+            if (random.below(4) == 0)
+                document.composition.crop = Rect{10, 10, 60.0 + random.below(60), 50.0 + random.below(40)};
+            CanvasPicture fresh(capture);
+            fresh.setShare(picture.share());
+            fresh.setDocument(document);
+            const QRect all = fresh.area();
+            const QPoint corner(random.below(all.width()), random.below(all.height()));
+            const QRect part = QRect(all.topLeft() + corner, QSize(90, 70)) & all;
+            picture.setSketched(round % 2 == 0);
+            picture.setDocument(document);
+            picture.drawn(part);
+            picture.setSketched(false);
+            ASSERT_TRUE(Testing::samePicture(partOf(picture.drawn(part), part), partOf(fresh.drawn(part), part), 0))
+                << "seed " << seed << ", round " << round;
+        }
+    }
+}
+
 TEST(CanvasPictureTest, WhatIsToBeHiddenIsHiddenBeforeItsPictureIsMade)
 {
     using Kind = Annotation::Kind;

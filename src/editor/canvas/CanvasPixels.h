@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QImage>
+#include <QRegion>
+
+namespace Kovrel {
+
+// Pixels of a canvas that are drawn when they are needed, and kept while the canvas becomes larger or smaller around
+// them. Places are the canvas' own, y down; its upper left corner may lie anywhere. One thread.
+class CanvasPixels {
+public:
+    // What is drawn of it stays.
+    void setArea(const QRect& area);
+    void forget(const QRegion& region) { m_drawn -= region; }
+    void forgetAll() { m_drawn = {}; }
+
+    // What of a region is not drawn; whoever draws it says so.
+    QRegion missing(const QRegion& region) const { return (region & m_area) - m_drawn; }
+    QRegion drawn(const QRegion& region) const { return region & m_drawn; }
+    void setDrawn(const QRegion& region) { m_drawn += region & m_area; }
+    bool isEmpty() const { return m_drawn.isEmpty(); }
+
+    // Format_ARGB32_Premultiplied, of the area and perhaps more; undefined where nothing is drawn. Null only when memory
+    // is short or there is no area.
+    QImage& image() { return m_image; }
+    const QImage& image() const { return m_image; }
+    // The place of the image's upper left pixel.
+    QPoint corner() const { return m_corner; }
+    const QRect& area() const { return m_area; }
+    // A copy.
+    QImage ofArea() const { return m_image.copy(m_area.translated(-m_corner)); }
+
+private:
+    QImage m_image;
+    QPoint m_corner;
+    QRect m_area;
+    QRegion m_drawn;
+};
+
+} // namespace Kovrel
