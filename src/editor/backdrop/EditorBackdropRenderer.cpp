@@ -20,11 +20,6 @@ QColor fillColor(const BackdropFill& fill)
     return HexColor::parse(fill.value).value_or(QColor(Qt::white));
 }
 
-bool isOpaque(const BackdropFill& fill)
-{
-    return fill.kind == Kind::color ? fillColor(fill).alpha() == 255 : fill.kind != Kind::none;
-}
-
 QPainterPath rounded(const QRectF& rect, double radius)
 {
     QPainterPath path;
@@ -56,7 +51,7 @@ QPainterPath frameRing(const BackdropLayout& layout)
 
 QImage emptyCanvas(const BackdropLayout& layout, const EditorBackdrop& backdrop)
 {
-    const bool opaque = isOpaque(backdrop.fill);
+    const bool opaque = EditorBackdropRenderer::isOpaque(backdrop.fill);
     QImage image(layout.canvas, opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
     if (!opaque)
         image.fill(Qt::transparent);
@@ -74,6 +69,11 @@ QColor besidePage(const QColor& page)
 }
 
 } // namespace
+
+bool EditorBackdropRenderer::isOpaque(const BackdropFill& fill)
+{
+    return fill.kind == Kind::color ? fillColor(fill).alpha() == 255 : fill.kind != Kind::none;
+}
 
 void EditorBackdropRenderer::fillPainter(QPainter& painter, const BackdropLayout& layout,
                                          const EditorBackdrop& backdrop)

@@ -25,6 +25,8 @@ public:
     // What a picture fill shows whose value is none of the catalogue's, as one of the user's own.
     void setPicture(const QString& value, const QImage& picture) { m_fills.setPicture(value, picture); }
 
+    static bool isOpaque(const BackdropFill& fill);
+
     // The fill covers the canvas.
     void fillPainter(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
     // Only around the card, so that what shines through a capture is the fill.

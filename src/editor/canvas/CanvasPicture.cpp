@@ -43,7 +43,7 @@ bool isOnCapture(const Annotation& mark)
            mark.kind == Kind::highlighter || mark.kind == Kind::spotlight;
 }
 
-constexpr double mostSketched = 500'000; // pixels of a sketch
+constexpr double mostSketched = 100'000; // pixels of a sketch
 constexpr int mostPieces = 24;           // each costs more than its pixels: many are drawn as one
 constexpr int tile = 256;                // pixels, a power of two
 
@@ -149,19 +149,26 @@ QPoint CanvasPicture::cardCorner() const
 void CanvasPicture::takeBackdrop()
 {
     takeCard();
-    const EditorBackdrop& backdrop = m_document.composition.backdrop;
-    if (backdrop.isNone()) {
-        m_ground.layout.reset();
-        m_ground.picture = {};
-        return;
+    m_ground.layout = m_document.composition.backdrop.isNone() ? std::nullopt : layoutAt(scale());
+    m_ground.picture = {};
+}
+
+const QImage& CanvasPicture::groundPicture()
+{
+    if (m_ground.picture.isNull()) {
+        const auto small =
+            m_ground.isSketched ? layoutAt(scale() * sketchShare(m_ground.layout->canvas)) : std::nullopt;
+        m_ground.picture = m_renderer.canvas(small.value_or(*m_ground.layout), m_document.composition.backdrop);
     }
-    m_ground.layout = layoutAt(scale());
-    if (!m_ground.layout) {
-        m_ground.picture = {};
-        return;
-    }
-    const auto small = m_ground.isSketched ? layoutAt(scale() * sketchShare(m_ground.layout->canvas)) : std::nullopt;
-    m_ground.picture = m_renderer.canvas(small.value_or(*m_ground.layout), backdrop);
+    return m_ground.picture;
+}
+
+bool CanvasPicture::isOpaque() const
+{
+    if (m_shown.capture.hasAlphaChannel())
+        return false;
+    return m_ground.layout ? EditorBackdropRenderer::isOpaque(m_document.composition.backdrop.fill)
+                           : m_padding.isNull();
 }
 
 std::optional<BackdropLayout> CanvasPicture::layoutAt(double scale) const
@@ -203,7 +210,7 @@ QRegion CanvasPicture::insideOfCard() const
         return {};
     const QRect card = m_ground.layout->card.translated(image.topLeft() - m_ground.layout->image.topLeft());
     const int round = int(std::ceil(m_ground.layout->cardRadius));
-    const QRect inside = card.adjusted(1, 1, -1, -1) & image & captureArea();
+    const QRect inside = card & image & captureArea();
     return QRegion(inside.adjusted(round, 0, -round, 0)) + inside.adjusted(0, round, 0, -round);
 }
 
@@ -240,10 +247,10 @@ QRect CanvasPicture::area() const
     return captureArea().marginsAdded(m_padding);
 }
 
-const CanvasPixels& CanvasPicture::drawn(const QRect& needed)
+const CanvasPixels& CanvasPicture::drawn(const QRegion& needed)
 {
     takeMarked();
-    m_picture.setArea(area());
+    m_picture.setArea(area(), isOpaque());
     const QRegion missing = inFewPieces(m_picture.missing(needed));
     for (const QRect& rect : missing)
         redrawPicture(rect);
@@ -339,7 +346,7 @@ void CanvasPicture::redrawPicture(const QRect& rect)
 // In tiles, for what is dragged soon comes by again.
 void CanvasPicture::drawBelow(const QRect& rect)
 {
-    m_below.pixels.setArea(area());
+    m_below.pixels.setArea(area(), isOpaque());
     const QPoint corner = m_below.pixels.corner();
     const QPoint first(rect.left() & -tile, rect.top() & -tile);
     for (int y = first.y(); y <= rect.bottom(); y += tile)
@@ -355,14 +362,14 @@ void CanvasPicture::drawBelow(const QRect& rect)
 }
 
 // `corner`: the place of the painter's upper left pixel.
-void CanvasPicture::drawGround(QPainter& painter, QPoint corner, const QRect& rect) const
+void CanvasPicture::drawGround(QPainter& painter, QPoint corner, const QRect& rect)
 {
     painter.translate(-corner);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     if (m_ground.layout) {
         painter.translate(area().topLeft());
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(QRect({}, m_ground.layout->canvas), m_ground.picture);
+        painter.drawImage(QRect({}, m_ground.layout->canvas), groundPicture());
         painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         EditorBackdropRenderer::drawCapture(painter, *m_ground.layout, cardPixels());

@@ -47,7 +47,8 @@ public:
     QRect captureArea() const { return {{}, m_shown.size()}; }
 
     // The canvas' pixels, all of those within `needed` drawn: transparent where nothing is.
-    const CanvasPixels& drawn(const QRect& needed);
+    const CanvasPixels& drawn(const QRegion& needed);
+
     // All of it: Format_ARGB32_Premultiplied. Its upper left pixel is that of area().
     QImage picture() { return drawn(area()).ofArea(); }
 
@@ -73,7 +74,7 @@ private:
     struct Ground {
         bool isSketched = false;
         std::optional<BackdropLayout> layout; // none without a backdrop
-        QImage picture;                       // smaller than the canvas where it is sketched
+        QImage picture;                       // null until it is needed; smaller than the canvas where it is sketched
     };
 
     // What lies below a mark that changes again and again, as while it is dragged: drawn once, where it is needed.
@@ -92,6 +93,8 @@ private:
     QPoint cardCorner() const;
     QImage cardPixels() const;
     std::optional<BackdropLayout> layoutAt(double scale) const;
+    const QImage& groundPicture();
+    bool isOpaque() const;
     QRegion pixelsOf(const std::vector<QRectF>& areas) const;
     // What shows nothing but the opaque capture, whatever the backdrop around it is like.
     QRegion insideOfCard() const;
@@ -101,7 +104,7 @@ private:
     void redrawPicture(const QRect& rect);
     void keepBelow(const std::vector<Annotation>& before);
     void drawBelow(const QRect& rect);
-    void drawGround(QPainter& painter, QPoint corner, const QRect& rect) const;
+    void drawGround(QPainter& painter, QPoint corner, const QRect& rect);
     void drawAbove(QPainter& painter, QPoint corner, const QRect& rect, std::span<const Annotation> marks);
     std::vector<Annotation> marksOnCapture() const;
     QRectF inTarget(const QRect& rect) const;

@@ -9,27 +9,29 @@ namespace {
 // An area that grows by a step is likely to grow on. Memory that nothing is drawn into costs nothing.
 QRect withRoom(const QRect& area)
 {
-    const int across = area.width() / 8;
-    const int down = area.height() / 8;
+    const int across = area.width() / 16;
+    const int down = area.height() / 16;
     return area.adjusted(-across, -down, across, down);
 }
 
 } // namespace
 
-void CanvasPixels::setArea(const QRect& area)
+void CanvasPixels::setArea(const QRect& area, bool isOpaque)
 {
     m_drawn &= area;
     m_area = area;
-    if (QRect(m_corner, m_image.size()).contains(area))
+    const QImage::Format format = isOpaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied;
+    const QRect held(m_corner, m_image.size());
+    if (held.contains(area) && m_image.format() == format)
         return;
-    const QRect room = m_image.isNull() ? area : withRoom(area);
-    QImage larger(room.size(), QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&larger);
+    const QRect room = m_image.isNull() ? area : held.contains(area) ? held : withRoom(area);
+    QImage next(room.size(), format);
+    QPainter painter(&next);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     for (const QRect& rect : m_drawn)
         painter.drawImage(rect.topLeft() - room.topLeft(), m_image, rect.translated(-m_corner));
     painter.end();
-    m_image = std::move(larger);
+    m_image = std::move(next);
     m_corner = room.topLeft();
 }
 

@@ -179,12 +179,16 @@ void AnnotationCanvasView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     const double ratio = devicePixelRatioF();
+    QRegion needed;
+    for (const QRect& rect : event->region())
+        needed += inCanvas(rect);
+    const CanvasPixels& pixels = m_picture.drawn(needed);
     // One by one: within a single rectangle pictures are copied, within several they are composed.
     for (const QRect& rect : event->region()) {
         painter.save();
         painter.setClipRect(rect);
         painter.scale(1 / ratio, 1 / ratio);
-        paintPicture(painter, QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio));
+        paintPicture(painter, pixels, QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio));
         painter.restore();
     }
     painter.scale(1 / ratio, 1 / ratio);
@@ -195,19 +199,27 @@ void AnnotationCanvasView::paintEvent(QPaintEvent* event)
     m_overlayArea = overlay.area();
 }
 
+// What of the picture is to be seen in a part of the widget, with the pixels around that smoothing looks at.
+QRect AnnotationCanvasView::inCanvas(const QRect& part) const
+{
+    const double pixels = devicePixelRatioF() * m_picture.share() / m_viewport.zoom();
+    const QPointF origin = m_viewport.toView(QPointF(0, 0)) / devicePixelRatioF();
+    const QRectF seen((part.topLeft() - origin) * pixels, QSizeF(part.size()) * pixels);
+    return seen.toAlignedRect().adjusted(-2, -2, 2, 2);
+}
+
 // `part`: of the view.
-void AnnotationCanvasView::paintPicture(QPainter& painter, const QRectF& part)
+void AnnotationCanvasView::paintPicture(QPainter& painter, const CanvasPixels& pixels, const QRectF& part) const
 {
     const double enlarged = m_viewport.zoom() / m_picture.share();
-    const QPointF origin = m_viewport.toView(QPointF(0, 0));
     const QRect area = m_picture.area();
-    const QRectF place(origin + QPointF(area.topLeft()) * enlarged, QSizeF(area.size()) * enlarged);
-    const QRectF seen(part.topLeft() - origin, part.size());
-    // What is smoothed looks at the pixels around.
-    const QRectF needed(seen.topLeft() / enlarged, seen.size() / enlarged);
-    const CanvasPixels& pixels = m_picture.drawn(needed.toAlignedRect().adjusted(-2, -2, 2, 2));
-    painter.fillRect(part, Theme::current().canvas);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture.share() < 1 && isSmoothEnough(size() * devicePixelRatioF()));
+    const QPointF corner = m_viewport.toView(QPointF(0, 0)) + QPointF(area.topLeft()) * enlarged;
+    const QRectF place(corner, QSizeF(area.size()) * enlarged);
+    const QRect covered = pixels.isOpaque() ? place.toAlignedRect().adjusted(1, 1, -1, -1) : QRect();
+    for (const QRect& rect : QRegion(part.toAlignedRect()) - covered)
+        painter.fillRect(rect, Theme::current().canvas);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform,
+                          m_picture.share() < 1 && isSmoothEnough(size() * devicePixelRatioF()));
     painter.drawImage(place, pixels.image(), QRectF(area.translated(-pixels.corner())));
 }
 

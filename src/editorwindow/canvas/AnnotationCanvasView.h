@@ -93,7 +93,8 @@ private:
     void drawExactly();
     QRect fromView(const QRectF& devicePixels) const;
     std::optional<Rect> hidingCrop() const;
-    void paintPicture(QPainter& painter, const QRectF& part);
+    QRect inCanvas(const QRect& part) const;
+    void paintPicture(QPainter& painter, const CanvasPixels& pixels, const QRectF& part) const;
     void layOver(CanvasOverlay& overlay) const;
     CanvasPointer pointer(const QMouseEvent& event, int clicks = 1) const;
 
