@@ -80,7 +80,7 @@ public:
     {
         static const QStringList apps{"Firefox", "Files", "Terminal", "Calculator", "Spyder", "Writer", "Mail"};
         static const std::array modes{"area", "window", "fullScreen", "area", "timed"};
-        const QString app = apps[below(apps.size())];
+        const QString& app = apps[below(apps.size())];
         const QDateTime date = QDateTime::fromMSecsSinceEpoch(1'790'000'000'000 - index * 600'000LL, Qt::UTC);
         HistoryEntry entry{.id = QUuid::createUuid(), .date = date, .mode = modes[size_t(below(5))]};
         entry.sourceAppName = app;
@@ -152,9 +152,9 @@ size_t memmemAll(const std::vector<std::string>& texts, const std::vector<std::s
     size_t count = 0;
     for (size_t row = 0; row < texts.size(); ++row) {
         const std::string& text = texts[row];
-        found[row] = std::ranges::all_of(terms, [&text](const std::string& term) {
+        found[row] = char(std::ranges::all_of(terms, [&text](const std::string& term) {
             return memmem(text.data(), text.size(), term.data(), term.size()) != nullptr;
-        });
+        }));
         count += size_t(found[row]);
     }
     return count;

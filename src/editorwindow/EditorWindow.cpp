@@ -33,7 +33,7 @@ namespace Kovrel {
 
 namespace {
 
-constexpr QSize smallest(900, 560);
+constexpr QSize smallest(900, 450);
 constexpr double screenShare = 0.85;
 
 QString flattened()

@@ -12,6 +12,12 @@
 
 namespace Kovrel {
 
+namespace {
+
+constexpr QMargins mostFrame(8, 40, 8, 8); // that desktops put around a window, in points
+
+} // namespace
+
 AppWindow::AppWindow()
 {
     takeColors();
@@ -29,7 +35,7 @@ void AppWindow::comeForward()
 void AppWindow::placeWherePointerIs(QSize size)
 {
     const QScreen* const pointed = QGuiApplication::screenAt(QCursor::pos());
-    const QRect room = (pointed ? pointed : screen())->availableGeometry();
+    const QRect room = (pointed ? pointed : screen())->availableGeometry().marginsRemoved(mostFrame);
     QRect place({}, size.boundedTo(room.size()));
     place.moveCenter(room.center());
     QGuiApplication::screens().size() > 1 ? setGeometry(place) : resize(place.size());

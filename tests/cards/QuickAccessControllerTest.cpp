@@ -17,7 +17,6 @@ using namespace std::chrono_literals;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 
 namespace {
 
@@ -96,6 +95,7 @@ struct QuickAccessControllerTest : testing::Test {
     std::vector<QUuid> shown() const
     {
         std::vector<QUuid> ids;
+        ids.reserve(views.looks.size());
         for (const CardLook& look : views.looks)
             ids.push_back(look.id);
         return ids;

@@ -68,6 +68,25 @@ TEST(ToolPaletteTest, ShowsTheToolAndTellsTheOneThatIsChosen)
     EXPECT_EQ(chosen, std::vector{EditorTool::text});
 }
 
+TEST(ToolPaletteTest, AllToolsAreInSightInALowWindowToo)
+{
+    ToolPalette palette;
+    palette.show();
+    for (const int height : {palette.sizeHint().height(), palette.sizeHint().height() - 1,
+                             palette.minimumSizeHint().height(), palette.sizeHint().height()}) {
+        palette.setFixedHeight(height);
+        palette.resize(palette.sizeHint().width(), height);
+        palette.resize(palette.sizeHint()); // what it takes once it has two columns
+        QRegion taken;
+        for (const SymbolButton* const button : palette.findChildren<SymbolButton*>()) {
+            EXPECT_TRUE(palette.rect().contains(button->geometry())) << height;
+            EXPECT_FALSE(taken.intersects(button->geometry())) << height;
+            taken += button->geometry();
+        }
+    }
+    EXPECT_LT(palette.minimumSizeHint().height(), 420) << "of a display of 540 points, less bars and title";
+}
+
 TEST_F(StylePanelTest, OffersWhatThereIsAndTellsOnlyWhatWasChanged)
 {
     panel.setStyle({.lineWidth = 4, .fillStyle = AnnotationFillStyle::hatched},

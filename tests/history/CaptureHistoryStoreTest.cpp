@@ -54,7 +54,7 @@ struct CaptureHistoryStoreTest : Testing::HistoryFixture {
     {
         struct stat status{};
         ::stat(QFile::encodeName(folder / file), &status);
-        return status.st_mode & 0777;
+        return int(status.st_mode & 0777U);
     }
 
     const CaptureSubject subject{{1, 1, 5, 5}, 2}; // that edits give

@@ -8,6 +8,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -99,6 +101,7 @@ struct HistoryFixture : testing::Test {
     static std::vector<int> numbers(const auto& entries)
     {
         std::vector<int> all;
+        all.reserve(size_t(std::ranges::distance(entries)));
         for (const HistoryEntry& entry : entries)
             all.push_back(int(entry.id.data1));
         return all;

@@ -8,7 +8,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QVBoxLayout>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -45,27 +45,55 @@ QString symbolOf(EditorTool tool)
 ToolPalette::ToolPalette()
 {
     setAccessibleName(tr("Tools"));
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(Spacing::small, Spacing::small, Spacing::small, Spacing::small);
-    layout->setSpacing(Spacing::tight);
-    for (const auto& [tool, name] : RawStrings<EditorTool>::table) {
-        if (std::ranges::find(groups, tool) != groups.end())
-            layout->addSpacing(groupGap);
-        layout->addWidget(makeButton(tool));
-    }
-    layout->addStretch(1);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    for (const auto& [tool, name] : RawStrings<EditorTool>::table)
+        makeButton(tool);
 }
 
-SymbolButton* ToolPalette::makeButton(EditorTool tool)
+void ToolPalette::makeButton(EditorTool tool)
 {
     const QString name = tr(names[size_t(tool)]);
     auto* const button = new SymbolButton(symbolOf(tool), name);
+    button->setParent(this);
     button->setToolTip(QString("%1 (%2)").arg(name, QChar(ToolKeys::letterOf(tool))));
     button->setCheckable(true);
     button->setAutoExclusive(true);
     connect(button, &SymbolButton::clicked, this, [this, tool] { Q_EMIT toolChosen(tool); });
     m_buttons.push_back(button);
-    return button;
+}
+
+// A group begins a row of its own.
+QRect ToolPalette::place(EditorTool tool, int columns) const
+{
+    const QSize button = m_buttons.front()->sizeHint();
+    const QSize step = button + QSize(Spacing::tight, Spacing::tight);
+    QPoint corner(Spacing::small, Spacing::small);
+    int column = 0;
+    for (int before = 0; before < int(tool); ++before) {
+        const bool isGroupNext = std::ranges::find(groups, EditorTool(before + 1)) != groups.end();
+        const bool isRowFull = ++column == columns || isGroupNext;
+        corner.ry() += isRowFull ? step.height() : 0;
+        corner.ry() += isGroupNext ? groupGap : 0;
+        column = isRowFull ? 0 : column;
+    }
+    return {corner + QPoint(column * step.width(), 0), button};
+}
+
+QSize ToolPalette::sizeOf(int columns) const
+{
+    const int across = m_buttons.front()->sizeHint().width() + Spacing::tight;
+    return {2 * Spacing::small - Spacing::tight + columns * across,
+            place(EditorTool::measure, columns).bottom() + 1 + Spacing::small};
+}
+
+void ToolPalette::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    const int columns = height() < sizeOf(1).height() ? 2 : 1;
+    if (columns != std::exchange(m_columns, columns))
+        updateGeometry();
+    for (const auto& [tool, name] : RawStrings<EditorTool>::table)
+        m_buttons[size_t(tool)]->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place(tool, columns)));
 }
 
 void ToolPalette::setTool(EditorTool tool)
@@ -89,7 +117,8 @@ void ToolPalette::paintEvent(QPaintEvent*)
     const Theme& theme = Theme::current();
     QPainter painter(this);
     painter.fillRect(rect(), theme.card);
-    painter.fillRect(QRect(width() - 1, 0, 1, height()), theme.separator);
+    const QRect edge(width() - 1, 0, 1, height());
+    painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), edge), theme.separator);
     for (const EditorTool tool : groups) {
         const int y = m_buttons[size_t(tool)]->y() - groupGap / 2 - 1;
         painter.fillRect(QRect(Spacing::medium, y, width() - 2 * Spacing::medium, 1), theme.separator);
