@@ -174,21 +174,21 @@ void CardActions::rotate(QUuid id, QuarterTurn turn)
     Scope::start(rotateNow(id, turn), "Turning a card");
 }
 
-// What is being recorded is turned once the history has it.
+// The history knows what is being recorded, too, and does not let the program end before it has turned it.
 QCoro::Task<> CardActions::rotateNow(QUuid id, QuarterTurn turn)
 {
     const PiledCard* before = m_shelf.find(id);
-    if (const std::shared_ptr<CaptureRecording> recording = before ? before->recording : nullptr)
-        co_await m_scope.reply<RecordOutcome>([&](auto done) { recording->whenDone(done); });
+    const bool isRecorded = before && (before->isKept || before->recording) && m_services.ports.history;
+    bool isTurned = false;
+    if (isRecorded)
+        isTurned = co_await m_scope.reply<bool>([&](auto done) { m_services.ports.history->rotate(id, turn, done); });
     const PiledCard* card = m_shelf.find(id);
-    if (!card || !card->isKept || !m_services.ports.history) {
-        co_await rotateHere(id, turn);
+    if (isTurned || !card)
         co_return;
-    }
-    const bool isTurned =
-        co_await m_scope.reply<bool>([&](auto done) { m_services.ports.history->rotate(id, turn, done); });
-    if (!isTurned)
+    if (card->isKept)
         tellMissing(id);
+    else
+        co_await rotateHere(id, turn);
 }
 
 QCoro::Task<> CardActions::rotateHere(QUuid id, QuarterTurn turn)

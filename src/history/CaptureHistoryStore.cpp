@@ -204,8 +204,11 @@ void CaptureHistoryStore::rotate(QUuid id, QuarterTurn turn, Reply<bool> done)
     Scope::start(rotateInBackground(id, turn, std::move(done)), "turning a capture");
 }
 
+// What is being recorded is turned once that has landed.
 QCoro::Task<> CaptureHistoryStore::rotateInBackground(QUuid id, QuarterTurn turn, Reply<bool> done)
 {
+    const auto underWay = m_editor.expect(id);
+    co_await m_scope.reply<Nothing>([&](auto landed) { settle(id, [landed] { landed({}); }); });
     HistoryTurn::Capture capture{.entry = {}, .base = {}};
     capture.measureUnit = m_services.preferences.get(Settings::measureUnit);
     capture.base = co_await m_scope.reply<QImage>([&](auto reply) { baseImage(id, reply); });

@@ -24,7 +24,10 @@ public:
     // An edit waits until what is being written of its capture has landed.
     void update(HistoryEdit edit, Reply<Done> done);
 
-    // Once no edit waits or is being stored.
+    // An edit is about to come, for as long as the answer lives.
+    [[nodiscard]] auto expect(QUuid id) { return m_edits.begin(id); }
+
+    // Once no edit is expected, waits or is being stored.
     void whenAllStored(std::function<void()> callback) { m_edits.whenAllSettled(std::move(callback)); }
 
     // Without the main thread, behind the recordings: the files are given to the lane, and the entries changed.

@@ -169,6 +169,7 @@ void HistoryWindow::connectLists()
     connect(m_sidebar, &HistorySidebar::turningOffWanted, this, &HistoryWindow::askBeforeTurningOff);
     connect(m_sidebar, &HistorySidebar::settingsWanted, this, [this] { m_services.openSettings(); });
     connect(m_sidebar, &HistorySidebar::listDeleted, this, [&store](QUuid list) { store.deleteList(list); });
+    connect(m_sidebar, &HistorySidebar::listDeletionWanted, this, &HistoryWindow::askBeforeDeletingList);
     connect(&lists, &ListsModel::listRenamed, this,
             [&store](QUuid list, const QString& name) { store.renameList(list, name); });
     connect(&lists, &ListsModel::listMoved, this,
@@ -329,6 +330,16 @@ void HistoryWindow::askBeforeClearing()
         *this,
         {tr("Delete all captures that are in no list?"), HistoryQuestions::clearUnfiledExplanation(), tr("Delete")},
         [this] { m_services.store.clearUnfiled(); });
+}
+
+void HistoryWindow::askBeforeDeletingList(QUuid list)
+{
+    CaptureHistoryStore& store = m_services.store;
+    if (const HistoryList* found = store.list(list))
+        Questions::ask(*this,
+                       {tr("Delete the list \u201c%1\u201d?").arg(found->name),
+                        tr("Its captures are in the timeline again, which keeps the newest only."), tr("Delete")},
+                       [&store, list] { store.deleteList(list); });
 }
 
 // The store follows the setting.

@@ -50,6 +50,7 @@ private:
     void escape();
     void createList();
     void askBeforeClearing();
+    void askBeforeDeletingList(QUuid list);
     void askBeforeTurningOff();
     void tellRemoved(int count);
     EmptyState::Content emptyState();

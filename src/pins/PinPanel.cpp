@@ -160,8 +160,7 @@ bool PinPanel::showsChrome() const
     return m_isPointerInside && !m_isChromeHidden;
 }
 
-// The buttons come back with the next move of the pointer. Were they painted at once and hidden for the next capture at
-// once, a compositor that is late could show them in it, though it shows all that was drawn after.
+// The buttons come back with the next move of the pointer: hidden again at once, they would only flicker.
 bool PinPanel::setChromeHidden(bool isHidden)
 {
     const bool wasShown = showsChrome();
@@ -180,15 +179,23 @@ Button PinPanel::buttonAt(QPointF point) const
     return std::ranges::find(m_buttons, button) != m_buttons.end() ? button : Button::none;
 }
 
+// Only where they are. A compositor may hear of two changes of the same place only once, and show the first; when the
+// buttons go, all of the pin is painted, of which it hears.
+void PinPanel::updateButtons()
+{
+    for (const Button button : m_buttons)
+        update(PinGeometry::buttonSquare(card().size(), button).translated(card().topLeft()).toAlignedRect());
+}
+
 void PinPanel::hover(QPointF point)
 {
     if (!std::exchange(m_isPointerInside, true))
-        update();
+        updateButtons();
     const Button button = buttonAt(point);
     const Zone zone = PinGeometry::zoneAt(card().size(), point - card().topLeft());
     setCursor(button == Button::none ? cursorOf(zone) : Qt::ArrowCursor);
     if (std::exchange(m_hovered, button) != button)
-        update();
+        updateButtons();
 }
 
 bool PinPanel::event(QEvent* event)
@@ -196,7 +203,7 @@ bool PinPanel::event(QEvent* event)
     if (event->type() == QEvent::Enter || event->type() == QEvent::Leave) {
         m_isPointerInside = event->type() == QEvent::Enter;
         m_hovered = Button::none;
-        update();
+        updateButtons();
     }
     return FloatingPanel::event(event);
 }

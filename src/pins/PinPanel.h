@@ -62,6 +62,7 @@ private:
     };
 
     PinGeometry::Button buttonAt(QPointF point) const;
+    void updateButtons();
     void hover(QPointF point);
     void dragTo(QPointF pointer);
     void stand(PinPlacement::Standing standing);

@@ -31,8 +31,8 @@ public:
     virtual void readText(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,
                           Reply<OCROutcome> reply) = 0;
 
-    // When what text is read with, its models and the program behind them, came onto this computer last; invalid where
-    // that is not known. Loads what reads.
+    // When what text is read with, its models and the program behind them, came onto this computer last, or its
+    // languages were chosen; invalid where that is not known. Loads what reads.
     virtual void modelsChanged(Reply<QDateTime> reply) { reply({}); }
 
     // The codes alone, for nobody who waits; nothing where they can't be looked for.

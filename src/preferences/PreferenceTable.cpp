@@ -156,6 +156,10 @@ const auto Settings::backdropGradientsHidden =
 const auto Settings::savedSwatches = unregistered<QStringList>("savedSwatches", "favourite colours");
 const auto Settings::textLanguages =
     unregistered<QStringList>("textLanguages", "languages of recognised text, like en, de; none: those of the desktop");
+const auto Settings::notedTextLanguages =
+    unregistered<QStringList>("notedTextLanguages", "textLanguages as they were when text was read last");
+const auto Settings::textLanguagesChosen =
+    unregistered<QString>("textLanguagesChosen", "when it was noted that textLanguages are others");
 const auto Settings::toolTipDelay = unregistered<int>("NSInitialToolTipDelay", "milliseconds before a tool tip shows");
 const auto Settings::selectionHintShownCount =
     unregistered<int>("selectionHintShownCount", "how often the selection's hint was shown");

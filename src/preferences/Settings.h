@@ -83,6 +83,8 @@ extern const SettingKey<QStringList> backdropColorsHidden;
 extern const SettingKey<QStringList> backdropGradientsHidden;
 extern const SettingKey<QStringList> savedSwatches;
 extern const SettingKey<QStringList> textLanguages;
+extern const SettingKey<QStringList> notedTextLanguages;
+extern const SettingKey<QString> textLanguagesChosen;
 extern const SettingKey<int> toolTipDelay;
 extern const SettingKey<int> selectionHintShownCount;
 extern const SettingKey<QStringList> disabledNativeHotkeys;

@@ -2,6 +2,8 @@
 
 #include <QLoggingCategory>
 
+#include <algorithm>
+
 namespace Kovrel {
 
 namespace {
@@ -11,8 +13,8 @@ Q_LOGGING_CATEGORY(log, "com.kovrel.ocr")
 } // namespace
 
 RecognitionTextReader::RecognitionTextReader(MainLoop& loop, Workers& workers, VisionOCREngine& engine,
-                                             QRCodeDetector& codes)
-    : m_engine(engine), m_codes(codes), m_scope(loop, workers)
+                                             QRCodeDetector& codes, LanguagesChosen languagesChosen)
+    : m_engine(engine), m_codes(codes), m_languagesChosen(std::move(languagesChosen)), m_scope(loop, workers)
 {
 }
 
@@ -31,6 +33,14 @@ void RecognitionTextReader::readText(QImage image, QualityOfService qos, bool co
                                      Reply<OCROutcome> reply)
 {
     Scope::start(recognize(std::move(image), qos, corrected, std::move(stop), std::move(reply)), "reading text");
+}
+
+// Without models nothing can be read any better.
+void RecognitionTextReader::modelsChanged(Reply<QDateTime> reply)
+{
+    m_engine.modelsChanged([chosen = m_languagesChosen(), reply = std::move(reply)](const QDateTime& installed) {
+        reply(installed.isValid() && chosen.isValid() ? std::max(installed, chosen) : installed);
+    });
 }
 
 QCoro::Task<> RecognitionTextReader::recognize(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,

@@ -9,15 +9,17 @@ namespace Kovrel {
 // The text of the engine and the codes of the detector. What fails is logged and told; the other one counts.
 class RecognitionTextReader : public TextReader {
 public:
-    RecognitionTextReader(MainLoop& loop, Workers& workers, VisionOCREngine& engine, QRCodeDetector& codes);
+    // When the languages of the engine were chosen; invalid where nobody has.
+    using LanguagesChosen = std::function<QDateTime()>;
+
+    RecognitionTextReader(MainLoop& loop, Workers& workers, VisionOCREngine& engine, QRCodeDetector& codes,
+                          LanguagesChosen languagesChosen);
 
     void expectReading() override;
     void read(QImage image, double pixelScale, std::stop_token stop, Reply<Reading> reply) override;
     void readText(QImage image, QualityOfService qos, bool corrected, std::stop_token stop,
                   Reply<OCROutcome> reply) override;
-
-    void modelsChanged(Reply<QDateTime> reply) override { m_engine.modelsChanged(std::move(reply)); }
-
+    void modelsChanged(Reply<QDateTime> reply) override;
     void readCodes(QImage image, Reply<std::optional<std::vector<QRCode>>> reply) override;
 
 private:
@@ -29,6 +31,7 @@ private:
 
     VisionOCREngine& m_engine;
     QRCodeDetector& m_codes;
+    LanguagesChosen m_languagesChosen;
     Scope m_scope;
 };
 

@@ -52,19 +52,28 @@ FloatingPanel::FloatingPanel(PanelShapes& shapes, bool isComposited, Desktops de
     setAttribute(Qt::WA_ShowWithoutActivating);
 }
 
+// It keeps its size wherever it goes: a window of another size is painted anew.
 void FloatingPanel::place(const Display& display, const QRect& card)
 {
     const int room = int(std::lround(m_shadowRoom * display.scale));
-    const QRect withShadow = card.adjusted(-room, -room, room, room) & display.pixelRect;
-    const QRect panel = card | withShadow;
+    const QRect panel = card.adjusted(-room, -room, room, room);
     const QRectF before = m_card;
     const bool isOfSameScale = std::exchange(m_scale, display.scale) == display.scale;
     m_card = QRectF(QPointF(card.topLeft() - panel.topLeft()) / display.scale, QSizeF(card.size()) / display.scale);
     moveTo(display, panel);
+    const QRect shadow = (panel & display.pixelRect).translated(-panel.topLeft());
+    setShadowEnd(QRectF(QPointF(shadow.topLeft()) / display.scale, QSizeF(shadow.size()) / display.scale));
     if (m_card == before && isOfSameScale)
         return; // it is only elsewhere
     update();
     shapeInput();
+}
+
+void FloatingPanel::setShadowEnd(const QRectF& end)
+{
+    const QRectF before = std::exchange(m_shadowEnd, end);
+    if (before != end)
+        update(QRegion(before.toAlignedRect()) ^ QRegion(end.toAlignedRect()));
 }
 
 // The toolkit's own coordinates can't tell where a window stands next to a display of another scale, so that it is only
@@ -194,10 +203,18 @@ void FloatingPanel::paintGround(QPainter& painter) const
     const bool isComposited = m_shadowRoom > 0;
     const double radius = isComposited ? cornerRadius() : 0;
     if (isComposited)
-        FloatingShadow::paint(painter, m_card, radius);
+        paintShadow(painter, radius);
     else
         painter.fillRect(rect(), theme.card);
     Ground{.color = theme.card, .edge = theme.cardEdge, .radius = radius}.paint(painter, m_card);
+}
+
+void FloatingPanel::paintShadow(QPainter& painter, double radius) const
+{
+    painter.save();
+    painter.setClipRect(m_shadowEnd);
+    FloatingShadow::paint(painter, m_card, radius);
+    painter.restore();
 }
 
 } // namespace Kovrel

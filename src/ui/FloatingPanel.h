@@ -70,13 +70,16 @@ protected:
 
 private:
     void moveTo(const Display& display, const QRect& pixels);
+    void setShadowEnd(const QRectF& end);
     void paintGround(QPainter& painter) const;
+    void paintShadow(QPainter& painter, double radius) const;
     QPropertyAnimation* makeFade(double opacity, std::chrono::milliseconds duration);
     void setSettled(bool hasSettled);
 
     PanelShapes& m_shapes;
     double m_shadowRoom; // around the card
     QRectF m_card;
+    QRectF m_shadowEnd; // beyond it the shadow would be on another display
     double m_scale = 1; // of the display; the toolkit learns of it some time after the panel went there
     bool m_isEmpty = false;
     bool m_hasSettled = false;

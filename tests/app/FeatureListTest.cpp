@@ -130,6 +130,8 @@ const std::pair<const char*, const char*> withoutRow[] = {
     {"editorWindowSize", "the window's own"},
     {"historyWindowSize", "the window's own"},
     {"NSInitialToolTipDelay", "for those who know that they need it"},
+    {"notedTextLanguages", "a note of what text was read in"},
+    {"textLanguagesChosen", "a note of what text was read in"},
     {"kovrelDisabledNativeHotKeys", "a note of what is borrowed"},
 };
 

@@ -181,7 +181,7 @@ TEST_F(ThrowingJobsTest, ATextCaptureHearsOfAReaderThatThrows)
         const char* failure;
     };
 
-    RecognitionTextReader reader(loop, workers, engine, codes);
+    RecognitionTextReader reader(loop, workers, engine, codes, [] { return QDateTime(); });
     for (const Case& c : {Case{true, false, "the recogniser is broken"}, Case{false, true, "the reader is broken"},
                           Case{true, true, "the recogniser is broken"}, Case{false, false, ""}}) {
         page.whileReading = [&c] {

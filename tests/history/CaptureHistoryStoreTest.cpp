@@ -270,6 +270,24 @@ TEST_F(CaptureHistoryStoreTest, QuittingWaitsForAnEditThatWaits)
     EXPECT_TRUE(isSettled);
 }
 
+TEST_F(CaptureHistoryStoreTest, QuittingWaitsForATurnThatWaitsForItsRecording)
+{
+    bool isSettled = false;
+    record(1); // 40 x 30 pixels
+    std::optional<bool> isTurned;
+    store().rotate(id(1), QuarterTurn::right, [&](bool done) { isTurned = done; });
+    loop.runPosted();
+    store().whenSettled([&] {
+        isSettled = true;
+        const auto written = HistoryJson::entries(read("index.json"));
+        ASSERT_TRUE(written && written->records.size() == 1);
+        EXPECT_EQ(written->records[0].pixelWidth, 30);
+    });
+    settle();
+    EXPECT_EQ(isTurned, true);
+    EXPECT_TRUE(isSettled);
+}
+
 TEST_F(CaptureHistoryStoreTest, QuittingWaitsForEverything)
 {
     bool isSettled = false;

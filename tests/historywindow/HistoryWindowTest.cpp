@@ -176,6 +176,30 @@ TEST_F(HistoryWindowTest, DeletingCanBeUndoneAndKeepsWhatIsFiled)
     EXPECT_FALSE(window->findChild<UndoBar*>()->isVisible());
 }
 
+TEST_F(HistoryWindowTest, DeleteMeansTheListWhileTheListsHaveTheFocus)
+{
+    select({4});
+    const auto pressDelete = [this] {
+        auto* lists = sidebar().findChild<QListView*>();
+        QKeyEvent asked(QEvent::ShortcutOverride, Qt::Key_Delete, Qt::NoModifier);
+        asked.ignore();
+        QApplication::sendEvent(lists, &asked);
+        EXPECT_TRUE(asked.isAccepted()) << "else the window's shortcut would delete the selected captures";
+        QKeyEvent pressed(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+        QApplication::sendEvent(lists, &pressed);
+        return window->findChild<QMessageBox*>();
+    };
+    EXPECT_FALSE(pressDelete()) << "the timeline can't be deleted";
+    sidebar().select(list);
+    QMessageBox* box = pressDelete();
+    ASSERT_TRUE(box);
+    for (QAbstractButton* button : box->buttons())
+        if (box->buttonRole(button) == QMessageBox::DestructiveRole)
+            button->click();
+    EXPECT_EQ(store().list(list), nullptr);
+    EXPECT_THAT(shown(), ElementsAre(5, 4, 3, 2, 1));
+}
+
 TEST_F(HistoryWindowTest, CapturesAreDraggedIntoListsAndOutAsFiles)
 {
     select({5, 1});

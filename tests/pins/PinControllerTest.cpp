@@ -232,6 +232,35 @@ TEST_F(PinControllerTest, ItsButtonsAndNothingElseStepAsideForACapture)
     EXPECT_TRUE(pins->setHiddenForCapture(true));
 }
 
+// A compositor that hears only of changes that reach beyond those it has not shown yet would go on showing the buttons.
+TEST_F(PinControllerTest, MoreIsPaintedWhenTheButtonsGoThanWhenTheyCame)
+{
+    struct PaintWatch : QObject {
+        QRect painted;
+
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::Paint)
+                painted |= static_cast<QPaintEvent*>(event)->rect();
+            return false;
+        }
+    };
+
+    pin();
+    QWidget* panel = panels().first();
+    QApplication::processEvents();
+    PaintWatch watch;
+    panel->installEventFilter(&watch);
+    QEnterEvent enter({50, 50}, {}, {});
+    QCoreApplication::sendEvent(panel, &enter);
+    QApplication::processEvents();
+    const QRect came = std::exchange(watch.painted, {});
+    EXPECT_FALSE(came.isEmpty());
+    pins->setHiddenForCapture(true);
+    EXPECT_EQ(watch.painted, panel->rect());
+    EXPECT_LT(came.height(), panel->height() / 2);
+}
+
 TEST_F(PinControllerTest, TheEndOfTheProgramClosesPinsFirst)
 {
     pin();

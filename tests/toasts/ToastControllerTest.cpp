@@ -8,8 +8,11 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QWindow>
 
 #include <gtest/gtest.h>
+
+#include <qpa/qplatformwindow.h>
 
 namespace Kovrel {
 
@@ -77,7 +80,7 @@ struct ToastControllerTest : testing::Test {
     void click(QPoint pixel, Qt::MouseButton button = Qt::LeftButton, int times = 1)
     {
         const QRegion input = desktop.panelShapes().inputs[panel()->winId()];
-        const QPointF point = pixel - QPoint(800 - panel()->width(), 0);
+        const QPointF point = pixel - panel()->windowHandle()->handle()->geometry().topLeft();
         if (!input.contains(point.toPoint()))
             return;
         for (int time = 0; time < times; ++time)

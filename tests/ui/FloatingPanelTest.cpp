@@ -4,6 +4,7 @@
 #include "ui/tokens/Motion.h"
 
 #include <QApplication>
+#include <QPaintEvent>
 #include <QPointer>
 #include <QScreen>
 #include <QWindow>
@@ -68,19 +69,49 @@ TEST(FloatingPanelTest, TheShadowEndsWithTheDisplayAndTheCardDoesNot)
     };
 
     const Case cases[] = {
-        {1, {200, 200, 200, 50}, {170, 170, 260, 110}},    {1, {590, 10, 200, 50}, {560, 0, 240, 90}},
-        {1, {700, -20, 200, 50}, {670, -20, 230, 80}},     {2, {200, 200, 200, 50}, {140, 140, 320, 170}},
+        {1, {200, 200, 200, 50}, {170, 170, 260, 110}},    {1, {590, 10, 200, 50}, {560, -20, 260, 110}},
+        {1, {700, -20, 200, 50}, {670, -50, 260, 110}},    {2, {200, 200, 200, 50}, {140, 140, 320, 170}},
         {1.25, {200, 200, 200, 50}, {162, 162, 276, 126}},
     };
     for (const Case& c : cases) {
         Panel panel(true);
         panel.place(screenOfScale(c.scale), c.card);
         EXPECT_EQ(panel.windowHandle()->handle()->geometry(), c.panel) << c.scale;
-        picture(panel);
+        const QImage image = picture(panel);
         EXPECT_EQ(panel.painted.topLeft() * c.scale, QPointF(c.card.topLeft() - c.panel.topLeft()));
         EXPECT_EQ(panel.painted.size() * c.scale, QSizeF(c.card.size()));
         EXPECT_EQ(shapes.inputs[panel.winId()].boundingRect(), c.card.translated(-c.panel.topLeft()));
+        const QPointF besideCard = panel.painted.center() + QPointF(panel.painted.width() / 2 + 3, 0);
+        const bool isOnDisplay = c.panel.left() + besideCard.x() * c.scale < 800;
+        EXPECT_EQ(image.pixelColor(besideCard.toPoint()).alpha() > 0, isOnDisplay);
     }
+}
+
+// Of a card that moves along the edge of a display little is painted anew.
+TEST(FloatingPanelTest, APanelKeepsItsSizeAndItsPixelsWhereItsShadowEndsElsewhere)
+{
+    struct MovingPanel : Panel {
+        using Panel::Panel;
+
+        void paintEvent(QPaintEvent* event) override
+        {
+            repainted |= event->region();
+            Panel::paintEvent(event);
+        }
+
+        QRegion repainted;
+    };
+
+    MovingPanel panel(true);
+    panel.place(screenOfScale(1), {590, 300, 200, 50});
+    panel.show();
+    QApplication::processEvents();
+    const QSize size = panel.size();
+    panel.repainted = {};
+    panel.place(screenOfScale(1), {580, 280, 200, 50});
+    QApplication::processEvents();
+    EXPECT_EQ(panel.size(), size);
+    EXPECT_EQ(panel.repainted.boundingRect(), QRect(240, 0, 10, size.height()));
 }
 
 TEST(FloatingPanelTest, NeverTakesTheFocusAndIsOnEveryDesktopWhereAsked)

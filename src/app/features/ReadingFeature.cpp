@@ -3,6 +3,7 @@
 #include "app/commands/CodesCommand.h"
 #include "app/foundation/CommandJob.h"
 #include "platform/plugins/PluginTextRecogniser.h"
+#include "reading/LanguageChoice.h"
 #include "recognition/text/PatientRecogniser.h"
 #include "settings/pages/TextPage.h"
 
@@ -24,7 +25,8 @@ ReadingFeature::ReadingFeature(Foundation& foundation, Ports& ports)
       m_recognition(foundation.loop, foundation.workers, makeRecogniser(),
                     [&preferences = foundation.preferences] { return preferences.get(Settings::textLanguages); }),
       m_codes(foundation.loop, foundation.workers, m_codeReader),
-      m_textReader(foundation.loop, foundation.workers, m_recognition, m_codes),
+      m_textReader(foundation.loop, foundation.workers, m_recognition, m_codes,
+                   [&foundation] { return LanguageChoice::changed(foundation.preferences, foundation.loop.date()); }),
       m_textCommand(foundation.loop, foundation.workers, m_recognition, m_codes, foundation.progress)
 {
     ports.textReader.offer(m_textReader);

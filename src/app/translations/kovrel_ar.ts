@@ -2371,6 +2371,14 @@
         <translation>الملف</translation>
     </message>
     <message>
+        <source>Delete the list “%1”?</source>
+        <translation>هل تريد حذف القائمة «%1»؟</translation>
+    </message>
+    <message>
+        <source>Its captures are in the timeline again, which keeps the newest only.</source>
+        <translation>تعود لقطاتها إلى المخطط الزمني الذي لا يحتفظ إلا بالأحدث.</translation>
+    </message>
+    <message>
         <source>Delete all captures that are in no list?</source>
         <translation>هل تريد حذف كل اللقطات التي ليست في قائمة؟</translation>
     </message>

@@ -2367,6 +2367,14 @@
         <translation>Datei</translation>
     </message>
     <message>
+        <source>Delete the list “%1”?</source>
+        <translation>Die Liste „%1“ löschen?</translation>
+    </message>
+    <message>
+        <source>Its captures are in the timeline again, which keeps the newest only.</source>
+        <translation>Ihre Aufnahmen sind wieder in der Zeitleiste, die nur die neuesten behält.</translation>
+    </message>
+    <message>
         <source>Delete all captures that are in no list?</source>
         <translation>Alle Aufnahmen löschen, die in keiner Liste sind?</translation>
     </message>

@@ -6,6 +6,7 @@
 #include "ui/tokens/Metrics.h"
 
 #include <QBoxLayout>
+#include <QKeyEvent>
 #include <QListView>
 #include <QMenu>
 #include <QPainter>
@@ -42,6 +43,7 @@ HistorySidebar::HistorySidebar()
     m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     m_view->setAccessibleName(tr("Lists"));
+    m_view->installEventFilter(this);
     connect(m_view, &QListView::customContextMenuRequested, this, &HistorySidebar::showMenu);
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &HistorySidebar::listSelected);
 
@@ -81,6 +83,24 @@ void HistorySidebar::rename(QUuid list)
 {
     m_view->setFocus();
     m_view->edit(m_model.index(m_model.row(list)));
+}
+
+// Where the window has a shortcut for the same key, it asks first whether somebody else takes it.
+bool HistorySidebar::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+    return (isKey && takeKey(static_cast<QKeyEvent&>(*event))) || QWidget::eventFilter(watched, event);
+}
+
+// What is selected beside the lists is not meant while they have the focus.
+bool HistorySidebar::takeKey(QKeyEvent& event)
+{
+    if (!event.matches(QKeySequence::Delete))
+        return false;
+    event.accept();
+    if (const auto list = selected(); list && event.type() == QEvent::KeyPress)
+        Q_EMIT listDeletionWanted(*list);
+    return true;
 }
 
 void HistorySidebar::showMenu(const QPoint& position)

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class QKeyEvent;
 class QListView;
 class QMenu;
 
@@ -29,12 +30,18 @@ Q_SIGNALS:
     void newListWanted();
     void colorChosen(QUuid list, const QString& hex);
     void listDeleted(QUuid list);
+    // By the keyboard, which is quickly done where a capture was meant.
+    void listDeletionWanted(QUuid list);
     // All that is in no list.
     void clearingWanted();
     void turningOffWanted();
     void settingsWanted();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    bool takeKey(QKeyEvent& event);
     void showMenu(const QPoint& position);
     void fillTimelineMenu(QMenu& menu);
     void fillListMenu(QMenu& menu, QUuid list);

@@ -21,8 +21,9 @@ const QString formatName = "com.kovrel.settings";
 
 bool staysHere(const QString& key)
 {
-    const QString names[] = {Settings::lastRunBuild.name, Settings::hasCompletedOnboarding.name,
-                             Settings::disabledNativeHotkeys.name, Settings::takenDesktopShortcuts.name};
+    const QString names[] = {Settings::lastRunBuild.name,          Settings::hasCompletedOnboarding.name,
+                             Settings::disabledNativeHotkeys.name, Settings::takenDesktopShortcuts.name,
+                             Settings::notedTextLanguages.name,    Settings::textLanguagesChosen.name};
     return std::ranges::find(names, key) != std::end(names);
 }
 
