@@ -171,7 +171,7 @@ TEST_F(SettingsWindowTest, AColourIsPickedFromTheScreen)
     ASSERT_NE(found, offered.end());
     (*found)->trigger();
     ASSERT_TRUE(completion);
-    completion(std::nullopt);
+    completion(std::unexpected(QString()));
     EXPECT_NE(preferences.get(Settings::annotationColorHex), "#102030");
     completion("#102030");
     EXPECT_EQ(preferences.get(Settings::annotationColorHex), "#102030");

@@ -3327,6 +3327,14 @@
         <source>Size copied</source>
         <translation>نُسخ المقاس</translation>
     </message>
+    <message>
+        <source>No colour can be picked</source>
+        <translation>تعذّر التقاط لون</translation>
+    </message>
+    <message>
+        <source>The screen can&apos;t be measured</source>
+        <translation>تعذّر قياس الشاشة</translation>
+    </message>
 </context>
 <context>
     <name>PicturePrinter</name>

@@ -3315,6 +3315,14 @@
         <source>Size copied</source>
         <translation>Größe kopiert</translation>
     </message>
+    <message>
+        <source>No colour can be picked</source>
+        <translation>Es kann keine Farbe aufgenommen werden</translation>
+    </message>
+    <message>
+        <source>The screen can&apos;t be measured</source>
+        <translation>Der Bildschirm kann nicht gemessen werden</translation>
+    </message>
 </context>
 <context>
     <name>PicturePrinter</name>
