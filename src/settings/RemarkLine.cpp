@@ -38,7 +38,9 @@ void RemarkLine::takeLook()
     QPalette colors = theme.palette();
     colors.setColor(QPalette::WindowText, m_isWarning ? theme.warning : theme.secondaryText);
     setPalette(colors);
-    setContentsMargins(m_isWarning ? symbolSide() + Spacing::small : 0, 0, 0, 0);
+    const int indent = m_isWarning ? symbolSide() + Spacing::small : 0;
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    setContentsMargins(isMirrored ? 0 : indent, 0, isMirrored ? indent : 0, 0);
 }
 
 void RemarkLine::paintEvent(QPaintEvent* event)

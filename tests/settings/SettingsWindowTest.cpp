@@ -1,6 +1,7 @@
 #include "settings/SettingsWindow.h"
 
 #include "model/VirtualKeys.h"
+#include "settings/RemarkLine.h"
 #include "settings/SettingRowView.h"
 #include "settings/controls/HotkeyButton.h"
 #include "settings/pages/CapturePage.h"
@@ -13,6 +14,7 @@
 #include "settings/pages/TextPage.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/desktop/FakeFilePanel.h"
 #include "tests/support/desktop/FakeKeyGrabs.h"
@@ -131,6 +133,24 @@ QString accessibleName(QWidget* widget)
 }
 
 } // namespace
+
+TEST_F(SettingsWindowTest, WhatCouldNotBeStoredIsToldAtTheFootUntilItIs)
+{
+    const auto foot = [this] { return window->findChildren<RemarkLine*>().last(); };
+    window->present(SettingsTab::capture);
+    {
+        const Testing::FileSizeLimit full(0);
+        control<ToggleSwitch>("Freeze the screen while selecting")->click();
+        EXPECT_TRUE(foot()->isVisible());
+        EXPECT_TRUE(foot()->text().contains(folder / "kovrel.conf")) << qPrintable(foot()->text());
+        window.emplace(preferences, pages());
+        window->present(SettingsTab::saving);
+        EXPECT_TRUE(foot()->isVisible()) << "a window that comes later tells it, too";
+    }
+    defaults.set("selfTimerSeconds", 3);
+    EXPECT_FALSE(foot()->isVisible());
+    EXPECT_TRUE(UserDefaults(folder / "kovrel.conf").boolean("freezeScreenDuringSelection"));
+}
 
 TEST_F(SettingsWindowTest, AChangeHoldsAtOnceAndOneFromElsewhereIsSeen)
 {

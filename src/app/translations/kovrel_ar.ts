@@ -2956,6 +2956,10 @@
         <source>No setting is called “%1”.</source>
         <translation>لا يوجد إعداد باسم «%1».</translation>
     </message>
+    <message>
+        <source>Changes hold only until Kovrel quits: %1</source>
+        <translation>تسري التغييرات حتى إنهاء Kovrel فقط: %1</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::ShortcutsPage</name>

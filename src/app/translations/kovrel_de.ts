@@ -2944,6 +2944,10 @@
         <source>No setting is called “%1”.</source>
         <translation>Keine Einstellung heißt „%1“.</translation>
     </message>
+    <message>
+        <source>Changes hold only until Kovrel quits: %1</source>
+        <translation>Änderungen gelten nur, bis Kovrel beendet wird: %1</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::ShortcutsPage</name>
