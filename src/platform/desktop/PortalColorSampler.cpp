@@ -20,6 +20,8 @@ constexpr const char* folder = "/org/freedesktop/portal/desktop";
 constexpr const char* requestInterface = "org.freedesktop.portal.Request";
 constexpr int acceptanceMilliseconds = 5000; // the user is asked only afterwards
 constexpr std::chrono::minutes longestChoice{2};
+constexpr uint picked = 0; // what the portal answers; any other number is a failure
+constexpr uint cancelled = 1;
 constexpr const char* noColor = "what the desktop's colour picker gave is no colour";
 
 // Where the portal is going to answer: known before it is asked, so that no answer is missed.
@@ -109,7 +111,10 @@ void PortalColorSampler::listenTo(const QString& request)
 
 void PortalColorSampler::responded(uint response, const QVariantMap& results)
 {
-    finish(response == 0 ? colorIn(results) : std::unexpected(QString()));
+    if (response == picked)
+        finish(colorIn(results));
+    else
+        finish(std::unexpected(QString(response == cancelled ? "" : "the desktop's colour picker has failed")));
 }
 
 void PortalColorSampler::finish(const Outcome& outcome)

@@ -126,6 +126,7 @@ TEST_F(PortalColorSamplerTest, ThePortalsAnswerIsTheColourOrNone)
         {"a colour", Manner::answers, 0, orange, QColor(255, 128, 0)},
         {"an answer before the call returns", Manner::answersFirst, 0, orange, QColor(255, 128, 0)},
         {"cancelled by the user", Manner::answers, 1, orange, none("")},
+        {"a picker that does not run", Manner::answers, 2, orange, none("the desktop's colour picker has failed")},
         {"no colour", Manner::answers, 0, QVariant("red"), none("what the desktop's colour picker gave is no colour")},
         {"a colour that no screen has", Manner::answers, 0, QVariant::fromValue(PortalColor{2, 0, 0}),
          none("what the desktop's colour picker gave is no colour")},
