@@ -152,6 +152,22 @@ TEST_F(SettingsWindowTest, WhatCouldNotBeStoredIsToldAtTheFootUntilItIs)
     EXPECT_TRUE(UserDefaults(folder / "kovrel.conf").boolean("freezeScreenDuringSelection"));
 }
 
+TEST_F(SettingsWindowTest, WindowsThatAreReadFromTheRightHaveTheSameRoom)
+{
+    const auto placeOfSearch = [this] {
+        window.emplace(preferences, pages());
+        window->present(SettingsTab::saving);
+        auto* const field = window->findChild<LineField*>();
+        return QRect(field->mapTo(&*window, QPoint()), field->size());
+    };
+    const QRect usual = placeOfSearch();
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    const QRect mirrored = placeOfSearch();
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    EXPECT_EQ(window->width() - 1 - mirrored.right(), usual.left());
+    EXPECT_EQ(mirrored.size(), usual.size());
+}
+
 TEST_F(SettingsWindowTest, AChangeHoldsAtOnceAndOneFromElsewhereIsSeen)
 {
     window->present(SettingsTab::capture);

@@ -2742,7 +2742,7 @@
     </message>
     <message>
         <source>%Y year, %m month, %d day, %H hour, %M minute, %S second</source>
-        <translation>‎%Y السنة، ‎%m الشهر، ‎%d اليوم، ‎%H الساعة، ‎%M الدقيقة، ‎%S الثانية</translation>
+        <translation>⁦%Y⁩ السنة، ⁦%m⁩ الشهر، ⁦%d⁩ اليوم، ⁦%H⁩ الساعة، ⁦%M⁩ الدقيقة، ⁦%S⁩ الثانية</translation>
     </message>
     <message>
         <source>name pattern date time</source>
