@@ -127,6 +127,20 @@ struct SettingsWindowTest : testing::Test {
     }
 };
 
+// Counts what is shown as a window of its own while it lives, as a part is that is shown before it has a parent: it
+// flashes, and takes the keyboard from whoever types.
+struct ShownWindows : QObject {
+    ShownWindows() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        count += event->type() == QEvent::Show && watched->isWidgetType() && static_cast<QWidget*>(watched)->isWindow();
+        return false;
+    }
+
+    int count = 0;
+};
+
 QString accessibleName(QWidget* widget)
 {
     return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
@@ -150,6 +164,15 @@ TEST_F(SettingsWindowTest, WhatCouldNotBeStoredIsToldAtTheFootUntilItIs)
     defaults.set("selfTimerSeconds", 3);
     EXPECT_FALSE(foot()->isVisible());
     EXPECT_TRUE(UserDefaults(folder / "kovrel.conf").boolean("freezeScreenDuringSelection"));
+}
+
+TEST_F(SettingsWindowTest, NothingTakesTheKeyboardFromWhoeverTypesASearch)
+{
+    window->present(SettingsTab::general);
+    const ShownWindows shown;
+    for (const char* query : {"m", "me", "s", ""})
+        search(query);
+    EXPECT_EQ(shown.count, 0);
 }
 
 TEST_F(SettingsWindowTest, WindowsThatAreReadFromTheRightHaveTheSameRoom)
