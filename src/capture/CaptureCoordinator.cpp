@@ -226,8 +226,7 @@ void CaptureCoordinator::selectionEnded(const Run& run, std::optional<DisplayAre
         return;
     if (m_chromeHiddenBy == run->generation) {
         m_chromeHiddenBy.reset();
-        setChromeHidden(false);
-        m_services.ports.toasts.tell(&Toasts::setHiddenForCapture, false);
+        showChrome();
     }
     if (area)
         m_lastArea = area;
@@ -282,21 +281,25 @@ Subscription CaptureCoordinator::onCaptureFinished(std::function<void(const Capt
 
 bool CaptureCoordinator::hideChrome(const Run& run, bool withToasts)
 {
-    if (!m_services.preferences.get(Settings::hideChromeFromRecordings))
-        return false;
+    const Ports& ports = m_services.ports;
+    const bool hidesAll = m_services.preferences.get(Settings::hideChromeFromRecordings);
     m_chromeHiddenBy = run->generation;
-    bool changesScreen = setChromeHidden(true);
-    if (withToasts && m_services.ports.toasts)
-        changesScreen |= m_services.ports.toasts->setHiddenForCapture(true);
+    bool changesScreen = hidesAll && ports.cards && ports.cards->setHiddenForCapture(true);
+    for (CaptureChrome* chrome : ports.chrome)
+        if (hidesAll || chrome->alwaysMakesWay())
+            changesScreen |= chrome->setHiddenForCapture(true);
+    if (hidesAll && withToasts && ports.toasts)
+        changesScreen |= ports.toasts->setHiddenForCapture(true);
     return changesScreen;
 }
 
-bool CaptureCoordinator::setChromeHidden(bool isHidden)
+void CaptureCoordinator::showChrome()
 {
-    bool changesScreen = m_services.ports.cards && m_services.ports.cards->setHiddenForCapture(isHidden);
-    for (CaptureChrome* chrome : m_services.ports.chrome)
-        changesScreen |= chrome->setHiddenForCapture(isHidden);
-    return changesScreen;
+    const Ports& ports = m_services.ports;
+    ports.cards.tell(&CardPile::setHiddenForCapture, false);
+    for (CaptureChrome* chrome : ports.chrome)
+        chrome->setHiddenForCapture(false);
+    ports.toasts.tell(&Toasts::setHiddenForCapture, false);
 }
 
 QCoro::Task<> CaptureCoordinator::hideChromeAndRepaint(Run run)

@@ -75,7 +75,7 @@ private:
     QCoro::Task<> runTimed(Run run);
 
     bool hideChrome(const Run& run, bool withToasts);
-    bool setChromeHidden(bool isHidden);
+    void showChrome();
 
     CaptureServices m_services;
     CaptureFinisher m_finisher;

@@ -2,13 +2,17 @@
 
 #include <QString>
 
+#include <expected>
 #include <functional>
-#include <optional>
 
 namespace Kovrel {
 
-// Hears of a colour that was picked, as "#RRGGBB", once; nothing when none was.
-using ColorCompletion = std::function<void(std::optional<QString> hex)>;
+// A colour that was picked, as "#RRGGBB"; else why none can be, in the words that follow a colon, for people, and empty
+// when the user wanted none.
+using PickedColor = std::expected<QString, QString>;
+
+// Hears of it once.
+using ColorCompletion = std::function<void(const PickedColor& hex)>;
 
 // Lets the user point at a colour on the screen. Main thread.
 using ColorPick = std::function<void(ColorCompletion)>;

@@ -11,6 +11,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "com.kovrel.capture")
 
+const std::unexpected noneWanted = std::unexpected(QString());
+
 } // namespace
 
 ColorLoupeController::ColorLoupeController(Services services)
@@ -46,13 +48,13 @@ void ColorLoupeController::pickAt(Point point)
     if (!hex)
         return;
     m_notation = m_session->notation();
-    finish(hex);
+    finish(*hex);
 }
 
 void ColorLoupeController::cancelled(const QString& failure)
 {
     if (failure.isEmpty())
-        finish(std::nullopt);
+        finish(noneWanted);
     else
         fallBackToSystemSampler();
 }
@@ -63,14 +65,15 @@ void ColorLoupeController::fallBackToSystemSampler()
     if (!m_completion)
         return;
     qCInfo(log, "The desktop's own colour picker is asked");
-    m_services.sampler.pick(
-        [this](std::optional<QColor> color) { finish(color ? std::optional(HexColor::text(*color)) : std::nullopt); });
+    m_services.sampler.pick([this](const ColorSampler::Outcome& color) {
+        finish(color ? PickedColor(HexColor::text(*color)) : std::unexpected(color.error()));
+    });
 }
 
 bool ColorLoupeController::abandon()
 {
     const bool changesScreen = m_session != nullptr;
-    finish(std::nullopt);
+    finish(noneWanted);
     return changesScreen;
 }
 
@@ -82,7 +85,7 @@ void ColorLoupeController::tearDown()
 }
 
 // Whoever asked finds the screen as it was.
-void ColorLoupeController::finish(const std::optional<QString>& hex)
+void ColorLoupeController::finish(const PickedColor& hex)
 {
     const auto completion = std::exchange(m_completion, nullptr);
     tearDown();

@@ -48,7 +48,7 @@ public:
 private:
     void freeze();
     void cancelled(const QString& failure);
-    void finish(const std::optional<QString>& hex);
+    void finish(const PickedColor& hex);
 
     Services m_services;
     Completion m_completion; // none: idle

@@ -6,9 +6,12 @@ ScreenColorPicker::ScreenColorPicker(Environment environment) : m_environment(st
 
 void ScreenColorPicker::run()
 {
-    m_environment.pick([environment = m_environment](const std::optional<QString>& hex) {
-        if (!hex)
+    m_environment.pick([environment = m_environment](const PickedColor& hex) {
+        if (!hex) {
+            if (!hex.error().isEmpty())
+                environment.fail(hex.error());
             return;
+        }
         const QString text = environment.text(*hex);
         environment.copy(text);
         environment.confirm(text, *hex);

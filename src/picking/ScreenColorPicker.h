@@ -13,11 +13,12 @@ public:
         std::function<QString(const QString& hex)> text; // as the loupe showed it
         std::function<void(const QString& text)> copy;
         std::function<void(const QString& text, const QString& hex)> confirm;
+        std::function<void(const QString& reason)> fail;
     };
 
     explicit ScreenColorPicker(Environment environment);
 
-    // Copies the colour, and confirms that. Without one nothing is done.
+    // Copies the colour, and confirms that, or says why there can be none. Nothing is done when the user wanted none.
     void run();
 
 private:

@@ -4,18 +4,21 @@
 
 #include <QColor>
 
-#include <optional>
+#include <expected>
 
 namespace Kovrel {
 
 // The desktop's own way to let the user pick a colour from the screen. Main thread.
 class ColorSampler {
 public:
+    // An opaque sRGB colour; else why there is none, in the words that follow a colon, for people, and empty when the
+    // user does not want one.
+    using Outcome = std::expected<QColor, QString>;
+
     virtual ~ColorSampler() = default;
 
-    // Answers once, with an opaque sRGB colour; nothing when the user does not want one, and where the desktop has no
-    // sampler or it does not answer. One at a time: a new one ends the one before.
-    virtual void pick(Reply<std::optional<QColor>> reply) = 0;
+    // Answers once. One at a time: a new one ends the one before.
+    virtual void pick(Reply<Outcome> reply) = 0;
     // Ends it; nothing is answered any more.
     virtual void cancel() = 0;
 };

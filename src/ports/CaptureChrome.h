@@ -9,6 +9,9 @@ public:
 
     // Hides them, or shows again what this hid. Answers whether the screen changes by it.
     virtual bool setHiddenForCapture(bool isHidden) = 0;
+
+    // Whether they make way also for a user who wants our windows in captures.
+    virtual bool alwaysMakesWay() const { return false; }
 };
 
 } // namespace Kovrel

@@ -3,6 +3,7 @@
 #include "ui/LookChanges.h"
 #include "ui/Symbols.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Theme.h"
 
 #include <QPainter>
@@ -38,7 +39,7 @@ void RemarkLine::takeLook()
     QPalette colors = theme.palette();
     colors.setColor(QPalette::WindowText, m_isWarning ? theme.warning : theme.secondaryText);
     setPalette(colors);
-    setContentsMargins(m_isWarning ? symbolSide() + Spacing::small : 0, 0, 0, 0);
+    setContentsMargins(ReadingSide::margins({m_isWarning ? symbolSide() + Spacing::small : 0, 0, 0, 0}));
 }
 
 void RemarkLine::paintEvent(QPaintEvent* event)
@@ -46,10 +47,10 @@ void RemarkLine::paintEvent(QPaintEvent* event)
     if (m_isWarning) {
         const double side = symbolSide();
         const double top = (QFontMetricsF(font()).height() - side) / 2; // of the first line
-        const double left = layoutDirection() == Qt::LeftToRight ? 0 : width() - side;
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        Symbols::paint(painter, Symbols::warning, {left, top, side, side}, Theme::current().warning);
+        Symbols::paint(painter, Symbols::warning, ReadingSide::placed({0, top, side, side}, rect()),
+                       Theme::current().warning);
     }
     Label::paintEvent(event);
 }

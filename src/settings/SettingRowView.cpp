@@ -57,7 +57,8 @@ QWidget* SettingRowView::makeTexts()
     m_label->setText(m_row.label);
     m_hint = new Label(TextStyle::body, Label::Role::secondary);
     m_hint->setText(m_row.hint);
-    m_hint->setVisible(!m_row.hint.isEmpty());
+    if (m_row.hint.isEmpty())
+        m_hint->hide(); // but never shown here: without a parent it would be a window
     auto* const texts = new QWidget;
     auto* const layout = new QVBoxLayout(texts);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -4,6 +4,7 @@
 #include "ui/controls/ExclusiveFocus.h"
 #include "ui/controls/LineField.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Typography.h"
 
 #include <QVBoxLayout>
@@ -24,7 +25,7 @@ SettingsSidebar::SettingsSidebar(const std::vector<SettingsTab>& tabs) : m_searc
     connect(m_search, &QLineEdit::textChanged, this, &SettingsSidebar::searched);
     connect(m_search, &QLineEdit::returnPressed, this, &SettingsSidebar::committed);
     auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(Spacing::medium, Spacing::large, 0, Spacing::large);
+    layout->setContentsMargins(ReadingSide::margins({Spacing::medium, Spacing::large, 0, Spacing::large}));
     layout->setSpacing(Spacing::tight);
     layout->addWidget(m_search);
     layout->addSpacing(Spacing::medium);

@@ -1,5 +1,6 @@
 #include "settings/SettingsWindow.h"
 
+#include "settings/RemarkLine.h"
 #include "settings/SettingsPageView.h"
 #include "settings/SettingsSidebar.h"
 #include "ui/Label.h"
@@ -26,6 +27,17 @@ std::vector<SettingsTab> tabsOf(const SettingsCatalog& catalog)
     return tabs;
 }
 
+// A widget with room around it, both hidden at first.
+QWidget* placed(QWidget* widget, const QMargins& room)
+{
+    auto* const place = new QWidget;
+    auto* const layout = new QVBoxLayout(place);
+    layout->setContentsMargins(room);
+    layout->addWidget(widget);
+    place->hide();
+    return place;
+}
+
 } // namespace
 
 SettingsWindow::SettingsWindow(Preferences& preferences, const std::vector<SettingsPage>& pages)
@@ -40,15 +52,14 @@ SettingsWindow::SettingsWindow(Preferences& preferences, const std::vector<Setti
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_area->setFocusPolicy(Qt::NoFocus);
-    m_noticePlace = new QWidget;
-    auto* const notice = new QVBoxLayout(m_noticePlace);
-    notice->setContentsMargins(Spacing::window, Spacing::window, Spacing::window, 0);
-    notice->addWidget(m_notice);
-    m_noticePlace->hide();
+    m_foot = new RemarkLine;
+    m_noticePlace = placed(m_notice, {Spacing::window, Spacing::window, Spacing::window, 0});
+    m_footPlace = placed(m_foot, {Spacing::window, Spacing::small, Spacing::window, Spacing::medium});
     auto* const content = new QVBoxLayout;
     content->setSpacing(0);
     content->addWidget(m_noticePlace);
     content->addWidget(m_area, 1);
+    content->addWidget(m_footPlace);
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -61,6 +72,8 @@ SettingsWindow::SettingsWindow(Preferences& preferences, const std::vector<Setti
             m_view->takeFocus();
     });
     m_changes = m_preferences.defaults().onChange([this](const QString&) { refresh(); });
+    m_writes = m_preferences.defaults().onWrite([this] { showLastWrite(); });
+    showLastWrite();
     placeWherePointerIs((QSizeF(usualSize) * Typography::scale()).toSize());
 }
 
@@ -85,6 +98,13 @@ void SettingsWindow::showNotice(const QString& text, bool isWarning)
 {
     m_notice->show(isWarning ? Notice::Kind::warning : Notice::Kind::information, text);
     m_noticePlace->show();
+}
+
+void SettingsWindow::showLastWrite()
+{
+    const UserDefaults::Stored& write = m_preferences.defaults().lastWrite();
+    m_foot->setRemark({write ? QString() : tr("Changes hold only until Kovrel quits: %1").arg(write.error()), true});
+    m_footPlace->setVisible(!write);
 }
 
 // Ends a search, which shows the tab by itself.

@@ -9,6 +9,7 @@ class QScrollArea;
 namespace Kovrel {
 
 class Notice;
+class RemarkLine;
 class SettingsPageView;
 class SettingsSidebar;
 
@@ -36,6 +37,7 @@ private:
     void search(const QString& query);
     void showPage();
     void show(SettingsPageView* view);
+    void showLastWrite();
     QWidget* makeEmptyResult(const QString& query) const;
 
     Preferences& m_preferences;
@@ -43,10 +45,13 @@ private:
     SettingsSidebar* m_sidebar = nullptr;
     Notice* m_notice = nullptr;
     QWidget* m_noticePlace = nullptr; // with the room around it
+    RemarkLine* m_foot = nullptr;     // why what was changed is not on the disk
+    QWidget* m_footPlace = nullptr;
     QScrollArea* m_area = nullptr;
     SettingsPageView* m_view = nullptr;
     SettingsTab m_tab = SettingsTab::general;
     Subscription m_changes;
+    Subscription m_writes;
 };
 
 } // namespace Kovrel

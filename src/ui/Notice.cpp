@@ -4,6 +4,7 @@
 #include "ui/LookChanges.h"
 #include "ui/Symbols.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Theme.h"
 
 #include <QPainter>
@@ -30,9 +31,7 @@ Notice::Notice() : Label(TextStyle::body)
 
 void Notice::makeRoom()
 {
-    const int withSymbol = padding + symbolSize() + gap;
-    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-    setContentsMargins(isMirrored ? padding : withSymbol, padding, isMirrored ? withSymbol : padding, padding);
+    setContentsMargins(ReadingSide::margins({padding + symbolSize() + gap, padding, padding, padding}));
 }
 
 void Notice::show(Kind kind, const QString& text)
@@ -50,11 +49,10 @@ void Notice::paintEvent(QPaintEvent* event)
     QPainter painter(this);
     const QColor color = isWarning ? theme.warningGround : theme.accentGround;
     Ground{.color = color, .edge = theme.cardEdge, .radius = Radius::group}.paint(painter, rect());
-    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     const double middle = padding + QFontMetricsF(font()).height() / 2; // of the first line
     const double size = symbolSize();
     Symbols::paint(painter, isWarning ? Symbols::warning : Symbols::information,
-                   {isMirrored ? width() - padding - size : padding, middle - size / 2, size, size},
+                   ReadingSide::placed({padding, middle - size / 2, size, size}, rect()),
                    isWarning ? theme.warning : theme.accentText);
     painter.end();
     Label::paintEvent(event);

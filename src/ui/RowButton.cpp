@@ -41,7 +41,11 @@ void RowButton::paintEvent(QPaintEvent*)
     painter.drawText(line, int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)), text());
     painter.setFont(Typography::font(TextStyle::body));
     painter.setPen(isEnabled() ? theme.secondaryText : theme.disabledText);
-    painter.drawText(line, int(QStyle::visualAlignment(layoutDirection(), Qt::AlignRight | Qt::AlignVCenter)), m_keys);
+    // Keys keep their order in every language, also those that are no letters.
+    painter.drawText(line,
+                     int(QStyle::visualAlignment(layoutDirection(), Qt::AlignRight | Qt::AlignVCenter)) |
+                         Qt::TextForceLeftToRight,
+                     m_keys);
 }
 
 } // namespace Kovrel

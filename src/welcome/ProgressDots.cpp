@@ -1,6 +1,7 @@
 #include "welcome/ProgressDots.h"
 
 #include "ui/controls/AccessibleRole.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Theme.h"
 
 #include <QPainter>
@@ -42,7 +43,8 @@ void ProgressDots::paintEvent(QPaintEvent*)
     for (int dot = 0; dot < m_count; ++dot) {
         painter.setPen(QPen(theme.accentText, 1));
         painter.setBrush(dot == m_index ? theme.accentText : theme.window);
-        painter.drawEllipse(QPointF(pitch * (dot + 0.5), height() / 2.0), radius, radius);
+        const QRectF room(pitch * dot, 0, pitch, height());
+        painter.drawEllipse(ReadingSide::placed(room, rect()).center(), radius, radius);
     }
 }
 

@@ -670,8 +670,14 @@ TEST_F(CoordinatorTest, ChromeStaysWhenTheUserWantsItInCaptures)
     fake.preferences.set(Settings::hideChromeFromRecordings, false);
     captureAndSettle(CaptureMode::fullScreen);
     EXPECT_FALSE(fake.logged("cards: hide"));
-    EXPECT_FALSE(fake.logged("cards: show"));
+    EXPECT_FALSE(fake.logged("toasts: hide"));
+    EXPECT_FALSE(fake.logged("history window: hide"));
     EXPECT_FALSE(fake.logged("wait for repaint"));
+    fake.historyWindow.makesWay = true;
+    captureAndSettle(CaptureMode::fullScreen);
+    EXPECT_TRUE(fake.logged("history window: hide")) << "what is there for the capture steps aside all the same";
+    EXPECT_TRUE(fake.logged("history window: show"));
+    EXPECT_FALSE(fake.logged("cards: hide"));
     captureAndSettle(CaptureMode::fullScreen, {.waitsForRepaint = true});
     EXPECT_TRUE(fake.logged("wait for repaint")) << "a menu that was open must be gone";
     fake.preferences.set(Settings::selfTimerSeconds, 1);

@@ -70,7 +70,8 @@ TEST_F(FirstRunTest, AMinuteWithTheProgramEndsWithACard)
     ASSERT_TRUE(UserSession::eventually([&] { return value("hasCompletedOnboarding") == "true"; }));
     waitForWindow();
     type("Return"); // past the keys
-    session.prepare({"showCursorInCapture=false", "afterCaptureActions=1", "previewDurationSeconds=1"});
+    session.prepare({"showCursorInCapture=false", "afterCaptureActions=1", "previewDurationSeconds=1",
+                     "hideChromeFromRecordings=false"});
     type("Return");
     select(false);
     ASSERT_TRUE(UserSession::eventually([&] { return isWindowThere(); })) << "back after a capture that was let be";

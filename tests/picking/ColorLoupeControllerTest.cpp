@@ -49,7 +49,7 @@ struct ColorLoupeControllerTest : testing::Test {
     void pick()
     {
         loupe->pick(
-            [this](const std::optional<QString>& hex) { answers.push_back(hex.value_or("none").toStdString()); });
+            [this](const PickedColor& hex) { answers.push_back((hex ? *hex : "none: " + hex.error()).toStdString()); });
     }
 
     void show()
@@ -144,12 +144,12 @@ TEST_F(ColorLoupeControllerTest, WhateverEndsItAnswersOnceWithNoColour)
         show();
         end();
         loop.runPosted();
-        EXPECT_THAT(answers, ElementsAre("none"));
+        EXPECT_THAT(answers, ElementsAre("none: "));
         EXPECT_FALSE(isShowing());
         click({5, 5});
         press("Escape");
         EXPECT_FALSE(loupe->abandon());
-        EXPECT_THAT(answers, ElementsAre("none"));
+        EXPECT_THAT(answers, ElementsAre("none: "));
     }
 }
 
@@ -157,12 +157,12 @@ TEST_F(ColorLoupeControllerTest, OfTwoPickingsTheLaterOneGetsTheColour)
 {
     pick();
     pick();
-    EXPECT_THAT(answers, ElementsAre("none"));
+    EXPECT_THAT(answers, ElementsAre("none: "));
     loop.runPosted();
     pick();
     loop.runPosted();
     click({5, 5});
-    EXPECT_THAT(answers, ElementsAre("none", "none", "#FF0000"));
+    EXPECT_THAT(answers, ElementsAre("none: ", "none: ", "#FF0000"));
 }
 
 TEST_F(ColorLoupeControllerTest, EndsWhileTheScreenIsStillToBeFrozen)
@@ -172,7 +172,7 @@ TEST_F(ColorLoupeControllerTest, EndsWhileTheScreenIsStillToBeFrozen)
     EXPECT_FALSE(loupe->abandon()) << "nothing shows yet";
     desktop.pixels().answers.catchUp();
     loop.runPosted();
-    EXPECT_THAT(answers, ElementsAre("none"));
+    EXPECT_THAT(answers, ElementsAre("none: "));
     EXPECT_FALSE(isShowing());
     pick();
     loupe.reset();
@@ -184,19 +184,21 @@ TEST_F(ColorLoupeControllerTest, EndsWhileTheScreenIsStillToBeFrozen)
 TEST_F(ColorLoupeControllerTest, TheDesktopsOwnSamplerAnswersWhereNothingCanBeFrozen)
 {
     desktop.overlay().isRefused = true;
-    for (const bool isPicked : {true, false}) {
+    for (const ColorSampler::Outcome& outcome :
+         {ColorSampler::Outcome(QColor(1, 2, 3)), ColorSampler::Outcome(std::unexpected(QString())),
+          ColorSampler::Outcome(std::unexpected(QString("there is no sampler")))}) {
         pick();
         loop.runPosted();
         ASSERT_TRUE(desktop.colorSampler().isAsked());
         EXPECT_EQ(desktop.keys().count(), 0u) << "the loupe is gone";
-        desktop.colorSampler().answer(isPicked ? std::optional(QColor(1, 2, 3)) : std::nullopt);
+        desktop.colorSampler().answer(outcome);
     }
-    EXPECT_THAT(answers, ElementsAre("#010203", "none"));
+    EXPECT_THAT(answers, ElementsAre("#010203", "none: ", "none: there is no sampler"));
     pick();
     loop.runPosted();
     loupe->abandon();
     EXPECT_FALSE(desktop.colorSampler().isAsked());
-    EXPECT_EQ(answers.back(), "none");
+    EXPECT_EQ(answers.back(), "none: ");
     loupe->fallBackToSystemSampler();
     EXPECT_FALSE(desktop.colorSampler().isAsked()) << "nobody waits for a colour";
 }
@@ -211,7 +213,7 @@ TEST_F(ColorLoupeControllerTest, AnEscapeThatCannotBeHadIsLoggedAndTheRestWorks)
     EXPECT_THAT(answers, ElementsAre("#FF0000"));
 }
 
-TEST(ScreenColorPicker, CopiesWhatTheLoupeShowedAndConfirmsIt)
+TEST(ScreenColorPicker, CopiesWhatTheLoupeShowedAndConfirmsItOrSaysWhyItCannot)
 {
     ColorCompletion completion;
     Answers done;
@@ -223,13 +225,17 @@ TEST(ScreenColorPicker, CopiesWhatTheLoupeShowedAndConfirmsIt)
             [&](const QString& text, const QString& hex) {
                 done.push_back("confirm " + text.toStdString() + ", " + hex.toStdString());
             },
+        .fail = [&](const QString& reason) { done.push_back("fail " + reason.toStdString()); },
     });
     picker.run();
     completion("#102030");
     EXPECT_THAT(done, ElementsAre("copy shown #102030", "confirm shown #102030, #102030"));
     picker.run();
-    completion(std::nullopt);
-    EXPECT_EQ(done.size(), 2u);
+    completion(std::unexpected(QString()));
+    EXPECT_EQ(done.size(), 2u) << "the user wanted none";
+    picker.run();
+    completion(std::unexpected(QString("there is no sampler")));
+    EXPECT_EQ(done.back(), "fail there is no sampler");
 }
 
 } // namespace Kovrel

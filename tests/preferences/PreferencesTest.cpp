@@ -2,6 +2,7 @@
 #include "preferences/PreferenceTable.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"
 
 #include <QFile>
@@ -117,6 +118,39 @@ TEST_F(PreferencesTest, UnwritableFileHoldsForThisRun)
     UserDefaults defaults(blocked);
     defaults.set("selfTimerSeconds", 8);
     EXPECT_EQ(defaults.integer("selfTimerSeconds"), 8);
+}
+
+TEST_F(PreferencesTest, WhatCouldNotBeWrittenIsWrittenWithTheNextChange)
+{
+    Testing::FakeMainLoop loop;
+    Testing::FakeWorkers workers;
+    UserDefaults defaults(path, loop, workers);
+    QList<bool> writes;
+    const Subscription seen = defaults.onWrite([&] { writes << defaults.lastWrite().has_value(); });
+    const auto run = [&] {
+        workers.runAll();
+        loop.runPosted();
+    };
+    {
+        const Testing::FileSizeLimit full(0);
+        defaults.set("selfTimerSeconds", 7);
+        defaults.set("imageFormat", "jpeg");
+        run();
+        defaults.set("selfTimerSeconds", 8);
+        run();
+    }
+    EXPECT_FALSE(QFile::exists(path));
+    UserDefaults(path).set("jpegQuality", 0.5);
+    defaults.remove("imageFormat");
+    run();
+    EXPECT_EQ(writes, (QList<bool>{false, false, false, true}));
+    UserDefaults(path).set("selfTimerSeconds", 9);
+    defaults.set("saveFormatAuto", true);
+    run();
+    const UserDefaults read(path);
+    EXPECT_EQ(read.integer("selfTimerSeconds"), 9) << "what the file has is written once";
+    EXPECT_FALSE(read.isStored("imageFormat"));
+    EXPECT_EQ(read.real("jpegQuality"), 0.5);
 }
 
 TEST_F(PreferencesTest, TheFileIsWrittenOnAWorkerAndKeepsOthersChanges)

@@ -1,6 +1,7 @@
 #include "settings/SettingsWindow.h"
 
 #include "model/VirtualKeys.h"
+#include "settings/RemarkLine.h"
 #include "settings/SettingRowView.h"
 #include "settings/controls/HotkeyButton.h"
 #include "settings/pages/CapturePage.h"
@@ -13,6 +14,7 @@
 #include "settings/pages/TextPage.h"
 #include "tests/support/FakeMainLoop.h"
 #include "tests/support/FakeWorkers.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/desktop/FakeFilePanel.h"
 #include "tests/support/desktop/FakeKeyGrabs.h"
@@ -125,12 +127,69 @@ struct SettingsWindowTest : testing::Test {
     }
 };
 
+// Counts what is shown as a window of its own while it lives, as a part is that is shown before it has a parent: it
+// flashes, and takes the keyboard from whoever types.
+struct ShownWindows : QObject {
+    ShownWindows() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        count += event->type() == QEvent::Show && watched->isWidgetType() && static_cast<QWidget*>(watched)->isWindow();
+        return false;
+    }
+
+    int count = 0;
+};
+
 QString accessibleName(QWidget* widget)
 {
     return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
 }
 
 } // namespace
+
+TEST_F(SettingsWindowTest, WhatCouldNotBeStoredIsToldAtTheFootUntilItIs)
+{
+    const auto foot = [this] { return window->findChildren<RemarkLine*>().last(); };
+    window->present(SettingsTab::capture);
+    {
+        const Testing::FileSizeLimit full(0);
+        control<ToggleSwitch>("Freeze the screen while selecting")->click();
+        EXPECT_TRUE(foot()->isVisible());
+        EXPECT_TRUE(foot()->text().contains(folder / "kovrel.conf")) << qPrintable(foot()->text());
+        window.emplace(preferences, pages());
+        window->present(SettingsTab::saving);
+        EXPECT_TRUE(foot()->isVisible()) << "a window that comes later tells it, too";
+    }
+    defaults.set("selfTimerSeconds", 3);
+    EXPECT_FALSE(foot()->isVisible());
+    EXPECT_TRUE(UserDefaults(folder / "kovrel.conf").boolean("freezeScreenDuringSelection"));
+}
+
+TEST_F(SettingsWindowTest, NothingTakesTheKeyboardFromWhoeverTypesASearch)
+{
+    window->present(SettingsTab::general);
+    const ShownWindows shown;
+    for (const char* query : {"m", "me", "s", ""})
+        search(query);
+    EXPECT_EQ(shown.count, 0);
+}
+
+TEST_F(SettingsWindowTest, WindowsThatAreReadFromTheRightHaveTheSameRoom)
+{
+    const auto placeOfSearch = [this] {
+        window.emplace(preferences, pages());
+        window->present(SettingsTab::saving);
+        auto* const field = window->findChild<LineField*>();
+        return QRect(field->mapTo(&*window, QPoint()), field->size());
+    };
+    const QRect usual = placeOfSearch();
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    const QRect mirrored = placeOfSearch();
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    EXPECT_EQ(window->width() - 1 - mirrored.right(), usual.left());
+    EXPECT_EQ(mirrored.size(), usual.size());
+}
 
 TEST_F(SettingsWindowTest, AChangeHoldsAtOnceAndOneFromElsewhereIsSeen)
 {
@@ -171,7 +230,7 @@ TEST_F(SettingsWindowTest, AColourIsPickedFromTheScreen)
     ASSERT_NE(found, offered.end());
     (*found)->trigger();
     ASSERT_TRUE(completion);
-    completion(std::nullopt);
+    completion(std::unexpected(QString()));
     EXPECT_NE(preferences.get(Settings::annotationColorHex), "#102030");
     completion("#102030");
     EXPECT_EQ(preferences.get(Settings::annotationColorHex), "#102030");

@@ -162,7 +162,11 @@ struct FakeCaptureServices {
         explicit HistoryWindow(FakeCaptureServices& f) : fake(f) {}
 
         bool setHiddenForCapture(bool isHidden) override;
+
+        bool alwaysMakesWay() const override { return makesWay; }
+
         FakeCaptureServices& fake;
+        bool makesWay = false;
     } historyWindow{*this};
 
     struct ToastLog : Toasts {

@@ -6,6 +6,7 @@
 #include "ui/tokens/Motion.h"
 #include "welcome/KeyCaps.h"
 #include "welcome/PermissionWindow.h"
+#include "welcome/ProgressDots.h"
 
 #include <QLabel>
 #include <QStackedWidget>
@@ -214,6 +215,22 @@ TEST(PermissionWindow, LooksAgainUntilNothingStandsInTheWay)
     WindowWalk::press(Qt::Key_Space);
     EXPECT_EQ(cleared, 1);
     EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(FirstRunWindowTest, StepsAreCountedFromWhereOneReads)
+{
+    ProgressDots dots;
+    dots.setProgress(0, 3);
+    dots.resize(dots.sizeHint());
+    const QImage usual = dots.grab().toImage();
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    const QImage mirrored = dots.grab().toImage();
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    const QPoint first(dots.width() / 6, dots.height() / 2);
+    const QPoint last(dots.width() - first.x(), first.y());
+    EXPECT_NE(usual.pixel(first), usual.pixel(last));
+    EXPECT_EQ(mirrored.pixel(last), usual.pixel(first));
+    EXPECT_EQ(mirrored.pixel(first), usual.pixel(last));
 }
 
 } // namespace Kovrel

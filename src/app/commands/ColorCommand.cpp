@@ -14,13 +14,15 @@ CommandAnswer ColorCommand::run(const Command& command)
     if (!image)
         return {.exitCode = CommandLine::failed, .error = image.error().message};
     const auto hex = ColorLoupeSampler::hex(*image, place.x, place.y);
-    return hex ? answer(command, hex) : place.outside(*image);
+    return hex ? answer(command, *hex) : place.outside(*image);
 }
 
-CommandAnswer ColorCommand::answer(const Command& command, const std::optional<QString>& hex)
+CommandAnswer ColorCommand::answer(const Command& command, const PickedColor& hex)
 {
+    if (!hex && hex.error().isEmpty())
+        return {.exitCode = CommandLine::nothingThere, .error = "no colour was picked"};
     if (!hex)
-        return {.exitCode = CommandLine::nothingThere};
+        return {.exitCode = CommandLine::failed, .error = "no colour can be picked: " + hex.error()};
     const auto format = command.options.find("format");
     const auto notation = format == command.options.end()
                               ? std::nullopt

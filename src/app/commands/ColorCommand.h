@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commandline/Command.h"
+#include "model/ColorPick.h"
 #include "model/CommandAnswer.h"
 
 #include <optional>
@@ -14,7 +15,7 @@ namespace ColorCommand {
 CommandAnswer run(const Command& command);
 
 // A colour as the command's format has it; without one there is nothing.
-CommandAnswer answer(const Command& command, const std::optional<QString>& hex);
+CommandAnswer answer(const Command& command, const PickedColor& hex);
 
 } // namespace ColorCommand
 

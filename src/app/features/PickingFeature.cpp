@@ -17,7 +17,8 @@ namespace Kovrel {
 
 namespace {
 
-constexpr int swatchSide = 48; // pixels
+constexpr int swatchSide = 48;     // pixels
+constexpr double failureDwell = 6; // seconds
 
 AimSession::Platform aimOf(Foundation& foundation)
 {
@@ -53,12 +54,17 @@ ToastContent readingCopied(const QString& reading)
     return {.message = reading, .subtitle = Texts::tr("Size copied"), .icon = "ruler", .copied = true};
 }
 
+ToastContent failure(const QString& message, const QString& reason)
+{
+    return {.message = message, .subtitle = reason, .icon = "exclamationmark.triangle", .dwell = failureDwell};
+}
+
 CommandAnswer answerOf(const MeasureController::Outcome& reading)
 {
     if (reading)
         return {.output = *reading + '\n'};
     if (reading.error().isEmpty())
-        return {.exitCode = CommandLine::nothingThere};
+        return {.exitCode = CommandLine::nothingThere, .error = "nothing was measured"};
     return {.exitCode = CommandLine::failed, .error = "the screen can't be measured: " + reading.error()};
 }
 
@@ -163,8 +169,7 @@ bool PickingFeature::abandon()
 // Whoever sent a command gets the colour as its answer.
 void PickingFeature::pickColor(const Command& command, const Reply<CommandAnswer>& reply)
 {
-    m_screen->loupe.pick(
-        [command, reply](const std::optional<QString>& hex) { reply(ColorCommand::answer(command, hex)); });
+    m_screen->loupe.pick([command, reply](const PickedColor& hex) { reply(ColorCommand::answer(command, hex)); });
 }
 
 void PickingFeature::copyPickedColor()
@@ -173,7 +178,8 @@ void PickingFeature::copyPickedColor()
         .pick = [this](ColorCompletion completion) { m_screen->loupe.pick(std::move(completion)); },
         .text = [this](const QString& hex) { return ColorText::of(hex, m_screen->loupe.notation()); },
         .copy = [this](const QString& text) { copy(text); },
-        .confirm = [this](const QString& text, const QString& hex) { confirm(colorCopied(text, hex)); },
+        .confirm = [this](const QString& text, const QString& hex) { present(colorCopied(text, hex)); },
+        .fail = [this](const QString& reason) { present(failure(Texts::tr("No colour can be picked"), reason)); },
     });
     picker.run();
 }
@@ -184,10 +190,12 @@ void PickingFeature::measure(const Reply<CommandAnswer>& reply)
 {
     m_screen->measuring.measure([this, reply](const MeasureController::Outcome& reading) {
         reply(answerOf(reading));
-        if (!reading)
-            return;
-        copy(*reading);
-        confirm(readingCopied(*reading));
+        if (reading) {
+            copy(*reading);
+            present(readingCopied(*reading));
+        } else if (m_requestID == 0 && !reading.error().isEmpty()) {
+            present(failure(Texts::tr("The screen can't be measured"), reading.error()));
+        }
     });
 }
 
@@ -199,13 +207,13 @@ void PickingFeature::copy(const QString& text)
 }
 
 // Where the user looks.
-void PickingFeature::confirm(const ToastContent& toast)
+void PickingFeature::present(const ToastContent& toast)
 {
-    const auto present = [this, toast](const std::optional<PointerPosition>& position) {
+    const auto show = [this, toast](const std::optional<PointerPosition>& position) {
         const auto display = position ? std::optional(position->displayID) : std::nullopt;
         m_ports.toasts.tell(&Toasts::present, toast, display, true);
     };
-    m_foundation.desktop->pointer().position(m_lifeline.guard(present));
+    m_foundation.desktop->pointer().position(m_lifeline.guard(show));
 }
 
 std::unique_ptr<Feature> makePickingFeature(Foundation& foundation, Ports& ports)

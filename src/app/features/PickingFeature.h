@@ -40,7 +40,7 @@ private:
     void measure(const Reply<CommandAnswer>& reply);
     void cancel(quint64 requestID);
     void copy(const QString& text);
-    void confirm(const ToastContent& toast);
+    void present(const ToastContent& toast);
 
     Foundation& m_foundation;
     const Ports& m_ports;

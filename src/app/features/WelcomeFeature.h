@@ -33,6 +33,8 @@ private:
     // CaptureChrome: the first run steps aside for the capture that is tried out in it.
     bool setHiddenForCapture(bool isHidden) override;
 
+    bool alwaysMakesWay() const override { return true; }
+
     void whenForegroundIsFree(std::function<void()> work);
     void refresh();
     bool isSignedIn() const;

@@ -2750,7 +2750,7 @@
     </message>
     <message>
         <source>%Y year, %m month, %d day, %H hour, %M minute, %S second</source>
-        <translation>‎%Y السنة، ‎%m الشهر، ‎%d اليوم، ‎%H الساعة، ‎%M الدقيقة، ‎%S الثانية</translation>
+        <translation>⁦%Y⁩ السنة، ⁦%m⁩ الشهر، ⁦%d⁩ اليوم، ⁦%H⁩ الساعة، ⁦%M⁩ الدقيقة، ⁦%S⁩ الثانية</translation>
     </message>
     <message>
         <source>name pattern date time</source>
@@ -2963,6 +2963,10 @@
     <message>
         <source>No setting is called “%1”.</source>
         <translation>لا يوجد إعداد باسم «%1».</translation>
+    </message>
+    <message>
+        <source>Changes hold only until Kovrel quits: %1</source>
+        <translation>تسري التغييرات حتى إنهاء Kovrel فقط: %1</translation>
     </message>
 </context>
 <context>
@@ -3334,6 +3338,14 @@
     <message>
         <source>Size copied</source>
         <translation>نُسخ المقاس</translation>
+    </message>
+    <message>
+        <source>No colour can be picked</source>
+        <translation>تعذّر التقاط لون</translation>
+    </message>
+    <message>
+        <source>The screen can&apos;t be measured</source>
+        <translation>تعذّر قياس الشاشة</translation>
     </message>
 </context>
 <context>

@@ -2952,6 +2952,10 @@
         <source>No setting is called “%1”.</source>
         <translation>Keine Einstellung heißt „%1“.</translation>
     </message>
+    <message>
+        <source>Changes hold only until Kovrel quits: %1</source>
+        <translation>Änderungen gelten nur, bis Kovrel beendet wird: %1</translation>
+    </message>
 </context>
 <context>
     <name>Kovrel::ShortcutsPage</name>
@@ -3322,6 +3326,14 @@
     <message>
         <source>Size copied</source>
         <translation>Größe kopiert</translation>
+    </message>
+    <message>
+        <source>No colour can be picked</source>
+        <translation>Es kann keine Farbe aufgenommen werden</translation>
+    </message>
+    <message>
+        <source>The screen can&apos;t be measured</source>
+        <translation>Der Bildschirm kann nicht gemessen werden</translation>
     </message>
 </context>
 <context>

@@ -5,6 +5,7 @@
 #include "ui/LookChanges.h"
 #include "ui/Symbols.h"
 #include "ui/tokens/Metrics.h"
+#include "ui/tokens/ReadingSide.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
 
@@ -34,9 +35,7 @@ HistorySearchField::HistorySearchField()
     connect(m_edit, &QLineEdit::textChanged, this, &HistorySearchField::textChanged);
     m_layout = new QHBoxLayout(this);
     constexpr int withGlass = padding + glassSide + Spacing::small;
-    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-    m_layout->setContentsMargins(isMirrored ? padding : withGlass, fieldPadding, isMirrored ? withGlass : padding,
-                                 fieldPadding);
+    m_layout->setContentsMargins(ReadingSide::margins({withGlass, fieldPadding, padding, fieldPadding}));
     m_layout->setSpacing(Spacing::tight + Spacing::tight);
     m_layout->addWidget(m_edit, 1);
     setFocusProxy(m_edit);

@@ -20,6 +20,9 @@ constexpr const char* folder = "/org/freedesktop/portal/desktop";
 constexpr const char* requestInterface = "org.freedesktop.portal.Request";
 constexpr int acceptanceMilliseconds = 5000; // the user is asked only afterwards
 constexpr std::chrono::minutes longestChoice{2};
+constexpr uint picked = 0; // what the portal answers; any other number is a failure
+constexpr uint cancelled = 1;
+constexpr const char* noColor = "what the desktop's colour picker gave is no colour";
 
 // Where the portal is going to answer: known before it is asked, so that no answer is missed.
 QString requestPath(const QString& token)
@@ -36,17 +39,17 @@ QDBusMessage pickColor(const QString& token)
     return call;
 }
 
-std::optional<QColor> colorIn(const QVariantMap& results)
+ColorSampler::Outcome colorIn(const QVariantMap& results)
 {
     const auto argument = results.value("color").value<QDBusArgument>();
     if (argument.currentSignature() != "(ddd)")
-        return std::nullopt;
+        return std::unexpected(noColor);
     std::array<double, 3> channels{};
     argument.beginStructure();
     argument >> channels[0] >> channels[1] >> channels[2];
     argument.endStructure();
     if (!std::ranges::all_of(channels, [](double channel) { return channel >= 0 && channel <= 1; }))
-        return std::nullopt;
+        return std::unexpected(noColor);
     QColor color;
     color.setRgbF(float(channels[0]), float(channels[1]), float(channels[2]));
     return color;
@@ -57,7 +60,8 @@ std::optional<QColor> colorIn(const QVariantMap& results)
 PortalColorSampler::PortalColorSampler(MainLoop& loop)
     : m_loop(loop), m_portal(service, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForUnregistration)
 {
-    connect(&m_portal, &QDBusServiceWatcher::serviceUnregistered, this, [this] { finish(std::nullopt); });
+    connect(&m_portal, &QDBusServiceWatcher::serviceUnregistered, this,
+            [this] { finish(std::unexpected("the desktop's colour picker has ended")); });
 }
 
 PortalColorSampler::~PortalColorSampler()
@@ -65,7 +69,7 @@ PortalColorSampler::~PortalColorSampler()
     PortalColorSampler::cancel();
 }
 
-void PortalColorSampler::pick(Reply<std::optional<QColor>> reply)
+void PortalColorSampler::pick(Reply<Outcome> reply)
 {
     cancel();
     m_reply = std::move(reply);
@@ -74,7 +78,7 @@ void PortalColorSampler::pick(Reply<std::optional<QColor>> reply)
     m_patience = m_loop.after(longestChoice, [this] {
         const auto reply = m_reply;
         cancel();
-        reply(std::nullopt);
+        reply(std::unexpected(QString()));
     });
     auto* const watcher = new QDBusPendingCallWatcher(
         QDBusConnection::sessionBus().asyncCall(pickColor(token), acceptanceMilliseconds), this);
@@ -89,7 +93,7 @@ void PortalColorSampler::accepted(const QDBusPendingReply<QDBusObjectPath>& requ
 {
     if (request.isError()) {
         qCInfo(log, "The desktop has no colour picker: %s", qUtf8Printable(request.error().message()));
-        finish(std::nullopt);
+        finish(std::unexpected("the desktop has no colour picker either"));
     } else if (request.value().path() != m_request) {
         listenTo(request.value().path()); // an old portal chooses the path itself
     }
@@ -107,16 +111,19 @@ void PortalColorSampler::listenTo(const QString& request)
 
 void PortalColorSampler::responded(uint response, const QVariantMap& results)
 {
-    finish(response == 0 ? colorIn(results) : std::nullopt);
+    if (response == picked)
+        finish(colorIn(results));
+    else
+        finish(std::unexpected(QString(response == cancelled ? "" : "the desktop's colour picker has failed")));
 }
 
-void PortalColorSampler::finish(std::optional<QColor> color)
+void PortalColorSampler::finish(const Outcome& outcome)
 {
     const auto reply = std::exchange(m_reply, nullptr);
     listenTo({});
     m_loop.cancel(std::exchange(m_patience, 0));
     if (reply)
-        reply(color);
+        reply(outcome);
 }
 
 void PortalColorSampler::cancel()
@@ -126,7 +133,7 @@ void PortalColorSampler::cancel()
     const QDBusMessage close = QDBusMessage::createMethodCall(service, m_request, requestInterface, "Close");
     QDBusConnection::sessionBus().asyncCall(close);
     m_reply = nullptr;
-    finish(std::nullopt);
+    finish({});
 }
 
 } // namespace Kovrel

@@ -20,7 +20,7 @@ public:
     explicit PortalColorSampler(MainLoop& loop);
     ~PortalColorSampler() override;
 
-    void pick(Reply<std::optional<QColor>> reply) override;
+    void pick(Reply<Outcome> reply) override;
     void cancel() override;
 
 private Q_SLOTS:
@@ -29,12 +29,12 @@ private Q_SLOTS:
 private:
     void listenTo(const QString& request);
     void accepted(const QDBusPendingReply<QDBusObjectPath>& request);
-    void finish(std::optional<QColor> color);
+    void finish(const Outcome& outcome);
 
     MainLoop& m_loop;
     QDBusServiceWatcher m_portal;
-    Reply<std::optional<QColor>> m_reply; // none: nobody is asked
-    QString m_request;                    // the path of the one that is under way
+    Reply<Outcome> m_reply; // none: nobody is asked
+    QString m_request;      // the path of the one that is under way
     quint64 m_count = 0;
     MainLoop::TimerID m_patience = 0;
 };

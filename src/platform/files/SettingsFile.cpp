@@ -72,7 +72,7 @@ std::expected<IniText::Values, QString> SettingsFile::read() const
     return std::move(present->values);
 }
 
-std::expected<void, QString> SettingsFile::change(const QString& key, const std::optional<QVariant>& value) const
+std::expected<void, QString> SettingsFile::change(const Changes& changes) const
 {
     if (!PrivateFolder::make(folderOf(m_path)))
         return std::unexpected("the folder " + folderOf(m_path) + " can't be made");
@@ -80,10 +80,11 @@ std::expected<void, QString> SettingsFile::change(const QString& key, const std:
     auto values = read();
     if (!values)
         return std::unexpected(values.error());
-    if (value)
-        values->insert(key, *value);
-    else
-        values->remove(key);
+    for (auto change = changes.begin(); change != changes.end(); ++change)
+        if (change.value())
+            values->insert(change.key(), **change);
+        else
+            values->remove(change.key());
     return write(*values);
 }
 

@@ -2,6 +2,8 @@
 
 #include "platform/files/IniText.h"
 
+#include <QHash>
+
 #include <expected>
 #include <optional>
 
@@ -11,6 +13,8 @@ namespace Kovrel {
 // several programs at the same time.
 class SettingsFile {
 public:
+    using Changes = QHash<QString, std::optional<QVariant>>;
+
     explicit SettingsFile(QString path) : m_path(std::move(path)) {}
 
     QString path() const { return m_path; }
@@ -19,8 +23,8 @@ public:
     // of it.
     std::expected<IniText::Values, QString> read() const;
 
-    // Stores a value, or removes it, and keeps all others. What can't be read is not replaced.
-    std::expected<void, QString> change(const QString& key, const std::optional<QVariant>& value) const;
+    // Stores values, or removes those that are none, and keeps all others. What can't be read is not replaced.
+    std::expected<void, QString> change(const Changes& changes) const;
 
 private:
     std::expected<IniText::Content, QString> content() const;

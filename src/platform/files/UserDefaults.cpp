@@ -171,14 +171,36 @@ void UserDefaults::change(const QString& key, const std::optional<QVariant>& val
         else
             m_stored.remove(key);
     }
-    const auto write = [file = m_file, key, value] { return file.change(key, value); };
-    const Reply<Stored> answer = stored ? stored : [key](const Stored& outcome) { logFailure(key, outcome); };
+    m_unwritten.insert(key, value);
+    write(stored ? stored : [key](const Stored& outcome) { logFailure(key, outcome); });
+    m_observers.notify(key);
+}
+
+void UserDefaults::write(const Reply<Stored>& stored)
+{
+    const auto write = [file = m_file, changes = m_unwritten] { return file.change(changes); };
+    const auto noted =
+        m_lifeline.guard([this, changes = m_unwritten](const Stored& outcome) { written(changes, outcome); });
+    const Reply<Stored> answer = [noted, stored](const Stored& outcome) {
+        noted(outcome);
+        stored(outcome);
+    };
     if (m_background)
         replyFromWorker<Stored>(m_background->loop, m_background->workers, Lane::utility, Guarded::orReason(write),
                                 answer);
     else
         answer(write());
-    m_observers.notify(key);
+}
+
+// What was changed once more meanwhile is still to be written.
+void UserDefaults::written(const SettingsFile::Changes& changes, const Stored& outcome)
+{
+    m_lastWrite = outcome;
+    if (outcome)
+        m_unwritten.removeIf([&](const auto& change) {
+            return changes.contains(change.key()) && changes[change.key()] == change.value();
+        });
+    m_writes.notify();
 }
 
 Subscription UserDefaults::onChange(std::function<void(const QString&)> callback)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Lifeline.h"
 #include "platform/Observers.h"
 #include "platform/Reply.h"
 #include "platform/files/SettingsFile.h"
@@ -21,7 +22,7 @@ class Workers;
 // safe on any thread; a value that can't be read as the wanted type reads as the registered default, and without one
 // as the type's zero. Setting is done on the main thread; the file is written on a worker, other programs' changes to
 // other keys kept. A file that can't be read whole is first copied aside; what can't be written is told to whoever
-// asks, else logged, and holds for this run.
+// asks, else logged, holds for this run, and is tried again with the next change.
 class UserDefaults {
 public:
     // Whether the file has it. The error is one line for people.
@@ -51,6 +52,12 @@ public:
     // Called on the main thread after a value was set or removed here.
     Subscription onChange(std::function<void(const QString& key)> callback);
 
+    // How the last write went: a failure until one succeeds, and with it all that was changed before. Main thread, as
+    // is the call when a write has ended.
+    const Stored& lastWrite() const { return m_lastWrite; }
+
+    Subscription onWrite(std::function<void()> callback) { return m_writes.add(std::move(callback)); }
+
 private:
     struct Background {
         MainLoop& loop;
@@ -61,6 +68,8 @@ private:
     T read(const QString& key, std::optional<T> (*convert)(const QVariant&)) const;
     void load();
     void change(const QString& key, const std::optional<QVariant>& value, const Reply<Stored>& stored);
+    void write(const Reply<Stored>& stored);
+    void written(const SettingsFile::Changes& changes, const Stored& outcome);
 
     SettingsFile m_file;
     std::optional<Background> m_background;
@@ -68,6 +77,10 @@ private:
     IniText::Values m_stored;
     QHash<QString, QVariant> m_registered;
     Observers<const QString&> m_observers;
+    SettingsFile::Changes m_unwritten; // of which it is not known yet that the file has them
+    Stored m_lastWrite;
+    Observers<> m_writes;
+    Lifeline m_lifeline;
 };
 
 } // namespace Kovrel

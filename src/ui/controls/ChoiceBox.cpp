@@ -32,6 +32,7 @@ ChoiceBox::ChoiceBox()
 void ChoiceBox::takeLook()
 {
     setFont(Typography::font(TextStyle::control));
+    setPalette(Theme::current().palette()); // of its list
     updateGeometry();
 }
 

@@ -119,7 +119,7 @@ void ColorWell::offer()
 
 void ColorWell::pickFromScreen()
 {
-    m_pick([well = QPointer(this)](const std::optional<QString>& hex) {
+    m_pick([well = QPointer(this)](const PickedColor& hex) {
         if (well && hex)
             Q_EMIT well->colorChosen(*hex);
     });

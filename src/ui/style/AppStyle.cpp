@@ -24,6 +24,8 @@ int AppStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidge
 {
     if (hint == SH_ToolTip_WakeUpDelay)
         return m_toolTipDelay();
+    if (hint == SH_ComboBox_Popup)
+        return 0; // a list below its field, in the field's colours, where others show a menu over it in the desktop's
     return QProxyStyle::styleHint(hint, option, widget, data);
 }
 

@@ -6,7 +6,8 @@
 
 namespace Kovrel {
 
-// The desktop's own style, with scroll bars of ours and tool tips that come when the user setting says. Main thread.
+// The desktop's own style, with scroll bars and lists of ours, and tool tips that come when the user setting says. Main
+// thread.
 class AppStyle : public QProxyStyle {
     Q_OBJECT
 

@@ -13,6 +13,13 @@ QRectF ReadingSide::placed(const QRectF& part, const QRectF& whole)
     return part.translated(whole.left() + whole.right() - part.left() - part.right(), 0);
 }
 
+QMargins ReadingSide::margins(const QMargins& margins)
+{
+    if (QGuiApplication::isLeftToRight())
+        return margins;
+    return {margins.right(), margins.top(), margins.left(), margins.bottom()};
+}
+
 void ReadingSide::drawLine(QPainter& painter, const QRectF& room, const QString& text, Qt::TextElideMode elision)
 {
     const Qt::Alignment side = QGuiApplication::isLeftToRight() ? Qt::AlignLeft : Qt::AlignRight;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMargins>
 #include <QRectF>
 #include <QString>
 
@@ -13,6 +14,9 @@ namespace ReadingSide {
 
 // Where a part of a whole belongs: at the other side of it where the language is read from the right.
 QRectF placed(const QRectF& part, const QRectF& whole);
+
+// Room around what is in it: more on the other side where the language is read from the right.
+QMargins margins(const QMargins& margins);
 
 // A line with the painter's font and pen from the beginning of its room, in its middle, elided where it is too long. It
 // keeps the direction of its own words: a path is a path in every language.

@@ -94,13 +94,13 @@ struct PortalColorSamplerTest : testing::Test {
     Testing::FakeMainLoop loop;
     std::unique_ptr<PortalColorSampler> sampler = std::make_unique<PortalColorSampler>(loop);
     int answers = 0;
-    std::optional<QColor> color;
+    ColorSampler::Outcome outcome;
 
     void pick()
     {
-        sampler->pick([this](std::optional<QColor> given) {
+        sampler->pick([this](const ColorSampler::Outcome& given) {
             ++answers;
-            color = given;
+            outcome = given;
         });
     }
 
@@ -116,18 +116,22 @@ TEST_F(PortalColorSamplerTest, ThePortalsAnswerIsTheColourOrNone)
         Manner manner;
         uint response;
         QVariant color;
-        std::optional<QColor> expected;
+        ColorSampler::Outcome expected;
     };
+
+    const auto none = [](const char* reason) { return std::unexpected(QString(reason)); };
 
     const QVariant orange = QVariant::fromValue(PortalColor{1, 0.5, 0});
     const Case cases[] = {
         {"a colour", Manner::answers, 0, orange, QColor(255, 128, 0)},
         {"an answer before the call returns", Manner::answersFirst, 0, orange, QColor(255, 128, 0)},
-        {"cancelled by the user", Manner::answers, 1, orange, std::nullopt},
-        {"no colour", Manner::answers, 0, QVariant("red"), std::nullopt},
-        {"a colour that no screen has", Manner::answers, 0, QVariant::fromValue(PortalColor{2, 0, 0}), std::nullopt},
-        {"a refusal", Manner::refuses, 0, orange, std::nullopt},
-        {"a portal that ends", Manner::goesAway, 0, orange, std::nullopt},
+        {"cancelled by the user", Manner::answers, 1, orange, none("")},
+        {"a picker that does not run", Manner::answers, 2, orange, none("the desktop's colour picker has failed")},
+        {"no colour", Manner::answers, 0, QVariant("red"), none("what the desktop's colour picker gave is no colour")},
+        {"a colour that no screen has", Manner::answers, 0, QVariant::fromValue(PortalColor{2, 0, 0}),
+         none("what the desktop's colour picker gave is no colour")},
+        {"a refusal", Manner::refuses, 0, orange, none("the desktop has no colour picker either")},
+        {"a portal that ends", Manner::goesAway, 0, orange, none("the desktop's colour picker has ended")},
     };
     SmallPortal portal(bus.address());
     for (const Case& c : cases) {
@@ -139,8 +143,11 @@ TEST_F(PortalColorSamplerTest, ThePortalsAnswerIsTheColourOrNone)
         pick();
         ASSERT_TRUE(Testing::waitFor([this] { return isAnswered(); }));
         EXPECT_EQ(answers, 1);
-        ASSERT_EQ(color.has_value(), c.expected.has_value());
-        EXPECT_TRUE(!color || color->rgb() == c.expected->rgb()) << qPrintable(color->name());
+        ASSERT_EQ(outcome.has_value(), c.expected.has_value());
+        if (outcome)
+            EXPECT_EQ(outcome->rgb(), c.expected->rgb());
+        else
+            EXPECT_EQ(outcome.error(), c.expected.error());
         EXPECT_EQ(loop.pendingTimers(), 0u);
     }
 }
@@ -149,7 +156,7 @@ TEST_F(PortalColorSamplerTest, WithoutAPortalThereIsNoColour)
 {
     pick();
     EXPECT_TRUE(Testing::waitFor([this] { return isAnswered(); }));
-    EXPECT_EQ(color, std::nullopt);
+    EXPECT_EQ(outcome.error(), "the desktop has no colour picker either");
 }
 
 TEST_F(PortalColorSamplerTest, OneThatHangsIsGivenUpAndNothingComesAfterwards)
@@ -160,7 +167,7 @@ TEST_F(PortalColorSamplerTest, OneThatHangsIsGivenUpAndNothingComesAfterwards)
     ASSERT_TRUE(Testing::waitFor([&] { return portal.calls == 1; }));
     loop.advance(std::chrono::minutes(3));
     EXPECT_EQ(answers, 1);
-    EXPECT_EQ(color, std::nullopt);
+    EXPECT_EQ(outcome.error(), "");
     pick();
     ASSERT_TRUE(Testing::waitFor([&] { return portal.calls == 2; }));
     sampler->cancel();

@@ -72,12 +72,12 @@ TEST_F(SettingsFileTest, EveryValueReadsBackAsItWas)
 
 TEST_F(SettingsFileTest, ADiskThatIsFullLosesNothing)
 {
-    ASSERT_TRUE(file.change("a", "kept"));
+    ASSERT_TRUE(file.change({{"a", "kept"}}));
     EXPECT_EQ(modeOf(path), 0600u);
     EXPECT_EQ(modeOf(folder / "kovrel"), 0700u);
     for (const rlim_t room : {0, 50}) {
         const Testing::FileSizeLimit limit(room);
-        const auto changed = file.change("b", QString(100, 'x'));
+        const auto changed = file.change({{"b", QString(100, 'x')}});
         ASSERT_FALSE(changed);
         EXPECT_TRUE(changed.error().contains(path)) << qPrintable(changed.error());
     }
@@ -87,7 +87,7 @@ TEST_F(SettingsFileTest, ADiskThatIsFullLosesNothing)
 
 TEST_F(SettingsFileTest, WhereNoFilesCanBeOpenedNothingIsTakenForDamaged)
 {
-    ASSERT_TRUE(file.change("a", "kept"));
+    ASSERT_TRUE(file.change({{"a", "kept"}}));
     rlimit usual{};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
     const int next = ::dup(0);
@@ -95,7 +95,7 @@ TEST_F(SettingsFileTest, WhereNoFilesCanBeOpenedNothingIsTakenForDamaged)
     for (int spare = 0; spare < 6; ++spare) {
         const rlimit limit{rlim_t(next + spare), usual.rlim_max};
         ::setrlimit(RLIMIT_NOFILE, &limit);
-        const auto changed = file.change("a", "kept");
+        const auto changed = file.change({{"a", "kept"}});
         ::setrlimit(RLIMIT_NOFILE, &usual);
         EXPECT_EQ(names(), QStringList{"kovrel.conf"}) << spare;
         EXPECT_EQ(*file.read(), (IniText::Values{{"a", "kept"}})) << spare << changed.has_value();
@@ -105,7 +105,7 @@ TEST_F(SettingsFileTest, WhereNoFilesCanBeOpenedNothingIsTakenForDamaged)
 TEST_F(SettingsFileTest, ChangesOfAMomentAreAllSeen)
 {
     for (int round = 0; round < 50; ++round) {
-        ASSERT_TRUE(SettingsFile(path).change("a", round % 10));
+        ASSERT_TRUE(SettingsFile(path).change({{"a", round % 10}}));
         EXPECT_EQ(SettingsFile(path).read()->value("a").toInt(), round % 10);
     }
 }
@@ -121,7 +121,7 @@ TEST_F(SettingsFileTest, WhatIsNoFileIsNeitherWaitedForNorReplaced)
         else
             ASSERT_TRUE(QDir().mkdir(path));
         EXPECT_FALSE(file.read()) << what;
-        EXPECT_FALSE(file.change("a", 1)) << what;
+        EXPECT_FALSE(file.change({{"a", 1}})) << what;
         QFile::remove(path);
         struct stat status{};
         ASSERT_EQ(::stat("/dev/zero", &status), 0);
@@ -151,7 +151,7 @@ TEST_F(SettingsFileTest, ALockThatSomebodyLeftBehindCostsNothing)
 {
     put("[General]\na=1\n");
     QFile(path + ".lock").open(QIODevice::WriteOnly);
-    EXPECT_TRUE(file.change("b", 2));
+    EXPECT_TRUE(file.change({{"b", 2}}));
     EXPECT_EQ(file.read()->size(), 2);
 }
 

@@ -9,7 +9,7 @@ class FakeColorSampler : public ColorSampler {
 public:
     int asked = 0;
 
-    void pick(Reply<std::optional<QColor>> reply) override
+    void pick(Reply<Outcome> reply) override
     {
         ++asked;
         m_reply = std::move(reply);
@@ -19,14 +19,14 @@ public:
 
     bool isAsked() const { return m_reply != nullptr; }
 
-    void answer(std::optional<QColor> color)
+    void answer(const Outcome& color)
     {
         if (const auto reply = std::exchange(m_reply, nullptr))
             reply(color);
     }
 
 private:
-    Reply<std::optional<QColor>> m_reply;
+    Reply<Outcome> m_reply;
 };
 
 } // namespace Kovrel::Testing
