@@ -196,7 +196,7 @@ QRegion CanvasPicture::setDocument(const EditorDocument& document)
     }
     keepBelow(before);
     redraw(changed);
-    return area() == areaBefore ? changed & area() : QRegion(areaBefore) + area();
+    return (changed & area()) + QRegion(areaBefore).xored(area());
 }
 
 QRegion CanvasPicture::insideOfCard() const

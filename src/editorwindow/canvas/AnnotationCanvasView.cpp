@@ -99,6 +99,7 @@ void AnnotationCanvasView::drawExactly()
     m_picture.setSketched(false);
     m_picture.setShare(share());
     takeView();
+    update();
 }
 
 // Of the widget, in its own points, a pixel more than what was drawn for what scaling makes of its edges.
@@ -147,8 +148,10 @@ void AnnotationCanvasView::takeView()
     // The canvas is told in pixels of the capture, the picture's places at its share.
     const QRectF area(m_picture.area());
     const double share = m_picture.share();
+    const std::pair placeBefore(m_viewport.toView(QPointF()), m_viewport.zoom());
     m_viewport.setCanvas(QRectF(area.topLeft() / share, area.size() / share).toAlignedRect());
-    takeShare();
+    if (placeBefore != std::pair(m_viewport.toView(QPointF()), m_viewport.zoom()))
+        takeShare();
 }
 
 // Smaller than the capture, the picture is drawn at the size it is shown; larger, its pixels are enlarged.
