@@ -2,7 +2,7 @@
 
 #include "feedback/FeedbackReport.h"
 #include "feedback/FeedbackWindow.h"
-#include "ui/RowButton.h"
+#include "ui/controls/RowButton.h"
 #include "welcome/FirstRunWindow.h"
 #include "welcome/HomeWindow.h"
 #include "welcome/PermissionWindow.h"

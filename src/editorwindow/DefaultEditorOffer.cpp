@@ -2,7 +2,7 @@
 
 #include "ui/Label.h"
 #include "ui/PrimaryButton.h"
-#include "ui/RowButton.h"
+#include "ui/controls/RowButton.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 

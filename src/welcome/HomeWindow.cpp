@@ -7,9 +7,9 @@
 #include "ui/Notice.h"
 #include "ui/PrimaryButton.h"
 #include "ui/Questions.h"
-#include "ui/RowButton.h"
 #include "ui/controls/Card.h"
 #include "ui/controls/PlainButton.h"
+#include "ui/controls/RowButton.h"
 #include "ui/controls/WindowHeader.h"
 #include "ui/tokens/Metrics.h"
 

@@ -7,7 +7,7 @@
 #include "tests/support/FakeWorkers.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/TestPictures.h"
-#include "ui/RowButton.h"
+#include "ui/controls/RowButton.h"
 
 #include <QLineEdit>
 #include <QPushButton>

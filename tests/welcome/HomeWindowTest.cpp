@@ -2,8 +2,8 @@
 
 #include "tests/support/TempFolder.h"
 #include "tests/support/WindowWalk.h"
-#include "ui/RowButton.h"
 #include "ui/controls/PlainButton.h"
+#include "ui/controls/RowButton.h"
 #include "ui/tokens/Theme.h"
 
 #include <QApplication>

@@ -1,6 +1,7 @@
 #include "cards/menu/CardMenus.h"
 
 #include "cards/menu/CardQuickActionsMenu.h"
+#include "ui/MenuPlace.h"
 
 namespace Kovrel {
 
@@ -54,7 +55,7 @@ void CardMenus::open(QUuid id, QPoint globalPosition)
     QObject::connect(menu, &Menu::openWithChosen, menu, [this, id](const QString& program) {
         withFileOf(id, [this, program](const QString& path) { m_programs.open(path, program); });
     });
-    menu->popup(globalPosition);
+    MenuPlace::open(*menu, globalPosition);
 }
 
 void CardMenus::handOver(CardQuickAction action, const QString& path)

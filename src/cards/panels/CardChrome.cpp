@@ -1,6 +1,7 @@
 #include "cards/panels/CardChrome.h"
 
 #include "cards/panels/CardButton.h"
+#include "ui/MenuPlace.h"
 #include "ui/tokens/CardTokens.h"
 #include "ui/tokens/ReadingSide.h"
 
@@ -65,8 +66,7 @@ void CardChrome::addMenuButton()
 {
     auto* button =
         new CardButton("ellipsis", QCoreApplication::translate("CardChrome", "More"), CardTokens::button, this);
-    connect(button, &CardButton::clicked, this,
-            [this, button] { Q_EMIT menuWanted(button->mapToGlobal(QPoint(0, button->height()))); });
+    connect(button, &CardButton::clicked, this, [this, button] { Q_EMIT menuWanted(MenuPlace::below(*button)); });
     m_bar.push_back(button);
 }
 

@@ -3,6 +3,7 @@
 #include "cards/CardFace.h"
 #include "cards/panels/CardPainting.h"
 #include "cards/panels/CodePill.h"
+#include "ui/MenuPlace.h"
 #include "ui/tokens/CardTokens.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/ReadingSide.h"
@@ -53,8 +54,7 @@ void CardPanel::setCode(const std::optional<CardCode>& code)
         return;
     m_pill = new CodePill(*code, this);
     m_pill->show();
-    connect(m_pill, &CodePill::clicked, this,
-            [this] { Q_EMIT codeClicked(m_pill->mapToGlobal(QPoint(0, m_pill->height()))); });
+    connect(m_pill, &CodePill::clicked, this, [this] { Q_EMIT codeClicked(MenuPlace::below(*m_pill)); });
 }
 
 void CardPanel::setHovered(bool isHovered)

@@ -3,6 +3,7 @@
 #include "cards/QuickAccessController.h"
 #include "cards/panels/CodeMenu.h"
 #include "ui/FileDrag.h"
+#include "ui/MenuPlace.h"
 #include "ui/tokens/Motion.h"
 
 #include <QPointer>
@@ -306,7 +307,7 @@ void CardPanels::openCode(QUuid card, QPoint position)
     connect(menu, &CodeMenu::copyWanted, this, &CardPanels::textWanted);
     connect(menu, &QMenu::aboutToHide, this, [this, card] { m_controller->quickActionsMenuClosed(card); });
     m_controller->quickActionsMenuOpened(card);
-    menu->popup(position);
+    MenuPlace::open(*menu, position);
 }
 
 } // namespace Kovrel

@@ -5,7 +5,7 @@
 #include "editorwindow/crop/CropSizeMenu.h"
 #include "editorwindow/tools/ChoiceButton.h"
 #include "ui/PrimaryButton.h"
-#include "ui/RowButton.h"
+#include "ui/controls/RowButton.h"
 #include "ui/controls/SymbolButton.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"

@@ -3,7 +3,7 @@
 #include "editor/crop/CropSizes.h"
 #include "ui/Ground.h"
 #include "ui/Label.h"
-#include "ui/RowButton.h"
+#include "ui/controls/RowButton.h"
 #include "ui/controls/SymbolButton.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"

@@ -1,5 +1,6 @@
 #include "editorwindow/tools/ChoiceButton.h"
 
+#include "ui/MenuPlace.h"
 #include "ui/controls/ChevronLine.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
@@ -63,7 +64,7 @@ void ChoiceButton::offer()
         action->setCheckable(true);
         action->setChecked(index == m_choice);
     }
-    menu->popup(mapToGlobal(QPoint(0, height())));
+    MenuPlace::open(*menu, MenuPlace::below(*this));
 }
 
 } // namespace Kovrel

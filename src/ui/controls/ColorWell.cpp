@@ -1,6 +1,7 @@
 #include "ui/controls/ColorWell.h"
 
 #include "model/HexColor.h"
+#include "ui/MenuPlace.h"
 #include "ui/tokens/CanvasTokens.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
@@ -114,7 +115,7 @@ void ColorWell::offer()
                 [this](const QColor& color) { Q_EMIT colorChosen(color.name().toUpper()); });
         dialog->open();
     });
-    menu->popup(mapToGlobal(QPoint(0, height())));
+    MenuPlace::open(*menu, MenuPlace::below(*this));
 }
 
 void ColorWell::pickFromScreen()

@@ -1,4 +1,4 @@
-#include "ui/RowButton.h"
+#include "ui/controls/RowButton.h"
 
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
