@@ -133,8 +133,9 @@ QRect clipToPixels(QPainter& painter, const QRectF& rect, const std::optional<QP
     return pixels;
 }
 
-// Stripes where x - y is the same, counted from the capture's origin: the hatching of neighbours meets. Each pixel is
-// as much in a stripe as its centre says, which takes no longer for many stripes than for a few.
+// Stripes where x - y is the same, counted from a place of the shape's own, so that they go with it and are the same
+// in a capture that is cropped. Each pixel is as much in a stripe as its centre says, which takes no longer for many
+// stripes than for a few.
 QImage hatching(const QRect& area, const QTransform& fromDevice, const QColor& color, double scale)
 {
     QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
@@ -153,14 +154,15 @@ QImage hatching(const QRect& area, const QTransform& fromDevice, const QColor& c
     return image;
 }
 
-void hatch(QPainter& painter, const QPainterPath& shape, const QColor& color, double scale)
+void hatch(QPainter& painter, const QPainterPath& shape, QPointF origin, const QColor& color, double scale)
 {
     const QTransform toDevice = painter.combinedTransform();
     const QPainterPath outline = toDevice.map(shape);
     const QRect area = outline.boundingRect().toAlignedRect() & PainterPixels::clip(painter);
     if (area.isEmpty())
         return;
-    QBrush brush(hatching(area, toDevice.inverted(), color, scale));
+    const QTransform toOrigin = toDevice.inverted() * QTransform::fromTranslate(-origin.x(), -origin.y());
+    QBrush brush(hatching(area, toOrigin, color, scale));
     brush.setTransform(QTransform::fromTranslate(area.left(), area.top()));
     painter.save();
     painter.resetTransform();
@@ -182,7 +184,7 @@ void drawShape(QPainter& painter, const Annotation& mark, double scale)
     const QPainterPath shape = AnnotationInk::shapePath(mark, scale);
     QColor color = AnnotationInk::colorOf(mark);
     if (mark.fillStyle == Annotation::FillStyle::hatched)
-        hatch(painter, shape, color, scale);
+        hatch(painter, shape, QPointF(mark.points.front().x, mark.points.front().y) * scale, color, scale);
     if (mark.fillStyle == Annotation::FillStyle::translucent)
         color.setAlphaF(float(translucentFill * color.alphaF()));
     if (mark.fillStyle == Annotation::FillStyle::filled || mark.fillStyle == Annotation::FillStyle::translucent)

@@ -96,9 +96,6 @@ TEST(CanvasPictureTest, OnABackdropACropIsCarriedOut)
             const EditorCapture capture = captureAt(scale);
             Testing::RandomMarks random(seed, size, capture.image.copy(0, 0, 20, 30));
             EditorDocument document = documentWith(random.some(), true);
-            for (Annotation& mark : document.marks) // whose stripes are counted from the corner of what is exported
-                if (mark.fillStyle == AnnotationFillStyle::hatched)
-                    mark.fillStyle = AnnotationFillStyle::translucent;
             document.composition.crop = Rect{12 / scale, 30 / scale, 90 / scale, 60 / scale};
             document.composition.backdrop.autoBalance = seed % 2 == 0;
             CanvasPicture picture(capture);
