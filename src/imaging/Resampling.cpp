@@ -82,7 +82,7 @@ void storePixel(const float* values, const Mix& columns, uchar* pixel)
         for (float& value : mixed)
             value += weight * *values++;
     static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "alpha is the last byte of a pixel");
-    const float alpha = std::clamp(std::floor(mixed[3]), 0.0f, 255.0f);
+    const float alpha = std::clamp(float(int(mixed[3])), 0.0f, 255.0f);
     for (const float value : mixed)
         *pixel++ = uchar(std::clamp(value, 0.0f, alpha));
 }
