@@ -5,13 +5,13 @@
 #include "settings/SettingsSidebar.h"
 #include "ui/Label.h"
 #include "ui/Notice.h"
+#include "ui/controls/ScrollColumn.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Typography.h"
 
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QKeyEvent>
-#include <QScrollArea>
 
 namespace Kovrel {
 
@@ -47,11 +47,7 @@ SettingsWindow::SettingsWindow(Preferences& preferences, const std::vector<Setti
     setWindowIcon(QIcon(":/com.kovrel.Kovrel.svg"));
     m_sidebar = new SettingsSidebar(tabsOf(m_catalog));
     m_notice = new Notice;
-    m_area = new QScrollArea;
-    m_area->setWidgetResizable(true);
-    m_area->setFrameShape(QFrame::NoFrame);
-    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_area->setFocusPolicy(Qt::NoFocus);
+    m_area = new ScrollColumn;
     m_foot = new RemarkLine;
     m_noticePlace = placed(m_notice, {Spacing::window, Spacing::window, Spacing::window, 0});
     m_footPlace = placed(m_foot, {Spacing::window, Spacing::small, Spacing::window, Spacing::medium});
@@ -136,13 +132,13 @@ void SettingsWindow::search(const QString& query)
         return;
     }
     m_view = nullptr;
-    m_area->setWidget(makeEmptyResult(query));
+    m_area->setContent(makeEmptyResult(query));
 }
 
 void SettingsWindow::show(SettingsPageView* view)
 {
     m_view = view;
-    m_area->setWidget(view); // the one before goes
+    m_area->setContent(view);
 }
 
 QWidget* SettingsWindow::makeEmptyResult(const QString& query) const

@@ -4,12 +4,11 @@
 #include "settings/rows/SettingsCatalog.h"
 #include "ui/AppWindow.h"
 
-class QScrollArea;
-
 namespace Kovrel {
 
 class Notice;
 class RemarkLine;
+class ScrollColumn;
 class SettingsPageView;
 class SettingsSidebar;
 
@@ -47,7 +46,7 @@ private:
     QWidget* m_noticePlace = nullptr; // with the room around it
     RemarkLine* m_foot = nullptr;     // why what was changed is not on the disk
     QWidget* m_footPlace = nullptr;
-    QScrollArea* m_area = nullptr;
+    ScrollColumn* m_area = nullptr;
     SettingsPageView* m_view = nullptr;
     SettingsTab m_tab = SettingsTab::general;
     Subscription m_changes;

@@ -10,17 +10,23 @@
 #include "ui/controls/Card.h"
 #include "ui/controls/PlainButton.h"
 #include "ui/controls/RowButton.h"
+#include "ui/controls/ScrollColumn.h"
 #include "ui/controls/WindowHeader.h"
 #include "ui/tokens/Metrics.h"
 
 #include <QHBoxLayout>
 #include <QIcon>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace Kovrel {
 
 namespace {
 
 constexpr int contentWidth = 420;
+constexpr int mostTitleHeight = 48;      // of a desktop's frame
+constexpr int leastCommandsHeight = 120; // some rows, whatever stands around them
 
 } // namespace
 
@@ -54,8 +60,8 @@ HomeWindow::HomeWindow(Preferences& preferences, QString version, Handlers handl
 
 QWidget* HomeWindow::makeCommands()
 {
-    m_commandList = new Card;
-    auto* layout = new QVBoxLayout(m_commandList);
+    auto* const card = new Card;
+    auto* const layout = new QVBoxLayout(card);
     layout->setContentsMargins(Spacing::small, Spacing::small, Spacing::small, Spacing::small);
     layout->setSpacing(Spacing::tight);
     for (const MenuEntry& entry : CommandTable::menu()) {
@@ -64,6 +70,8 @@ QWidget* HomeWindow::makeCommands()
         layout->addWidget(row);
         m_commands.emplace_back(row, entry);
     }
+    m_commandList = new ScrollColumn;
+    m_commandList->setContent(card);
     return m_commandList;
 }
 
@@ -84,6 +92,7 @@ QWidget* HomeWindow::makeFooter()
 void HomeWindow::setWidths()
 {
     m_content->setFixedWidth(int(contentWidth * Typography::scale()));
+    fitOntoScreen();
 }
 
 void HomeWindow::refresh()
@@ -104,6 +113,20 @@ void HomeWindow::refresh()
         row->setKeys(combo ? combo->title() : QKeySequence(entry.windowKeys).toString(QKeySequence::NativeText));
     }
     refreshFooter();
+    fitOntoScreen();
+}
+
+// On a low screen the commands are scrolled.
+void HomeWindow::fitOntoScreen()
+{
+    const int all = m_commandList->widget()->sizeHint().height();
+    m_commandList->setFixedHeight(all);
+    m_content->layout()->invalidate();
+    const int content = std::max(m_content->layout()->totalHeightForWidth(m_content->minimumWidth()), all);
+    const QMargins around = layout()->contentsMargins();
+    const int most = screen()->availableSize().height() - mostTitleHeight - around.top() - around.bottom();
+    const int tooHigh = content - most;
+    m_commandList->setFixedHeight(std::max(leastCommandsHeight, all - std::max(0, tooHigh)));
 }
 
 void HomeWindow::refreshUpdate()

@@ -12,6 +12,7 @@ class Notice;
 class PlainButton;
 class PrimaryButton;
 class RowButton;
+class ScrollColumn;
 class WindowHeader;
 
 // The program's own window: who is signed in, what stands in the way of capturing, and every command with its keys, for
@@ -48,6 +49,7 @@ private:
     QString accountText() const;
     void askToSignOut();
     void setWidths();
+    void fitOntoScreen();
 
     Preferences& m_preferences;
     QString m_version;
@@ -57,7 +59,7 @@ private:
     Notice* m_notice;
     Notice* m_update;
     PrimaryButton* m_signIn;
-    QWidget* m_commandList = nullptr;
+    ScrollColumn* m_commandList = nullptr;
     std::vector<std::pair<RowButton*, MenuEntry>> m_commands;
     Label* m_facts = nullptr;
     PlainButton* m_signOut = nullptr;

@@ -10,6 +10,8 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPalette>
+#include <QScreen>
+#include <QScrollArea>
 
 #include <gtest/gtest.h>
 
@@ -150,10 +152,24 @@ TEST_F(HomeWindowTest, SpeaksTheLanguageOfTheUser)
     QCoreApplication::removeTranslator(&language);
 }
 
+namespace {
+
+// What is scrolled. False for the room it is scrolled in, of which there may be a part.
+bool bringIntoSight(QWidget* widget, QScrollArea& commands)
+{
+    if (widget == &commands || widget == commands.viewport() || widget == commands.widget())
+        return false;
+    if (commands.widget()->isAncestorOf(widget))
+        commands.ensureWidgetVisible(widget);
+    return true;
+}
+
+} // namespace
+
 TEST_F(HomeWindowTest, NoTextIsCutOffWithALargerFont)
 {
     const QFont before = QApplication::font();
-    for (const int pixelSize : {13, 20, 26}) {
+    for (const int pixelSize : {13, 20, 26, 32}) {
         QFont font = before;
         font.setPixelSize(pixelSize);
         QApplication::setFont(font);
@@ -162,8 +178,10 @@ TEST_F(HomeWindowTest, NoTextIsCutOffWithALargerFont)
             window.showNotice("Something that takes more than a single line to be said in this small window.");
             show();
             QCoreApplication::processEvents();
-            for (const QWidget* widget : window.findChildren<QWidget*>()) {
-                if (!widget->isVisible())
+            EXPECT_LE(window.height(), window.screen()->availableSize().height()) << pixelSize;
+            auto& commands = *window.findChild<QScrollArea*>();
+            for (QWidget* widget : window.findChildren<QWidget*>()) {
+                if (!widget->isVisible() || !bringIntoSight(widget, commands))
                     continue;
                 EXPECT_TRUE(window.rect().contains(QRect(widget->mapTo(&window, QPoint()), widget->size())));
                 if (qobject_cast<const QAbstractButton*>(widget))
@@ -194,7 +212,7 @@ TEST_F(HomeWindowTest, FollowsColoursAndFontsOfTheDesktopWhileItIsOpen)
     const QSize before = window.sizeHint();
     QApplication::setFont(larger);
     EXPECT_GT(window.sizeHint().width(), before.width() * 3 / 2);
-    EXPECT_GT(window.sizeHint().height(), before.height() * 4 / 3);
+    EXPECT_GT(window.sizeHint().height(), before.height());
     QApplication::setFont(font);
     QApplication::setPalette(palette);
 }

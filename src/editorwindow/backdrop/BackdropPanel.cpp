@@ -2,12 +2,12 @@
 
 #include "editorwindow/backdrop/BackdropControls.h"
 #include "editorwindow/backdrop/BackdropFills.h"
+#include "ui/controls/ScrollColumn.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
 
 #include <QPainter>
-#include <QScrollArea>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -36,14 +36,8 @@ BackdropPanel::BackdropPanel(EditorSession& session, Preferences& preferences, M
     column->addWidget(m_fills);
     column->addWidget(m_controls);
     column->addStretch(1);
-    auto* const scroll = new QScrollArea;
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(content);
-    content->setAutoFillBackground(false);
-    scroll->viewport()->setAutoFillBackground(false);
+    auto* const scroll = new ScrollColumn;
+    scroll->setContent(content);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(1, 0, 0, 0);
     layout->addWidget(scroll);
