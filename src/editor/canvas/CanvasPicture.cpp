@@ -111,7 +111,6 @@ void CanvasPicture::takeShare()
     takeBackdrop();
     m_marked = {};
     m_picture = {};
-    m_below = {};
 }
 
 // On a backdrop marks may reach over the capture anyway.
@@ -151,6 +150,7 @@ void CanvasPicture::takeBackdrop()
     takeCard();
     m_ground.layout = m_document.composition.backdrop.isNone() ? std::nullopt : layoutAt(scale());
     m_ground.picture = {};
+    m_below = {};
 }
 
 const QImage& CanvasPicture::groundPicture()
@@ -192,7 +192,6 @@ QRegion CanvasPicture::setDocument(const EditorDocument& document)
     if (isBackdropChanged) {
         takeBackdrop();
         changed += (QRegion(areaBefore) + area()) - (insideBefore & insideOfCard());
-        m_below = {};
     }
     keepBelow(before);
     redraw(changed);

@@ -184,6 +184,12 @@ EditorBackdrop changed(EditorBackdrop backdrop, Testing::RandomMarks& random)
     return backdrop;
 }
 
+QRect someOf(const QRect& area, Testing::RandomMarks& random)
+{
+    const QPoint corner(random.below(area.width()), random.below(area.height()));
+    return QRect(area.topLeft() + corner, QSize(90, 70)) & area;
+}
+
 QImage partOf(const CanvasPixels& pixels, const QRect& part)
 {
     return pixels.image().copy(part.translated(-pixels.corner()));
@@ -206,16 +212,17 @@ TEST(CanvasPictureTest, AMovingBackdropIsDrawnAsIfItWereDrawnAtOnce)
             document.composition.backdrop = changed(document.composition.backdrop, random);
             if (random.below(4) == 0)
                 document.composition.crop = Rect{10, 10, 60.0 + random.below(60), 50.0 + random.below(40)};
+            picture.setSketched(round % 2 == 0);
+            for (int step = 0; step < 3; ++step) {
+                document.marks.back() = MarkFrame::translated(document.marks.back(), {5, 3});
+                picture.setDocument(document);
+                picture.drawn(someOf(picture.area(), random));
+            }
+            picture.setSketched(false);
             CanvasPicture fresh(capture);
             fresh.setShare(picture.share());
             fresh.setDocument(document);
-            const QRect all = fresh.area();
-            const QPoint corner(random.below(all.width()), random.below(all.height()));
-            const QRect part = QRect(all.topLeft() + corner, QSize(90, 70)) & all;
-            picture.setSketched(round % 2 == 0);
-            picture.setDocument(document);
-            picture.drawn(part);
-            picture.setSketched(false);
+            const QRect part = someOf(fresh.area(), random);
             ASSERT_TRUE(Testing::samePicture(partOf(picture.drawn(part), part), partOf(fresh.drawn(part), part), 0))
                 << "seed " << seed << ", round " << round;
         }
