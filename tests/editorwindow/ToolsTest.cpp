@@ -5,6 +5,7 @@
 #include "tests/support/TempFolder.h"
 #include "ui/controls/SymbolButton.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QSlider>

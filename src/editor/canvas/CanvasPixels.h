@@ -19,7 +19,6 @@ public:
     // What of a region is not drawn; whoever draws it says so.
     QRegion missing(const QRegion& region) const { return (region & m_area) - m_drawn; }
 
-
     void setDrawn(const QRegion& region) { m_drawn += region & m_area; }
 
     bool isEmpty() const { return m_drawn.isEmpty(); }
