@@ -217,6 +217,7 @@ TEST(SettingsTest, EachIsReadOrThereIsAReason)
 TEST(SettingsTest, TheCommandKnowsTheTabsOfTheWindow)
 {
     std::vector<std::string> tabs;
+    tabs.reserve(RawStrings<SettingsTab>::table.size());
     for (const auto& [tab, name] : RawStrings<SettingsTab>::table)
         tabs.emplace_back(name);
     EXPECT_EQ(CommandTable::find("settings")->choices, tabs);

@@ -126,8 +126,8 @@ TEST(DragHandleTest, IsDraggedOnceThePointerHasGoneFarEnough)
         handle.show();
         int drags = 0;
         QObject::connect(&handle, &DragHandle::dragged, [&drags] { ++drags; });
-        const auto send = [&](QEvent::Type type, Qt::MouseButton changed, QPointF at) {
-            QMouseEvent event(type, at, handle.mapToGlobal(at), changed, button, {});
+        const auto send = [&handle, held = button](QEvent::Type type, Qt::MouseButton changed, QPointF at) {
+            QMouseEvent event(type, at, handle.mapToGlobal(at), changed, held, {});
             QCoreApplication::sendEvent(&handle, &event);
         };
         send(QEvent::MouseButtonPress, button, {10, 10});
