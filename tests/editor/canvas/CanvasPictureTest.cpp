@@ -200,7 +200,7 @@ QImage partOf(const CanvasPixels& pixels, const QRect& part)
 // What the backdrop leaves as it is stays drawn, and only what is in sight is drawn anew.
 TEST(CanvasPictureTest, AMovingBackdropIsDrawnAsIfItWereDrawnAtOnce)
 {
-    for (unsigned seed = 0; seed < 40; ++seed) {
+    for (unsigned seed = 0; seed < 20; ++seed) {
         EditorCapture capture = captureAt(seed % 4 == 0 ? 2 : 1);
         Testing::RandomMarks random(seed, size, capture.image.copy(0, 0, 20, 30));
         if (seed % 5 == 0)
