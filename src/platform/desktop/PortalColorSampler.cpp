@@ -133,7 +133,7 @@ void PortalColorSampler::cancel()
     const QDBusMessage close = QDBusMessage::createMethodCall(service, m_request, requestInterface, "Close");
     QDBusConnection::sessionBus().asyncCall(close);
     m_reply = nullptr;
-    finish({});
+    finish(std::unexpected(QString()));
 }
 
 } // namespace Kovrel
