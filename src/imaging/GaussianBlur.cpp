@@ -1,5 +1,7 @@
 #include "imaging/GaussianBlur.h"
 
+#include "imaging/Simd.h"
+
 #include <algorithm>
 #include <cmath>
 #include <new>
@@ -113,7 +115,7 @@ std::vector<float> halfKernel(double sigma)
 }
 
 // to += weight * (one + other), for `count` values.
-void addPair(float* to, float weight, const float* one, const float* other, size_t count)
+KOVREL_SIMD void addPair(float* to, float weight, const float* one, const float* other, size_t count)
 {
     for (size_t index = 0; index < count; ++index)
         to[index] += weight * (one[index] + other[index]);

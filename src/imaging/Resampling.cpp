@@ -1,5 +1,8 @@
 #include "imaging/Resampling.h"
 
+#include "imaging/InHalves.h"
+#include "imaging/Simd.h"
+
 #include <QColorSpace>
 
 #include <algorithm>
@@ -62,16 +65,19 @@ std::vector<Mix> mixesOf(int length, int newLength)
     return mixes;
 }
 
+KOVREL_SIMD void addLine(float* line, float weight, const uchar* pixels, size_t count)
+{
+    for (size_t index = 0; index < count; ++index)
+        line[index] += weight * float(pixels[index]);
+}
+
 // The lines of the picture that a new line is made of, mixed.
 void mixLines(const QImage& image, const Mix& rows, std::vector<float>& line)
 {
     std::fill(line.begin(), line.end(), 0.0f);
     int y = rows.first;
-    for (const float weight : rows.weights) {
-        const uchar* const pixels = image.constScanLine(y++);
-        for (size_t index = 0; index < line.size(); ++index)
-            line[index] += weight * float(pixels[index]);
-    }
+    for (const float weight : rows.weights)
+        addLine(line.data(), weight, image.constScanLine(y++), line.size());
 }
 
 // The four channels of a new pixel. A curve may swing over what there is: no colour is more than its alpha.
@@ -87,6 +93,14 @@ void storePixel(const float* values, const Mix& columns, uchar* pixel)
         *pixel++ = uchar(std::clamp(value, 0.0f, alpha));
 }
 
+void storeLine(const std::vector<float>& line, const std::vector<Mix>& columns, uchar* pixel)
+{
+    for (const Mix& mix : columns) {
+        storePixel(line.data() + size_t(mix.first) * channels, mix, pixel);
+        pixel += channels;
+    }
+}
+
 QImage emptyLike(const QImage& source, QSize size)
 {
     QImage result(size, source.format());
@@ -100,15 +114,14 @@ void resample(const QImage& source, QImage& result)
 {
     const auto columns = mixesOf(source.width(), result.width());
     const auto rows = mixesOf(source.height(), result.height());
-    std::vector<float> line(size_t(source.width()) * channels);
-    for (int y = 0; y < result.height(); ++y) {
-        mixLines(source, rows[size_t(y)], line);
-        uchar* pixel = result.scanLine(y);
-        for (const Mix& mix : columns) {
-            storePixel(line.data() + size_t(mix.first) * channels, mix, pixel);
-            pixel += channels;
+    uchar* const pixels = result.bits();
+    inHalves(result.size(), [&, bytesPerLine = result.bytesPerLine()](int from, int to) {
+        std::vector<float> line(size_t(source.width()) * channels);
+        for (int y = from; y < to; ++y) {
+            mixLines(source, rows[size_t(y)], line);
+            storeLine(line, columns, pixels + y * bytesPerLine);
         }
-    }
+    });
 }
 
 bool canBeMade(QSize size)

@@ -1,9 +1,9 @@
 #include "editor/backdrop/DitheredImage.h"
 
 #include "imaging/GaussianBlur.h"
+#include "imaging/InHalves.h"
 
 #include <algorithm>
-#include <future>
 
 namespace Kovrel {
 
@@ -13,7 +13,6 @@ using DitheredImage::Paint;
 namespace {
 
 constexpr int side = 8;
-constexpr qint64 worthAThread = 500'000; // pixels
 
 // The Bayer matrix: bits of x ^ y and y, interleaved from the lowest upwards; each threshold in the middle of its step.
 constexpr std::array<std::array<float, side>, side> bayerMatrix()
@@ -85,11 +84,7 @@ QImage paintedAs(QImage::Format format, QSize size, const Paint& paint, Store st
     if (image.isNull())
         return image;
     image.detach(); // before another thread writes to it
-    const bool isLarge = qint64(size.width()) * size.height() > worthAThread;
-    const int half = isLarge ? size.height() / 2 : 0;
-    auto upper = std::async(std::launch::async, [&] { paintRows(image, 0, half, paint, store); });
-    paintRows(image, half, size.height(), paint, store);
-    upper.get();
+    inHalves(size, [&](int from, int to) { paintRows(image, from, to, paint, store); });
     return image;
 }
 

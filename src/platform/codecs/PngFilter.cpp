@@ -1,6 +1,6 @@
 #include "platform/codecs/PngFilter.h"
 
-#include "platform/codecs/Simd.h"
+#include "imaging/Simd.h"
 
 #include <algorithm>
 #include <array>

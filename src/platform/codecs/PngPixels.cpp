@@ -1,7 +1,7 @@
 #include "platform/codecs/PngPixels.h"
 
+#include "imaging/Simd.h"
 #include "platform/ImageCodec.h"
-#include "platform/codecs/Simd.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
+#include "imaging/Simd.h"
 #include "platform/ImageCodec.h"
-#include "platform/codecs/Simd.h"
 
 namespace Kovrel {
 
