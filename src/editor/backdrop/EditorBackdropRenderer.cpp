@@ -58,6 +58,16 @@ QImage emptyCanvas(const BackdropLayout& layout, const EditorBackdrop& backdrop)
     return image;
 }
 
+// A sketch's is one of few.
+QSize fillSize(QSize canvas, EditorBackdropRenderer::Precision precision)
+{
+    if (precision == EditorBackdropRenderer::Precision::exact)
+        return canvas;
+    constexpr int step = 64;
+    const auto rounded = [](int length) { return (length + step - 1) / step * step; };
+    return {rounded(canvas.width()), rounded(canvas.height())};
+}
+
 // A neighbour of the page's colour: lighter, or darker where the page is nearly white, so that the frame is seen.
 QColor besidePage(const QColor& page)
 {
@@ -76,12 +86,13 @@ bool EditorBackdropRenderer::isOpaque(const BackdropFill& fill)
 }
 
 void EditorBackdropRenderer::fillPainter(QPainter& painter, const BackdropLayout& layout,
-                                         const EditorBackdrop& backdrop)
+                                         const EditorBackdrop& backdrop, Precision precision)
 {
+    const QRect canvas({0, 0}, layout.canvas);
     if (backdrop.fill.kind == Kind::color)
-        painter.fillRect(QRect({0, 0}, layout.canvas), fillColor(backdrop.fill));
+        painter.fillRect(canvas, fillColor(backdrop.fill));
     else if (backdrop.fill.kind != Kind::none)
-        painter.drawImage(0, 0, m_fills.bitmap(backdrop.fill, layout.canvas, backdrop.blur));
+        painter.drawImage(canvas, m_fills.bitmap(backdrop.fill, fillSize(layout.canvas, precision), backdrop.blur));
 }
 
 void EditorBackdropRenderer::drawShadow(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop)
@@ -93,20 +104,22 @@ void EditorBackdropRenderer::drawShadow(QPainter& painter, const BackdropLayout&
         .drawOutside(painter, framed, backdrop.shadowOpacity);
 }
 
-QColor EditorBackdropRenderer::frameColor(const BackdropLayout& layout, const EditorBackdrop& backdrop)
+QColor EditorBackdropRenderer::frameColor(const BackdropLayout& layout, const EditorBackdrop& backdrop,
+                                          Precision precision)
 {
     if (!backdrop.frameFollowsPage)
         return HexColor::parse(backdrop.frameColorHex).value_or(QColor(Qt::white));
     if (backdrop.fill.kind == Kind::color)
         return besidePage(fillColor(backdrop.fill));
-    return besidePage(m_fills.mean(backdrop.fill, layout.canvas, backdrop.blur));
+    return besidePage(m_fills.mean(backdrop.fill, fillSize(layout.canvas, precision), backdrop.blur));
 }
 
-void EditorBackdropRenderer::drawFrame(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop)
+void EditorBackdropRenderer::drawFrame(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop,
+                                       Precision precision)
 {
     if (layout.frame <= 0)
         return;
-    fillSmoothly(painter, frameRing(layout), frameColor(layout, backdrop));
+    fillSmoothly(painter, frameRing(layout), frameColor(layout, backdrop, precision));
 }
 
 void EditorBackdropRenderer::drawCapture(QPainter& painter, const BackdropLayout& layout, const QImage& capture)
@@ -119,15 +132,15 @@ void EditorBackdropRenderer::drawCapture(QPainter& painter, const BackdropLayout
     fillSmoothly(painter, layout.captureClip(), brush);
 }
 
-QImage EditorBackdropRenderer::canvas(const BackdropLayout& layout, const EditorBackdrop& backdrop)
+QImage EditorBackdropRenderer::canvas(const BackdropLayout& layout, const EditorBackdrop& backdrop, Precision precision)
 {
     QImage image = emptyCanvas(layout, backdrop);
     if (image.isNull())
         return image;
     QPainter painter(&image);
-    fillPainter(painter, layout, backdrop);
+    fillPainter(painter, layout, backdrop, precision);
     drawShadow(painter, layout, backdrop);
-    drawFrame(painter, layout, backdrop);
+    drawFrame(painter, layout, backdrop, precision);
     return image;
 }
 

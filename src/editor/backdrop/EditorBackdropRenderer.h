@@ -27,19 +27,25 @@ public:
 
     static bool isOpaque(const BackdropFill& fill);
 
+    // Canvases that follow each other at many similar sizes are sketched: they share a fill, stretched.
+    enum class Precision { exact, sketched };
+
     // The fill covers the canvas.
-    void fillPainter(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
+    void fillPainter(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop,
+                     Precision precision = Precision::exact);
     // Only around the card, so that what shines through a capture is the fill.
     void drawShadow(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
     // Nothing where the frame has no width.
-    void drawFrame(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop);
+    void drawFrame(QPainter& painter, const BackdropLayout& layout, const EditorBackdrop& backdrop,
+                   Precision precision = Precision::exact);
+
     // The capture within the card's rounded corners. One whose size is not the layout's is resampled each time, so who
     // redraws often has it resampled before.
     static void drawCapture(QPainter& painter, const BackdropLayout& layout, const QImage& capture);
 
     // A canvas with fill, shadow and frame: Format_RGB32, or Format_ARGB32_Premultiplied where the fill lets something
     // through or is none. A null image when memory is short.
-    QImage canvas(const BackdropLayout& layout, const EditorBackdrop& backdrop);
+    QImage canvas(const BackdropLayout& layout, const EditorBackdrop& backdrop, Precision precision = Precision::exact);
 
     // The whole picture of a capture at its own scale, with its profile and density; subject and margins in its pixels.
     // Without a subject, the one that its alpha shows counts.
@@ -48,7 +54,7 @@ public:
                   const std::optional<CaptureSubject>& subject = {}, const BackdropMargins& margins = {});
 
 private:
-    QColor frameColor(const BackdropLayout& layout, const EditorBackdrop& backdrop);
+    QColor frameColor(const BackdropLayout& layout, const EditorBackdrop& backdrop, Precision precision);
 
     BackdropFillCache m_fills;
     ShadowTileCache m_shadows;

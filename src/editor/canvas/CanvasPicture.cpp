@@ -19,6 +19,7 @@ namespace Kovrel {
 namespace {
 
 using Kind = Annotation::Kind;
+using Precision = EditorBackdropRenderer::Precision;
 
 QImage paintable(const QImage& image)
 {
@@ -43,9 +44,9 @@ bool isOnCapture(const Annotation& mark)
            mark.kind == Kind::highlighter || mark.kind == Kind::spotlight;
 }
 
-constexpr double mostSketched = 100'000; // pixels of a sketch
-constexpr int mostPieces = 24;           // each costs more than its pixels: many are drawn as one
-constexpr int tile = 256;                // pixels, a power of two
+constexpr double mostSketched = 64'000; // pixels of a sketch
+constexpr int mostPieces = 24;          // each costs more than its pixels: many are drawn as one
+constexpr int tile = 256;               // pixels, a power of two
 
 double sketchShare(QSize canvas)
 {
@@ -105,8 +106,7 @@ void CanvasPicture::setShare(double share)
 
 void CanvasPicture::takeShare()
 {
-    m_shown = {atShare(m_capture.image, m_share), atShare(m_redactions.blurred, m_share),
-               atShare(m_redactions.pixelated, m_share)};
+    m_shown = {.capture = atShare(m_capture.image, m_share)};
     takePadding();
     takeBackdrop();
     m_marked = {};
@@ -156,9 +156,11 @@ void CanvasPicture::takeBackdrop()
 const QImage& CanvasPicture::groundPicture()
 {
     if (m_ground.picture.isNull()) {
+        const EditorBackdrop& backdrop = m_document.composition.backdrop;
         const auto small =
             m_ground.isSketched ? layoutAt(scale() * sketchShare(m_ground.layout->canvas)) : std::nullopt;
-        m_ground.picture = m_renderer.canvas(small.value_or(*m_ground.layout), m_document.composition.backdrop);
+        m_ground.picture = small ? m_renderer.canvas(*small, backdrop, Precision::sketched)
+                                 : m_renderer.canvas(*m_ground.layout, backdrop);
     }
     return m_ground.picture;
 }
@@ -249,12 +251,19 @@ QRect CanvasPicture::area() const
 const CanvasPixels& CanvasPicture::drawn(const QRegion& needed)
 {
     takeMarked();
+    if (m_picture.isEmpty() && showsCaptureAlone())
+        m_picture.share(m_marked);
     m_picture.setArea(area(), isOpaque());
     const QRegion missing = inFewPieces(m_picture.missing(needed));
     for (const QRect& rect : missing)
         redrawPicture(rect);
     m_picture.setDrawn(missing);
     return m_picture;
+}
+
+bool CanvasPicture::showsCaptureAlone() const
+{
+    return !m_ground.layout && area() == captureArea() && std::ranges::all_of(m_document.marks, isOnCapture);
 }
 
 void CanvasPicture::takeMarked()
@@ -292,9 +301,21 @@ std::vector<Annotation> CanvasPicture::marksOnCapture() const
     return marks;
 }
 
+// They are made smaller once a mark shows them.
+void CanvasPicture::takeRedactions()
+{
+    const auto take = [this](Kind kind, QImage& shown, const QImage& whole) {
+        if (shown.isNull() && std::ranges::find(m_document.marks, kind, &Annotation::kind) != m_document.marks.end())
+            shown = atShare(whole, m_share);
+    };
+    take(Kind::blur, m_shown.blurred, m_redactions.blurred);
+    take(Kind::pixelate, m_shown.pixelated, m_redactions.pixelated);
+}
+
 // Without marks of the kind the pixels are the capture's own, and shared with it.
 void CanvasPicture::redrawMarked(const QRect& rect)
 {
+    takeRedactions();
     if (std::ranges::none_of(m_document.marks, isOnCapture)) {
         m_marked = m_shown.capture;
         return;

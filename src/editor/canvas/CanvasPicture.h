@@ -98,7 +98,9 @@ private:
     QRegion pixelsOf(const std::vector<QRectF>& areas) const;
     // What shows nothing but the opaque capture, whatever the backdrop around it is like.
     QRegion insideOfCard() const;
+    bool showsCaptureAlone() const;
     void takeMarked();
+    void takeRedactions();
     void redraw(const QRegion& changed);
     void redrawMarked(const QRect& rect);
     void redrawPicture(const QRect& rect);

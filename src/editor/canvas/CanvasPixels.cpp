@@ -35,4 +35,12 @@ void CanvasPixels::setArea(const QRect& area, bool isOpaque)
     m_corner = room.topLeft();
 }
 
+void CanvasPixels::share(const QImage& picture)
+{
+    m_image = picture;
+    m_corner = {};
+    m_area = picture.rect();
+    m_drawn = m_area;
+}
+
 } // namespace Kovrel

@@ -12,6 +12,9 @@ public:
     // What is drawn of it stays. Opaque pixels are copied in half the time.
     void setArea(const QRect& area, bool isOpaque);
 
+    // All of the canvas are the pixels of a picture, copied when one of them changes. Of one of the formats of image().
+    void share(const QImage& picture);
+
     void forget(const QRegion& region) { m_drawn -= region; }
 
     void forgetAll() { m_drawn = {}; }
