@@ -118,22 +118,31 @@ QString displayFault()
            " can't be reached";
 }
 
-// Until it is asked to end, or until its command is done.
+// Until it is asked to end; with a command, until that is done and what it leaves on the screen is closed.
 int runUntilEnd(Application& kovrel, const Command& command)
 {
-    std::optional<int> exitCode;
+    int exitCode = CommandLine::done;
+    bool isEnding = false;
+    const auto end = [&isEnding] {
+        isEnding = true;
+        QCoreApplication::quit();
+    };
     if (command.name != "start")
-        kovrel.run(toTexts(command.arguments()), [&exitCode](const CommandAnswer& answer) {
+        kovrel.run(toTexts(command.arguments()), [&](const CommandAnswer& answer) {
             exitCode = report(answer);
-            QCoreApplication::quit();
+            if (exitCode == CommandLine::done && CommandLine::leavesWindow(command))
+                QObject::connect(qApp, &QGuiApplication::lastWindowClosed, qApp, end);
+            else
+                end();
         });
-    if (!exitCode)
+    if (!isEnding)
         QApplication::exec();
-    return exitCode.value_or(CommandLine::done);
+    return exitCode;
 }
 
 int runInstance(const Command& command, int& argc, char** argv)
 {
+    const bool isInBackground = command.name != "start" || command.has("background");
     std::optional<StartDeadline> deadline(std::in_place);
     if (!DesktopSession::obstacle().isEmpty())
         complain(DesktopSession::obstacle());
@@ -141,14 +150,13 @@ int runInstance(const Command& command, int& argc, char** argv)
     if (!display)
         return complain(displayFault());
     const auto application = makeApplication(argc, argv);
-    Application kovrel(
-        {.files = {}, .isLoginItem = command.has("background"), .build = KOVREL_BUILD, .version = KOVREL_VERSION},
-        FeatureList::all());
+    Application kovrel({.files = {}, .isLoginItem = isInBackground, .build = KOVREL_BUILD, .version = KOVREL_VERSION},
+                       FeatureList::all());
     const InstanceBus::Claim claim = kovrel.claimInstance();
     display.reset();
     deadline.reset();
     if (claim == InstanceBus::Claim::taken) {
-        if (!command.has("background"))
+        if (!isInBackground)
             InstanceBus::activateOwner();
         return CommandLine::done;
     }

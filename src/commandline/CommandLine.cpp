@@ -208,4 +208,10 @@ bool CommandLine::runsWithoutInstance(const Command& command)
     return spec->runs != CommandSpec::Runs::inInstance;
 }
 
+bool CommandLine::leavesWindow(const Command& command)
+{
+    const CommandSpec* spec = CommandTable::find(command.name);
+    return spec && spec->leavesWindow && !command.has("output");
+}
+
 } // namespace Kovrel

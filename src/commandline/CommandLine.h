@@ -19,6 +19,9 @@ std::expected<Command, std::string> parse(const std::vector<std::string>& argume
 // Whether the command can be run in a process of its own, without a display, when Kovrel is not running.
 bool runsWithoutInstance(const Command& command);
 
+// Whether something of it is on the screen when it is done.
+bool leavesWindow(const Command& command);
+
 } // namespace CommandLine
 
 } // namespace Kovrel

@@ -254,8 +254,9 @@ CommandSpec settingsCommand()
         .maxOperands = 1,
         .choiceName = "tab",
         .choices = {"general", "capture", "after", "saving", "editor", "shortcuts", "history", "text", "sounds"},
-        .menu = {
-            {QT_TRANSLATE_NOOP("CommandTable", "Settings…"), "settings", {"settings"}, std::nullopt, true, "Ctrl+,"}}};
+        .menu =
+            {{QT_TRANSLATE_NOOP("CommandTable", "Settings…"), "settings", {"settings"}, std::nullopt, true, "Ctrl+,"}},
+        .leavesWindow = true};
 }
 
 CommandSpec feedbackCommand()
@@ -263,7 +264,8 @@ CommandSpec feedbackCommand()
     return {.name = "feedback",
             .meaning = "a window that puts together what helps to find a fault; nothing is sent",
             .options = {{.name = "output", .value = "FILE", .meaning = "write it into FILE instead", .isPath = true}},
-            .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Feedback…"), "feedback", {"feedback"}}}};
+            .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Feedback…"), "feedback", {"feedback"}}},
+            .leavesWindow = true};
 }
 
 const std::vector<CommandSpec>& table()
@@ -280,13 +282,15 @@ const std::vector<CommandSpec>& table()
          .meaning = "pictures, in the editor",
          .minOperands = 1,
          .maxOperands = 1000,
-         .pathOperands = 1000},
+         .pathOperands = 1000,
+         .leavesWindow = true},
         {.name = "pin",
          .operands = "FILE",
          .meaning = "a picture, above all windows",
          .minOperands = 1,
          .maxOperands = 1,
-         .pathOperands = 1},
+         .pathOperands = 1,
+         .leavesWindow = true},
         {.name = "sign-in",
          .meaning = "use the account kept on this computer",
          .options = {{.name = "local", .meaning = "the only account that there is", .isRequired = true}},
@@ -299,7 +303,8 @@ const std::vector<CommandSpec>& table()
         {.name = "recent",
          .meaning = "the window with recorded captures",
          .options = {{.name = "strip", .meaning = "one row along the edge of the screen instead"}},
-         .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Recent Captures"), "recent", {"recent"}, history}}},
+         .menu = {{QT_TRANSLATE_NOOP("CommandTable", "Recent Captures"), "recent", {"recent"}, history}},
+         .leavesWindow = true},
         {.name = "reopen",
          .meaning = "the card that was closed last comes back",
          .menu =

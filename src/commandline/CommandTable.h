@@ -55,6 +55,7 @@ struct CommandSpec {
     std::optional<std::string> (*operandError)(const Command&) = nullptr;
     Runs runs = Runs::inInstance;
     std::vector<MenuEntry> menu{};
+    bool leavesWindow = false; // on the screen when it is done, but for what it writes into a file
 };
 
 // Everything that Kovrel can be asked to do. The parser, `--help`, the synopsis of the manual page, the completions of

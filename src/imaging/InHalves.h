@@ -6,8 +6,8 @@
 
 namespace Kovrel {
 
-// Calls `work(from, to)` for the lines of a picture: for all of a small one, else for both halves at once, the upper one
-// on another thread where one can be had. Any thread.
+// Calls `work(from, to)` for the lines of a picture: for all of a small one, else for both halves at once, the upper
+// one on another thread where one can be had. Any thread.
 template <class Work>
 void inHalves(QSize picture, const Work& work)
 {

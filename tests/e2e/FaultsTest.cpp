@@ -406,6 +406,13 @@ TEST(Desktops, WhatCanNotBeCapturedIsSaidInOneLine)
         EXPECT_TRUE(result.error.contains("no session bus")) << result.error.constData();
         EXPECT_EQ(session.savedFiles().size(), 1);
         EXPECT_EQ(session.kovrel({"kovrel://elsewhere"}).exitCode, 0) << "it ends";
+        QProcess& settings = session.startKovrel({"settings"});
+        const auto closeWindow = [&] {
+            session.run("xdotool", {"search", "--onlyvisible", "--name", "Settings", "windowfocus", "key", "ctrl+w"});
+            return settings.waitForFinished(500);
+        };
+        EXPECT_FALSE(settings.waitForFinished(2000)) << "a window stays";
+        EXPECT_TRUE(UserSession::eventually(closeWindow)) << "until it is closed";
     }
 }
 
