@@ -134,6 +134,7 @@ InstanceBus::Claim Application::claimInstance()
 void Application::start()
 {
     QApplication::setStyle(new AppStyle([this] { return m_foundation.preferences.get(Settings::toolTipDelay); }));
+    m_colors.emplace(m_foundation.desktop->appearance());
     m_signals = std::make_unique<QuitSignals>([this](const char* name) { m_delegate.quit(name); });
     m_suddenExit = std::make_unique<SuddenExit>([this] { endWithoutDisplay(); });
     AnimationSetting::read(m_foundation.loop, m_foundation.workers,
