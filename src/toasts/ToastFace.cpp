@@ -1,5 +1,6 @@
 #include "toasts/ToastFace.h"
 
+#include "toasts/ToastLines.h"
 #include "ui/Symbols.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/ReadingSide.h"
@@ -99,30 +100,29 @@ double lineHeight(TextStyle style)
     return QFontMetricsF(Typography::font(style)).height();
 }
 
-void paintLine(QPainter& painter, const QRectF& line, TextStyle style, const QColor& color, const QString& text,
-               Qt::TextElideMode elision)
+void paintLine(QPainter& painter, const QRectF& line, TextStyle style, const QColor& color, const QString& text)
 {
     painter.setFont(Typography::font(style));
     painter.setPen(color);
-    ReadingSide::drawLine(painter, line, text, elision);
+    ReadingSide::drawLine(painter, line, text);
 }
 
+// The message, and below it what is said more.
 void paintText(QPainter& painter, const QRectF& area, const ToastContent& content)
 {
     const Theme& theme = Theme::current();
-    const QString subtitle = content.subtitle.value_or(QString());
-    if (subtitle.isEmpty()) {
-        paintLine(painter, area, TextStyle::emphasis, theme.text, content.message, Qt::ElideRight);
-        return;
-    }
+    const QStringList details =
+        ToastLines::of(content.subtitle.value_or(QString()), Typography::font(TextStyle::caption), area.width());
     const double first = lineHeight(TextStyle::emphasis);
-    const double second = lineHeight(TextStyle::caption);
-    const double top = area.center().y() - (first + Spacing::tight + second) / 2;
-    paintLine(painter, {area.x(), top, area.width(), first}, TextStyle::emphasis, theme.text, content.message,
-              Qt::ElideRight);
-    // A path says most at its ends.
-    paintLine(painter, {area.x(), top + first + Spacing::tight, area.width(), second}, TextStyle::caption,
-              theme.secondaryText, subtitle, Qt::ElideMiddle);
+    const double more = lineHeight(TextStyle::caption);
+    const double gap = details.size() == 1 ? Spacing::tight : 0; // two lines need its room
+    QRectF line(area.x(), area.center().y() - (first + gap + double(details.size()) * more) / 2, area.width(), first);
+    paintLine(painter, line, TextStyle::emphasis, theme.text, content.message);
+    line.translate(0, gap);
+    for (const QString& detail : details) {
+        line = {line.x(), line.bottom(), line.width(), more};
+        paintLine(painter, line, TextStyle::caption, theme.secondaryText, detail);
+    }
 }
 
 } // namespace
