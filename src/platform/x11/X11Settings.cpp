@@ -90,8 +90,7 @@ X11Settings::Texts X11Settings::read()
 {
     X11Connection& x = *m_connection;
     const auto selection = x.atom("_XSETTINGS_S" + QByteArray::number(x.screenNumber()));
-    const auto owner =
-        x.reply(xcb_get_selection_owner_reply, xcb_get_selection_owner(x.handle(), selection));
+    const auto owner = x.reply(xcb_get_selection_owner_reply, xcb_get_selection_owner(x.handle(), selection));
     if (!owner || owner->owner == XCB_NONE)
         return m_texts;
     select(owner->owner, XCB_EVENT_MASK_PROPERTY_CHANGE);

@@ -35,8 +35,7 @@ public:
 
     void change(const QString& group, const QString& key, uint value)
     {
-        QDBusMessage signal =
-            QDBusMessage::createSignal(folder, "org.freedesktop.portal.Settings", "SettingChanged");
+        QDBusMessage signal = QDBusMessage::createSignal(folder, "org.freedesktop.portal.Settings", "SettingChanged");
         signal << group << key << QVariant::fromValue(QDBusVariant(value));
         m_bus.send(signal);
     }
