@@ -20,6 +20,8 @@ constexpr double imageSize = 48;
 constexpr double iconGap = 12;
 constexpr double iconInset = 9;
 constexpr double badgeSize = 16;
+constexpr qsizetype mostLines = 3;
+constexpr qsizetype mostMessageLines = 2;
 constexpr double spinnerStroke = 3;
 constexpr double spinnerShare = 0.28; // of the circle
 
@@ -107,21 +109,28 @@ void paintLine(QPainter& painter, const QRectF& line, TextStyle style, const QCo
     ReadingSide::drawLine(painter, line, text);
 }
 
-// The message, and below it what is said more.
+// The message, and below it what is said more: three lines together have room.
 void paintText(QPainter& painter, const QRectF& area, const ToastContent& content)
 {
     const Theme& theme = Theme::current();
+    const QStringList message =
+        ToastLines::of(content.message, Typography::font(TextStyle::emphasis), area.width(), mostMessageLines);
     const QStringList details =
-        ToastLines::of(content.subtitle.value_or(QString()), Typography::font(TextStyle::caption), area.width());
+        ToastLines::of(content.subtitle.value_or(QString()), Typography::font(TextStyle::caption), area.width(),
+                       mostLines - message.size());
     const double first = lineHeight(TextStyle::emphasis);
     const double more = lineHeight(TextStyle::caption);
-    const double gap = details.size() == 1 ? Spacing::tight : 0; // two lines need its room
-    QRectF line(area.x(), area.center().y() - (first + gap + double(details.size()) * more) / 2, area.width(), first);
-    paintLine(painter, line, TextStyle::emphasis, theme.text, content.message);
+    const double gap = message.size() + details.size() < mostLines ? Spacing::tight : 0;
+    const double height = double(message.size()) * first + gap + double(details.size()) * more;
+    QRectF line(area.x(), area.center().y() - height / 2, area.width(), 0);
+    for (const QString& text : message) {
+        line = {line.x(), line.bottom(), line.width(), first};
+        paintLine(painter, line, TextStyle::emphasis, theme.text, text);
+    }
     line.translate(0, gap);
-    for (const QString& detail : details) {
+    for (const QString& text : details) {
         line = {line.x(), line.bottom(), line.width(), more};
-        paintLine(painter, line, TextStyle::caption, theme.secondaryText, detail);
+        paintLine(painter, line, TextStyle::caption, theme.secondaryText, text);
     }
 }
 

@@ -8,7 +8,6 @@ namespace Kovrel {
 
 namespace {
 
-constexpr qsizetype mostLines = 2;
 constexpr qsizetype shortestPath = 9; // characters
 
 QStringList wrapped(const QString& text, const QFont& font, double width)
@@ -55,7 +54,7 @@ QString withPathsOf(const QString& text, qsizetype length)
 
 } // namespace
 
-QStringList ToastLines::of(const QString& text, const QFont& font, double width)
+QStringList ToastLines::of(const QString& text, const QFont& font, double width, qsizetype mostLines)
 {
     if (text.isEmpty())
         return {};

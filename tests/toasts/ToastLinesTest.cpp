@@ -25,8 +25,8 @@ struct ToastLinesTest : testing::Test {
 
 TEST_F(ToastLinesTest, AShortTextIsOneLineAndNoneIsNoLine)
 {
-    EXPECT_TRUE(ToastLines::of({}, font, width).isEmpty());
-    EXPECT_EQ(ToastLines::of("Colour copied", font, width), QStringList("Colour copied"));
+    EXPECT_TRUE(ToastLines::of({}, font, width, 2).isEmpty());
+    EXPECT_EQ(ToastLines::of("Colour copied", font, width, 2), QStringList("Colour copied"));
 }
 
 TEST_F(ToastLinesTest, PathsGiveWayToTheReason)
@@ -35,7 +35,7 @@ TEST_F(ToastLinesTest, PathsGiveWayToTheReason)
     const QStringList lines = ToastLines::of("/media/somebody/backup-stick/pictures/screenshots/of-the-year: "
                                              "No space left on device; kept as /home/somebody/Documents/Kovrel/" +
                                                  file,
-                                             font, width);
+                                             font, width, 2);
     expectToFit(lines);
     EXPECT_TRUE(lines.join(' ').contains("No space left on device")) << lines.join('|').toStdString();
     EXPECT_TRUE(lines.join(' ').contains("kept as /")) << lines.join('|').toStdString();
@@ -45,14 +45,22 @@ TEST_F(ToastLinesTest, PathsGiveWayToTheReason)
 TEST_F(ToastLinesTest, APathThatHasRoomInTwoLinesIsWhole)
 {
     const QString text = "/media/stick/pictures/screenshots: No space left on device";
-    const QStringList lines = ToastLines::of(text, font, width);
+    const QStringList lines = ToastLines::of(text, font, width, 2);
     expectToFit(lines);
     EXPECT_EQ(lines.join(' ').simplified(), text);
 }
 
+TEST_F(ToastLinesTest, InOneLineThePathIsShorterStill)
+{
+    const QStringList lines =
+        ToastLines::of("/media/stick/pictures/screenshots/of-the-year: stick is full", font, width, 1);
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_TRUE(lines.first().endsWith("stick is full")) << lines.first().toStdString();
+}
+
 TEST_F(ToastLinesTest, WhatIsStillTooLongEndsInAnEllipsis)
 {
-    const QStringList lines = ToastLines::of(QString("every word counts ").repeated(20), font, width);
+    const QStringList lines = ToastLines::of(QString("every word counts ").repeated(20), font, width, 2);
     expectToFit(lines);
     EXPECT_TRUE(lines.last().endsWith(QChar(0x2026)));
 }
