@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QLoggingCategory>
+#include <QSessionManager>
 
 #include <algorithm>
 
@@ -24,6 +25,14 @@ Q_LOGGING_CATEGORY(log, "com.kovrel.app")
 // For background work when the program ends.
 constexpr auto shortestGrace = 1000ms;
 constexpr auto fullGrace = 15000ms;
+
+// A session that is saved is restored by a command of the toolkit's making, which we would not know.
+void sayHowToRestart()
+{
+    QObject::connect(qApp, &QGuiApplication::saveStateRequest, qApp, [](QSessionManager& session) {
+        session.setRestartCommand({QCoreApplication::applicationFilePath(), "--background"});
+    });
+}
 
 QString nameOf(const CaptureResult& result)
 {
@@ -134,6 +143,8 @@ InstanceBus::Claim Application::claimInstance()
 void Application::start()
 {
     QApplication::setStyle(new AppStyle([this] { return m_foundation.preferences.get(Settings::toolTipDelay); }));
+    sayHowToRestart();
+    m_colors.emplace(m_foundation.desktop->appearance());
     m_signals = std::make_unique<QuitSignals>([this](const char* name) { m_delegate.quit(name); });
     m_suddenExit = std::make_unique<SuddenExit>([this] { endWithoutDisplay(); });
     AnimationSetting::read(m_foundation.loop, m_foundation.workers,

@@ -8,6 +8,7 @@
 #include "platform/desktop/InstanceBus.h"
 #include "ports/ProgramCommands.h"
 #include "ports/SettingsPages.h"
+#include "ui/style/AppColors.h"
 
 #include <QObject>
 
@@ -58,6 +59,7 @@ private:
     CommandRunner m_commands;
     AppDelegate m_delegate;
     Subscription m_captures;
+    std::optional<AppColors> m_colors;
     std::unique_ptr<QuitSignals> m_signals;
     std::unique_ptr<SuddenExit> m_suddenExit;
 };

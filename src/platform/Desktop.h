@@ -4,6 +4,7 @@
 
 namespace Kovrel {
 
+class Appearance;
 class Clipboard;
 class ColorSampler;
 class DesktopPicture;
@@ -40,6 +41,7 @@ public:
     virtual Windows& windows() = 0;
     virtual DesktopPicture& picture() = 0;
 
+    virtual Appearance& appearance() = 0;
     virtual ScreenLock& lock() = 0;
     virtual Clipboard& clipboard() = 0;
     virtual FileManager& fileManager() = 0;

@@ -1,5 +1,6 @@
 #include "toasts/ToastFace.h"
 
+#include "toasts/ToastLines.h"
 #include "ui/Symbols.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/ReadingSide.h"
@@ -19,6 +20,8 @@ constexpr double imageSize = 48;
 constexpr double iconGap = 12;
 constexpr double iconInset = 9;
 constexpr double badgeSize = 16;
+constexpr qsizetype mostLines = 3;
+constexpr qsizetype mostMessageLines = 2;
 constexpr double spinnerStroke = 3;
 constexpr double spinnerShare = 0.28; // of the circle
 
@@ -99,30 +102,36 @@ double lineHeight(TextStyle style)
     return QFontMetricsF(Typography::font(style)).height();
 }
 
-void paintLine(QPainter& painter, const QRectF& line, TextStyle style, const QColor& color, const QString& text,
-               Qt::TextElideMode elision)
+void paintLine(QPainter& painter, const QRectF& line, TextStyle style, const QColor& color, const QString& text)
 {
     painter.setFont(Typography::font(style));
     painter.setPen(color);
-    ReadingSide::drawLine(painter, line, text, elision);
+    ReadingSide::drawLine(painter, line, text);
 }
 
+// The message, and below it what is said more: three lines together have room.
 void paintText(QPainter& painter, const QRectF& area, const ToastContent& content)
 {
     const Theme& theme = Theme::current();
-    const QString subtitle = content.subtitle.value_or(QString());
-    if (subtitle.isEmpty()) {
-        paintLine(painter, area, TextStyle::emphasis, theme.text, content.message, Qt::ElideRight);
-        return;
-    }
+    const QStringList message =
+        ToastLines::of(content.message, Typography::font(TextStyle::emphasis), area.width(), mostMessageLines);
+    const QStringList details =
+        ToastLines::of(content.subtitle.value_or(QString()), Typography::font(TextStyle::caption), area.width(),
+                       mostLines - message.size());
     const double first = lineHeight(TextStyle::emphasis);
-    const double second = lineHeight(TextStyle::caption);
-    const double top = area.center().y() - (first + Spacing::tight + second) / 2;
-    paintLine(painter, {area.x(), top, area.width(), first}, TextStyle::emphasis, theme.text, content.message,
-              Qt::ElideRight);
-    // A path says most at its ends.
-    paintLine(painter, {area.x(), top + first + Spacing::tight, area.width(), second}, TextStyle::caption,
-              theme.secondaryText, subtitle, Qt::ElideMiddle);
+    const double more = lineHeight(TextStyle::caption);
+    const double gap = message.size() + details.size() < mostLines ? Spacing::tight : 0;
+    const double height = double(message.size()) * first + gap + double(details.size()) * more;
+    QRectF line(area.x(), area.center().y() - height / 2, area.width(), 0);
+    for (const QString& text : message) {
+        line = {line.x(), line.bottom(), line.width(), first};
+        paintLine(painter, line, TextStyle::emphasis, theme.text, text);
+    }
+    line.translate(0, gap);
+    for (const QString& text : details) {
+        line = {line.x(), line.bottom(), line.width(), more};
+        paintLine(painter, line, TextStyle::caption, theme.secondaryText, text);
+    }
 }
 
 } // namespace

@@ -14,6 +14,9 @@ public:
     enum class Role { primary, secondary };
 
     explicit Label(TextStyle style, Role role = Role::primary);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 };
 
 } // namespace Kovrel

@@ -172,6 +172,7 @@ void HomeWindow::askToSignOut()
 void HomeWindow::showNotice(const QString& text)
 {
     m_notice->show(Notice::Kind::information, text);
+    fitOntoScreen();
 }
 
 void HomeWindow::present()

@@ -2,6 +2,7 @@
 
 #include "platform/Desktop.h"
 #include "platform/ShortcutSwitches.h"
+#include "tests/support/desktop/FakeAppearance.h"
 #include "tests/support/desktop/FakeClipboard.h"
 #include "tests/support/desktop/FakeColorSampler.h"
 #include "tests/support/desktop/FakeDesktopPicture.h"
@@ -59,6 +60,8 @@ public:
 
     FakeDesktopPicture& picture() override { return m_picture; }
 
+    FakeAppearance& appearance() override { return m_appearance; }
+
     FakeScreenLock& lock() override { return m_lock; }
 
     FakeClipboard& clipboard() override { return m_clipboard; }
@@ -93,6 +96,7 @@ private:
     FakeColorSampler m_colorSampler;
     FakeWindows m_windows;
     FakeDesktopPicture m_picture;
+    FakeAppearance m_appearance;
     FakeScreenLock m_lock;
     FakeClipboard m_clipboard;
     FakeFileManager m_fileManager;

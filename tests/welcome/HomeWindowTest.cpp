@@ -196,6 +196,19 @@ TEST_F(HomeWindowTest, NoTextIsCutOffWithALargerFont)
     QApplication::setFont(before);
 }
 
+TEST_F(HomeWindowTest, StaysOnTheScreenWithANoticeThatComesLater)
+{
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPixelSize(24);
+    QApplication::setFont(font);
+    show();
+    window.showNotice("Kovrel was updated to version 1.2.");
+    QCoreApplication::processEvents();
+    EXPECT_LE(window.height(), window.screen()->availableSize().height());
+    QApplication::setFont(before);
+}
+
 TEST_F(HomeWindowTest, FollowsColoursAndFontsOfTheDesktopWhileItIsOpen)
 {
     const QPalette palette = QApplication::palette();

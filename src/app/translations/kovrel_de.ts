@@ -379,7 +379,7 @@
     </message>
     <message>
         <source>The capture could not be kept in the history</source>
-        <translation>Die Aufnahme konnte nicht im Verlauf aufbewahrt werden</translation>
+        <translation>Nicht im Verlauf aufbewahrt</translation>
     </message>
     <message>
         <source>This program can&apos;t read text.</source>
@@ -1855,7 +1855,7 @@
     </message>
     <message>
         <source>The text can&apos;t be read</source>
-        <translation>Der Text kann nicht gelesen werden</translation>
+        <translation>Text ist nicht lesbar</translation>
     </message>
     <message>
         <source>There is no text in this capture</source>
@@ -3106,7 +3106,7 @@
     </message>
     <message>
         <source>The text can&apos;t be read</source>
-        <translation>Der Text kann nicht gelesen werden</translation>
+        <translation>Text ist nicht lesbar</translation>
     </message>
     <message>
         <source>Text and QR code copied</source>
@@ -3329,11 +3329,11 @@
     </message>
     <message>
         <source>No colour can be picked</source>
-        <translation>Es kann keine Farbe aufgenommen werden</translation>
+        <translation>Keine Farbe aufgenommen</translation>
     </message>
     <message>
         <source>The screen can&apos;t be measured</source>
-        <translation>Der Bildschirm kann nicht gemessen werden</translation>
+        <translation>Messen ist nicht möglich</translation>
     </message>
 </context>
 <context>
@@ -3395,7 +3395,7 @@
     <name>SaveFailureToast</name>
     <message>
         <source>The capture could not be saved</source>
-        <translation>Die Aufnahme konnte nicht gespeichert werden</translation>
+        <translation>Aufnahme nicht gespeichert</translation>
     </message>
 </context>
 <context>

@@ -49,6 +49,7 @@ X11Desktop::X11Desktop(MainLoop& loop, Workers& workers, const std::shared_ptr<X
       m_picture(loop, workers, m_reader, m_displays, wallpaperOf),
       m_overlay(loop, workers, m_displays),
       m_panelShapes(std::make_unique<X11Connection>()),
+      m_appearance(std::make_unique<X11Connection>()),
       m_bus{.colorSampler{loop}},
       m_clipboard(loop, workers, std::make_unique<X11Connection>()),
       m_programs(loop, workers, std::make_shared<PluginFileOpener>())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Desktop.h"
+#include "platform/appearance/DesktopAppearance.h"
 #include "platform/desktop/DBusFileManager.h"
 #include "platform/desktop/DBusScreenLock.h"
 #include "platform/desktop/PortalColorSampler.h"
@@ -47,6 +48,8 @@ public:
 
     DesktopPicture& picture() override { return m_picture; }
 
+    Appearance& appearance() override { return m_appearance; }
+
     ScreenLock& lock() override { return m_bus.lock; }
 
     Clipboard& clipboard() override { return m_clipboard; }
@@ -86,6 +89,7 @@ private:
     X11DesktopPicture m_picture;
     X11OverlaySurfaces m_overlay;
     X11PanelShapes m_panelShapes;
+    DesktopAppearance m_appearance;
     BusServices m_bus;
     X11Clipboard m_clipboard;
     WorkerFilePrograms m_programs;

@@ -3,6 +3,7 @@
 #include "ui/LookChanges.h"
 #include "ui/controls/ChevronLine.h"
 #include "ui/controls/ChoiceBoxAccessible.h"
+#include "ui/controls/ChoiceRows.h"
 #include "ui/tokens/Metrics.h"
 #include "ui/tokens/Theme.h"
 #include "ui/tokens/Typography.h"
@@ -16,6 +17,7 @@ namespace {
 
 constexpr QSize padding(12, 7);
 constexpr int chevronGap = 10;
+constexpr int listFrame = 1;
 
 } // namespace
 
@@ -24,6 +26,7 @@ ChoiceBox::ChoiceBox()
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setItemDelegate(new ChoiceRows(padding - QSize(listFrame, 0), this));
     ChoiceBoxAccessible::serve(*this);
     takeLook();
     connect(&LookChanges::shared(), &LookChanges::changed, this, &ChoiceBox::takeLook);
