@@ -14,6 +14,7 @@
 #include "platform/x11/keys/X11KeyGrabs.h"
 #include "platform/x11/overlay/X11OverlaySurfaces.h"
 #include "platform/x11/windows/X11DesktopPicture.h"
+#include "platform/x11/windows/X11DragAnswers.h"
 #include "platform/x11/windows/X11PanelShapes.h"
 #include "platform/x11/windows/X11Windows.h"
 
@@ -88,6 +89,7 @@ private:
     X11PanelShapes m_panelShapes;
     BusServices m_bus;
     X11Clipboard m_clipboard;
+    X11DragAnswers m_dragAnswers;
     WorkerFilePrograms m_programs;
     QtFilePanel m_filePanel;
     SpawnedToolProcess m_tools;
