@@ -532,8 +532,8 @@ TEST_F(CoordinatorTest, NothingIsTakenBeforeTheScreenIsRepainted)
             return line == "overlay: freeze" || (line.starts_with("grab ") && line != "grab Escape");
         });
     };
-    for (const CaptureMode mode : {CaptureMode::fullScreen, CaptureMode::lastArea, CaptureMode::timed,
-                                   CaptureMode::area, CaptureMode::window}) {
+    for (const CaptureMode mode :
+         {CaptureMode::fullScreen, CaptureMode::lastArea, CaptureMode::timed, CaptureMode::area, CaptureMode::window}) {
         SCOPED_TRACE(rawString(mode).toStdString());
         fake.takeLog();
         answers.manner = Testing::FakeAnswers::Manner::late;
