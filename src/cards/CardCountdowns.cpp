@@ -31,7 +31,7 @@ void CardCountdowns::armTimer(QUuid card)
 {
     Timer& timer = m_timers[card];
     stop(timer);
-    timer.shown = {};
+    timer = {};
     if (refuses(card))
         return;
     timer.action = choice().action;

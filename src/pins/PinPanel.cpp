@@ -213,7 +213,8 @@ void PinPanel::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     raise();
-    m_pressed = buttonAt(event->position());
+    // What nobody could see nobody meant to click.
+    m_pressed = showsChrome() ? buttonAt(event->position()) : Button::none;
     if (m_pressed == Button::none)
         m_drag = Drag{PinGeometry::zoneAt(card().size(), event->position() - card().topLeft()), m_standing.frame,
                       rootPixel(event->globalPosition())};

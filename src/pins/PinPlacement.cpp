@@ -36,6 +36,15 @@ QRectF withinReach(QRectF frame, const Display& display)
     return frame;
 }
 
+// Moved so far that all of it is there, or its upper left part where it is too large.
+QRectF inside(QRectF frame, const Display& display)
+{
+    const QRectF pixels(display.pixelRect);
+    frame.moveLeft(within(frame.left(), pixels.left(), pixels.right() - frame.width()));
+    frame.moveTop(within(frame.top(), pixels.top(), pixels.bottom() - frame.height()));
+    return frame;
+}
+
 } // namespace
 
 PinPlacement::Standing PinPlacement::spawn(const Display& display, const Picture& picture, int pinsBefore)
@@ -56,7 +65,7 @@ std::optional<Display> PinPlacement::displayOf(const DisplayList& displays, cons
 
 PinPlacement::Place PinPlacement::kept(const Standing& standing)
 {
-    const QRect pixels = standing.frame.pixels.toAlignedRect();
+    const QRect pixels = standing.frame.pixels.toRect();
     return {{standing.display.id, pixels.translated(-standing.display.pixelRect.topLeft())}, standing.frame.zoom};
 }
 
@@ -69,7 +78,7 @@ std::optional<PinPlacement::Standing> PinPlacement::restored(const DisplayList& 
     const Display& display = own ? *own : displays.front();
     const QSizeF size = PinGeometry::frameSize(picture.size, place.zoom) * display.scale;
     const QRectF there(place.area.pixels.topLeft() + display.pixelRect.topLeft(), size);
-    return Standing{display, {withinReach(there, display), place.zoom}};
+    return Standing{display, {own ? withinReach(there, display) : inside(there, display), place.zoom}};
 }
 
 PinPlacement::Standing PinPlacement::settled(const Display& display, const Frame& frame, const Picture& picture,

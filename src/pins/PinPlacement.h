@@ -28,8 +28,8 @@ Standing spawn(const Display& display, const PinGeometry::Picture& picture, int 
 std::optional<Display> displayOf(const DisplayList& displays, const QRectF& frame);
 
 Place kept(const Standing& standing);
-// Where it was, in the scale of now; on the first display where its own has gone. It can be reached: none stands
-// entirely beyond its display. Nothing without displays.
+// Where it was, in the scale of now; none stands entirely beyond its display. Where that has gone it is on the first
+// one, and whole. Nothing without displays.
 std::optional<Standing> restored(const DisplayList& displays, const Place& place, const PinGeometry::Picture& picture);
 
 // A pin that was dragged to a display of another scale is as large there as it was, and stays under the pointer.

@@ -126,7 +126,7 @@ void FloatingPanel::fadeOut()
     QPropertyAnimation* fade = makeFade(0, Motion::shared().disappearing());
     fade->setObjectName("fade");
     connect(fade, &QPropertyAnimation::finished, this, [this] {
-        hide();
+        hideEmpty();
         deleteLater();
     });
     fade->start(QAbstractAnimation::DeleteWhenStopped);
@@ -136,6 +136,11 @@ void FloatingPanel::vanish()
 {
     delete m_fade;
     setSettled(false);
+    hideEmpty();
+}
+
+void FloatingPanel::hideEmpty()
+{
     m_isEmpty = true;
     repaint();
     hide();

@@ -36,7 +36,7 @@ public:
     // Is there at once.
     void appear();
     void popIn();
-    // Fades, and then is no more.
+    // Fades, and then is no more, also for compositors.
     void fadeOut();
     // Goes at once, also for compositors, which show a window that is hidden for a while after: what they show is
     // empty.
@@ -75,6 +75,7 @@ private:
     void paintShadow(QPainter& painter, double radius) const;
     QPropertyAnimation* makeFade(double opacity, std::chrono::milliseconds duration);
     void setSettled(bool hasSettled);
+    void hideEmpty();
 
     PanelShapes& m_shapes;
     double m_shadowRoom; // around the card

@@ -520,6 +520,36 @@ TEST_F(CoordinatorTest, WhatFollowsAnOverlayWaitsUntilTheScreenIsRepainted)
     EXPECT_TRUE(fake.logged("wait for repaint"));
 }
 
+TEST_F(CoordinatorTest, NothingIsTakenBeforeTheScreenIsRepainted)
+{
+    captureAndSettle(CaptureMode::area);
+    selectArea({810, 210, 50, 40});
+    fake.preferences.set(Settings::selfTimerSeconds, 1);
+    auto& answers = fake.desktop.pixels().answers;
+    const auto isTaken = [this] {
+        const Log log = fake.takeLog();
+        return std::ranges::any_of(log, [](const std::string& line) {
+            return line == "overlay: freeze" || (line.starts_with("grab ") && line != "grab Escape");
+        });
+    };
+    for (const CaptureMode mode :
+         {CaptureMode::fullScreen, CaptureMode::lastArea, CaptureMode::timed, CaptureMode::area, CaptureMode::window}) {
+        SCOPED_TRACE(rawString(mode).toStdString());
+        fake.takeLog();
+        answers.manner = Testing::FakeAnswers::Manner::late;
+        captureAndSettle(mode);
+        seconds(1);
+        EXPECT_FALSE(isTaken()) << "cards may still be seen";
+        answers.catchUp();
+        answers.manner = Testing::FakeAnswers::Manner::soon;
+        fake.loop.runPosted();
+        EXPECT_TRUE(isTaken());
+        if (mode == CaptureMode::area || mode == CaptureMode::window)
+            fake.endSelection(SelectionCancelled{});
+        fake.loop.runPosted();
+    }
+}
+
 TEST_F(CoordinatorTest, LostFrozenPixelsAreGrabbedLive)
 {
     fake.frozenGrabSucceeds = fake.windowGrabSucceeds = false;

@@ -131,6 +131,22 @@ TEST_F(CardCountdownsTest, ResumingKeepsADeadlineThatStillLiesAhead)
     EXPECT_THAT(closedAfter(1ms), ElementsAre(id(1)));
 }
 
+TEST_F(CardCountdownsTest, OneThatWasRefusedLeavesNoDeadlineBehind)
+{
+    choose(10);
+    countdowns.armTimer(id(1));
+    loop.advance(4s);
+    lookedAt.insert(id(1));
+    countdowns.resumeTimer(id(1)); // it went to a pile at which somebody is
+    lookedAt.clear();
+    countdowns.setColumnsHidden(true);
+    countdowns.setColumnsHidden(false);
+    countdowns.resumeTimer(id(1));
+    EXPECT_DOUBLE_EQ(ring(id(1)), 1) << "no card closes without a ring";
+    EXPECT_THAT(closedAfter(9999ms), IsEmpty());
+    EXPECT_THAT(closedAfter(1ms), ElementsAre(id(1)));
+}
+
 TEST_F(CardCountdownsTest, HoldsEndTogether)
 {
     choose(5);

@@ -8,9 +8,11 @@
 #include "ui/tokens/Motion.h"
 
 #include <QApplication>
+#include <QDrag>
 #include <QEnterEvent>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 
 #include <gtest/gtest.h>
@@ -288,6 +290,22 @@ TEST_F(CardPanelsTest, GoesWithThePointerTowardsTheEdgeAndBackIfThatWasNotFar)
     EXPECT_FALSE(controller.hasCards());
     loop.advance(100ms);
     EXPECT_GT(window->handle()->geometry().left(), 700) << "it goes on as it was pushed";
+}
+
+TEST_F(CardPanelsTest, DraggedOutItIsLeftUntilThePointerComesBack)
+{
+    present(1);
+    arrive();
+    point(1);
+    ASSERT_TRUE(panel(1).look().dragFile);
+    mouse(1, QEvent::MouseButtonPress, {700, 500});
+    QTimer::singleShot(0, &QDrag::cancel);
+    mouse(1, QEvent::MouseMove, {600, 400});
+    EXPECT_EQ(controller.hoveredCardID(), std::nullopt) << "its shortcuts are other programs' again";
+    EXPECT_FALSE(button(1, "Copy")->isVisible());
+    mouse(1, QEvent::MouseMove, {700, 500}, {});
+    EXPECT_EQ(controller.hoveredCardID(), id(1)) << "nobody tells of its coming when it has never left";
+    EXPECT_TRUE(button(1, "Copy")->isVisible());
 }
 
 TEST_F(CardPanelsTest, ACodeIsReadBeforeItIsOpened)

@@ -232,6 +232,26 @@ TEST_F(PinControllerTest, ItsButtonsAndNothingElseStepAsideForACapture)
     EXPECT_TRUE(pins->setHiddenForCapture(true));
 }
 
+TEST_F(PinControllerTest, AButtonThatIsNotSeenTakesNoClicks)
+{
+    pin();
+    PinPanel* panel = panels().first();
+    const QPointF close = fake.desktop.panelShapes().inputs[panel->winId()].boundingRect().topLeft() + QPointF(21, 21);
+    const auto send = [&](QEvent::Type type) {
+        QMouseEvent event(type, close, close, Qt::LeftButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(panel, &event);
+    };
+    const auto click = [&] {
+        send(QEvent::MouseButtonPress);
+        send(QEvent::MouseButtonRelease);
+    };
+    click();
+    EXPECT_EQ(panels().size(), 1) << "after a capture it comes with the next move";
+    send(QEvent::MouseMove);
+    click();
+    EXPECT_EQ(panels().size(), 0);
+}
+
 // A compositor that hears only of changes that reach beyond those it has not shown yet would go on showing the buttons.
 TEST_F(PinControllerTest, MoreIsPaintedWhenTheButtonsGoThanWhenTheyCame)
 {

@@ -58,6 +58,12 @@ TEST(PinPlacementTest, IsFoundAgainWhateverBecomesOfTheDisplays)
         EXPECT_EQ(standing->frame.pixels, c.pixels) << c.what;
     }
     EXPECT_FALSE(restored({}, place, picture));
+    const Place atTheEdge = kept({displays[1], {{1900, 700, 800, 600}, 1}});
+    EXPECT_EQ(restored({displays[0]}, atTheEdge, picture)->frame.pixels, QRectF(600, 500, 400, 300))
+        << "whole, where it did not stand by itself";
+    const Place betweenPixels = kept({displays[0], {{300.5, 270.5, 400, 300}, 1}});
+    EXPECT_EQ(restored(displays, betweenPixels, picture)->frame.pixels, QRectF(301, 271, 400, 300))
+        << "where its window stood";
 }
 
 TEST(PinPlacementTest, KeepsItsSizeInPointsOnADisplayOfAnotherScale)

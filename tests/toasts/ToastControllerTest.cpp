@@ -156,6 +156,26 @@ TEST_F(ToastControllerTest, IsGoneWhileACaptureRuns)
     EXPECT_FALSE(toasts.setHiddenForCapture(true));
 }
 
+TEST_F(ToastControllerTest, FadedOutItIsEmptyForCompositorsThatFadeWhatWasHidden)
+{
+    struct Witness : QObject {
+        QImage lastSeen;
+
+        bool eventFilter(QObject* window, QEvent* event) override
+        {
+            if (event->type() == QEvent::Hide)
+                lastSeen = static_cast<QWidget*>(window)->grab().toImage();
+            return false;
+        }
+    } witness;
+
+    toasts.present({.message = "one"}, 1, false);
+    panel()->installEventFilter(&witness);
+    ASSERT_NE(panel()->grab().toImage().pixel(100, 40), 0u);
+    toasts.dismiss(true);
+    EXPECT_EQ(witness.lastSeen.pixel(100, 40), 0u);
+}
+
 TEST_F(ToastControllerTest, StaysWhileThePointerIsOnItAndForAtMostTwoSecondsMore)
 {
     for (const auto& [linger, rest] : {std::pair{3.5, 2000ms}, std::pair{1.0, 1000ms}}) {

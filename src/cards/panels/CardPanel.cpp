@@ -19,6 +19,7 @@ CardPanel::CardPanel(PanelShapes& shapes, const MainLoop& loop, Style style)
     : FloatingPanel(shapes, style.isComposited, Desktops::every), m_loop(loop), m_style(std::move(style))
 {
     setAccessibleName(tr("Capture"));
+    setMouseTracking(true);
     m_chrome = new CardChrome(m_style.offer, this);
     m_chrome->hide();
     connect(m_chrome, &CardChrome::performed, this, &CardPanel::performed);
@@ -64,6 +65,11 @@ void CardPanel::setHovered(bool isHovered)
     update();
 }
 
+bool CardPanel::isHovered() const
+{
+    return m_chrome->isVisibleTo(this);
+}
+
 void CardPanel::turnRing()
 {
     update(ringPlace().toAlignedRect());
@@ -96,7 +102,7 @@ void CardPanel::arrange()
     if (!m_pill)
         return;
     const int inset = int(CardTokens::inset);
-    const int bar = m_chrome->isVisibleTo(this) ? int(CardTokens::button + CardTokens::buttonGap) : 0;
+    const int bar = isHovered() ? int(CardTokens::button + CardTokens::buttonGap) : 0;
     const int width = std::min(m_pill->sizeHint().width(), room.width() - 2 * inset);
     const int height = m_pill->sizeHint().height();
     const QRectF pill(room.left() + inset, room.bottom() + 1 - inset - bar - height, width, height);
@@ -118,7 +124,7 @@ void CardPanel::paintContent(QPainter& painter, const QRectF&)
 
 void CardPanel::paintBadges(QPainter& painter) const
 {
-    const bool hasChrome = m_chrome->isVisibleTo(this);
+    const bool hasChrome = isHovered();
     const QRectF room = pictureRoom();
     const double inset = CardTokens::inset;
     if (!hasChrome && m_look.isFrozen)
@@ -141,11 +147,21 @@ void CardPanel::paintBadges(QPainter& painter) const
 
 void CardPanel::enterEvent(QEnterEvent*)
 {
+    enter();
+}
+
+void CardPanel::leaveEvent(QEvent*)
+{
+    leave();
+}
+
+void CardPanel::enter()
+{
     setHovered(true);
     Q_EMIT entered();
 }
 
-void CardPanel::leaveEvent(QEvent*)
+void CardPanel::leave()
 {
     setHovered(false);
     Q_EMIT left();
@@ -159,6 +175,8 @@ void CardPanel::mousePressEvent(QMouseEvent* event)
 
 void CardPanel::mouseMoveEvent(QMouseEvent* event)
 {
+    if (!isHovered())
+        enter();
     if (!m_press)
         return;
     const QPointF way = event->globalPosition() - m_press->from;

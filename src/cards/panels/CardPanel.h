@@ -37,6 +37,8 @@ public:
     void setLook(const CardLook& look);
     // The buttons show; also without a pointer, as for a picture of it.
     void setHovered(bool isHovered);
+    // The pointer is no longer on it, whatever the toolkit has told.
+    void leave();
     // Some time has passed.
     void turnRing();
 
@@ -65,6 +67,8 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void enter();
+    bool isHovered() const;
     QRectF pictureRoom() const;
     QRectF ringPlace() const;
     double pictureRadius() const;

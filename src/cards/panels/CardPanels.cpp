@@ -283,7 +283,7 @@ void CardPanels::letGo(QUuid card, double distance)
         m_motion.moveTo(card, home(panel.look(), panel.display()), Motion::shared().moving());
 }
 
-// The card may go while it is dragged.
+// The card may go while it is dragged. That the pointer has left it meanwhile the toolkit does not always tell.
 void CardPanels::dragOut(QUuid card)
 {
     const CardPanel& panel = *m_shown.at(card).panel;
@@ -292,6 +292,8 @@ void CardPanels::dragOut(QUuid card)
     m_controller->setDragged(card, true);
     FileDrag::run(*this, {*look.dragFile, {}}, look.face, scale);
     m_controller->setDragged(card, false);
+    if (CardPanel* const dragged = this->panel(card))
+        dragged->leave();
 }
 
 void CardPanels::openMenu(QUuid card, QPoint position)

@@ -52,6 +52,7 @@ X11Desktop::X11Desktop(MainLoop& loop, Workers& workers, const std::shared_ptr<X
       m_appearance(std::make_unique<X11Connection>()),
       m_bus{.colorSampler{loop}},
       m_clipboard(loop, workers, std::make_unique<X11Connection>()),
+      m_dragAnswers(std::make_unique<X11Connection>()),
       m_programs(loop, workers, std::make_shared<PluginFileOpener>())
 {
     m_reader->releaseWhenIdle(loop);

@@ -15,6 +15,7 @@
 #include "platform/x11/keys/X11KeyGrabs.h"
 #include "platform/x11/overlay/X11OverlaySurfaces.h"
 #include "platform/x11/windows/X11DesktopPicture.h"
+#include "platform/x11/windows/X11DragAnswers.h"
 #include "platform/x11/windows/X11PanelShapes.h"
 #include "platform/x11/windows/X11Windows.h"
 
@@ -92,6 +93,7 @@ private:
     DesktopAppearance m_appearance;
     BusServices m_bus;
     X11Clipboard m_clipboard;
+    X11DragAnswers m_dragAnswers;
     WorkerFilePrograms m_programs;
     QtFilePanel m_filePanel;
     SpawnedToolProcess m_tools;

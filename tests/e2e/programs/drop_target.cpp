@@ -19,7 +19,7 @@ protected:
     {
         event->acceptProposedAction();
         for (const QUrl& url : event->mimeData()->urls())
-            QTextStream(stdout) << url.toLocalFile() << Qt::endl;
+            QTextStream(stdout) << url.toString(QUrl::FullyEncoded) << Qt::endl;
     }
 };
 

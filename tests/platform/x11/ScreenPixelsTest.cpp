@@ -1,4 +1,5 @@
 #include "platform/x11/X11Displays.h"
+#include "platform/x11/X11RepaintFence.h"
 #include "platform/x11/X11ScreenPixels.h"
 #include "platform/x11/windows/X11WindowImage.h"
 #include "tests/support/FakeMainLoop.h"
@@ -12,6 +13,8 @@
 
 #include <csignal>
 #include <thread>
+
+#include <xcb/composite.h>
 
 namespace Kovrel {
 
@@ -242,6 +245,18 @@ TEST_F(ScreenPixelsTest, RepaintedMeansThatALateCompositorHasShownIt)
     const QPoint last(999, 699);
     EXPECT_EQ(grab({last, QSize(1, 1)})->pixel(0, 0), patternAt(last.x(), last.y()) | 0xff000000)
         << "the fence is in the picture";
+}
+
+TEST_F(ScreenPixelsTest, ACompositorThatNeverShowsAnythingIsNotWaitedForForEver)
+{
+    X11Connection compositor(server.name());
+    ASSERT_TRUE(compositor.has(xcb_composite_id));
+    xcb_composite_redirect_subwindows(compositor.handle(), compositor.root(), XCB_COMPOSITE_REDIRECT_MANUAL);
+    compositor.roundTrip();
+    EXPECT_FALSE(X11RepaintFence(*reader, {999, 699}).pass());
+    xcb_composite_unredirect_subwindows(compositor.handle(), compositor.root(), XCB_COMPOSITE_REDIRECT_MANUAL);
+    compositor.roundTrip();
+    EXPECT_TRUE(X11RepaintFence(*reader, {999, 699}).pass()) << "without it windows are seen at once";
 }
 
 TEST(ScreenPixelsOfDyingServer, AreRefusedWhileTheProgramGoesOn)
