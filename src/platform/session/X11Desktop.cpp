@@ -53,7 +53,7 @@ X11Desktop::X11Desktop(MainLoop& loop, Workers& workers, const std::shared_ptr<X
       m_bus{.colorSampler{loop}},
       m_clipboard(loop, workers, std::make_unique<X11Connection>()),
       m_dragAnswers(std::make_unique<X11Connection>()),
-      m_programs(loop, workers, std::make_shared<PluginFileOpener>())
+      m_programs{.forFiles{loop, workers, std::make_shared<PluginFileOpener>()}}
 {
     m_reader->releaseWhenIdle(loop);
     followScreens();

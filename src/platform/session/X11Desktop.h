@@ -57,11 +57,11 @@ public:
 
     FileManager& fileManager() override { return m_bus.fileManager; }
 
-    FilePrograms& programs() override { return m_programs; }
+    FilePrograms& programs() override { return m_programs.forFiles; }
 
     FilePanel& filePanel() override { return m_filePanel; }
 
-    ToolProcess& tools() override { return m_tools; }
+    ToolProcess& tools() override { return m_programs.tools; }
 
     std::shared_ptr<ShortcutSwitches> shortcuts() override;
     std::shared_ptr<LoginItem> loginItem() override;
@@ -69,6 +69,11 @@ public:
 
 private:
     // What others on the session bus do for us.
+    struct OtherPrograms {
+        WorkerFilePrograms forFiles;
+        SpawnedToolProcess tools{};
+    };
+
     struct BusServices {
         PortalColorSampler colorSampler;
         DBusScreenLock lock = {};
@@ -94,9 +99,8 @@ private:
     BusServices m_bus;
     X11Clipboard m_clipboard;
     X11DragAnswers m_dragAnswers;
-    WorkerFilePrograms m_programs;
+    OtherPrograms m_programs;
     QtFilePanel m_filePanel;
-    SpawnedToolProcess m_tools;
     QObject m_context; // of connections to what outlives us
 };
 
