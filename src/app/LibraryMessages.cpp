@@ -1,9 +1,12 @@
 #include "app/LibraryMessages.h"
 
 #include "app/foundation/RecentLog.h"
+#include "commandline/CommandLine.h"
 
 #include <QLoggingCategory>
 
+#include <cstdio>
+#include <cstdlib>
 #include <string_view>
 
 namespace Kovrel {
@@ -12,8 +15,17 @@ namespace {
 
 QtMessageHandler usualHandler = nullptr;
 
+// A library that can't go on would abort.
+[[noreturn]] void giveUp(const QString& reason)
+{
+    std::fprintf(stderr, "kovrel: %s\n", qUtf8Printable(reason.section('\n', 0, 0)));
+    std::_Exit(CommandLine::failed);
+}
+
 void handleOwn(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
+    if (type == QtFatalMsg)
+        giveUp(message);
     const std::string_view category = context.category ? context.category : "";
     if (!category.starts_with("com.kovrel"))
         return;

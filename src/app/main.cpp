@@ -180,13 +180,6 @@ int run(const Command& command)
     }
 }
 
-// Where memory is short, a destructor or a library may be what notices.
-void giveUp()
-{
-    std::fputs("kovrel: there is not enough memory\n", stderr);
-    std::_Exit(CommandLine::failed);
-}
-
 } // namespace
 
 } // namespace Kovrel
@@ -202,7 +195,6 @@ extern "C" __attribute__((visibility("default"))) int kovrelMain(const char* con
     const auto command = CommandLine::parse({arguments, arguments + count}, "/");
     if (!command)
         return complain(QString::fromStdString(command.error()));
-    std::set_terminate(giveUp);
     LibraryMessages::silence();
     return run(*command);
 }

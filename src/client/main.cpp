@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
+#include <exception>
 #include <unistd.h>
 
 using namespace Kovrel;
@@ -59,6 +60,13 @@ private:
     const bool m_wasSet = std::getenv(name);
 };
 
+// Where memory is short, a destructor or a library may be what notices, also while it is loaded.
+void giveUp()
+{
+    std::fputs("kovrel: there is not enough memory\n", stderr);
+    std::_Exit(CommandLine::failed);
+}
+
 // The application library lies beside the program in a build folder, in lib/kovrel when installed.
 void* loadApplication()
 {
@@ -76,6 +84,7 @@ void* loadApplication()
 // Becomes the application, or runs the command in this process.
 int runHere(const Command& command)
 {
+    std::set_terminate(giveUp);
     void* library = loadApplication();
     if (!library)
         return complain(std::string("the application can't be loaded: ") + dlerror(), CommandLine::failed);

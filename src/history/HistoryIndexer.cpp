@@ -21,20 +21,20 @@ HistoryIndexer::HistoryIndexer(MainLoop& loop, Workers& workers, Ports& ports, C
 
 void HistoryIndexer::load()
 {
-    if (!std::exchange(m_isAttached, true))
+    if (!m_index.isLoading() && !m_index.isLoaded())
         m_index.attach(m_folder);
 }
 
 void HistoryIndexer::whenLoaded(std::function<void()> callback)
 {
-    load();
     m_whenLoaded.push_back(std::move(callback));
+    load();
     tellLoaded();
 }
 
 void HistoryIndexer::tellLoaded()
 {
-    if (!m_index.isLoaded())
+    if (m_index.isLoading())
         return;
     for (const auto& callback : std::exchange(m_whenLoaded, {}))
         callback();
@@ -43,7 +43,7 @@ void HistoryIndexer::tellLoaded()
 // Without a program that reads there is nothing to do, and nothing to wait for before the words are loaded.
 void HistoryIndexer::scheduleWhenIdle()
 {
-    if (m_ports.textReader && m_isAttached)
+    if (m_ports.textReader && (m_index.isLoading() || m_index.isLoaded()))
         m_backfill.schedule();
 }
 

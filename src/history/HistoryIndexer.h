@@ -17,9 +17,9 @@ public:
 
     HistoryTextIndex& index() { return m_index; }
 
-    // Loads the words, the first time that it is called.
+    // Loads the words where they are not.
     void load();
-    // Called at once when they are loaded already.
+    // Called at once when they are loaded already, and also where that fails.
     void whenLoaded(std::function<void()> callback);
 
     void set(QUuid id, const OCRResult& text) override { m_index.set(text.lines, id); }
@@ -47,7 +47,6 @@ private:
     Ports& m_ports;
     CaptureHistoryStore& m_store;
     QString m_folder;
-    bool m_isAttached = false;
     QDateTime m_modelsChanged; // as they were asked last
     HistoryTextIndex m_index;
     HistoryBackfill m_backfill;

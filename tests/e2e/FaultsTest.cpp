@@ -174,8 +174,8 @@ TEST_F(FaultsTest, MemoryThatCanNotBeHadCostsOneCommandAndTakesOneLine)
     ASSERT_TRUE(Testing::testPicture({640, 480}, Testing::Texture::noise).save(picture));
     writeFile(session.path("none.json"), "[]");
     const QString annotate = "annotate " + picture + " --annotations " + session.path("none.json") + " --output ";
-    const QStringList lines{"text " + picture, "codes " + picture, annotate + session.path("a.png"),
-                            "preferences list"};
+    const QStringList lines{"text " + picture, "codes " + picture, annotate + session.path("a.png"), "preferences list",
+                            "history"};
     const auto expectOneLine = [](const UserSession::Result& result, const QString& what) {
         EXPECT_TRUE(QList<int>({0, 1, 4}).contains(result.exitCode)) << qPrintable(what) << ": " << result.exitCode;
         EXPECT_EQ(result.error.count('\n'), result.exitCode == 0 ? 0 : 1)
@@ -211,6 +211,7 @@ TEST_F(FaultsTest, TwoFirstStartsAtOnceLeaveOneInstanceThatTakesBothCaptures)
 {
     session.prepare({"selfTimerSeconds=1"});
     std::vector<QProcess*> clients;
+    clients.reserve(4);
     for (int i = 0; i < 4; ++i)
         clients.push_back(&session.startKovrel({"preferences", "list"}));
     for (int i = 0; i < 2; ++i)

@@ -155,6 +155,8 @@ void HistoryFeature::showStrip()
 
 void HistoryFeature::runHistory(const Command& command, const Reply<CommandAnswer>& reply)
 {
+    if (!m_indexer.index().isLoaded())
+        return reply({.exitCode = CommandLine::failed, .error = "there is not enough memory"});
     const HistoryCommand::History history{
         {m_store.entries(), m_store.lists()}, m_indexer.index().texts(), m_foundation.loop.date()};
     CommandJob::run(

@@ -6,7 +6,8 @@
 namespace Kovrel {
 
 Foundation::Foundation(Kind kind)
-    : defaults(kind == Kind::instance ? UserDefaults(AppPaths::preferencesFile(), loop, workers)
+    : workers(kind == Kind::command ? ThreadWorkers::WithoutThread::doneAtOnce : ThreadWorkers::WithoutThread::refused),
+      defaults(kind == Kind::instance ? UserDefaults(AppPaths::preferencesFile(), loop, workers)
                                       : UserDefaults(AppPaths::preferencesFile())),
       preferences(defaults),
       trace(loop, [this] { return preferences.get(Settings::traceCapture); }),

@@ -31,18 +31,31 @@ HistoryTextIndex::HistoryTextIndex(MainLoop& loop, Workers& workers)
 void HistoryTextIndex::attach(const QString& folder)
 {
     m_folder = folder;
+    m_state = State::loading;
     Scope::start(load(folder), "loading the text index");
 }
 
 QCoro::Task<> HistoryTextIndex::load(QString folder)
 {
     const auto read = Guarded::orElse([folder] { return HistoryTextFile::load(folder); }, HistoryTextFile::Loaded());
-    const HistoryTextFile::Loaded loaded =
-        co_await m_scope.onWorker(Lane::searchIndex, QualityOfService::utility, read);
+    std::optional<HistoryTextFile::Loaded> loaded;
+    try {
+        loaded = co_await m_scope.onWorker(Lane::searchIndex, QualityOfService::utility, read);
+    } catch (const std::exception&) { // no thread could be had
+        Guarded::logReason(Guarded::reason());
+    }
+    m_state = loaded ? State::loaded : State::unknown;
+    if (loaded)
+        takeLoaded(*loaded);
+    else
+        m_observers.notify();
+}
+
+void HistoryTextIndex::takeLoaded(const HistoryTextFile::Loaded& loaded)
+{
     const bool isAsStored = loaded.isAsStored && m_touched.isEmpty();
     merge(loaded.texts);
     const bool isChanged = !isAsStored || m_texts.size() != loaded.texts.size();
-    m_isLoaded = true;
     changed(isChanged ? std::optional(shortestPace) : std::nullopt);
 }
 
@@ -59,7 +72,7 @@ void HistoryTextIndex::merge(const HistoryTexts& stored)
 // Before it is loaded, what was read meanwhile is in the sidecars, and found there at the next start.
 void HistoryTextIndex::writeLast(const QString& folder)
 {
-    if (m_isLoaded)
+    if (isLoaded())
         m_save.writeNow();
     else if (!m_touched.isEmpty())
         m_workers.submit(Lane::searchIndex, QualityOfService::background,
@@ -76,7 +89,7 @@ void HistoryTextIndex::changed(std::optional<MainLoop::Milliseconds> delay)
 {
     ++m_generation;
     m_hits.clear();
-    if (delay && m_isLoaded)
+    if (delay && isLoaded())
         m_save.schedule(*delay);
     m_observers.notify();
 }
@@ -88,7 +101,7 @@ void HistoryTextIndex::set(const std::vector<OCRLine>& lines, QUuid id, std::opt
     if (token && *token != this->token(id))
         return;
     put(id, std::make_shared<const IndexedText>(lines));
-    if (!m_isLoaded)
+    if (!isLoaded())
         m_touched.insert(id);
     changed(pace());
 }
@@ -110,7 +123,7 @@ bool HistoryTextIndex::erase(QUuid id)
 void HistoryTextIndex::remove(QUuid id)
 {
     ++m_tokens[id];
-    if (!m_isLoaded)
+    if (!isLoaded())
         m_touched.insert(id);
     if (erase(id))
         changed(shortestPace);
@@ -118,7 +131,7 @@ void HistoryTextIndex::remove(QUuid id)
 
 void HistoryTextIndex::retain(const QSet<QUuid>& ids)
 {
-    if (!m_isLoaded)
+    if (!isLoaded())
         m_retained = ids;
     bool isChanged = false;
     for (const QUuid& id : m_texts.keys())

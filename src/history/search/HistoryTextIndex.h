@@ -33,10 +33,12 @@ public:
     HistoryTextIndex(MainLoop& loop, Workers& workers);
 
     // Loads what the history's folder has, and saves there from then on. What was set or removed before it is loaded
-    // stays so.
+    // stays so. Where no thread can be had for it, it stays as it was, and its observers are told.
     void attach(const QString& folder);
 
-    bool isLoaded() const { return m_isLoaded; }
+    bool isLoading() const { return m_state == State::loading; }
+
+    bool isLoaded() const { return m_state == State::loaded; }
 
     // Told of every change.
     Subscription onChange(std::function<void()> observer) { return m_observers.add(std::move(observer)); }
@@ -71,7 +73,10 @@ public:
     void writeLast(const QString& folder);
 
 private:
+    enum class State { unknown, loading, loaded };
+
     QCoro::Task<> load(QString folder);
+    void takeLoaded(const HistoryTextFile::Loaded& loaded);
     void merge(const HistoryTexts& stored);
     void put(QUuid id, std::shared_ptr<const IndexedText> text);
     bool erase(QUuid id);
@@ -81,7 +86,7 @@ private:
 
     Workers& m_workers;
     QString m_folder; // empty until it is attached
-    bool m_isLoaded = false;
+    State m_state = State::unknown;
     int m_generation = 0;
     HistoryTexts m_texts;
     size_t m_bytes = 0;

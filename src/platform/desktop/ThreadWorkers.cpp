@@ -5,6 +5,7 @@
 #include <pthread.h>
 
 #include <algorithm>
+#include <system_error>
 #include <utility>
 
 namespace Kovrel {
@@ -87,9 +88,23 @@ std::shared_ptr<ThreadWorkers::Queue> ThreadWorkers::queueOf(Lane lane)
     return queue;
 }
 
+// Null: the job is to be done at once.
+std::shared_ptr<ThreadWorkers::Queue> ThreadWorkers::queueIfAny(Lane lane)
+{
+    try {
+        return queueOf(lane);
+    } catch (const std::system_error&) {
+        if (m_withoutThread == WithoutThread::refused)
+            throw;
+        return nullptr;
+    }
+}
+
 void ThreadWorkers::submit(Lane lane, QualityOfService qos, std::function<void()> job)
 {
-    const auto queue = queueOf(lane);
+    const auto queue = queueIfAny(lane);
+    if (!queue)
+        return Guarded::job(std::move(job), Guarded::logReason)();
     const std::lock_guard locked(queue->lock);
     const auto place = std::ranges::upper_bound(queue->jobs, qos, std::greater(), &Job::qos);
     queue->jobs.insert(place, {qos, std::move(job)});

@@ -15,6 +15,14 @@ namespace Kovrel {
 // One thread for each lane, started with the lane's first job.
 class ThreadWorkers : public Workers {
 public:
+    // What becomes of a job for whose lane no thread can be had. Done at once, it takes the thread of whoever submits
+    // it: right where nobody looks at anything meanwhile.
+    enum class WithoutThread { refused, doneAtOnce };
+
+    ThreadWorkers() = default;
+
+    explicit ThreadWorkers(WithoutThread withoutThread) : m_withoutThread(withoutThread) {}
+
     ~ThreadWorkers() override { finish(std::chrono::hours(24)); }
 
     // Runs what was submitted and ends the threads; a later job starts its lane again. False when a job still hangs
@@ -40,8 +48,10 @@ private:
     };
 
     std::shared_ptr<Queue> queueOf(Lane lane);
+    std::shared_ptr<Queue> queueIfAny(Lane lane);
     static void work(const std::shared_ptr<Queue>& queue, Lane lane);
 
+    const WithoutThread m_withoutThread = WithoutThread::refused;
     std::map<Lane, std::shared_ptr<Queue>> m_queues;
 };
 
