@@ -4,6 +4,7 @@
 #include "platform/ReplyFromWorker.h"
 #include "platform/x11/X11ClipboardReader.h"
 #include "platform/x11/X11Property.h"
+#include "platform/x11/X11SelectionAnswer.h"
 
 #include <QString>
 
@@ -164,14 +165,7 @@ void X11Clipboard::answer(const xcb_selection_request_event_t& request)
     const bool isFilled = request.target == m_connection->atom("MULTIPLE")
                               ? fillSeveral(request.requestor, property)
                               : fill(request.requestor, property, request.target);
-    xcb_selection_notify_event_t notice{};
-    notice.response_type = XCB_SELECTION_NOTIFY;
-    notice.time = request.time;
-    notice.requestor = request.requestor;
-    notice.selection = request.selection;
-    notice.target = request.target;
-    notice.property = isFilled ? property : xcb_atom_t(XCB_NONE);
-    xcb_send_event(m_connection->handle(), false, request.requestor, 0, reinterpret_cast<const char*>(&notice));
+    X11SelectionAnswer::send(*m_connection, request, isFilled ? property : xcb_atom_t(XCB_NONE));
 }
 
 bool X11Clipboard::fill(xcb_window_t window, xcb_atom_t property, xcb_atom_t target)

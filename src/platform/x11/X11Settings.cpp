@@ -33,7 +33,7 @@ std::optional<QByteArray> takeText(QDataStream& stream, qint64 length, qint64 lo
 
 } // namespace
 
-// The format is that of the XSETTINGS specification. Whoever owns the selection may have written anything.
+// The format is that of XSETTINGS (freedesktop.org). Whoever owns the selection may have written anything.
 X11Settings::Texts X11Settings::textsIn(const QByteArray& property)
 {
     QDataStream stream(property);

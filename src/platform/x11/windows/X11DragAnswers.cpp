@@ -1,5 +1,7 @@
 #include "platform/x11/windows/X11DragAnswers.h"
 
+#include "platform/x11/X11SelectionAnswer.h"
+
 #include <QCoreApplication>
 #include <QMimeData>
 
@@ -43,13 +45,7 @@ bool X11DragAnswers::answer(const xcb_selection_request_event_t& request)
         return false;
     xcb_change_property(x, XCB_PROP_MODE_REPLACE, request.requestor, request.property, request.target, 8,
                         uint32_t(bytes.size()), bytes.constData());
-    xcb_selection_notify_event_t notify{};
-    notify.response_type = XCB_SELECTION_NOTIFY;
-    notify.requestor = request.requestor;
-    notify.selection = request.selection;
-    notify.target = request.target;
-    notify.property = request.property;
-    xcb_send_event(x, false, request.requestor, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&notify));
+    X11SelectionAnswer::send(*m_connection, request, request.property);
     xcb_flush(x);
     return true;
 }
