@@ -11,6 +11,7 @@ find_package(ZLIB REQUIRED)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
   xcb xcb-shm xcb-randr xcb-composite xcb-xfixes xcb-damage xcb-image xcb-shape xcb-render xcb-xtest xcb-xinput xcb-xkb
   xkbcommon xkbcommon-x11)
+pkg_check_modules(XLIB REQUIRED IMPORTED_TARGET x11)
 pkg_check_modules(CODECS REQUIRED IMPORTED_TARGET libdeflate spng libjpeg libtiff-4)
 pkg_check_modules(HEIF REQUIRED IMPORTED_TARGET libheif)
 pkg_check_modules(TESSERACT REQUIRED IMPORTED_TARGET tesseract)

@@ -5,7 +5,7 @@ build_packages="
   qt6-base-dev qt6-base-private-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qcoro-qt6-dev qtkeychain-qt6-dev nlohmann-json3-dev libsimdjson-dev libsystemd-dev libglib2.0-dev
   libxcb1-dev libxcb-shm0-dev libxcb-image0-dev libxcb-composite0-dev libxcb-xfixes0-dev libxcb-randr0-dev
   libxcb-damage0-dev libxcb-shape0-dev libxcb-render0-dev libxcb-xtest0-dev libxcb-xinput-dev libxcb-xkb-dev
-  libxkbcommon-x11-dev x11proto-dev
+  libxkbcommon-x11-dev libx11-dev x11proto-dev
   libspng-dev libdeflate-dev zlib1g-dev libturbojpeg0-dev libjpeg62-turbo-dev libtiff-dev libheif-dev libpulse-dev
   libtesseract-dev tesseract-ocr-eng libzxing-dev libzbar-dev
   fonts-inter fonts-noto-color-emoji
@@ -16,6 +16,7 @@ test_packages="
   libclang-rt-19-dev python3-dbus python3-gi libglib2.0-bin gnome-keyring libsecret-tools
   qrencode at-spi2-core
   pulseaudio pulseaudio-utils
+  qt6-gtk-platformtheme
   desktop-file-utils appstream groff-base bash-completion fish zsh"
 check_packages="clang-format-19 clang-tidy-19 universal-ctags python3"
 

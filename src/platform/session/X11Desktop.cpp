@@ -9,12 +9,23 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <cstdlib>
+
+#include <X11/Xlib.h>
+
 namespace Kovrel {
 
 namespace {
 
 // Package managers read large files before they answer, and may be started for it.
 constexpr auto packagePatience = std::chrono::seconds(30);
+
+// Themes of the toolkit may bring a library with them that ends the process on the spot when the server has gone,
+// before anything that is to be done at its exit.
+int exitWithoutServer(::Display*)
+{
+    std::exit(EXIT_FAILURE);
+}
 
 double scaleOfScreen(const QString& name)
 {
@@ -55,6 +66,7 @@ X11Desktop::X11Desktop(MainLoop& loop, Workers& workers, const std::shared_ptr<X
       m_dragAnswers(std::make_unique<X11Connection>()),
       m_programs{.forFiles{loop, workers, std::make_shared<PluginFileOpener>()}}
 {
+    XSetIOErrorHandler(exitWithoutServer);
     m_reader->releaseWhenIdle(loop);
     followScreens();
 }
