@@ -4,6 +4,9 @@
 #include <QRegularExpression>
 #include <QTextLayout>
 
+#include <algorithm>
+#include <ranges>
+
 namespace Kovrel {
 
 namespace {
@@ -58,9 +61,11 @@ QStringList ToastLines::of(const QString& text, const QFont& font, double width,
 {
     if (text.isEmpty())
         return {};
-    QStringList lines = wrapped(text, font, width);
-    for (qsizetype length = text.size(); lines.size() > mostLines && length > shortestPath;)
-        lines = wrapped(withPathsOf(text, --length), font, width);
+    // The longest paths that fit, and the shortest where none do.
+    const auto withPaths = [&](qsizetype length) { return wrapped(withPathsOf(text, length), font, width); };
+    const auto fits = [&](qsizetype length) { return withPaths(length).size() <= mostLines; };
+    const std::ranges::iota_view lengths(shortestPath + 1, std::max(text.size(), shortestPath) + 1);
+    QStringList lines = withPaths(*std::ranges::partition_point(lengths, fits) - 1);
     if (lines.size() > mostLines) {
         lines[mostLines - 1] =
             QFontMetricsF(font).elidedText(lines.mid(mostLines - 1).join(' '), Qt::ElideRight, width);
